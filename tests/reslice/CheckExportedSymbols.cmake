@@ -1,0 +1,27 @@
+# Compares what a shared library exports (nm -DC) with the expected list: nothing missing, no helper escaped.
+execute_process(COMMAND "${NM}" -DC --defined-only "${LIBRARY}" OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
+string(REPLACE ";" "," symbols "${symbols}")
+string(REPLACE "\n" ";" lines "${symbols}")
+set(exported "")
+foreach(line IN LISTS lines)
+    if(line MATCHES "^[0-9a-f]+ [TWVuDBRG] (.+)$")
+        list(APPEND exported "${CMAKE_MATCH_1}")
+    endif()
+endforeach()
+# Inline functions and type information of Qt and of the standard library may be emitted, and gcov's helper, but nothing
+# of our own.
+list(FILTER exported EXCLUDE REGEX "^(typeinfo|vtable|([a-z ]+ )?std::|Q[A-Z]|QtPrivate|__|_edata|_end|_init|_fini|mangle_path$)")
+list(REMOVE_DUPLICATES exported)
+list(SORT exported)
+
+file(STRINGS "${EXPECTED}" expected)
+list(SORT expected)
+if(NOT exported STREQUAL expected)
+    set(missing ${expected})
+    list(REMOVE_ITEM missing ${exported})
+    set(escaped ${exported})
+    list(REMOVE_ITEM escaped ${expected})
+    list(JOIN missing "\n  " missing)
+    list(JOIN escaped "\n  " escaped)
+    message(FATAL_ERROR "missing:\n  ${missing}\nnot expected:\n  ${escaped}")
+endif()

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CoreAlgorithms/model/dataobjects/Reslices.h>
+
+#include <QMatrix4x4>
+#include <QQuaternion>
+
+#include <memory>
+#include <random>
+
+namespace test {
+
+/// A planar reslice of the given size in mm whose slab is `slabMm` thick, placed by the matrix.
+inline std::shared_ptr<PlanarReslice> makePlanarReslice(float widthMm, float heightMm, float slabMm,
+                                                        const QMatrix4x4& worldFromReslice = {})
+{
+    auto reslice = std::make_shared<PlanarReslice>();
+    reslice->setDimensions(QSizeF(double(widthMm), double(heightMm)));
+    reslice->setSampleSize(QVector3D(1.0F, 1.0F, slabMm));
+    reslice->setTransformationFromResliceToWorld(worldFromReslice);
+    return reslice;
+}
+
+inline std::shared_ptr<CephReslice> makeCephReslice(float widthMm, float heightMm,
+                                                    const QMatrix4x4& worldFromReslice = {})
+{
+    auto reslice = std::make_shared<CephReslice>();
+    reslice->setDimensions(QSizeF(double(widthMm), double(heightMm)));
+    reslice->setTransformation(worldFromReslice);
+    return reslice;
+}
+
+/// Random numbers, points and rigid placements of the size of a head, the same in every run.
+class RandomGeometry
+{
+public:
+    explicit RandomGeometry(unsigned seed) : engine(seed) {}
+
+    float number(float from, float to)
+    {
+        // std::uniform_real_distribution differs between standard libraries; the engine's bits do not.
+        return from + (to - from) * static_cast<float>(engine() >> 8) * 0x1p-24F;
+    }
+
+    // Braces draw from left to right; the order of a call's arguments would be the compiler's choice.
+    QVector3D point(float reach)
+    {
+        return {number(-reach, reach), number(-reach, reach), number(-reach, reach)};
+    }
+
+    QMatrix4x4 rigidPlacement()
+    {
+        QMatrix4x4 placement;
+        placement.translate(point(100.0F));
+        const float scalar = number(-1.0F, 1.0F);
+        placement.rotate(QQuaternion(scalar, point(1.0F)).normalized());
+        return placement;
+    }
+
+    std::shared_ptr<PlanarReslice> planarReslice(float slabMm)
+    {
+        const float width = number(1.0F, 200.0F);
+        const float height = number(1.0F, 200.0F);
+        return makePlanarReslice(width, height, slabMm, rigidPlacement());
+    }
+
+    std::shared_ptr<CephReslice> cephReslice()
+    {
+        const float width = number(1.0F, 200.0F);
+        const float height = number(1.0F, 200.0F);
+        return makeCephReslice(width, height, rigidPlacement());
+    }
+
+private:
+    std::mt19937 engine;
+};
+
+} // namespace test
