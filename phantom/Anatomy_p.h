@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Canals_p.h"
+#include "Geometry_p.h"
+#include "Head_p.h"
+#include "Jaws_p.h"
+#include "Phantom.h"
+#include "Teeth_p.h"
+
+#include <QVarLengthArray>
+
+#include <array>
+#include <optional>
+#include <vector>
+
+namespace phantom {
+
+/// All parts of the patient together.
+///
+/// A tissue is asked for where a Column (all that depends on x and y) crosses a Row (all that depends on y
+/// and z). An image shares them between its voxels; a single position makes its own, and so gets exactly the
+/// image's answer.
+class Anatomy
+{
+public:
+    struct Column
+    {
+        double x;
+        Mandible::Column mandible;
+        Ridge::Column maxilla;
+    };
+
+    struct Row
+    {
+        double y;
+        double z;
+        double headHalfWidth; ///< negative where the line misses the head; nothing below is filled in then
+        Mandible::Row mandible;
+        QVarLengthArray<ToothShape::Slice, 8> teeth;
+        std::array<CanalShape::Row, 2> canals;
+        QVarLengthArray<const Ovoid*, 24> bones;
+        QVarLengthArray<const Ovoid*, 12> airSpaces;
+        QVarLengthArray<const Ovoid*, 12> lumps;
+    };
+
+    Anatomy();
+
+    const std::vector<ToothShape>& teeth() const { return allTeeth; }
+    /// Right, left.
+    const std::array<CanalShape, 2>& canals() const { return bothCanals; }
+
+    Column columnAt(double x, double y) const;
+    Row rowAt(double y, double z) const;
+    /// The two must have the same y.
+    Tissue tissueAt(const Column& column, const Row& row) const;
+
+private:
+    std::optional<Tissue> canalAt(const Column& column, const Row& row) const;
+    std::optional<Tissue> jawAt(const Column& column, const Row& row) const;
+    static std::optional<Tissue> otherBoneAt(const Point& position, const Row& row);
+
+    Skin skin;
+    Mandible mandible;
+    Maxilla maxilla;
+    std::vector<ToothShape> allTeeth;
+    std::array<CanalShape, 2> bothCanals;
+    std::vector<Ovoid> bones;
+    std::vector<Ovoid> airSpaces;
+    std::vector<Ovoid> lumps;
+};
+
+} // namespace phantom

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Geometry_p.h"
+
+#include <vector>
+
+/// What surrounds the jaws: skin, airways and the other bones in the field of view.
+namespace phantom {
+
+/// The skin's surface: lower face and neck.
+class Skin
+{
+public:
+    Skin();
+
+    /// Half the head's width along a line in x; negative where the line misses the head.
+    double halfWidthAt(double y, double z) const;
+
+private:
+    double noseHalfWidthAt(double y, double z) const;
+
+    Profile face; // y of the front on the midline, without the nose, by z
+    Profile back;
+    Profile width; // half of the largest width, by z
+    Profile noseRidge;
+    Profile noseWidth;
+};
+
+/// Cheekbones, walls of the maxillary sinuses, skull base and spine.
+std::vector<Ovoid> otherBones();
+/// Air inside the head. The left maxillary sinus is the larger one, and the nasal septum stands to the left.
+std::vector<Ovoid> airSpaces();
+/// Soft tissue that fills part of the air spaces: tongue, soft palate and turbinates.
+std::vector<Ovoid> lumpsInAirSpaces();
+
+} // namespace phantom
