@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <planner/CommandLine.h>
+
+#include <planner/Failure.h>
+
+#include <CLI/CLI.hpp>
+
+#include <QFile>
+
+#include <string>
+
+namespace planner {
+
+namespace {
+
+QString pathFrom(const std::string& argument)
+{
+    return QFile::decodeName(argument.c_str());
+}
+
+} // namespace
+
+std::optional<Options> parseCommandLine(int argumentCount, const char* const* arguments)
+{
+    std::string ctPath;
+    std::string landmarksPath;
+    std::string reportFolder;
+    float voxelSizeMm = 0.5F;
+
+    CLI::App app{
+        "Cuts views out of a head CT, maps landmarks into them and back, and writes a report with pictures.\n"
+        "Without --ct it works on a built-in patient that is painted from formulas. Not for clinical use.",
+        "planner"};
+    app.add_option("--report", reportFolder,
+                   "Folder for the report, index.html and its pictures; made if it is not there (its parent "
+                   "folder must be). In a folder that is there already only files with the names of the "
+                   "report's own are replaced.")
+        ->required()
+        ->type_name("DIR");
+    CLI::Option* ct =
+        app.add_option("--ct", ctPath,
+                       "The CT: a NIfTI file (.nii, .nii.gz), or a folder with the files of a DICOM series "
+                       "(of several series the one with the most slices is taken)")
+            ->type_name("FILE|DIR");
+    app.add_option("--landmarks", landmarksPath,
+                   "Landmarks of that CT as JSON; without this option a landmarks.json beside the CT is used "
+                   "if it is there")
+        ->type_name("FILE")
+        ->needs(ct);
+    app.add_option("--voxel-size", voxelSizeMm,
+                   "Voxel size of the built-in patient in mm, 0.2 to 4 (default 0.5)")
+        ->type_name("MM")
+        ->check(CLI::Range(0.2F, 4.0F))
+        ->excludes(ct);
+    app.set_version_flag("--version", std::string("planner ") + PLANNER_VERSION);
+
+    try {
+        app.parse(argumentCount, arguments);
+    } catch (const CLI::Success& asked) {
+        app.exit(asked); // prints the help or the version
+        return std::nullopt;
+    } catch (const CLI::ParseError& error) {
+        throw Failure(QString::fromLocal8Bit(error.what()).simplified() +
+                      QStringLiteral(" (planner --help lists the options)"));
+    }
+    if (reportFolder.empty())
+        throw Failure(QStringLiteral("--report needs the name of a folder"));
+    if (ct->count() > 0 && ctPath.empty())
+        throw Failure(QStringLiteral("--ct needs the name of a file or a folder"));
+    return Options{pathFrom(ctPath), pathFrom(landmarksPath), pathFrom(reportFolder), voxelSizeMm};
+}
+
+} // namespace planner

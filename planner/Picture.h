@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <planner/Mapping.h>
+
+#include <QColor>
+#include <QImage>
+#include <QList>
+#include <QString>
+#include <QVector3D>
+
+#include <optional>
+
+namespace planner {
+
+/// Which way the edges of a picture point.
+struct EdgeLetters
+{
+    QString left;
+    QString right;
+    QString top;
+    QString bottom;
+};
+
+/// A sampled view and what is drawn onto it.
+struct PictureContent
+{
+    QImage samples;         ///< one pixel a sample
+    QVector3D sampleSizeMm; ///< of the reslice
+    EdgeLetters edges;
+    QList<MappedLandmark> marks;          ///< filled if in the slab or in a projection, else hollow
+    std::optional<MappedSegment> segment; ///< solid within the slab, dotted outside
+    bool labelTeeth = true;
+};
+
+/// Colour of the marks of a kind, and of segments.
+QColor markColour(LandmarkKind kind);
+QColor segmentColour();
+
+/// The samples, enlarged by a whole number if they are few, in a dark frame that holds the letters, with
+/// marks, labels, segment and a bar of 20 mm. Needs a QGuiApplication.
+QImage paintPicture(const PictureContent& content);
+
+} // namespace planner

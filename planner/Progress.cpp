@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <planner/Progress.h>
+
+#include <algorithm>
+
+#include <unistd.h>
+
+namespace planner {
+
+Progress::Progress() : Progress(stdout, isatty(STDOUT_FILENO) != 0) {}
+
+Progress::Progress(std::FILE* to, bool isTerminal) : stream(to), terminal(isTerminal) {}
+
+void Progress::step(const QString& what)
+{
+    finish();
+    current = what;
+    shownPercent = -1;
+    time.start();
+    showLine(what + QStringLiteral(" ..."), !terminal);
+}
+
+void Progress::fraction(double done)
+{
+    const int percent = static_cast<int>(std::clamp(done, 0.0, 1.0) * 100.0);
+    if (!terminal || current.isEmpty() || percent == shownPercent)
+        return;
+    shownPercent = percent;
+    showLine(QStringLiteral("%1 ... %2 %").arg(current, QString::number(percent)), false);
+}
+
+void Progress::finish()
+{
+    if (terminal && !current.isEmpty())
+        showLine(QStringLiteral("%1: %2 s")
+                     .arg(current, QString::number(static_cast<double>(time.elapsed()) / 1000.0, 'f', 1)),
+                 true);
+    current.clear();
+}
+
+void Progress::showLine(const QString& line, bool ended)
+{
+    // On a terminal the line before is erased first, as it may be longer.
+    std::fprintf(stream, "%s%s%s", terminal ? "\r\x1b[K" : "", line.toLocal8Bit().constData(),
+                 ended ? "\n" : "");
+    std::fflush(stream);
+}
+
+} // namespace planner

@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <planner/Sampling.h>
+
+#include <planner/Elements.h>
+#include <planner/GreyScale.h>
+#include <planner/Vectors.h>
+
+#include <CoreAlgorithms/model/dataobjects/Reslices.h>
+#include <CoreAlgorithms/reslice/CoordinateMapper.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <iterator>
+#include <limits>
+#include <vector>
+
+namespace planner {
+
+namespace {
+
+constexpr double kWhiteFraction = 0.002; // of the pixels that show matter: metal does not darken the rest
+constexpr double kGamma = 0.9;           // lifts soft tissue, the profile of the face
+constexpr double kAirSum = 4.0;          // mm of water; less is air with noise
+
+Eigen::Affine3d affine(const QMatrix4x4& matrix)
+{
+    Eigen::Affine3d result = Eigen::Affine3d::Identity();
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < 4; ++column)
+            result(row, column) = static_cast<double>(matrix(row, column));
+    }
+    return result;
+}
+
+// The lower of the two neighbours along an axis, and how far the position is on the way to the upper one.
+struct Place
+{
+    std::size_t lower;
+    std::size_t upper;
+    double fraction;
+};
+
+Place placeOf(double index, int count)
+{
+    const double clamped = std::clamp(index, 0.0, static_cast<double>(count - 1));
+    const auto lower = static_cast<std::size_t>(clamped);
+    return {lower, std::min(lower + 1, static_cast<std::size_t>(count - 1)),
+            clamped - static_cast<double>(lower)};
+}
+
+template <typename Element>
+double interpolate(const void* data, const math::Ivec3& size, const Place& x, const Place& y, const Place& z)
+{
+    const auto* elements = static_cast<const Element*>(data);
+    const auto row = static_cast<std::size_t>(size.x);
+    const std::size_t slice = row * static_cast<std::size_t>(size.y);
+    const auto alongX = [&](std::size_t yIndex, std::size_t zIndex) {
+        const Element* line = elements + zIndex * slice + yIndex * row;
+        return std::lerp(static_cast<double>(line[x.lower]), static_cast<double>(line[x.upper]), x.fraction);
+    };
+    const auto alongY = [&](std::size_t zIndex) {
+        return std::lerp(alongX(y.lower, zIndex), alongX(y.upper, zIndex), y.fraction);
+    };
+    return std::lerp(alongY(z.lower), alongY(z.upper), z.fraction);
+}
+
+QSize pixelCount(const Reslice& reslice)
+{
+    return {static_cast<int>(reslice.getDimensions().width()),
+            static_cast<int>(reslice.getDimensions().height())};
+}
+
+void tell(const std::function<void(double)>& progress, int row, int rows)
+{
+    if (progress)
+        progress(static_cast<double>(row + 1) / static_cast<double>(rows));
+}
+
+// The part of a ray, start + t * step, that lies within the box of the volume's voxels; empty if first >
+// last.
+struct Span
+{
+    double first;
+    double last;
+};
+
+Span within(const Eigen::Vector3d& start, const Eigen::Vector3d& step, const math::Ivec3& size)
+{
+    Span span{-std::numeric_limits<double>::infinity(), std::numeric_limits<double>::infinity()};
+    const std::array<int, 3> counts = {size.x, size.y, size.z};
+    for (int axis = 0; axis < 3; ++axis) {
+        const double low = -0.5;
+        const double high = counts[static_cast<std::size_t>(axis)] - 0.5;
+        if (std::abs(step[axis]) < 1e-9) {
+            if (start[axis] < low || start[axis] > high)
+                return {1.0, 0.0};
+            continue;
+        }
+        const double a = (low - start[axis]) / step[axis];
+        const double b = (high - start[axis]) / step[axis];
+        span.first = std::max(span.first, std::min(a, b));
+        span.last = std::min(span.last, std::max(a, b));
+    }
+    return span;
+}
+
+QImage stretched(const std::vector<float>& sums, const QSize& size)
+{
+    std::vector<float> shown;
+    std::copy_if(sums.cbegin(), sums.cend(), std::back_inserter(shown),
+                 [](float sum) { return static_cast<double>(sum) > kAirSum; });
+    double white = 1.0;
+    if (!shown.empty()) {
+        const auto rank =
+            static_cast<std::ptrdiff_t>((1.0 - kWhiteFraction) * static_cast<double>(shown.size() - 1));
+        std::nth_element(shown.begin(), shown.begin() + rank, shown.end());
+        white = static_cast<double>(shown[static_cast<std::size_t>(rank)]);
+    }
+    QImage picture(size, QImage::Format_Grayscale8);
+    for (int row = 0; row < size.height(); ++row) {
+        uchar* line = picture.scanLine(row);
+        for (int column = 0; column < size.width(); ++column) {
+            const std::size_t index = static_cast<std::size_t>(row) * static_cast<std::size_t>(size.width()) +
+                                      static_cast<std::size_t>(column);
+            const double part = std::clamp(static_cast<double>(sums[index]) / white, 0.0, 1.0);
+            line[column] = static_cast<uchar>(std::lround(std::pow(part, kGamma) * 255.0));
+        }
+    }
+    return picture;
+}
+
+} // namespace
+
+Sampler::Sampler(const Volume& volume)
+    : image(&volume.image), inverse(affine(volume.worldFromVoxel).inverse())
+{}
+
+double Sampler::valueAt(const QVector3D& worldMm) const
+{
+    return valueAtVoxel(voxelFromWorld(toEigen(worldMm)));
+}
+
+double Sampler::valueAtVoxel(const Eigen::Vector3d& index) const
+{
+    const math::Ivec3 size = image->imageSize();
+    const auto isWithin = [](double position, int count) {
+        return position >= -0.5 && position <= count - 0.5;
+    };
+    if (image->isEmpty() || !isWithin(index.x(), size.x) || !isWithin(index.y(), size.y) ||
+        !isWithin(index.z(), size.z))
+        return std::numeric_limits<double>::quiet_NaN();
+    const Place x = placeOf(index.x(), size.x);
+    const Place y = placeOf(index.y(), size.y);
+    const Place z = placeOf(index.z(), size.z);
+    return visitElementType(image->dataType(), [&](auto zero) {
+        return interpolate<decltype(zero)>(image->dataPtr(), size, x, y, z);
+    });
+}
+
+QPointF pixelCentre(const Reslice& reslice, const QPoint& pixel)
+{
+    return {(pixel.x() + 0.5) * static_cast<double>(reslice.getSampleSize().x()),
+            (pixel.y() + 0.5) * static_cast<double>(reslice.getSampleSize().y())};
+}
+
+QPoint pixelAt(const Reslice& reslice, const QPointF& inView)
+{
+    return {static_cast<int>(std::floor(inView.x() / static_cast<double>(reslice.getSampleSize().x()))),
+            static_cast<int>(std::floor(inView.y() / static_cast<double>(reslice.getSampleSize().y())))};
+}
+
+QImage cutOut(const Sampler& sampler, const GreyScale& scale, const PlanarReslice& reslice,
+              const std::function<void(double)>& progress)
+{
+    const QSize size = pixelCount(reslice);
+    QImage picture(size, QImage::Format_Grayscale8);
+    for (int row = 0; row < size.height(); ++row) {
+        uchar* line = picture.scanLine(row);
+        for (int column = 0; column < size.width(); ++column) {
+            const QVector3D world =
+                CoordinateMapper::_2D_To_3D_Planar(&reslice, pixelCentre(reslice, {column, row}));
+            line[column] = scale.brightness(sampler.valueAt(world));
+        }
+        tell(progress, row, size.height());
+    }
+    return picture;
+}
+
+QImage project(const Sampler& sampler, const Volume& volume, const GreyScale& scale,
+               const CephReslice& reslice, const std::function<void(double)>& progress)
+{
+    const QSize size = pixelCount(reslice);
+    const QVector3D spacing = volume.image.voxelSize();
+    const double stepMm = static_cast<double>(std::min({spacing.x(), spacing.y(), spacing.z()}));
+    const Eigen::Vector3d ray =
+        toEigen(reslice.getTransformation().column(2).toVector3D().normalized()) * stepMm;
+    const Eigen::Vector3d step =
+        sampler.voxelFromWorld(ray) - sampler.voxelFromWorld(Eigen::Vector3d::Zero());
+    std::vector<float> sums(static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()));
+    auto sum = sums.begin();
+    for (int row = 0; row < size.height(); ++row) {
+        for (int column = 0; column < size.width(); ++column, ++sum) {
+            const QVector3D world =
+                CoordinateMapper::_2D_To_3D_Ceph(&reslice, pixelCentre(reslice, {column, row}));
+            const Eigen::Vector3d start = sampler.voxelFromWorld(toEigen(world));
+            const Span span = within(start, step, volume.image.imageSize());
+            double total = 0.0;
+            const auto count = static_cast<int>(std::max(0.0, std::round(span.last - span.first)));
+            for (int i = 0; i < count; ++i) // at the middle of each step
+                total += scale.attenuation(sampler.valueAtVoxel(start + (span.first + i + 0.5) * step));
+            *sum = static_cast<float>(total * stepMm);
+        }
+        tell(progress, row, size.height());
+    }
+    return stretched(sums, size);
+}
+
+} // namespace planner

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <planner/Volume.h>
+
+#include <QImage>
+#include <QPoint>
+#include <QPointF>
+#include <QVector3D>
+
+#include <Eigen/Geometry>
+
+#include <functional>
+
+class CephReslice;
+class PlanarReslice;
+class Reslice;
+
+namespace planner {
+
+class GreyScale;
+
+/// Grey values of a volume between its voxel centres.
+class Sampler
+{
+public:
+    /// The volume must outlive the sampler.
+    explicit Sampler(const Volume& volume);
+
+    /// Trilinear between the eight voxel centres around a world position. Up to half a voxel outside the
+    /// outermost centres, to the faces of the voxels, these count on; beyond it NaN.
+    double valueAt(const QVector3D& worldMm) const;
+    /// The same for a position in voxel indices.
+    double valueAtVoxel(const Eigen::Vector3d& index) const;
+    /// Voxel index of a world position.
+    Eigen::Vector3d voxelFromWorld(const Eigen::Vector3d& worldMm) const { return inverse * worldMm; }
+
+private:
+    const VexelImage3D* image;
+    Eigen::Affine3d inverse;
+};
+
+/// The pixel rule of every picture: pixel (column, row) counts from the upper left corner of the view, and
+/// its centre lies at ((column + 0.5) * sampleSize.x, (row + 0.5) * sampleSize.y) in view coordinates, mm.
+/// Both pictures have one pixel for each sample of the reslice, 8 bits of grey.
+
+QPointF pixelCentre(const Reslice& reslice, const QPoint& pixel);
+/// The pixel that holds a view point; it may lie outside the picture.
+QPoint pixelAt(const Reslice& reslice, const QPointF& inView);
+
+/// The cut through the volume in the plane of the reslice.
+QImage cutOut(const Sampler& sampler, const GreyScale& scale, const PlanarReslice& reslice,
+              const std::function<void(double)>& progress = {});
+
+/// The projection of the volume along the normal of the reslice: bright where much matter lies behind a
+/// pixel, as in a cephalogram. The sums of attenuation are stretched so that 0.2 % of the pixels that show
+/// any are white.
+QImage project(const Sampler& sampler, const Volume& volume, const GreyScale& scale,
+               const CephReslice& reslice, const std::function<void(double)>& progress = {});
+
+} // namespace planner

@@ -1,0 +1,27 @@
+# Runs PLANNER with ARGUMENTS (separated by |) and checks that it refuses: exit status 2, one line on standard error that
+# matches SENTENCE, and nothing left where the report REPORT would be, nor beside it.
+get_filename_component(parent "${REPORT}" DIRECTORY)
+get_filename_component(name "${REPORT}" NAME)
+file(MAKE_DIRECTORY "${parent}")
+file(REMOVE_RECURSE "${REPORT}")
+string(REPLACE "|" ";" arguments "${ARGUMENTS}")
+list(TRANSFORM arguments REPLACE "^REPORT$" "${REPORT}")
+
+execute_process(COMMAND "${PLANNER}" ${arguments} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE error)
+
+if(NOT status STREQUAL "2")
+    message(SEND_ERROR "exit status ${status}, not 2")
+endif()
+if(NOT error MATCHES "^planner: [^\n]+\n$")
+    message(SEND_ERROR "not one line on standard error: '${error}'")
+endif()
+if(NOT error MATCHES "${SENTENCE}")
+    message(SEND_ERROR "standard error does not say '${SENTENCE}': '${error}'")
+endif()
+if(output MATCHES "Report written")
+    message(SEND_ERROR "it says that a report was written: '${output}'")
+endif()
+file(GLOB left "${parent}/${name}*")
+if(left)
+    message(SEND_ERROR "it left ${left}")
+endif()

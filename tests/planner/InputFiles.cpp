@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+// Writes the files that the planner's runs read, good and damaged ones, into the folder that it is given.
+#include <tests/planner/NiftiFiles.h>
+
+#include <QDir>
+
+int main(int argc, char** argv)
+{
+    if (argc != 2)
+        return 1;
+    const QDir folder(QFile::decodeName(argv[1]));
+    bool written = folder.mkpath(QStringLiteral("."));
+    const auto write = [&folder, &written](const char* name, const QByteArray& bytes) {
+        written = niftifiles::writeBytes(folder.filePath(QString::fromLatin1(name)), bytes) && written;
+    };
+
+    // A cube of 16 mm, bone within soft tissue, around the world's origin.
+    niftifiles::File good = niftifiles::countingVolume();
+    good.voxels.clear();
+    for (int i = 0; i < 16 * 16 * 16; ++i) {
+        const bool inside = (i % 16) / 4 == 1 && (i / 16 % 16) / 4 == 1 && (i / 256) / 4 == 1;
+        good.voxels += niftifiles::bytesOf<short>({static_cast<short>(inside ? 1200 : -900)});
+    }
+    for (int axis = 1; axis <= 3; ++axis)
+        good.header.dim[axis] = 16;
+    write("good.nii", niftifiles::bytesOf(good));
+    write("good.json", "{\"mandibularForamen\": {\"right\": [-3, -4, 6], \"left\": [-12, -4, 6]},"
+                       " \"mentalForamen\": {\"right\": [-4, -12, 2], \"left\": [-11, -12, 2]}}");
+    write("elsewhere.json", "{\"mentalForamen\": {\"right\": [500, 0, 0], \"left\": [510, 0, 0]}}");
+
+    const niftifiles::File counting = niftifiles::countingVolume();
+    const QByteArray whole = niftifiles::bytesOf(counting);
+    write("empty.nii", {});
+    write("random.nii", niftifiles::randomBytes(5000, 1));
+    write("random.nii.gz", niftifiles::randomBytes(5000, 2));
+    write("short.nii", whole.chopped(1));
+    write("long.nii", whole + QByteArray(16, 'x'));
+
+    // Random voxels, so that cutting the compressed file cuts voxels off.
+    niftifiles::File noise = good;
+    noise.voxels = niftifiles::randomBytes(static_cast<int>(good.voxels.size()), 3);
+    const QString cutOff = folder.filePath(QStringLiteral("cutoff.nii.gz"));
+    written = niftifiles::writeCompressed(cutOff, niftifiles::bytesOf(noise)) &&
+              QFile::resize(cutOff, 4000) && written;
+
+    niftifiles::File frames = counting;
+    frames.header.dim[0] = 4;
+    frames.header.dim[4] = 3;
+    frames.voxels = counting.voxels.repeated(3);
+    write("frames.nii", niftifiles::bytesOf(frames));
+
+    write("colour.nii", niftifiles::bytesOf(niftifiles::volumeOf(DT_RGB24, 24, QByteArray(24, '\1'))));
+
+    niftifiles::File zero = counting;
+    zero.header.dim[2] = 0;
+    write("zero.nii", niftifiles::bytesOf(zero));
+    return written ? 0 : 1;
+}
