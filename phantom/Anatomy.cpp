@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include "Anatomy_p.h"
+#include <phantom/Anatomy_p.h>
 
 namespace phantom {
 

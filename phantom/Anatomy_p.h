@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Canals_p.h"
-#include "Geometry_p.h"
-#include "Head_p.h"
-#include "Jaws_p.h"
-#include "Phantom.h"
-#include "Teeth_p.h"
+#include <phantom/Canals_p.h>
+#include <phantom/Geometry_p.h>
+#include <phantom/Head_p.h>
+#include <phantom/Jaws_p.h>
+#include <phantom/Phantom.h>
+#include <phantom/Teeth_p.h>
 
 #include <QVarLengthArray>
 

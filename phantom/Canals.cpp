@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include "Canals_p.h"
+#include <phantom/Canals_p.h>
 
 #include <array>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Geometry_p.h"
-#include "Jaws_p.h"
+#include <phantom/Geometry_p.h>
+#include <phantom/Jaws_p.h>
 
 #include <QVarLengthArray>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include "Head_p.h"
+#include <phantom/Head_p.h>
 
 namespace phantom {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Geometry_p.h"
+#include <phantom/Geometry_p.h>
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include "Jaws_p.h"
+#include <phantom/Jaws_p.h>
 
 #include <array>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include "Phantom.h"
+#include <phantom/Phantom.h>
 
-#include "Anatomy_p.h"
-#include "Noise_p.h"
+#include <phantom/Anatomy_p.h>
+#include <phantom/Noise_p.h>
 
 #include <algorithm>
 #include <cmath>

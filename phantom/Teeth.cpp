@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include "Teeth_p.h"
+#include <phantom/Teeth_p.h>
 
 #include <array>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Geometry_p.h"
-#include "Phantom.h"
+#include <phantom/Geometry_p.h>
+#include <phantom/Phantom.h>
 
 #include <QVarLengthArray>
 
