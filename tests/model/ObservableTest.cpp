@@ -100,12 +100,12 @@ using EventObserver = patterns::Observer<EventSubject, Change>;
 using EventObserverBase = patterns::ObserverBase<EventSubject, Change>;
 
 template <typename Type>
-constexpr bool isPolymorphicBase = std::is_polymorphic_v<Type>&& std::has_virtual_destructor_v<Type>;
+constexpr bool kIsPolymorphicBase = std::is_polymorphic_v<Type>&& std::has_virtual_destructor_v<Type>;
 
-static_assert(isPolymorphicBase<PlainObservableBase> && isPolymorphicBase<EventObservableBase>);
-static_assert(isPolymorphicBase<PlainObservable> && isPolymorphicBase<EventObservable>);
-static_assert(isPolymorphicBase<PlainObserverBase> && isPolymorphicBase<EventObserverBase>);
-static_assert(isPolymorphicBase<PlainObserver> && isPolymorphicBase<EventObserver>);
+static_assert(kIsPolymorphicBase<PlainObservableBase> && kIsPolymorphicBase<EventObservableBase>);
+static_assert(kIsPolymorphicBase<PlainObservable> && kIsPolymorphicBase<EventObservable>);
+static_assert(kIsPolymorphicBase<PlainObserverBase> && kIsPolymorphicBase<EventObserverBase>);
+static_assert(kIsPolymorphicBase<PlainObserver> && kIsPolymorphicBase<EventObserver>);
 
 static_assert(std::is_abstract_v<PlainObservableBase> && std::is_abstract_v<EventObservableBase>);
 static_assert(std::is_abstract_v<PlainObserverBase> && std::is_abstract_v<EventObserverBase>);
@@ -132,24 +132,24 @@ static_assert(!NotifiesWith<PlainObservable, std::nullptr_t>);
 
 // The number of data pointers includes the one to the table of virtual functions.
 template <typename Type>
-constexpr std::size_t pointersIn = sizeof(Type) / sizeof(void*);
+constexpr std::size_t kPointersIn = sizeof(Type) / sizeof(void*);
 
 static_assert(sizeof(QSet<void*>) == sizeof(void*));
 
 TEST(Observable, HoldsTheTablePointerAndTheObserverSetOnly)
 {
-    EXPECT_EQ(pointersIn<PlainObservableBase>, 2U);
-    EXPECT_EQ(pointersIn<PlainObservable>, 2U);
-    EXPECT_EQ(pointersIn<EventObservableBase>, 2U);
-    EXPECT_EQ(pointersIn<EventObservable>, 2U);
+    EXPECT_EQ(kPointersIn<PlainObservableBase>, 2U);
+    EXPECT_EQ(kPointersIn<PlainObservable>, 2U);
+    EXPECT_EQ(kPointersIn<EventObservableBase>, 2U);
+    EXPECT_EQ(kPointersIn<EventObservable>, 2U);
 }
 
 TEST(Observer, HoldsTheTablePointerAndTheObservableSetOnly)
 {
-    EXPECT_EQ(pointersIn<PlainObserverBase>, 1U);
-    EXPECT_EQ(pointersIn<PlainObserver>, 2U);
-    EXPECT_EQ(pointersIn<EventObserverBase>, 1U);
-    EXPECT_EQ(pointersIn<EventObserver>, 2U);
+    EXPECT_EQ(kPointersIn<PlainObserverBase>, 1U);
+    EXPECT_EQ(kPointersIn<PlainObserver>, 2U);
+    EXPECT_EQ(kPointersIn<EventObserverBase>, 1U);
+    EXPECT_EQ(kPointersIn<EventObserver>, 2U);
 }
 
 #if defined(__GNUC__)
