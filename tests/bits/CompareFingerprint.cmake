@@ -1,4 +1,4 @@
-# Compiles SOURCES and Fingerprint.cpp with PROMISED_OPTIONS and FLAGS, runs the program, and writes or compares
+# Compiles SOURCES with PROMISED_OPTIONS and FLAGS, runs the program, and writes or compares
 # what it prints.
 separate_arguments(flags UNIX_COMMAND "${FLAGS}")
 execute_process(COMMAND pkg-config --cflags --libs Qt6Gui Qt6Core eigen3
@@ -8,8 +8,7 @@ list(FILTER SOURCES INCLUDE REGEX "\\.cpp$")
 list(TRANSFORM SOURCES PREPEND "${MODEL_DIR}/" REGEX "^[^/]")
 execute_process(
     COMMAND "${CXX}" -std=c++20 -fPIC ${PROMISED_OPTIONS} ${flags}
-        "-I${SOURCE_DIR}" "-I${BINARY_DIR}/include" ${SOURCES} "${CMAKE_CURRENT_LIST_DIR}/Fingerprint.cpp"
-        -o "${PROGRAM}" ${libraries}
+        "-I${SOURCE_DIR}" "-I${BINARY_DIR}/include" ${SOURCES} -o "${PROGRAM}" ${libraries}
     COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND "${PROGRAM}" OUTPUT_VARIABLE prints COMMAND_ERROR_IS_FATAL ANY)
 if(WRITE_REFERENCE)

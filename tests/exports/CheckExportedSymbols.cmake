@@ -1,4 +1,4 @@
-# Compares what a shared library exports (nm -DC) with the expected list: nothing missing, no helper escaped.
+# Compares what a shared library exports (nm -DC) with the expected lists: nothing missing, no helper escaped.
 execute_process(COMMAND "${NM}" -DC --defined-only "${LIBRARY}" OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE ";" "," symbols "${symbols}")
 string(REPLACE "\n" ";" lines "${symbols}")
@@ -14,7 +14,11 @@ list(FILTER exported EXCLUDE REGEX "^(typeinfo|vtable|([a-z ]+ )?std::|Q[A-Z]|Qt
 list(REMOVE_DUPLICATES exported)
 list(SORT exported)
 
-file(STRINGS "${EXPECTED}" expected)
+set(expected "")
+foreach(list IN LISTS EXPECTED)
+    file(STRINGS "${list}" symbols)
+    list(APPEND expected ${symbols})
+endforeach()
 list(SORT expected)
 if(NOT exported STREQUAL expected)
     set(missing ${expected})
