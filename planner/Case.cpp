@@ -57,16 +57,16 @@ Volume readVolume(const QString& path, Progress& progress)
 {
     const QFileInfo info(path);
     if (!info.exists())
-        throw Failure(QStringLiteral("%1: there is no such file or folder").arg(path));
+        throw Failure(path, QStringLiteral("there is no such file or folder"));
     progress.step(QStringLiteral("Reading %1").arg(info.fileName().isEmpty() ? path : info.fileName()));
     if (info.isDir())
         return readDicomFolder(path, [&progress](double done) { progress.fraction(done); });
     const QString name = info.fileName().toLower();
     if (!name.endsWith(u".nii") && !name.endsWith(u".nii.gz"))
-        throw Failure(QStringLiteral("%1: a CT is a NIfTI file (.nii, .nii.gz) or a folder with DICOM files")
-                          .arg(path));
+        throw Failure(path,
+                      QStringLiteral("a CT is a NIfTI file (.nii, .nii.gz) or a folder with DICOM files"));
     if (!info.isFile() || !info.isReadable())
-        throw Failure(QStringLiteral("%1: the file cannot be read").arg(path));
+        throw Failure(path, QStringLiteral("the file cannot be read"));
     return readNifti(path);
 }
 
@@ -99,8 +99,7 @@ void addLandmarks(Case& opened, const Options& options)
                           [&opened](const Landmark& l) { return !isInside(opened.volume, l.position); });
         if (outside == landmarks.size())
             throw Failure(
-                QStringLiteral("%1: every landmark lies outside the volume, so they are not of this CT")
-                    .arg(path));
+                path, QStringLiteral("every landmark lies outside the volume, so they are not of this CT"));
         if (outside > 0)
             opened.remarks.append(QStringLiteral("%1 of the %2 landmarks lie outside the volume.")
                                       .arg(outside)

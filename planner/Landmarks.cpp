@@ -99,7 +99,7 @@ private:
                 return number.isDouble() && std::abs(number.toDouble()) < kLargestCoordinate;
             });
         if (!usable)
-            throw Failure(QStringLiteral("%1: the position of \"%2\" is not three numbers").arg(file, name));
+            throw Failure(file, QStringLiteral("the position of \"%1\" is not three numbers").arg(name));
         return {static_cast<float>(numbers[0].toDouble()), static_cast<float>(numbers[1].toDouble()),
                 static_cast<float>(numbers[2].toDouble())};
     }
@@ -132,15 +132,14 @@ QList<Landmark> readLandmarks(const QString& path, const QMatrix4x4& worldFromVo
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.size() > kLargestFileBytes)
-        throw Failure(QStringLiteral("%1: the landmark file cannot be read").arg(path));
+        throw Failure(path, QStringLiteral("the landmark file cannot be read"));
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
     if (error.error != QJsonParseError::NoError || !document.isObject())
-        throw Failure(QStringLiteral("%1: the landmark file is not a JSON object").arg(path));
+        throw Failure(path, QStringLiteral("the landmark file is not a JSON object"));
     QList<Landmark> landmarks = LandmarkParser(path, worldFromVoxel).parse(document.object());
     if (landmarks.isEmpty())
-        throw Failure(
-            QStringLiteral("%1: the landmark file holds no foramen, tooth or arch point").arg(path));
+        throw Failure(path, QStringLiteral("the landmark file holds no foramen, tooth or arch point"));
     return landmarks;
 }
 

@@ -125,19 +125,18 @@ void Report::checkFolder(const QString& folder)
 {
     const QFileInfo info(absolute(folder));
     if (info.exists() && !info.isDir())
-        throw Failure(QStringLiteral("%1: this is a file, the report needs a folder").arg(folder));
+        throw Failure(folder, QStringLiteral("this is a file, the report needs a folder"));
     if (!info.exists() && !info.dir().exists())
-        throw Failure(
-            QStringLiteral("%1: the report cannot be written, its parent folder is not there").arg(folder));
+        throw Failure(folder, QStringLiteral("the report cannot be written, its parent folder is not there"));
     if (!stagingFolder(info.filePath())->isValid())
-        throw Failure(QStringLiteral("%1: the report cannot be written to this folder").arg(folder));
+        throw Failure(folder, QStringLiteral("the report cannot be written to this folder"));
 }
 
 QString Report::write(const QString& folder) const
 {
     checkFolder(folder);
     const QString target = absolute(folder);
-    const Failure failure(QStringLiteral("%1: the report cannot be written to this folder").arg(folder));
+    const Failure failure(folder, QStringLiteral("the report cannot be written to this folder"));
     const std::unique_ptr<QTemporaryDir> staging = stagingFolder(target);
     if (!staging->isValid())
         throw failure;
@@ -163,8 +162,7 @@ QString Report::write(const QString& folder) const
     }
     for (const QString& name : names) {
         if (QFileInfo(QDir(target).filePath(name)).isDir())
-            throw Failure(
-                QStringLiteral("%1: a folder stands where the report's %2 belongs").arg(folder, name));
+            throw Failure(folder, QStringLiteral("a folder stands where the report's %1 belongs").arg(name));
     }
     for (const QString& name : names) {
         if (!rename(staging->filePath(name), QDir(target).filePath(name)))
