@@ -5,7 +5,8 @@
 #   machines that can, and the same plan would get other numbers there.
 # -fno-fast-math: no reordering of sums, no assumption that NaN does not occur.
 # EIGEN_DONT_VECTORIZE: Eigen's own vector code sums in another order, and fuses, depending on the machine flags.
-set(CoreAlgorithms_PROMISED_OPTIONS -ffp-contract=off -fno-fast-math -DEIGEN_DONT_VECTORIZE)
+set(CoreAlgorithms_PROMISED_OPTIONS -ffp-contract=off -fno-fast-math -DEIGEN_DONT_VECTORIZE
+    CACHE INTERNAL "") # so that a project that adds this one as a part can keep the promises too
 
 function(corealgorithms_keep_promises target)
     target_compile_features(${target} PUBLIC cxx_std_20)

@@ -1,16 +1,12 @@
-# Compiles SOURCES with PROMISED_OPTIONS and FLAGS, runs the program, and writes or compares
-# what it prints.
-separate_arguments(flags UNIX_COMMAND "${FLAGS}")
-execute_process(COMMAND pkg-config --cflags --libs Qt6Gui Qt6Core eigen3
-    OUTPUT_VARIABLE libraries OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-separate_arguments(libraries UNIX_COMMAND "${libraries}")
-list(FILTER SOURCES INCLUDE REGEX "\\.cpp$")
-list(TRANSFORM SOURCES PREPEND "${MODEL_DIR}/" REGEX "^[^/]")
+# Builds the application with the compiler CXX and FLAGS, runs it, and writes or compares what it prints.
 execute_process(
-    COMMAND "${CXX}" -std=c++20 -fPIC ${PROMISED_OPTIONS} ${flags}
-        "-I${SOURCE_DIR}" "-I${BINARY_DIR}/include" ${SOURCES} -o "${PROGRAM}" ${libraries}
-    COMMAND_ERROR_IS_FATAL ANY)
-execute_process(COMMAND "${PROGRAM}" OUTPUT_VARIABLE prints COMMAND_ERROR_IS_FATAL ANY)
+    COMMAND ${CMAKE_COMMAND} -S "${APPLICATION}" -B "${BINARY_DIR}" -G "${GENERATOR}"
+        "-DCMAKE_CXX_COMPILER=${CXX}" "-DCMAKE_CXX_FLAGS=${FLAGS}" "-DCoreAlgorithms_SOURCE=${SOURCE}"
+    OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+execute_process(
+    COMMAND ${CMAKE_COMMAND} --build "${BINARY_DIR}" --target fingerprint
+    OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND "${BINARY_DIR}/fingerprint" OUTPUT_VARIABLE prints COMMAND_ERROR_IS_FATAL ANY)
 if(WRITE_REFERENCE)
     file(WRITE "${REFERENCE}" "${prints}")
     message("${prints}")

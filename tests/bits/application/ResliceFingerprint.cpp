@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <tests/bits/Fingerprints.h>
+#include <tests/bits/application/Fingerprints.h>
 
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 #include <CoreAlgorithms/reslice/CoordinateMapper.h>
 
-#include <tests/bits/Checksum.h>
+#include <tests/bits/application/Checksum.h>
 #include <tests/support/ResliceBuilders.h>
 
 namespace bits {

@@ -40,6 +40,11 @@ public:
         add(double(vector.y()));
         add(double(vector.z()));
     }
+    void add(const QMatrix4x4& matrix)
+    {
+        for (int i = 0; i < 16; ++i)
+            add(double(matrix.constData()[i]));
+    }
     void print(const char* name) const
     {
         std::printf("%-10s %016llx\n", name, static_cast<unsigned long long>(hash));
