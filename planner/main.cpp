@@ -18,6 +18,11 @@ namespace {
 
 constexpr int kCannotDo = 2; // exit status
 
+// In the order of the report.
+constexpr planner::Section (*kSections[])(const planner::Case&, planner::Progress&) = {
+    planner::createViewsSection,
+};
+
 void run(const planner::Options& options)
 {
     planner::Report::checkFolder(options.reportFolder); // before the long steps
@@ -25,9 +30,11 @@ void run(const planner::Options& options)
     const planner::Case planned = planner::openCase(options, progress);
     planner::Report report(planned);
 
-    const planner::Section views = planner::createViewsSection(planned, progress);
-    std::fputs(views.plainText.toLocal8Bit().constData(), stdout);
-    report.add(views);
+    for (const auto create : kSections) {
+        const planner::Section section = create(planned, progress);
+        std::fputs(section.plainText.toLocal8Bit().constData(), stdout);
+        report.add(section);
+    }
 
     const QString page = report.write(options.reportFolder);
     std::fprintf(stdout, "Report written: %s\n", page.toLocal8Bit().constData());

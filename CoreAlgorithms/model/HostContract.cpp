@@ -2,9 +2,24 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/HostContract.h>
 
+#include <CoreAlgorithms/model/data/Mesh.h>
+#include <CoreAlgorithms/model/data/Shapes.h>
+#include <CoreAlgorithms/model/data/VexelImage3D.h>
+#include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
+#include <CoreAlgorithms/model/dataobjects/Implants.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
+#include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
+#include <CoreAlgorithms/model/fundamentals/ToothChart.h>
+#include <CoreAlgorithms/model/linearalgebra/PlaneFit.h>
+#include <CoreAlgorithms/model/math/BoundingBox.h>
+#include <CoreAlgorithms/model/math/Operations.h>
+#include <CoreAlgorithms/model/math/OrientedBoundingBox.h>
 #include <CoreAlgorithms/model/math/Plane.h>
 #include <CoreAlgorithms/model/math/QRay3D.h>
+#include <CoreAlgorithms/model/math/Range.h>
+#include <CoreAlgorithms/model/math/Spline3D.h>
+
+#include <vector>
 
 // The model that the library is built against, bundled or the application's own. What is missing stands below
 // the failed line, as "the required expression ... is invalid".
@@ -12,7 +27,34 @@ static_assert(hostcontract::PlanarResliceFamily<PlanarReslice>,
               "PlanarReslice lacks an operation that the library calls");
 static_assert(hostcontract::CephResliceFamily<CephReslice>,
               "CephReslice lacks an operation that the library calls");
+static_assert(std::derived_from<PlanarReslice, Reslice> && std::derived_from<CephReslice, Reslice> &&
+                  std::derived_from<PanoramicReslice, Reslice>,
+              "PlanarReslice, CephReslice or PanoramicReslice is no Reslice");
 static_assert(hostcontract::RayValue<primitives::QRay3D>,
               "primitives::QRay3D lacks a constructor that the library calls");
 static_assert(hostcontract::PlaneValue<primitives::Plane, primitives::QRay3D>,
               "primitives::Plane lacks an operation that the library calls");
+static_assert(hostcontract::BoundingBoxValue<primitives::BoundingBox>,
+              "primitives::BoundingBox lacks an operation that the library calls");
+static_assert(hostcontract::MeshValue<geometry::Mesh>,
+              "geometry::Mesh lacks an operation that the library calls");
+static_assert(hostcontract::GridCellValue<geometry::BoundedTriangles, primitives::BoundingBox>,
+              "geometry::BoundedTriangles lacks a field that the library fills");
+static_assert(hostcontract::ShapeNodeFamily<geometry::ShapeNode, geometry::Mesh, primitives::BoundingBox>,
+              "geometry::ShapeNode lacks an operation that the library calls");
+static_assert(
+    hostcontract::ShapeFactoryFamily<geometry::ShapeFactory, geometry::ShapeLoader, geometry::ShapeNode>,
+    "geometry::ShapeFactory lacks an operation that the library calls");
+static_assert(hostcontract::SurfaceModelFamily<Surface3DModel, geometry::Mesh, primitives::BoundingBox>,
+              "Surface3DModel lacks an operation that the library calls");
+static_assert(hostcontract::SurfaceModelFamily<dataobject::Nerve, geometry::Mesh, primitives::BoundingBox>,
+              "dataobject::Nerve lacks an operation that the library calls");
+static_assert(hostcontract::ImplantFamily<dataobject::Implant3D>,
+              "dataobject::Implant3D lacks an operation that the library calls");
+static_assert(hostcontract::AnchorPinFamily<dataobject::AnchorPin3D, geometry::ShapeNode>,
+              "dataobject::AnchorPin3D lacks an operation that the library calls");
+static_assert(hostcontract::HashedByPointer<dataobject::Implant3D> &&
+                  hostcontract::HashedByPointer<const dataobject::Implant3D> &&
+                  hostcontract::HashedByPointer<dataobject::AnchorPin3D> &&
+                  hostcontract::HashedByPointer<dataobject::Nerve>,
+              "a shared pointer to an implant, pin or nerve cannot be hashed");

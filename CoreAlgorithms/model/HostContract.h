@@ -2,11 +2,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QList>
+#include <QMap>
 #include <QMatrix4x4>
+#include <QQuaternion>
+#include <QSet>
+#include <QSizeF>
 #include <QString>
+#include <QStringList>
 #include <QVector3D>
 
 #include <concepts>
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <utility>
+#include <vector>
 
 /// What the algorithms require of the host's classes, one concept per family; a class of the name in the
 /// comment must meet it. The bundled model does. A model of your own must offer these operations under the
@@ -38,8 +49,6 @@ concept PlanarResliceFamily = TypedObject<PlanarReslice> &&
     { reslice.getWidth() } -> std::convertible_to<float>;
     { reslice.getHeight() } -> std::convertible_to<float>;
     { reslice.getSampleSize() } -> std::convertible_to<QVector3D>;
-    { reslice.isMirroredHorizontallyIn2D() } -> std::convertible_to<bool>;
-    { reslice.isMirroredVerticallyIn2D() } -> std::convertible_to<bool>;
 };
 
 /// CephReslice. The point of view whose value is 1 is the one that turns the view's x axis round.
@@ -56,17 +65,121 @@ concept CephResliceFamily = TypedObject<CephReslice> && requires(const CephResli
 template <typename Ray>
 concept RayValue = std::constructible_from<Ray, QVector3D, QVector3D>;
 
-/// primitives::Plane. Its first constructor takes three points, the normal along (b - a) x (c - a).
+/// primitives::Plane. Its constructors take three points, the normal along (b - a) x (c - a), and a point and the
+/// normal.
 template <typename Plane, typename Ray>
 concept PlaneValue = std::copyable<Plane> &&
     std::constructible_from<Plane, QVector3D, QVector3D, QVector3D> &&
+    std::constructible_from<Plane, QVector3D, QVector3D> &&
     requires(const Plane& plane, Plane& changeable, const Ray& ray, const QVector3D& vector,
              QVector3D& meetingPoint, const QMatrix4x4& matrix)
 {
+    { plane.getNormal() } -> std::convertible_to<QVector3D>;
     { plane.getSignedDistance(vector) } -> std::convertible_to<float>;
     { plane.intersect(ray, meetingPoint) } -> std::convertible_to<bool>;
     { plane.project(vector, vector) } -> std::convertible_to<QVector3D>;
     changeable.transform(matrix);
+};
+
+/// primitives::BoundingBox. intersects() is closed: touching boxes intersect. transformed() is the box round the
+/// eight mapped corners.
+template <typename Box>
+concept BoundingBoxValue = std::copyable<Box> &&
+    std::constructible_from<Box, float, float, float, float, float, float> &&
+    std::constructible_from<Box, QVector3D, QVector3D> &&
+    requires(const Box& box, Box& changeable, const QVector3D& point, const QMatrix4x4& matrix)
+{
+    changeable.includePoint(point);
+    { box.intersects(box) } -> std::convertible_to<bool>;
+    { box.transformed(matrix) } -> std::convertible_to<Box>;
+    { box.min() } -> std::convertible_to<QVector3D>;
+    { box.max() } -> std::convertible_to<QVector3D>;
+    { box.deltaX() } -> std::convertible_to<float>;
+    { box.deltaY() } -> std::convertible_to<float>;
+    { box.deltaZ() } -> std::convertible_to<float>;
+    { box.width() } -> std::convertible_to<float>;
+    { box.height() } -> std::convertible_to<float>;
+    { box.depth() } -> std::convertible_to<float>;
+};
+
+/// geometry::Mesh. Four entries a triangle in its index list, of which the fourth is not read.
+template <typename Mesh>
+concept MeshValue = std::copyable<Mesh> && std::default_initializable<Mesh> &&
+    requires(const Mesh& mesh, Mesh& changeable, const QMatrix4x4& matrix)
+{
+    { mesh.getVertices() } -> std::convertible_to<QList<QVector3D>>;
+    { mesh.getIndices() } -> std::convertible_to<QList<int>>;
+    { mesh.getNumIndices() } -> std::convertible_to<int>;
+    changeable.applyTransformation(matrix);
+};
+
+/// geometry::BoundedTriangles: one cell of a grid over a mesh.
+template <typename Cell, typename Box>
+concept GridCellValue = std::copyable<Cell> && std::default_initializable<Cell> && requires(Cell& cell)
+{
+    { cell.box } -> std::convertible_to<Box>;
+    { cell.triangles } -> std::convertible_to<QList<int>>;
+};
+
+/// geometry::ShapeNode, its iterators, and the meshes and boxes that it leads to. The boxes of nodes and the
+/// cumulative transforms are those that the bundled class documents.
+template <typename ShapeNode, typename Mesh, typename Box>
+concept ShapeNodeFamily = std::constructible_from<ShapeNode, QString> &&
+    requires(const ShapeNode& node, ShapeNode& changeable, ShapeNode* child, const QMatrix4x4& matrix)
+{
+    { node.getTransform() } -> std::convertible_to<QMatrix4x4>;
+    changeable.setTransform(matrix);
+    changeable.addChild(child);
+    { node.getBoundingBox() } -> std::convertible_to<Box>;
+    { node.getShape()->getMesh() } -> std::convertible_to<Mesh>;
+    { node.cbeginNodesWithShape() != node.cend() } -> std::convertible_to<bool>;
+    { node.cbeginNodesWithShape().getCumulativeTransform() } -> std::convertible_to<QMatrix4x4>;
+    { node.cbeginNodesWithShape()->getShape()->getMesh() } -> std::convertible_to<Mesh>;
+    ++node.cbeginNodesWithShape();
+};
+
+/// geometry::ShapeFactory, made over a geometry::ShapeLoader. A cylinder is centred on its own origin along z, a
+/// cone stands on its own origin with the tip towards +z; false flags make closed solids. The caller owns the nodes.
+template <typename ShapeFactory, typename ShapeLoader, typename ShapeNode>
+concept ShapeFactoryFamily = std::constructible_from<ShapeFactory, ShapeLoader&> &&
+    requires(const ShapeFactory& factory, float length, bool open)
+{
+    { factory.generateCylinder(length, length, open, open) } -> std::convertible_to<ShapeNode*>;
+    { factory.generateCone(length, length, open) } -> std::convertible_to<ShapeNode*>;
+};
+
+/// Surface3DModel and what derives from it, for instance dataobject::Nerve.
+template <typename Surface, typename Mesh, typename Box>
+concept SurfaceModelFamily = TypedObject<Surface> && requires(const Surface& surface)
+{
+    { surface.getMesh() } -> std::convertible_to<Mesh>;
+    { surface.getObjectTransform() } -> std::convertible_to<QMatrix4x4>;
+    { surface.getSceneBoundingBox() } -> std::convertible_to<Box>;
+};
+
+/// dataobject::Implant3D, owned by a shared pointer.
+template <typename Implant>
+concept ImplantFamily = TypedObject<Implant> && requires(const Implant& implant)
+{
+    { implant.getObjectTransform() } -> std::convertible_to<QMatrix4x4>;
+    { implant.getDimensions().diameter } -> std::convertible_to<float>;
+    { implant.getDimensions().length } -> std::convertible_to<float>;
+};
+
+/// dataobject::AnchorPin3D.
+template <typename Pin, typename ShapeNode>
+concept AnchorPinFamily = TypedObject<Pin> && requires(const Pin& pin, Pin& changeable)
+{
+    { changeable.getShapeNode() } -> std::convertible_to<const ShapeNode*>;
+    { pin.getObjectTransform() } -> std::convertible_to<QMatrix4x4>;
+};
+
+/// A shared pointer to an implant, pin or nerve as the key of a QSet or QHash, alone and in a pair. The overload
+/// must be found by the argument alone, that is, stand in namespace dataobject or come from Qt.
+template <typename Object>
+concept HashedByPointer = requires(const std::shared_ptr<Object>& object)
+{
+    { qHash(object, std::size_t(0)) } -> std::convertible_to<std::size_t>;
 };
 
 // clang-format on

@@ -7,6 +7,8 @@
 
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 
+#include <tests/support/ModelRecorders.h>
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -19,15 +21,6 @@
 namespace {
 
 static_assert(meta::FromLeft == 1, "the point of view that turns the x axis round");
-
-class Counter : public patterns::Observer<DataObject, std::nullptr_t>
-{
-public:
-    int changes = 0;
-
-private:
-    void changedEvent(DataObject*) override { ++changes; }
-};
 
 // ---- types
 
@@ -305,7 +298,7 @@ TEST(Reslices, EverySetterTellsTheObserversOnce)
         {"setPointOfView", &ceph, [&] { ceph.setPointOfView(meta::FromFront); }},
     };
     for (const auto& setter : setters) {
-        Counter counter;
+        test::ChangeCounter counter;
         setter.object->attach(&counter);
         setter.set();
         EXPECT_EQ(counter.changes, 1) << setter.name;
@@ -315,7 +308,7 @@ TEST(Reslices, EverySetterTellsTheObserversOnce)
 TEST(Reslices, SeveralSettersInABracketTellTheObserversOnce)
 {
     PlanarReslice reslice;
-    Counter counter;
+    test::ChangeCounter counter;
     reslice.attach(&counter);
     {
         const EditLocker lock(&reslice);

@@ -8,27 +8,39 @@
 
 namespace primitives {
 
-/// The level plane through the first point: all that this application has.
+/// A plane by its equation, normal . x = offset: nothing of the bundled one's layout.
 class Plane
 {
 public:
-    Plane(const QVector3D& a, const QVector3D& /*b*/, const QVector3D& /*c*/) : level(a.z()) {}
+    Plane(const QVector3D& a, const QVector3D& b, const QVector3D& c) : Plane(a, QVector3D::normal(a, b, c))
+    {}
+    Plane(const QVector3D& point, const QVector3D& direction)
+        : normal(direction.normalized()), offset(QVector3D::dotProduct(normal, point))
+    {}
 
-    float getSignedDistance(const QVector3D& point) const { return point.z() - level; }
+    QVector3D getNormal() const { return normal; }
+    float getSignedDistance(const QVector3D& point) const
+    {
+        return QVector3D::dotProduct(normal, point) - offset;
+    }
     bool intersect(const QRay3D& ray, QVector3D& meetingPoint) const
     {
-        meetingPoint = ray.origin;
-        meetingPoint.setZ(level);
-        return true;
+        meetingPoint = project(ray.origin, ray.direction);
+        return QVector3D::dotProduct(normal, ray.direction) != 0.0F;
     }
-    QVector3D project(const QVector3D& point, const QVector3D& /*direction*/) const
+    QVector3D project(const QVector3D& point, const QVector3D& direction) const
     {
-        return {point.x(), point.y(), level};
+        const float along = QVector3D::dotProduct(normal, direction);
+        return along == 0.0F ? point : point - direction * (getSignedDistance(point) / along);
     }
-    void transform(const QMatrix4x4& matrix) { level = matrix.map(QVector3D(0.0F, 0.0F, level)).z(); }
+    void transform(const QMatrix4x4& matrix)
+    {
+        *this = Plane(matrix.map(normal * offset), matrix.mapVector(normal));
+    }
 
 private:
-    float level;
+    QVector3D normal;
+    float offset;
 };
 
 } // namespace primitives

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CoreAlgorithms/model/dataobjects/DataObject.h>
+
+#include <QMatrix4x4>
+#include <QStringList>
+#include <QVector3D>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace test {
+
+/// Counts how often an object tells that it has changed.
+class ChangeCounter : public patterns::Observer<DataObject, std::nullptr_t>
+{
+public:
+    int changes = 0;
+
+private:
+    void changedEvent(DataObject* /*subject*/) override { ++changes; }
+};
+
+/// Passes if the object is of its own type and of each of the bases, and these have identifiers of their own.
+template <typename Object>
+void expectTypes(const Object& object, const QStringList& bases)
+{
+    EXPECT_TRUE(object.isOfType(Object::getClassTypeId()));
+    EXPECT_TRUE(object.isOfType(DataObject::getClassTypeId()));
+    for (const QString& base : bases) {
+        EXPECT_TRUE(object.isOfType(base)) << base.toStdString();
+        EXPECT_NE(Object::getClassTypeId(), base);
+    }
+    EXPECT_FALSE(object.isOfType(QString()));
+    EXPECT_FALSE(object.isOfType(QStringLiteral("Nothing")));
+}
+
+/// Takes (x, y, z) to (10 - y, 20 + x, 30 + z), exactly for small whole numbers.
+inline QMatrix4x4 quarterTurnAndShift()
+{
+    // clang-format off
+    return {0.0F, -1.0F, 0.0F, 10.0F,
+            1.0F,  0.0F, 0.0F, 20.0F,
+            0.0F,  0.0F, 1.0F, 30.0F,
+            0.0F,  0.0F, 0.0F,  1.0F};
+    // clang-format on
+}
+
+/// Exact equality, which QVector3D's own operator also is, with a readable message.
+inline void expectVector(const QVector3D& vector, float x, float y, float z)
+{
+    EXPECT_TRUE(vector.x() == x && vector.y() == y && vector.z() == z)
+        << "(" << vector.x() << ", " << vector.y() << ", " << vector.z() << ") is not (" << x << ", " << y
+        << ", " << z << ")";
+}
+
+} // namespace test
