@@ -38,8 +38,8 @@ struct COREALGORITHMS_EXPORT ImplantCollisions
 /// The two implants in canonical order, the one at the lower address first: makePair(a, b) == makePair(b, a).
 /// A pair of an implant with itself is (a, a); null comes first.
 COREALGORITHMS_EXPORT
-    std::pair<std::shared_ptr<dataobject::Implant3D>, std::shared_ptr<dataobject::Implant3D>>
-    makePair(std::shared_ptr<dataobject::Implant3D> a, std::shared_ptr<dataobject::Implant3D> b);
+std::pair<std::shared_ptr<dataobject::Implant3D>, std::shared_ptr<dataobject::Implant3D>>
+makePair(std::shared_ptr<dataobject::Implant3D> a, std::shared_ptr<dataobject::Implant3D> b);
 
 /// (implant, nerve), never reordered.
 COREALGORITHMS_EXPORT std::pair<std::shared_ptr<dataobject::Implant3D>, std::shared_ptr<dataobject::Nerve>>
