@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/BoundedMesh_p.h>
 
+#include <CoreAlgorithms/collision/CellTree_p.h>
 #include <CoreAlgorithms/model/data/Shapes.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
 
@@ -11,7 +12,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <utility>
+#include <limits>
 #include <vector>
 
 namespace collision {
@@ -21,15 +22,16 @@ constexpr float kSurfaceCellSize = 5.0F; // mm; a nerve is long and thin
 constexpr float kLargestGrid = 1 << 20;  // cells
 constexpr std::int64_t kMostEntries = 1 << 26;
 
-bool isFinite(const QVector3D& v)
-{
-    return std::isfinite(v.x()) && std::isfinite(v.y()) && std::isfinite(v.z());
-}
-
 bool hasFiniteVertices(const geometry::Mesh& mesh)
 {
-    const QList<QVector3D>& vertices = mesh.getVertices();
-    return std::all_of(vertices.begin(), vertices.end(), isFinite);
+    constexpr float largest = std::numeric_limits<float>::max();
+    unsigned others = 0; // counted without a branch a vertex
+    for (const QVector3D& v : mesh.getVertices()) {
+        others |= static_cast<unsigned>(!(std::abs(v.x()) <= largest)) |
+                  static_cast<unsigned>(!(std::abs(v.y()) <= largest)) |
+                  static_cast<unsigned>(!(std::abs(v.z()) <= largest));
+    }
+    return others == 0;
 }
 
 int numTriangles(const geometry::Mesh& mesh)
@@ -37,14 +39,16 @@ int numTriangles(const geometry::Mesh& mesh)
     return static_cast<int>(mesh.getNumIndices()) / 4;
 }
 
-bool namesVertices(const QList<int>& indices, int triangle, qsizetype numVertices)
+// The three entries of a triangle.
+const int* entriesOf(const QList<int>& indices, int triangle)
 {
-    for (int corner = 0; corner < 3; ++corner) {
-        const int number = indices[4 * qsizetype(triangle) + corner];
-        if (number < 0 || number >= numVertices)
-            return false;
-    }
-    return true;
+    return indices.constData() + 4 * qsizetype(triangle);
+}
+
+bool namesVertices(const int* entries, qsizetype numVertices)
+{
+    const auto isVertex = [numVertices](int number) { return number >= 0 && number < numVertices; };
+    return isVertex(entries[0]) && isVertex(entries[1]) && isVertex(entries[2]);
 }
 
 bool isUsable(const geometry::Mesh& mesh)
@@ -52,7 +56,7 @@ bool isUsable(const geometry::Mesh& mesh)
     const QList<int>& indices = mesh.getIndices();
     const qsizetype numVertices = mesh.getVertices().size();
     for (int triangle = 0; triangle < numTriangles(mesh); ++triangle) {
-        if (!namesVertices(indices, triangle, numVertices))
+        if (!namesVertices(entriesOf(indices, triangle), numVertices))
             return false;
     }
     return hasFiniteVertices(mesh);
@@ -142,27 +146,114 @@ struct CellRange
     }
 };
 
-// The cells of every triangle; those of one whose entries name no vertex are none.
-std::vector<CellRange> cellRanges(const geometry::Mesh& mesh, const Grid& grid)
+constexpr int kNoCell = -1;
+constexpr int kSeveralCells = -2;
+
+// Sorts the triangles of a mesh into the cells of a grid.
+class GridFiller
 {
-    const QList<QVector3D>& vertices = mesh.getVertices();
-    const QList<int>& indices = mesh.getIndices();
-    std::vector<CellRange> ranges(static_cast<std::size_t>(numTriangles(mesh)), {{0, 0, 0}, {-1, -1, -1}});
-    for (int triangle = 0; triangle < numTriangles(mesh); ++triangle) {
-        if (!namesVertices(indices, triangle, vertices.size()))
-            continue;
-        const int* corner = &indices[4 * qsizetype(triangle)];
-        CellRange& range = ranges[static_cast<std::size_t>(triangle)];
+public:
+    GridFiller(const geometry::Mesh& meshToDivide, const Grid& gridOverMesh)
+        : vertices(meshToDivide.getVertices()),
+          indices(meshToDivide.getIndices()),
+          grid(gridOverMesh),
+          cellOfTriangle(static_cast<std::size_t>(numTriangles(meshToDivide))),
+          entriesOfCell(static_cast<std::size_t>(gridOverMesh.numCells()), 0)
+    {
+        findCells();
+    }
+
+    bool hasTooManyEntries() const { return numEntries > kMostEntries; }
+
+    QList<geometry::BoundedTriangles> cells() const
+    {
+        QList<geometry::BoundedTriangles> filled;
+        std::vector<int*> nextEntry(entriesOfCell.size(), nullptr);
+        for (int z = 0; z < grid.axes[2].count; ++z) {
+            for (int y = 0; y < grid.axes[1].count; ++y) {
+                for (int x = 0; x < grid.axes[0].count; ++x) {
+                    const auto number = static_cast<std::size_t>(grid.numberOf(x, y, z));
+                    if (entriesOfCell[number] == 0)
+                        continue;
+                    filled.append({grid.boxOf(x, y, z), QList<int>(entriesOfCell[number])});
+                    nextEntry[number] = filled.last().triangles.data();
+                }
+            }
+        }
+        for (int triangle = 0; triangle < static_cast<int>(cellOfTriangle.size()); ++triangle) {
+            const int cell = cellOfTriangle[static_cast<std::size_t>(triangle)];
+            if (cell == kSeveralCells) {
+                rangeOf(triangle).visitCells(
+                    grid, [&](int touched) { *nextEntry[static_cast<std::size_t>(touched)]++ = triangle; });
+            } else if (cell != kNoCell) {
+                *nextEntry[static_cast<std::size_t>(cell)]++ = triangle;
+            }
+        }
+        return filled;
+    }
+
+private:
+    void findCells()
+    {
+        // Least and largest coordinate of a triangle are those of vertices: if these share a cell, it is the only one.
+        const std::vector<int> cellOfVertex = cellsOfVertices();
+        for (int triangle = 0; triangle < static_cast<int>(cellOfTriangle.size()); ++triangle) {
+            const int* entries = entriesOf(indices, triangle);
+            int& cell = cellOfTriangle[static_cast<std::size_t>(triangle)];
+            if (!namesVertices(entries, vertices.size())) {
+                cell = kNoCell;
+                continue;
+            }
+            cell = cellOfVertex[static_cast<std::size_t>(entries[0])];
+            if (cell == cellOfVertex[static_cast<std::size_t>(entries[1])] &&
+                cell == cellOfVertex[static_cast<std::size_t>(entries[2])]) {
+                ++entriesOfCell[static_cast<std::size_t>(cell)];
+                ++numEntries;
+                continue;
+            }
+            cell = kSeveralCells;
+            const CellRange range = rangeOf(triangle);
+            numEntries += range.numCells();
+            if (hasTooManyEntries())
+                return;
+            range.visitCells(grid,
+                             [this](int touched) { ++entriesOfCell[static_cast<std::size_t>(touched)]; });
+        }
+    }
+
+    std::vector<int> cellsOfVertices() const
+    {
+        std::vector<int> numbers(static_cast<std::size_t>(vertices.size()), 0);
+        if (grid.numCells() == 1)
+            return numbers;
+        std::transform(vertices.begin(), vertices.end(), numbers.begin(), [this](const QVector3D& vertex) {
+            return grid.numberOf(grid.axes[0].cellOf(vertex.x()), grid.axes[1].cellOf(vertex.y()),
+                                 grid.axes[2].cellOf(vertex.z()));
+        });
+        return numbers;
+    }
+
+    CellRange rangeOf(int triangle) const
+    {
+        const int* entries = entriesOf(indices, triangle);
+        CellRange range{};
         for (int axis = 0; axis < 3; ++axis) {
-            const float a = vertices[corner[0]][axis];
-            const float b = vertices[corner[1]][axis];
-            const float c = vertices[corner[2]][axis];
+            const float a = vertices[entries[0]][axis];
+            const float b = vertices[entries[1]][axis];
+            const float c = vertices[entries[2]][axis];
             range.first[axis] = grid.axes[axis].cellOf(std::min(std::min(a, b), c));
             range.last[axis] = grid.axes[axis].cellOf(std::max(std::max(a, b), c));
         }
+        return range;
     }
-    return ranges;
-}
+
+    const QList<QVector3D>& vertices;
+    const QList<int>& indices;
+    Grid grid;
+    std::vector<int> cellOfTriangle;
+    std::vector<int> entriesOfCell;
+    std::int64_t numEntries = 0;
+};
 
 // ---- objects
 
@@ -180,41 +271,8 @@ QList<geometry::BoundedTriangles> makeBoundedTriangles(const geometry::Mesh& mes
 {
     if (numTriangles(mesh) < 1)
         return {};
-    Grid grid = hasFiniteVertices(mesh) ? divide(box, cellSize) : oneCell(box);
-    std::vector<CellRange> ranges = cellRanges(mesh, grid);
-
-    std::int64_t numEntries = 0;
-    for (const CellRange& range : ranges)
-        numEntries += range.numCells();
-    if (numEntries > kMostEntries) {
-        grid = oneCell(box);
-        ranges = cellRanges(mesh, grid);
-    }
-
-    std::vector<int> entriesOfCell(static_cast<std::size_t>(grid.numCells()), 0);
-    for (const CellRange& range : ranges)
-        range.visitCells(grid, [&](int cell) { ++entriesOfCell[static_cast<std::size_t>(cell)]; });
-
-    QList<geometry::BoundedTriangles> cells;
-    std::vector<int> placeOfCell(entriesOfCell.size(), -1);
-    for (int z = 0; z < grid.axes[2].count; ++z) {
-        for (int y = 0; y < grid.axes[1].count; ++y) {
-            for (int x = 0; x < grid.axes[0].count; ++x) {
-                const auto number = static_cast<std::size_t>(grid.numberOf(x, y, z));
-                if (entriesOfCell[number] == 0)
-                    continue;
-                placeOfCell[number] = static_cast<int>(cells.size());
-                cells.append({grid.boxOf(x, y, z), {}});
-                cells.last().triangles.reserve(entriesOfCell[number]);
-            }
-        }
-    }
-    for (std::size_t triangle = 0; triangle < ranges.size(); ++triangle) {
-        ranges[triangle].visitCells(grid, [&](int cell) {
-            cells[placeOfCell[static_cast<std::size_t>(cell)]].triangles.append(static_cast<int>(triangle));
-        });
-    }
-    return cells;
+    const GridFiller filler(mesh, hasFiniteVertices(mesh) ? divide(box, cellSize) : oneCell(box));
+    return filler.hasTooManyEntries() ? GridFiller(mesh, oneCell(box)).cells() : filler.cells();
 }
 
 BoundedObject makeBoundedObject(const geometry::ShapeNode& root, const QMatrix4x4& transform,
@@ -231,7 +289,8 @@ BoundedObject makeBoundedObject(const geometry::ShapeNode& root, const QMatrix4x
             return {};
         const primitives::BoundingBox box = node->getBoundingBox().transformed(sceneFromNode);
         object.meshes.append(
-            {mesh, box, makeBoundedTriangles(mesh, box, cellSize ? *cellSize : defaultCellSize(mesh, box))});
+            {mesh, box, makeBoundedTriangles(mesh, box, cellSize ? *cellSize : defaultCellSize(mesh, box)),
+             std::make_shared<CellTrees>()});
     }
     return object;
 }
@@ -245,7 +304,8 @@ BoundedObject makeBoundedObject(const Surface3DModel& model)
     const primitives::BoundingBox box = model.getSceneBoundingBox();
     BoundedObject object;
     object.box = box;
-    object.meshes.append({mesh, box, makeBoundedTriangles(mesh, box, kSurfaceCellSize)});
+    object.meshes.append(
+        {mesh, box, makeBoundedTriangles(mesh, box, kSurfaceCellSize), std::make_shared<CellTrees>()});
     return object;
 }
 

@@ -7,6 +7,7 @@
 
 #include <QList>
 
+#include <memory>
 #include <optional>
 
 class QMatrix4x4;
@@ -18,12 +19,17 @@ class ShapeNode;
 
 namespace collision {
 
+class CellTrees;
+
 /// One mesh of an object, placed in the scene and divided into the cells of a grid.
 struct BoundedMesh
 {
     geometry::Mesh mesh;
     primitives::BoundingBox box;
     QList<geometry::BoundedTriangles> cells;
+    /// What speeds up the tests of this mesh, shared by all copies; see CellTrees. Kept here, after what describes the
+    /// mesh, since it lives and dies with the placed vertices. A mesh without it gives the same verdicts.
+    std::shared_ptr<CellTrees> trees;
 };
 
 /// The meshes of one object and the box of the whole. An empty one collides with nothing.
@@ -60,5 +66,8 @@ QList<geometry::BoundedTriangles> makeBoundedTriangles(const geometry::Mesh& mes
 /// closed. The verdict may depend on the order of a and b.
 bool overlaps(const BoundedObject& a, const BoundedObject& b);
 bool overlaps(const BoundedMesh& a, const BoundedMesh& b);
+
+/// The same with the registers that every machine has, where overlaps() uses the widest of this one.
+bool overlapsWithPlainRegisters(const BoundedMesh& a, const BoundedMesh& b);
 
 } // namespace collision

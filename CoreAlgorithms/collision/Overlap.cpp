@@ -1,29 +1,352 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/BoundedMesh_p.h>
+#include <CoreAlgorithms/collision/CellTree_p.h>
 #include <CoreAlgorithms/collision/TriangleIntersection_p.h>
 
 #include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <limits>
 
 namespace collision {
 namespace {
 
-std::array<QVector3D, 3> cornersOf(const geometry::Mesh& mesh, int triangle)
+// What is shared by all tests of a triangle u against the triangles of a cell.
+struct Opponent
 {
-    const int* corner = &mesh.getIndices()[4 * qsizetype(triangle)];
-    const QList<QVector3D>& vertices = mesh.getVertices();
-    return {vertices[corner[0]], vertices[corner[1]], vertices[corner[2]]};
+    Triangle corners;
+    TrianglePlane plane;
+    float margin; // beyond which the sign of a distance from the plane is certain
+};
+
+// The distance of a point p from u's plane is computed as
+//
+//     ((nx px + ny py) + nz pz) + offset,
+//
+// with a rounding error of less than 4.01 * 2^-24 of S = |nx px| + |ny py| + |nz pz| + |offset|, products that
+// underflow aside. The least (largest) value over a box is computed alike from one of its corners. Both errors
+// together stay below 8.02 * 2^-24 of S with |p| the largest coordinates of the cell; the margin is twice that. If the
+// least value over a box exceeds the margin, the computed distances of all points in it are positive, and large
+// enough (1e-18) that their products do not underflow to zero: every triangle in the box is on one side.
+constexpr float kMarginOfSum = 0x1p-20F;
+constexpr float kLeastMargin = 2e-18F;
+constexpr float kLargestSum = 1e30F; // beyond, distances might overflow
+
+float marginOf(float sum)
+{
+    return sum < kLargestSum ? sum * kMarginOfSum + kLeastMargin : std::numeric_limits<float>::infinity();
 }
 
-primitives::BoundingBox boxOf(const std::array<QVector3D, 3>& c)
+Opponent opponentIn(const TriangleBlock& block, int lane, const std::array<float, 3>& reach)
 {
-    QVector3D low = c[0];
-    QVector3D high = c[0];
-    for (int axis = 0; axis < 3; ++axis) {
-        low[axis] = std::min({c[0][axis], c[1][axis], c[2][axis]});
-        high[axis] = std::max({c[0][axis], c[1][axis], c[2][axis]});
+    Opponent u;
+    for (int vertex = 0; vertex < 3; ++vertex)
+        u.corners[vertex] = {block.vertex[vertex][0][lane], block.vertex[vertex][1][lane],
+                             block.vertex[vertex][2][lane]};
+    u.plane = {{block.normal[0][lane], block.normal[1][lane], block.normal[2][lane]}, block.offset[lane]};
+    u.margin = marginOf(std::abs(u.plane.normal.x) * reach[0] + std::abs(u.plane.normal.y) * reach[1] +
+                        std::abs(u.plane.normal.z) * reach[2] + std::abs(u.plane.offset));
+    return u;
+}
+
+COREALGORITHMS_INLINE_LANES Lanes distances(const TrianglePlane& plane, const Lanes& x, const Lanes& y,
+                                            const Lanes& z)
+{
+    return x * plane.normal.x + y * plane.normal.y + z * plane.normal.z + plane.offset;
+}
+
+COREALGORITHMS_INLINE_LANES Lanes distances(const TriangleBlock& planes, const Point& p)
+{
+    return planes.normal[0] * p.x + planes.normal[1] * p.y + planes.normal[2] * p.z + planes.offset;
+}
+
+// Eight values for each of a triangle's three vertices: distances from a plane, or projections onto a coordinate.
+struct LaneTriple
+{
+    Lanes at[3];
+};
+
+COREALGORITHMS_INLINE_LANES LaneMask onOneSide(const LaneTriple& distances)
+{
+    return (distances.at[0] * distances.at[1] > 0.0F) & (distances.at[0] * distances.at[2] > 0.0F);
+}
+
+// The lanes that are true, from the lowest.
+class LaneSet
+{
+public:
+    explicit LaneSet(unsigned laneBits) : bits(laneBits) {}
+    bool isEmpty() const { return bits == 0; }
+    int takeFirst()
+    {
+        const int lane = std::countr_zero(bits);
+        bits &= bits - 1;
+        return lane;
     }
-    return {low, high};
+
+private:
+    unsigned bits;
+};
+
+// Eight intervals on the line of intersection, or a plane in common; see intervalOnLine().
+struct LaneIntervals
+{
+    Lanes from;
+    Lanes to;
+    LaneMask coplanar;
+};
+
+COREALGORITHMS_INLINE_LANES Lanes crossingTowards(const Lanes& p, const Lanes& d, const Lanes& pAlone,
+                                                  const Lanes& dAlone)
+{
+    return pAlone + (p - pAlone) * dAlone / (dAlone - d);
+}
+
+COREALGORITHMS_INLINE_LANES LaneIntervals intervalsOnLine(const LaneTriple& projections,
+                                                          const LaneTriple& distances)
+{
+    const Lanes(&p)[3] = projections.at;
+    const Lanes(&d)[3] = distances.at;
+    const LaneMask zeroAndOneAlike = d[0] * d[1] > 0.0F;
+    const LaneMask zeroAndTwoAlike = d[0] * d[2] > 0.0F;
+    const LaneMask zeroAlone = (d[1] * d[2] > 0.0F) | (d[0] != 0.0F);
+    const LaneMask noneYet = ~(zeroAndOneAlike | zeroAndTwoAlike | zeroAlone);
+    const LaneMask oneOff = d[1] != 0.0F;
+    const LaneMask twoOff = d[2] != 0.0F;
+    const LaneMask twoAlone = zeroAndOneAlike | (noneYet & ~oneOff & twoOff);
+    const LaneMask oneAlone = (~zeroAndOneAlike & zeroAndTwoAlike) | (noneYet & oneOff);
+    const LaneMask zeroNotAlone = twoAlone | oneAlone;
+
+    const Lanes pAlone = select(twoAlone, p[2], select(oneAlone, p[1], p[0]));
+    const Lanes dAlone = select(twoAlone, d[2], select(oneAlone, d[1], d[0]));
+    const Lanes a =
+        crossingTowards(select(zeroNotAlone, p[0], p[1]), select(zeroNotAlone, d[0], d[1]), pAlone, dAlone);
+    const Lanes b =
+        crossingTowards(select(twoAlone, p[1], p[2]), select(twoAlone, d[1], d[2]), pAlone, dAlone);
+    const LaneMask swapped = a > b;
+    return {select(swapped, b, a), select(swapped, a, b), noneYet & ~oneOff & ~twoOff};
+}
+
+// The last stage of the triangle test for eight triangles; see intervalsOverlap(). `undecided` are those that lie in
+// one plane with u.
+struct LaneVerdicts
+{
+    LaneMask overlap;
+    LaneMask undecided;
+};
+
+COREALGORITHMS_INLINE_LANES LaneVerdicts intervalsOverlapInLanes(const TriangleBlock& block,
+                                                                 const LaneTriple& fromU, const Opponent& u,
+                                                                 const LaneTriple& fromV)
+{
+    const auto& n = block.normal;
+    const Point& m = u.plane.normal;
+    const Lanes alongX = n[1] * m.z - n[2] * m.y;
+    const Lanes alongY = n[2] * m.x - n[0] * m.z;
+    const Lanes alongZ = n[0] * m.y - n[1] * m.x;
+    const Lanes lengthX = larger(alongX, -alongX);
+    const Lanes lengthY = larger(alongY, -alongY);
+    const Lanes lengthZ = larger(alongZ, -alongZ);
+    const LaneMask useY = lengthY > lengthX;
+    const LaneMask useZ = lengthZ > select(useY, lengthY, lengthX);
+    LaneTriple projectionsV;
+    LaneTriple projectionsU;
+    for (int vertex = 0; vertex < 3; ++vertex) {
+        const Lanes(&v)[3] = block.vertex[vertex];
+        projectionsV.at[vertex] = select(useZ, v[2], select(useY, v[1], v[0]));
+        const Point& w = u.corners[static_cast<std::size_t>(vertex)];
+        projectionsU.at[vertex] = select(useZ, allLanes(w.z), select(useY, allLanes(w.y), allLanes(w.x)));
+    }
+    const LaneIntervals a = intervalsOnLine(projectionsV, fromU);
+    const LaneIntervals b = intervalsOnLine(projectionsU, fromV);
+    return {~((a.to < b.from) | (b.to < a.from)), a.coplanar | b.coplanar};
+}
+
+bool laneIntersects(const TriangleBlock& block, int lane, const Opponent& u)
+{
+    Triangle t;
+    for (int vertex = 0; vertex < 3; ++vertex) {
+        const auto& corner = block.vertex[vertex];
+        t[static_cast<std::size_t>(vertex)] = {corner[0][lane], corner[1][lane], corner[2][lane]};
+    }
+    const TrianglePlane plane{{block.normal[0][lane], block.normal[1][lane], block.normal[2][lane]},
+                              block.offset[lane]};
+    return intervalsOverlap(t, plane, distancesFrom(u.plane, t), u.corners, u.plane,
+                            distancesFrom(plane, u.corners));
+}
+
+// Whether a triangle of the block whose box touches the cell of u intersects u.
+COREALGORITHMS_INLINE_LANES bool blockIntersects(const TriangleBlock& block, const BoxBlock& cell,
+                                                 const Opponent& u)
+{
+    const auto& v = block.vertex;
+    LaneTriple fromU;
+    LaneTriple fromV;
+    for (int vertex = 0; vertex < 3; ++vertex) {
+        fromU.at[vertex] = distances(u.plane, v[vertex][0], v[vertex][1], v[vertex][2]);
+        fromV.at[vertex] = distances(block, u.corners[static_cast<std::size_t>(vertex)]);
+    }
+    LaneMask left = ~(onOneSide(fromU) | onOneSide(fromV));
+    if (bitsOf(left) == 0)
+        return false;
+    for (int axis = 0; axis < 3; ++axis) {
+        const Lanes low = smaller(smaller(v[0][axis], v[1][axis]), v[2][axis]);
+        const Lanes high = larger(larger(v[0][axis], v[1][axis]), v[2][axis]);
+        left = left & (low <= cell.high[axis]) & (cell.low[axis] <= high);
+    }
+    const LaneVerdicts verdicts = intervalsOverlapInLanes(block, fromU, u, fromV);
+    if (bitsOf(left & verdicts.overlap & ~verdicts.undecided) != 0)
+        return true;
+    for (LaneSet lanes(bitsOf(left & verdicts.undecided)); !lanes.isEmpty();) {
+        if (laneIntersects(block, lanes.takeFirst(), u))
+            return true;
+    }
+    return false;
+}
+
+// Descends to the blocks that u's plane passes and that reach the cell of u.
+COREALGORITHMS_INLINE_LANES bool treeIntersects(const CellTree& tree, const BoxBlock& cell, const Opponent& u)
+{
+    struct Place
+    {
+        int level;
+        int node;
+    };
+    std::array<Place, 96> stack; // seven waiting nodes on each of at most eleven levels
+    int depth = 0;
+    stack[0] = {static_cast<int>(tree.levels.size()) - 1, 0};
+    const Point& n = u.plane.normal;
+    while (depth >= 0) {
+        const Place place = stack[static_cast<std::size_t>(depth--)];
+        const CellTree::Level& level = tree.levels[static_cast<std::size_t>(place.level)];
+        const int node = level.start + place.node;
+        const BoxBlock& boxes = tree.nodes[static_cast<std::size_t>(node)];
+        const Lanes(&farX)[3] = n.x > 0.0F ? boxes.high : boxes.low;
+        const Lanes(&farY)[3] = n.y > 0.0F ? boxes.high : boxes.low;
+        const Lanes(&farZ)[3] = n.z > 0.0F ? boxes.high : boxes.low;
+        const Lanes(&nearX)[3] = n.x > 0.0F ? boxes.low : boxes.high;
+        const Lanes(&nearY)[3] = n.y > 0.0F ? boxes.low : boxes.high;
+        const Lanes(&nearZ)[3] = n.z > 0.0F ? boxes.low : boxes.high;
+        const Lanes largest = distances(u.plane, farX[0], farY[1], farZ[2]);
+        const Lanes least = distances(u.plane, nearX[0], nearY[1], nearZ[2]);
+        LaneMask left = ~((least > u.margin) | (largest < -u.margin));
+        for (int axis = 0; axis < 3; ++axis)
+            left = left & (boxes.low[axis] <= cell.high[axis]) & (cell.low[axis] <= boxes.high[axis]);
+        for (LaneSet lanes(bitsOf(left)); !lanes.isEmpty();) {
+            const int child = place.node * kLanes + lanes.takeFirst();
+            if (child >= level.numBoxes)
+                break;
+            if (place.level > 0)
+                stack[static_cast<std::size_t>(++depth)] = {place.level - 1, child};
+            else if (blockIntersects(tree.blocks[static_cast<std::size_t>(child)], cell, u))
+                return true;
+        }
+    }
+    return false;
+}
+
+// The triangles of the block whose planes may pass through the box of a's triangles; see marginOf().
+COREALGORITHMS_INLINE_LANES LaneSet planesThrough(const TriangleBlock& block, const CellTree& a,
+                                                  const std::array<float, 3>& reach)
+{
+    Lanes least = block.offset;
+    Lanes largest = block.offset;
+    Lanes sum = larger(block.offset, -block.offset);
+    for (int axis = 2; axis >= 0; --axis) {
+        const Lanes one = block.normal[axis] * a.low[axis];
+        const Lanes other = block.normal[axis] * a.high[axis];
+        least = least + smaller(one, other);
+        largest = largest + larger(one, other);
+        sum = sum + larger(block.normal[axis], -block.normal[axis]) * reach[axis];
+    }
+    const Lanes margin = sum * kMarginOfSum + kLeastMargin;
+    return LaneSet(bitsOf(~((sum < kLargestSum) & ((least > margin) | (largest < -margin)))));
+}
+
+COREALGORITHMS_INLINE_LANES bool cellsIntersect(const CellTree& a, const CellTree& b, const BoxBlock& cellB)
+{
+    if (a.numTriangles == 0)
+        return false;
+    std::array<float, 3> reach{};
+    for (int axis = 0; axis < 3; ++axis)
+        reach[axis] = std::max(std::abs(a.low[axis]), std::abs(a.high[axis]));
+    int number = 0;
+    for (const TriangleBlock& block : b.blocks) {
+        for (LaneSet lanes = planesThrough(block, a, reach); !lanes.isEmpty();) {
+            const int lane = lanes.takeFirst();
+            if (number + lane >= b.numTriangles)
+                break;
+            if (treeIntersects(a, cellB, opponentIn(block, lane, reach)))
+                return true;
+        }
+        number += kLanes;
+    }
+    return false;
+}
+
+// ---- the widest registers that the machine has
+
+using CellsIntersect = bool (*)(const CellTree&, const CellTree&, const BoxBlock&);
+
+bool cellsIntersectAnywhere(const CellTree& a, const CellTree& b, const BoxBlock& cellB)
+{
+    return cellsIntersect(a, b, cellB);
+}
+
+#if defined(__GNUC__) && defined(__x86_64__)
+__attribute__((target("avx2"))) bool cellsIntersectWithAvx2(const CellTree& a, const CellTree& b,
+                                                            const BoxBlock& cellB)
+{
+    return cellsIntersect(a, b, cellB);
+}
+
+CellsIntersect cellsIntersectOfThisMachine()
+{
+    return __builtin_cpu_supports("avx2") ? cellsIntersectWithAvx2 : cellsIntersectAnywhere;
+}
+#else
+CellsIntersect cellsIntersectOfThisMachine()
+{
+    return cellsIntersectAnywhere;
+}
+#endif
+
+BoxBlock eightfold(const primitives::BoundingBox& box)
+{
+    BoxBlock boxes;
+    for (int axis = 0; axis < 3; ++axis) {
+        for (int lane = 0; lane < kLanes; ++lane) {
+            boxes.low[axis][lane] = box.min()[axis];
+            boxes.high[axis][lane] = box.max()[axis];
+        }
+    }
+    return boxes;
+}
+
+bool meshesOverlap(const BoundedMesh& a, const BoundedMesh& b, CellsIntersect intersect)
+{
+    if (!a.box.intersects(b.box))
+        return false;
+    CellTrees temporaryA;
+    CellTrees temporaryB;
+    CellTrees& treesA = a.trees ? *a.trees : temporaryA;
+    CellTrees& treesB = b.trees ? *b.trees : temporaryB;
+    for (qsizetype numberA = 0; numberA < a.cells.size(); ++numberA) {
+        const primitives::BoundingBox& boxA = a.cells[numberA].box;
+        if (!boxA.intersects(b.box))
+            continue;
+        for (qsizetype numberB = 0; numberB < b.cells.size(); ++numberB) {
+            const primitives::BoundingBox& boxB = b.cells[numberB].box;
+            if (!boxB.intersects(boxA))
+                continue;
+            if (intersect(treesA.ofCell(a.mesh, a.cells, numberA), treesB.ofCell(b.mesh, b.cells, numberB),
+                          eightfold(boxB)))
+                return true;
+        }
+    }
+    return false;
 }
 
 } // namespace
@@ -43,27 +366,12 @@ bool overlaps(const BoundedObject& a, const BoundedObject& b)
 
 bool overlaps(const BoundedMesh& a, const BoundedMesh& b)
 {
-    if (!a.box.intersects(b.box))
-        return false;
-    for (const geometry::BoundedTriangles& cellA : a.cells) {
-        if (!cellA.box.intersects(b.box))
-            continue;
-        for (const geometry::BoundedTriangles& cellB : b.cells) {
-            if (!cellB.box.intersects(cellA.box))
-                continue;
-            for (const int t : cellA.triangles) {
-                const auto v = cornersOf(a.mesh, t);
-                if (!boxOf(v).intersects(cellB.box))
-                    continue;
-                for (const int number : cellB.triangles) {
-                    const auto u = cornersOf(b.mesh, number);
-                    if (trianglesIntersect(v[0], v[1], v[2], u[0], u[1], u[2]))
-                        return true;
-                }
-            }
-        }
-    }
-    return false;
+    return meshesOverlap(a, b, cellsIntersectOfThisMachine());
+}
+
+bool overlapsWithPlainRegisters(const BoundedMesh& a, const BoundedMesh& b)
+{
+    return meshesOverlap(a, b, cellsIntersectAnywhere);
 }
 
 } // namespace collision

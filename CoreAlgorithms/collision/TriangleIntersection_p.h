@@ -12,9 +12,11 @@ namespace collision {
 /// rounded, sums from left to right. Closed: triangles that touch intersect.
 ///
 /// What the rounding does. For triangles in general position the verdict is that of exact arithmetic, but for
-/// gaps and overlaps below 1e-4 mm at the coordinates of a jaw. Triangles in nearly the same plane, whose
-/// distances from each other's planes are all rounding noise, can be reported as intersecting although they lie
-/// beside each other, up to 1.5 mm apart, and the verdict may then depend on the order of the two.
+/// gaps and overlaps below 1e-4 mm at the coordinates of a jaw. Of triangles in nearly the same plane, whose
+/// distances from each other's planes are rounding noise, some that lie beside each other are reported, and some
+/// that overlap are missed: of 200,000 random pairs of up to 4 mm drawn in a tilted plane, 2.5 % of the 168,442 that
+/// lie apart were reported, the farthest at 7 mm, and half of the 31,558 that overlap were missed. Triangles in exactly
+/// one plane are seen along the longest coordinate of the first one's normal.
 bool trianglesIntersect(const QVector3D& V0, const QVector3D& V1, const QVector3D& V2, const QVector3D& U0,
                         const QVector3D& U1, const QVector3D& U2);
 

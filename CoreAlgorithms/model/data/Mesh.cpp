@@ -17,6 +17,8 @@ void PointSet::setVertices(const QList<QVector3D>& points)
 
 void PointSet::applyTransformation(const QMatrix4x4& matrix)
 {
+    if (matrix.isIdentity())
+        return; // and go on sharing the list with copies
     for (QVector3D& vertex : vertices)
         vertex = matrix.map(vertex);
 }

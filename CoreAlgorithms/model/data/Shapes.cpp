@@ -44,23 +44,32 @@ void appendRing(QList<QVector3D>& vertices, float radius, float z)
     }
 }
 
+// The index list of a mesh, with room for the triangles of any shape here.
+struct Triangles
+{
+    Triangles() { indices.reserve(qsizetype(4) * 4 * kSegments); }
+    void add(int a, int b, int c) { indices << a << b << c << -1; }
+
+    QList<int> indices;
+};
+
 // The fan between a ring and a vertex on the axis; seen from above (+z) counter-clockwise, or clockwise.
-void addFan(Mesh& mesh, int firstOfRing, int centre, bool fromAbove)
+void addFan(Triangles& triangles, int firstOfRing, int centre, bool fromAbove)
 {
     for (int segment = 0; segment < kSegments; ++segment) {
         const int a = firstOfRing + segment;
         const int b = firstOfRing + (segment + 1) % kSegments;
         if (fromAbove)
-            mesh.addTriangle(a, b, centre);
+            triangles.add(a, b, centre);
         else
-            mesh.addTriangle(b, a, centre);
+            triangles.add(b, a, centre);
     }
 }
 
-ShapeNode* makeNode(const QString& name, const Mesh& mesh)
+ShapeNode* makeNode(const QString& name, const QList<QVector3D>& vertices, const Triangles& triangles)
 {
     auto node = std::make_unique<ShapeNode>(name);
-    node->setShape(Shape(mesh));
+    node->setShape(Shape(Mesh(vertices, triangles.indices)));
     return node.release();
 }
 
@@ -215,17 +224,17 @@ ShapeNode* ShapeFactory::generateCylinder(float radius, float height, bool openT
     vertices.append({0.0F, 0.0F, -top});
     vertices.append({0.0F, 0.0F, top});
 
-    Mesh mesh(vertices, {});
+    Triangles triangles;
     for (int segment = 0; segment < kSegments; ++segment) {
         const int next = (segment + 1) % kSegments;
-        mesh.addTriangle(segment, next, kSegments + next);
-        mesh.addTriangle(segment, kSegments + next, kSegments + segment);
+        triangles.add(segment, next, kSegments + next);
+        triangles.add(segment, kSegments + next, kSegments + segment);
     }
     if (!openBottom)
-        addFan(mesh, 0, 2 * kSegments, false);
+        addFan(triangles, 0, 2 * kSegments, false);
     if (!openTop)
-        addFan(mesh, kSegments, 2 * kSegments + 1, true);
-    return makeNode(QStringLiteral("Cylinder"), mesh);
+        addFan(triangles, kSegments, 2 * kSegments + 1, true);
+    return makeNode(QStringLiteral("Cylinder"), vertices, triangles);
 }
 
 ShapeNode* ShapeFactory::generateCone(float radius, float height, bool openBase) const
@@ -236,11 +245,11 @@ ShapeNode* ShapeFactory::generateCone(float radius, float height, bool openBase)
     vertices.append({0.0F, 0.0F, 0.0F});
     vertices.append({0.0F, 0.0F, height});
 
-    Mesh mesh(vertices, {});
-    addFan(mesh, 0, kSegments + 1, true);
+    Triangles triangles;
+    addFan(triangles, 0, kSegments + 1, true);
     if (!openBase)
-        addFan(mesh, 0, kSegments, false);
-    return makeNode(QStringLiteral("Cone"), mesh);
+        addFan(triangles, 0, kSegments, false);
+    return makeNode(QStringLiteral("Cone"), vertices, triangles);
 }
 
 ShapeNode* ShapeFactory::generateLoaded(const QString& shapeName) const
