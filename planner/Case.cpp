@@ -14,6 +14,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace planner {
@@ -47,6 +48,7 @@ Case paintBuiltInPatient(float voxelSizeMm, Progress& progress)
     built.volume.worldFromVoxel.scale(built.volume.image.voxelSize());
     built.volume.description = QStringLiteral("painted from formulas");
     built.landmarks = landmarksOf(patient);
+    built.patient = std::make_shared<const phantom::Patient>(patient);
     built.source = QStringLiteral(
         "A synthetic patient that is painted from formulas; no person was scanned. Its landmarks "
         "are known exactly.");

@@ -9,6 +9,12 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
+namespace phantom {
+class Patient;
+}
+
 namespace planner {
 
 struct Options;
@@ -23,6 +29,8 @@ struct Case
     Volume volume;
     QList<Landmark> landmarks;
     QStringList remarks; ///< sentences about what had to be assumed or chosen
+    /// The built-in patient, of whom everything is known; null for a CT that was read.
+    std::shared_ptr<const phantom::Patient> patient;
 };
 
 /// Reads the CT and its landmarks, or paints the built-in patient.

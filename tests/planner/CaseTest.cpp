@@ -6,14 +6,13 @@
 
 #include <planner/CommandLine.h>
 #include <planner/Failure.h>
-#include <planner/Progress.h>
+#include <tests/planner/SilentProgress.h>
 
 #include <phantom/Phantom.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdio>
 
 using planner::Landmark;
 using planner::LandmarkKind;
@@ -24,16 +23,8 @@ constexpr float kVoxelSizeMm = 4.0F;
 
 planner::Case opened(const planner::Options& options)
 {
-    std::FILE* unread = std::tmpfile();
-    planner::Progress progress(unread, false);
-    try {
-        planner::Case result = planner::openCase(options, progress);
-        std::fclose(unread);
-        return result;
-    } catch (...) {
-        std::fclose(unread);
-        throw;
-    }
+    test::SilentProgress progress;
+    return planner::openCase(options, progress);
 }
 
 class BuiltInCase : public testing::Test
@@ -54,6 +45,13 @@ TEST_F(BuiltInCase, HasFourForaminaAndTwentyEightTeethWithApices)
     EXPECT_EQ(count(LandmarkKind::Tooth), 28);
     EXPECT_EQ(count(LandmarkKind::Apex), 28);
     EXPECT_EQ(planned.landmarks.size(), 60);
+}
+
+TEST_F(BuiltInCase, KnowsItsPatient)
+{
+    ASSERT_TRUE(planned.patient);
+    EXPECT_EQ(planned.patient->rightCanal().mentalForamen,
+              findLandmark(planned.landmarks, QStringLiteral("mental foramen, right"))->position);
 }
 
 TEST_F(BuiltInCase, HasForaminaByTheNamesThatViewsAskFor)

@@ -4,31 +4,18 @@
 
 // Covered: paintPicture(): marks lie on the pixels that they mark.
 
+#include <tests/planner/GuiTest.h>
+
 #include <gtest/gtest.h>
-
-#include <QGuiApplication>
-
-#include <memory>
 
 using planner::LandmarkKind;
 using planner::MappedLandmark;
 
 namespace {
 
-class Picture : public testing::Test
+class Picture : public test::GuiTest
 {
 protected:
-    static void SetUpTestSuite()
-    {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        static int argumentCount = 1;
-        static char name[] = "planner_tests";
-        static char* arguments[] = {name, nullptr};
-        application = std::make_unique<QGuiApplication>(argumentCount, arguments);
-    }
-
-    static void TearDownTestSuite() { application.reset(); }
-
     // 700 x 100 black samples of 0.5 mm with a mark in the middle of sample (350, 60).
     static QImage paint(std::optional<bool> inPlane)
     {
@@ -43,11 +30,7 @@ protected:
         content.marks.append(mark);
         return planner::paintPicture(content);
     }
-
-    static std::unique_ptr<QGuiApplication> application;
 };
-
-std::unique_ptr<QGuiApplication> Picture::application;
 
 TEST_F(Picture, HasAFrameOf40PixelsAroundTheSamples)
 {

@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <planner/CollisionFindings.h>
+
+// Covered: findCollisions(), what is told of single objects, dragDeeper().
+
+#include <tests/planner/PlanBuilders.h>
+
+#include <phantom/Phantom.h>
+
+#include <gtest/gtest.h>
+
+#include <QStringList>
+
+using planner::Finding;
+using planner::PartKind;
+using test::implantAt;
+using test::nerveAlong;
+using test::pinAlongX;
+
+namespace {
+
+QStringList collisions(const planner::Plan& plan)
+{
+    QStringList names;
+    for (const Finding& finding : planner::findCollisions(plan)) {
+        if (finding.collides)
+            names.append(plan.implants[finding.implant].name + u'+' + nameOf(plan, finding.other));
+    }
+    return names;
+}
+
+TEST(Findings, CoverEveryPairOnce)
+{
+    planner::Plan plan;
+    plan.implants = {implantAt({0, 0, 0}), implantAt({20, 0, 0}), implantAt({40, 0, 0})};
+    plan.nerves = {nerveAlong({0, 50, 0}, {9, 50, 0}, 1.0F)};
+    plan.pins = {pinAlongX({0, 70, 0}), pinAlongX({0, 80, 0})};
+    EXPECT_EQ(planner::findCollisions(plan).size(), 3 + 3 + 6);
+    EXPECT_TRUE(collisions(plan).isEmpty());
+}
+
+TEST(Findings, OfANervePassTwoMillimetresBesideAnImplantButNotBelowIt)
+{
+    planner::Plan plan;
+    plan.implants = {implantAt({0, 0, 0})};
+    plan.nerves = {nerveAlong({-20, 5, -4}, {20, 5, -4}, 1.0F)}; // 2 mm beside
+    EXPECT_FALSE(planner::findCollisions(plan).first().collides);
+    plan.nerves = {nerveAlong({-20, 0, -13}, {20, 0, -13}, 1.0F)}; // 2 mm below
+    EXPECT_TRUE(planner::findCollisions(plan).first().collides);
+    EXPECT_NEAR(planner::findCollisions(plan).first().clearanceMm, 2.0, 0.05);
+}
+
+TEST(Findings, TellWhichObjectsCollide)
+{
+    planner::Plan plan;
+    plan.implants = {implantAt({0, 0, 0}), implantAt({3, 0, 1}), implantAt({0, 30, 0})};
+    plan.pins = {pinAlongX({3, 30, -5}), pinAlongX({0, 70, 0})};
+    const QList<Finding> findings = planner::findCollisions(plan);
+    for (const qsizetype implant : {0, 1, 2})
+        EXPECT_TRUE(isColliding(findings, {PartKind::Implant, implant}));
+    EXPECT_TRUE(isColliding(findings, {PartKind::Pin, 0}));
+    EXPECT_FALSE(isColliding(findings, {PartKind::Pin, 1}));
+    EXPECT_FALSE(isZoneMet(findings, 0)); // by another implant alone
+    EXPECT_TRUE(isZoneMet(findings, 2));
+}
+
+TEST(Findings, InTheBuiltInPatientAreOneOfEachKind)
+{
+    phantom::Settings settings;
+    settings.voxelSizeMm = 0.0F;
+    EXPECT_EQ(
+        collisions(planner::createPlan(phantom::Patient(settings))),
+        QStringList({QStringLiteral("32+pin 3"), QStringLiteral("33+34"), QStringLiteral("36+left nerve")}));
+}
+
+class Drag : public testing::Test
+{
+protected:
+    // The zone ends at z = -13, 2.5 mm above the nerve.
+    Drag()
+    {
+        plan.implants = {implantAt({0, 0, 0})};
+        plan.nerves = {nerveAlong({-20, 0, -16.5F}, {20, 0, -16.5F}, 1.0F)};
+        steps = planner::dragDeeper(plan, 0, 0, 6, 1.0);
+    }
+
+    planner::Plan plan;
+    QList<planner::DragStep> steps;
+};
+
+TEST_F(Drag, CollidesFromTheStepOnAtWhichTheZoneMeetsTheNerve)
+{
+    ASSERT_EQ(steps.size(), 6);
+    for (qsizetype i = 0; i < steps.size(); ++i) {
+        EXPECT_EQ(steps[i].collides, i >= 3) << i;
+        EXPECT_EQ(steps[i].wayMm, double(i));
+        EXPECT_NEAR(steps[i].clearanceMm, 5.5 - double(i), 0.05);
+        EXPECT_EQ(steps[i].placement.column(3).toVector3D(), QVector3D(0, 0, -float(i)));
+    }
+}
+
+TEST_F(Drag, TellsTheObserverOnceWhenTheVerdictChanges)
+{
+    for (qsizetype i = 0; i < steps.size(); ++i)
+        EXPECT_EQ(steps[i].told, i == 3) << i;
+}
+
+TEST_F(Drag, PutsTheImplantBack)
+{
+    EXPECT_EQ(plan.implants.first().object->getObjectTransform(), QMatrix4x4());
+}
+
+} // namespace

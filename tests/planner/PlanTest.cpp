@@ -1,0 +1,152 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <planner/Plan.h>
+
+// Covered: createPlan() on the built-in patient, clearances and nearest points.
+
+#include <planner/Meshes.h>
+#include <tests/planner/PlanBuilders.h>
+
+#include <phantom/Phantom.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+
+using planner::clearance;
+using test::implantAt;
+using test::nerveAlong;
+using test::pinAlongX;
+
+namespace {
+
+constexpr double kMeasuring = 0.05; // how much too long a clearance may be
+
+const phantom::Patient& patient()
+{
+    static const phantom::Patient one([] {
+        phantom::Settings settings;
+        settings.voxelSizeMm = 0.0F; // nothing is painted
+        return settings;
+    }());
+    return one;
+}
+
+// Bone, or a root that gives way to an implant.
+bool isInJaw(const QVector3D& position)
+{
+    const phantom::Tissue tissue = patient().tissueAt(position);
+    return tissue == phantom::Tissue::CancellousBone || tissue == phantom::Tissue::CorticalBone ||
+           tissue == phantom::Tissue::Dentine || tissue == phantom::Tissue::Pulp;
+}
+
+TEST(PlanOfTheBuiltInPatient, HasEightImplantsTwoNervesAndFourPinsFromRightToLeft)
+{
+    const planner::Plan plan = planner::createPlan(patient());
+    QStringList names;
+    for (const auto& implant : plan.implants)
+        names.append(implant.name);
+    for (const auto& nerve : plan.nerves)
+        names.append(nerve.name);
+    for (const auto& pin : plan.pins)
+        names.append(pin.name);
+    EXPECT_EQ(names.join(u','),
+              QStringLiteral("46,44,43,42,32,33,34,36,right nerve,left nerve,pin 1,pin 2,pin 3,pin 4"));
+    for (qsizetype i = 1; i < plan.implants.size(); ++i)
+        EXPECT_GT(plan.implants[i].object->getObjectTransform()(0, 3),
+                  plan.implants[i - 1].object->getObjectTransform()(0, 3));
+    for (qsizetype i = 1; i < plan.pins.size(); ++i)
+        EXPECT_GT(plan.pins[i].object->getObjectTransform()(0, 3),
+                  plan.pins[i - 1].object->getObjectTransform()(0, 3));
+}
+
+TEST(PlanOfTheBuiltInPatient, HasEveryApexInTheJaw)
+{
+    for (const auto& implant : planner::createPlan(patient()).implants) {
+        const float length = implant.object->getDimensions().length;
+        const QVector3D apex = implant.object->getObjectTransform().map(QVector3D(0, 0, -length));
+        EXPECT_TRUE(isInJaw(apex)) << implant.name.toStdString();
+    }
+}
+
+TEST(PlanOfTheBuiltInPatient, HasItsNervesInTheirCanals)
+{
+    for (const auto& nerve : planner::createPlan(patient()).nerves) {
+        const geometry::Mesh mesh = planner::placedMesh(*nerve.object);
+        for (const QVector3D& vertex : mesh.getVertices()) {
+            float nearest = std::numeric_limits<float>::max();
+            for (const QVector3D& sample : nerve.centreLine)
+                nearest = std::min(nearest, vertex.distanceToPoint(sample));
+            EXPECT_LE(nearest, 1.2001F); // the canal's radius
+        }
+    }
+}
+
+TEST(PlanOfTheBuiltInPatient, HasPinsWithTheTipInTheJawAndTheHeadOutside)
+{
+    for (const auto& pin : planner::createPlan(patient()).pins) {
+        const QMatrix4x4& placed = pin.object->getObjectTransform();
+        EXPECT_TRUE(isInJaw(placed.column(3).toVector3D()));
+        const phantom::Tissue atHead = patient().tissueAt(placed.map(QVector3D(0, 0, pin.lengthMm)));
+        EXPECT_TRUE(atHead == phantom::Tissue::SoftTissue || atHead == phantom::Tissue::Air);
+    }
+}
+
+TEST(PlanOfTheBuiltInPatient, HasImplantsThatPointUp)
+{
+    for (const auto& implant : planner::createPlan(patient()).implants)
+        EXPECT_GT(implant.object->getObjectTransform()(2, 2), 0.8F);
+}
+
+TEST(Clearance, OfParallelImplantsLiesBetweenTheirSides)
+{
+    EXPECT_NEAR(clearance(implantAt({0, 0, 0}), implantAt({6.5F, 0, 0})), 2.5, kMeasuring);
+}
+
+TEST(Clearance, OfImplantsOneAboveTheOtherLiesBetweenTheirEnds)
+{
+    EXPECT_NEAR(clearance(implantAt({0, 0, 0}), implantAt({0, 0, 13})), 3.0, kMeasuring);
+}
+
+TEST(Clearance, OfOverlappingImplantsIsZero)
+{
+    EXPECT_EQ(clearance(implantAt({0, 0, 0}), implantAt({3, 0, 2})), 0.0);
+    EXPECT_EQ(clearance(implantAt({0, 0, 0}), implantAt({0, 0, 0})), 0.0);
+}
+
+TEST(Clearance, FromANerveIsMeasuredToItsSurface)
+{
+    EXPECT_NEAR(clearance(implantAt({0, 0, 0}), nerveAlong({-20, 0, -15}, {20, 0, -15}, 1.0F)), 4.0,
+                kMeasuring);
+    EXPECT_NEAR(clearance(implantAt({0, 0, 0}), nerveAlong({-20, 5, -4}, {20, 5, -4}, 1.0F)), 2.0,
+                kMeasuring);
+    EXPECT_EQ(clearance(implantAt({0, 0, 0}), nerveAlong({-20, 1, -4}, {20, 1, -4}, 1.0F)), 0.0);
+}
+
+TEST(Clearance, FromAPinIsMeasuredToItsShaft)
+{
+    EXPECT_NEAR(clearance(implantAt({0, 0, 0}), pinAlongX({5, 0, -4})), 3.0, kMeasuring);
+}
+
+TEST(NearestPoint, LiesOnTheLineOfTheOtherObject)
+{
+    const QVector3D onNerve =
+        nearestPoint(implantAt({0, 0, 0}), nerveAlong({-20, 0, -15}, {20, 7, -15}, 1.0F));
+    EXPECT_NEAR(onNerve.z(), -15.0F, 1e-5F);
+    EXPECT_NEAR((onNerve.x() + 20.0F) * 7.0F / 40.0F, onNerve.y(), 1e-4F);
+    EXPECT_LT((nearestPoint(implantAt({0, 0, 0}), pinAlongX({5, 0, -4})) - QVector3D(5, 0, -4)).length(),
+              1e-5F);
+    const QVector3D onAxis = nearestPoint(implantAt({0, 0, 0}), implantAt({9, 0, 13}));
+    EXPECT_LT((onAxis - QVector3D(9, 0, 3)).length(), 1e-5F);
+}
+
+TEST(ZoneMesh, StandsInTheScene)
+{
+    // D = 4 and L = 10 with margin 3: radius 3.5, from the platform to 3 mm below the apex.
+    const primitives::BoundingBox box = planner::zoneMesh(implantAt({100, 0, 0}), 3.0F).getBoundingBox();
+    EXPECT_EQ(box.min(), QVector3D(96.5F, -3.5F, -13.0F));
+    EXPECT_EQ(box.max(), QVector3D(103.5F, 3.5F, 0.0F));
+}
+
+} // namespace
