@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
 #include <planner/Case.h>
+#include <planner/CollisionSection.h>
 #include <planner/CommandLine.h>
 #include <planner/Failure.h>
 #include <planner/Progress.h>
@@ -21,6 +22,7 @@ constexpr int kCannotDo = 2; // exit status
 // In the order of the report.
 constexpr planner::Section (*kSections[])(const planner::Case&, planner::Progress&) = {
     planner::createViewsSection,
+    planner::createCollisionSection,
 };
 
 void run(const planner::Options& options)

@@ -1,0 +1,216 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <planner/CollisionSection.h>
+
+#include <planner/CollisionFindings.h>
+#include <planner/CollisionPictures.h>
+#include <planner/GreyScale.h>
+#include <planner/Plan.h>
+#include <planner/Progress.h>
+#include <planner/Sampling.h>
+
+#include <phantom/Phantom.h>
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+namespace planner {
+
+namespace {
+
+constexpr qsizetype kDraggedImplant = 0; // 46
+constexpr qsizetype kDraggedTo = 0;      // the right nerve
+constexpr int kDragSteps = 6;
+constexpr double kDragStepMm = 0.8;
+
+QString millimetres(double value)
+{
+    return QString::number(value, 'f', 1);
+}
+
+QList<Finding> collisionsOf(const QList<Finding>& findings)
+{
+    QList<Finding> found;
+    std::copy_if(findings.cbegin(), findings.cend(), std::back_inserter(found),
+                 [](const Finding& finding) { return finding.collides; });
+    return found;
+}
+
+// The pair with a nerve that is clear by least, to be shown beside the collisions.
+std::optional<Finding> closestClearNerve(const QList<Finding>& findings)
+{
+    std::optional<Finding> closest;
+    for (const Finding& finding : findings) {
+        if (!finding.collides && finding.other.kind == PartKind::Nerve &&
+            (!closest || finding.clearanceMm < closest->clearanceMm))
+            closest = finding;
+    }
+    return closest;
+}
+
+QString legendItem(QRgb colour, double opacity, const QString& text)
+{
+    return QStringLiteral("<li><svg width=\"16\" height=\"16\"><circle cx=\"8\" cy=\"8\" r=\"6\" fill=\"%1\" "
+                          "fill-opacity=\"%2\" stroke=\"%1\" stroke-width=\"2\"/></svg>%3</li>")
+        .arg(QColor(colour).name())
+        .arg(opacity)
+        .arg(text);
+}
+
+QString legendHtml()
+{
+    return QStringLiteral("<ul class=\"legend\">") + legendItem(0xff9fb0bf, 1.0, QStringLiteral("implant")) +
+           legendItem(collisionColours::kZone, 0.2, QStringLiteral("its zone of 3 mm")) +
+           legendItem(collisionColours::kNerve, 1.0, QStringLiteral("nerve")) +
+           legendItem(collisionColours::kPin, 1.0, QStringLiteral("anchor pin")) +
+           legendItem(collisionColours::kColliding, 1.0, QStringLiteral("colliding")) +
+           QStringLiteral("</ul>\n");
+}
+
+QString cell(const Finding& finding)
+{
+    const QString clearance = millimetres(finding.clearanceMm);
+    return finding.collides ? QStringLiteral("<td style=\"background:#fbdedb;color:#9b1c16;font-weight:700\">"
+                                             "collision %1</td>")
+                                  .arg(clearance)
+                            : QStringLiteral("<td>clear %1</td>").arg(clearance);
+}
+
+QString measures(const PlannedImplant& implant)
+{
+    const dataobject::ImplantDimensions& size = implant.object->getDimensions();
+    return QStringLiteral("%1 × %2")
+        .arg(static_cast<double>(size.diameter))
+        .arg(static_cast<double>(size.length));
+}
+
+// A row for each implant, a column for each object; what two rows share stands once, above the diagonal.
+QString verdictTable(const Plan& plan, const QList<Finding>& findings)
+{
+    QString html = QStringLiteral("<div class=\"scroll\"><table>\n<tr><th>implant</th><th>mm</th>");
+    for (const PlannedImplant& implant : plan.implants)
+        html += QStringLiteral("<th>%1</th>").arg(implant.name);
+    for (const PlannedNerve& nerve : plan.nerves)
+        html += QStringLiteral("<th>%1</th>").arg(nerve.name);
+    for (const PlannedPin& pin : plan.pins)
+        html += QStringLiteral("<th>%1</th>").arg(pin.name);
+    html += QStringLiteral("</tr>\n");
+    auto next = findings.cbegin();
+    for (qsizetype i = 0; i < plan.implants.size(); ++i) {
+        html += QStringLiteral("<tr><td><b>%1</b></td><td>%2</td>")
+                    .arg(plan.implants[i].name, measures(plan.implants[i]));
+        for (qsizetype j = 0; j <= i; ++j)
+            html += QStringLiteral("<td></td>");
+        for (; next != findings.cend() && next->implant == i; ++next)
+            html += cell(*next);
+        html += QStringLiteral("</tr>\n");
+    }
+    return html + QStringLiteral("</table></div>\n");
+}
+
+QString summary(const Plan& plan, const QList<Finding>& findings)
+{
+    const QList<Finding> collisions = collisionsOf(findings);
+    QStringList names;
+    for (const Finding& finding : collisions)
+        names.append(QStringLiteral("%1 and %2")
+                         .arg(plan.implants[finding.implant].name, nameOf(plan, finding.other)));
+    return QStringLiteral("%1 implants, %2 nerves and %3 anchor pins: %4 of %5 pairs collide%6.")
+        .arg(plan.implants.size())
+        .arg(plan.nerves.size())
+        .arg(plan.pins.size())
+        .arg(collisions.size())
+        .arg(findings.size())
+        .arg(names.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(names.join(QStringLiteral("; "))));
+}
+
+QString dragSentence(const Plan& plan, const QList<DragStep>& steps)
+{
+    const auto first =
+        std::find_if(steps.cbegin(), steps.cend(), [](const DragStep& step) { return step.collides; });
+    const auto told =
+        std::count_if(steps.cbegin(), steps.cend(), [](const DragStep& step) { return step.told; });
+    const QString name = plan.implants[kDraggedImplant].name;
+    if (first == steps.cend())
+        return QStringLiteral("Implant %1 stays clear of the nerve.").arg(name);
+    return QStringLiteral(
+               "Implant %1, pushed deeper in steps of %2 mm, collides with the nerve from %3 mm on, with "
+               "%4 mm left between them. In %5 steps the detector told its observer of a change %6.")
+        .arg(name, millimetres(kDragStepMm), millimetres(first->wayMm), millimetres(first->clearanceMm))
+        .arg(steps.size())
+        .arg(told == 1 ? QStringLiteral("once") : QStringLiteral("%1 times").arg(told));
+}
+
+Section emptySection()
+{
+    Section section;
+    section.id = QStringLiteral("collisions");
+    section.title = QStringLiteral("Collisions");
+    return section;
+}
+
+} // namespace
+
+Section createCollisionSection(const Case& planned, Progress& progress)
+{
+    Section section = emptySection();
+    if (!planned.patient) {
+        section.introductionHtml =
+            QStringLiteral("<p>Collisions are shown in the built-in patient alone: of this CT "
+                           "the course of the nerves is not known.</p>\n");
+        return section;
+    }
+    progress.step(QStringLiteral("Detecting collisions"));
+    const Plan plan = createPlan(*planned.patient);
+    const QList<Finding> findings = findCollisions(plan);
+    const QList<DragStep> steps = dragDeeper(plan, kDraggedImplant, kDraggedTo, kDragSteps, kDragStepMm);
+
+    progress.step(QStringLiteral("Painting the lower jaw"));
+    const Sampler sampler(planned.volume);
+    const GreyScale scale(planned.volume.image);
+    const bool known = planned.volume.orientationKnown;
+    QList<Finding> shown = collisionsOf(findings);
+    if (const auto clear = closestClearNerve(findings))
+        shown.append(*clear);
+    section.pictures.append(
+        {QStringLiteral("collisions-jaw.png"), QStringLiteral("The lower jaw"),
+         QStringLiteral(
+             "<p>Seen from the front, from above and from the patient's left, the bone as glass and cut at "
+             "the necks of the teeth. An implant in red collides with whatever else is red beside it; a "
+             "red zone means that a nerve or a pin is within it.</p>"),
+         paintJaw(*planned.patient, sampler, plan, findings,
+                  [&progress](double done) { progress.fraction(done); })});
+    section.pictures.append(
+        {QStringLiteral("collisions-cuts.png"),
+         QStringLiteral("The collisions, and the closest nerve that is clear"),
+         QStringLiteral(
+             "<p>Cuts through the axis of the first implant and the place of the nerve or pin that is "
+             "nearest to "
+             "it, or the platform of the second implant. Dashed: the zone in which no nerve and no pin may "
+             "be. The CT still shows the teeth.</p>"),
+         paintFindings(sampler, scale, known, plan, shown)});
+    section.pictures.append(
+        {QStringLiteral("collisions-drag.png"),
+         QStringLiteral("Implant %1 on its way to the nerve").arg(plan.implants[kDraggedImplant].name),
+         QStringLiteral("<p>%1</p>").arg(dragSentence(plan, steps).toHtmlEscaped()),
+         paintDrag(sampler, scale, known, plan, kDraggedImplant, kDraggedTo, steps)});
+    progress.finish();
+
+    section.introductionHtml =
+        QStringLiteral(
+            "<p>A plan made up to show collisions: the lower teeth give way to eight implants. Implants "
+            "must not meet each other; within the zone of 3 mm there must be no nerve and no anchor pin. "
+            "The zone reaches 3 mm below an implant and 1.5 mm to its sides.</p>\n") +
+        legendHtml();
+    section.detailsHtml =
+        QStringLiteral(
+            "<p>%1</p>\n<details open><summary>All verdicts</summary>\n<p>Each cell holds the verdict of "
+            "the detector and, measured apart from it, the clearance between the bodies in mm.</p>\n"
+            "%2</details>\n")
+            .arg(summary(plan, findings).toHtmlEscaped(), verdictTable(plan, findings));
+    section.plainText = summary(plan, findings) + u'\n' + dragSentence(plan, steps) + u'\n';
+    return section;
+}
+
+} // namespace planner
