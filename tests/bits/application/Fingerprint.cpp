@@ -7,5 +7,6 @@ int main()
 {
     bits::fingerprintModel();
     bits::fingerprintReslice();
+    bits::fingerprintCollision();
     return 0;
 }

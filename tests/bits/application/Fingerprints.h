@@ -7,5 +7,6 @@ namespace bits {
 
 void fingerprintModel();
 void fingerprintReslice();
+void fingerprintCollision();
 
 } // namespace bits
