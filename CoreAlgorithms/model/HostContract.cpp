@@ -4,11 +4,15 @@
 
 #include <CoreAlgorithms/model/data/Mesh.h>
 #include <CoreAlgorithms/model/data/Shapes.h>
+#include <CoreAlgorithms/model/data/Tissues.h>
 #include <CoreAlgorithms/model/data/VexelImage3D.h>
+#include <CoreAlgorithms/model/dataobjects/CTData.h>
+#include <CoreAlgorithms/model/dataobjects/ColormapFunctions.h>
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Implants.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
+#include <CoreAlgorithms/model/dataobjects/VolumeObject.h>
 #include <CoreAlgorithms/model/fundamentals/ToothChart.h>
 #include <CoreAlgorithms/model/linearalgebra/PlaneFit.h>
 #include <CoreAlgorithms/model/math/BoundingBox.h>

@@ -75,6 +75,17 @@ void Reslice::setMirroredIn2D(bool horizontally, bool vertically)
     changed();
 }
 
+std::shared_ptr<CTData> Reslice::getCTData() const
+{
+    return ctData;
+}
+
+void Reslice::setCTData(std::shared_ptr<CTData> scan)
+{
+    ctData = std::move(scan);
+    changed();
+}
+
 float Reslice::getWidth() const
 {
     return static_cast<float>(dimensions.width() * sampleSize.x());

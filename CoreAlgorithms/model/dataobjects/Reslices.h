@@ -13,6 +13,7 @@
 
 #include <memory>
 
+class CTData;
 class GuidingLine;
 
 namespace meta {
@@ -51,6 +52,10 @@ public:
     virtual bool isMirroredVerticallyIn2D() const;
     virtual void setMirroredIn2D(bool horizontally, bool vertically);
 
+    /// The scan that is cut; null until one is set.
+    virtual std::shared_ptr<CTData> getCTData() const;
+    virtual void setCTData(std::shared_ptr<CTData> scan);
+
     /// Extent in mm: dimensions times sample size, computed in double precision, then narrowed.
     virtual float getWidth() const;
     virtual float getHeight() const;
@@ -62,6 +67,7 @@ private:
     ResliceType type = SingleSlice;
     bool mirroredHorizontally = false;
     bool mirroredVertically = false;
+    std::shared_ptr<CTData> ctData;
 };
 
 /// A flat reslice. In its local frame the plane is z = 0 and the rectangle is 0 <= x <= width, 0 <= y <=

@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <CoreAlgorithms/model/dataobjects/CTData.h>
+
+#include <algorithm>
+#include <utility>
+
+QString LandmarkBase::getClassTypeId()
+{
+    return QStringLiteral("LandmarkBase");
+}
+
+bool LandmarkBase::isOfType(const QString& classTypeId) const
+{
+    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
+}
+
+utility::Optional<QVector3D> LandmarkBase::getPosition(Context context) const
+{
+    const auto found = positions.constFind(context);
+    if (found == positions.constEnd())
+        return {};
+    return *found;
+}
+
+void LandmarkBase::setPosition(Context context, const QVector3D& positionMm)
+{
+    positions.insert(context, positionMm);
+    changed();
+}
+
+void LandmarkBase::clearPosition(Context context)
+{
+    positions.remove(context);
+    changed();
+}
+
+namespace dataobject {
+
+LandmarkAnnotation::LandmarkAnnotation(landmarkDetection::LandmarkType landmarkType) : type(landmarkType) {}
+
+QString LandmarkAnnotation::getClassTypeId()
+{
+    return QStringLiteral("LandmarkAnnotation");
+}
+
+bool LandmarkAnnotation::isOfType(const QString& classTypeId) const
+{
+    return classTypeId == getClassTypeId() || LandmarkBase::isOfType(classTypeId);
+}
+
+landmarkDetection::LandmarkType LandmarkAnnotation::getType() const
+{
+    return type;
+}
+
+} // namespace dataobject
+
+QString ImageVolume::getClassTypeId()
+{
+    return QStringLiteral("ImageVolume");
+}
+
+bool ImageVolume::isOfType(const QString& classTypeId) const
+{
+    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
+}
+
+const VexelImage3D& ImageVolume::getImage() const
+{
+    static const VexelImage3D none;
+    return image ? *image : none;
+}
+
+void ImageVolume::setImage(std::shared_ptr<const VexelImage3D> voxels)
+{
+    image = std::move(voxels);
+    changed();
+}
+
+void ImageVolume::setImage(VexelImage3D&& voxels)
+{
+    setImage(std::make_shared<const VexelImage3D>(std::move(voxels)));
+}
+
+QString CTData::getClassTypeId()
+{
+    return QStringLiteral("CTData");
+}
+
+bool CTData::isOfType(const QString& classTypeId) const
+{
+    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
+}
+
+std::shared_ptr<ImageVolume> CTData::getImageVolume() const
+{
+    return imageVolume;
+}
+
+void CTData::setImageVolume(std::shared_ptr<ImageVolume> volume)
+{
+    imageVolume = std::move(volume);
+    changed();
+}
+
+primitives::BoundingBox CTData::getBoundingBox() const
+{
+    const auto volume = getImageVolume();
+    if (!volume || volume->getImage().isEmpty())
+        return {};
+    const VexelImage3D& image = volume->getImage();
+    const math::Ivec3 size = image.imageSize();
+    const QVector3D counts(static_cast<float>(size.x), static_cast<float>(size.y),
+                           static_cast<float>(size.z));
+    const QVector3D half(0.5F, 0.5F, 0.5F);
+    return {-half * image.voxelSize(), (counts - half) * image.voxelSize()};
+}
+
+primitives::BoundingBox CTData::getTotalResampleTransformedBoundingBox() const
+{
+    return getBoundingBox().transformed(getTotalResampleNHPTransformation());
+}
+
+QMatrix4x4 CTData::getTotalResampleNHPTransformation() const
+{
+    return resampleTransformation;
+}
+
+void CTData::setTotalResampleNHPTransformation(const QMatrix4x4& naturalHeadPositionFromVolume)
+{
+    resampleTransformation = naturalHeadPositionFromVolume;
+    changed();
+}
+
+std::vector<std::shared_ptr<dataobject::LandmarkAnnotation>>
+CTData::getLandmarkAnnotations(const std::vector<landmarkDetection::LandmarkType>& types) const
+{
+    if (types.empty())
+        return landmarks;
+    std::vector<std::shared_ptr<dataobject::LandmarkAnnotation>> wanted;
+    for (const auto& landmark : landmarks) {
+        if (std::find(types.begin(), types.end(), landmark->getType()) != types.end())
+            wanted.push_back(landmark);
+    }
+    return wanted;
+}
+
+void CTData::addLandmarkAnnotation(std::shared_ptr<dataobject::LandmarkAnnotation> landmark)
+{
+    if (!landmark)
+        return;
+    landmarks.push_back(std::move(landmark));
+    changed();
+}
+
+CTData::OcclusalPlaneDefinition CTData::getOcclusalPlaneDefinition() const
+{
+    return occlusalPlaneDefinition;
+}
+
+void CTData::setOcclusalPlaneDefinition(OcclusalPlaneDefinition definition)
+{
+    occlusalPlaneDefinition = definition;
+    changed();
+}
