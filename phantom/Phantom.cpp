@@ -145,6 +145,26 @@ const QList<QVector3D>& Patient::archCurve(ToothChart::ArchType arch) const
     return archCurves[arch == ToothChart::UpperArch ? 0 : 1];
 }
 
+QList<SkullLandmark> Patient::skullLandmarks() const
+{
+    constexpr float stepMm = 0.05F;
+    constexpr int steps = 1000;
+    const auto firstBone = [this](const QVector3D& from, const QVector3D& direction) {
+        int step = 0;
+        while (step < steps && tissueAt(from + direction * (float(step) * stepMm)) != Tissue::CorticalBone)
+            ++step;
+        return from + direction * (float(step) * stepMm);
+    };
+    const auto midline = float(kMidlineX);
+    const QVector3D backwards(0.0F, 1.0F, 0.0F);
+    const QVector3D leftwards(1.0F, 0.0F, 0.0F);
+    return {{landmarkDetection::SubspinalePoint, firstBone({midline, 15.0F, 80.0F}, backwards)},
+            {landmarkDetection::InfradentalePoint, firstBone({midline, 15.0F, 49.0F}, backwards)},
+            {landmarkDetection::GonionRight, firstBone({0.0F, 94.0F, 40.0F}, leftwards)},
+            {landmarkDetection::GonionLeft, firstBone({2.0F * midline, 94.0F, 40.0F}, -leftwards)},
+            {landmarkDetection::Pogonion, firstBone({midline, 15.0F, 26.0F}, backwards)}};
+}
+
 VexelImage3D Patient::createVolume(const std::function<void(double)>& progress) const
 {
     const float voxelSize = chosen.voxelSizeMm;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <CoreAlgorithms/model/data/VexelImage3D.h>
+#include <CoreAlgorithms/model/dataobjects/CTData.h>
 #include <CoreAlgorithms/model/fundamentals/ToothChart.h>
 
 #include <QList>
@@ -59,6 +60,13 @@ struct NerveCanal
     QVector3D mentalForamen;     ///< last point of the centre line, on the outer surface of the bone
 };
 
+/// A point on the surface of the skull, to 0.05 mm.
+struct SkullLandmark
+{
+    landmarkDetection::LandmarkType type;
+    QVector3D position;
+};
+
 class Anatomy;
 
 /// The patient. Right and left differ as in a living one, so that a mirrored picture can be told from the
@@ -96,6 +104,10 @@ public:
     const QList<QVector3D>& archCurve(ToothChart::ArchType arch) const;
     const NerveCanal& rightCanal() const { return canals[0]; }
     const NerveCanal& leftCanal() const { return canals[1]; }
+    /// In ascending type: on the midline, where bone is first met from in front, the subspinale point, the
+    /// infradentale point and the pogonion; at the angles of the mandible, met from the sides, the right and the left
+    /// gonion.
+    QList<SkullLandmark> skullLandmarks() const;
 
 private:
     Settings chosen;

@@ -16,16 +16,16 @@ struct Tissues
     int cancellousBone = 0;
     int boneSurface = 0;
     int bone = 0;
+    int dentine = 0;
     int corticalBone = 0;
     int denseBone = 0;
-    int dentine = 0;
     int enamel = 0;
 
     /// The eleven levels in the order of the fields.
     std::vector<int> toVector() const
     {
-        return {air,  skin,         fat,       softTissue, cancellousBone, boneSurface,
-                bone, corticalBone, denseBone, dentine,    enamel};
+        return {air,  skin,    fat,          softTissue, cancellousBone, boneSurface,
+                bone, dentine, corticalBone, denseBone,  enamel};
     }
 
     friend bool operator==(const Tissues&, const Tissues&) = default;
