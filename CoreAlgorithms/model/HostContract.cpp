@@ -62,3 +62,29 @@ static_assert(hostcontract::HashedByPointer<dataobject::Implant3D> &&
                   hostcontract::HashedByPointer<dataobject::AnchorPin3D> &&
                   hostcontract::HashedByPointer<dataobject::Nerve>,
               "a shared pointer to an implant, pin or nerve cannot be hashed");
+static_assert(
+    hostcontract::OrientedBoundingBoxValue<primitives::OrientedBoundingBox, primitives::BoundingBox>,
+    "primitives::OrientedBoundingBox lacks an operation that the library calls");
+static_assert(hostcontract::VoxelImageValue<VexelImage3D>,
+              "VexelImage3D lacks an operation that the library calls");
+static_assert(hostcontract::LandmarkFamily<dataobject::LandmarkAnnotation, Context>,
+              "dataobject::LandmarkAnnotation lacks an operation that the library calls");
+static_assert(hostcontract::CTDataFamily<CTData, VexelImage3D, landmarkDetection::LandmarkType,
+                                         primitives::BoundingBox>,
+              "CTData lacks an operation that the library calls");
+static_assert(hostcontract::ToothKinds<ToothChart, ToothChart::Tooth>,
+              "ToothChart lacks an operation that the library calls");
+static_assert(hostcontract::TissuesValue<colormap::Tissues>,
+              "colormap::Tissues lacks a level that the library sets");
+static_assert(hostcontract::ColormapFunctionFamily<colormap::ColormapFunction>,
+              "colormap::ColormapFunction lacks an operation that the library calls");
+static_assert(hostcontract::ColormapFunctionFamily<colormap::LevelWindowFunction>,
+              "colormap::LevelWindowFunction lacks an operation that the library calls");
+static_assert(hostcontract::ColormapFunctionFamily<colormap::ThresholdFunction>,
+              "colormap::ThresholdFunction lacks an operation that the library calls");
+static_assert(hostcontract::PulpFunctionFamily<colormap::PulpFunction>,
+              "colormap::PulpFunction lacks an operation that the library calls");
+static_assert(hostcontract::TransferFunctionFamily<colormap::TransferFunction>,
+              "colormap::TransferFunction lacks an operation that the library calls");
+static_assert(hostcontract::VolumeObjectFamily<VolumeObject, colormap::ColormapFunction, VexelImage3D>,
+              "VolumeObject lacks an operation that the library calls");

@@ -182,6 +182,118 @@ concept HashedByPointer = requires(const std::shared_ptr<Object>& object)
     { qHash(object, std::size_t(0)) } -> std::convertible_to<std::size_t>;
 };
 
+/// primitives::OrientedBoundingBox. What is inside is convex; rows of voxels are asked for at their ends.
+template <typename OrientedBox, typename Box>
+concept OrientedBoundingBoxValue = std::constructible_from<OrientedBox, Box> &&
+    requires(const OrientedBox& box, const QMatrix4x4& matrix, const QVector3D& point)
+{
+    { box.transformed(matrix) } -> std::convertible_to<OrientedBox>;
+    { box.isInside(point) } -> std::convertible_to<bool>;
+    { box.getAABBOfTransformedBoundingBox() } -> std::convertible_to<Box>;
+    { box.getCornerPoints() } -> std::convertible_to<QList<QVector3D>>;
+};
+
+/// VexelImage3D. Element types 0, 1 and 2 are unsigned and signed 16-bit and unsigned 8-bit; x runs fastest, then y,
+/// without gaps; the first element is null without voxels.
+template <typename Image>
+concept VoxelImageValue = requires(const Image& image)
+{
+    static_cast<const void*>(image.dataPtr());
+    static_cast<int>(image.dataType());
+    { image.imageSize().x } -> std::convertible_to<int>;
+    { image.imageSize().y } -> std::convertible_to<int>;
+    { image.imageSize().z } -> std::convertible_to<int>;
+    { image.voxelSize() } -> std::convertible_to<QVector3D>;
+    { image.getValueRange().min } -> std::convertible_to<float>;
+    { image.getValueRange().max } -> std::convertible_to<float>;
+};
+
+/// dataobject::LandmarkAnnotation. Context 0 asks for the position in the volume frame; the result is false without.
+template <typename Landmark, typename Context>
+concept LandmarkFamily = requires(const Landmark& landmark, Context context)
+{
+    static_cast<int>(landmark.getType());
+    static_cast<bool>(landmark.getPosition(context));
+    { landmark.getPosition(context).value() } -> std::convertible_to<QVector3D>;
+};
+
+/// CTData. An empty list of types asks for all landmarks; those and the image volume may be null pointers.
+template <typename CTData, typename Image, typename LandmarkType, typename Box>
+concept CTDataFamily = TypedObject<CTData> &&
+    requires(const CTData& ct, const std::vector<LandmarkType>& types)
+{
+    static_cast<bool>(ct.getImageVolume());
+    { ct.getImageVolume()->getImage() } -> std::convertible_to<const Image&>;
+    static_cast<bool>(*ct.getLandmarkAnnotations(types).begin());
+    static_cast<int>((*ct.getLandmarkAnnotations(types).begin())->getType());
+    { ct.getTotalResampleNHPTransformation() } -> std::convertible_to<QMatrix4x4>;
+    { ct.getBoundingBox() } -> std::convertible_to<Box>;
+};
+
+/// ToothChart and its Tooth, as far as the boxes at teeth ask.
+template <typename Chart, typename Tooth>
+concept ToothKinds = requires(Tooth tooth)
+{
+    { Chart::isMolar(tooth) } -> std::convertible_to<bool>;
+    { Chart::isPremolar(tooth) } -> std::convertible_to<bool>;
+    { Chart::isUpperTooth(tooth) } -> std::convertible_to<bool>;
+};
+
+/// colormap::Tissues: eleven levels, from air to enamel, and under these names.
+template <typename Tissues>
+concept TissuesValue = std::copyable<Tissues> && std::default_initializable<Tissues> &&
+    requires(const Tissues& tissues, Tissues& changeable)
+{
+    { tissues.toVector() } -> std::convertible_to<std::vector<int>>;
+    changeable.air = changeable.skin = changeable.fat = changeable.softTissue = 0;
+    changeable.cancellousBone = changeable.boneSurface = changeable.bone = changeable.dentine = 0;
+    changeable.corticalBone = changeable.denseBone = changeable.enamel = 0;
+};
+
+/// colormap::ColormapFunction and the functions derived from it.
+template <typename Function>
+concept ColormapFunctionFamily = TypedObject<Function> && requires(const Function& function, Function& changeable)
+{
+    function.getUUID();
+    changeable.startEditing();
+    changeable.stopEditing();
+    changeable.setPreviewUpdateEnabledState(true, true);
+};
+
+/// colormap::PulpFunction.
+template <typename Function>
+concept PulpFunctionFamily = ColormapFunctionFamily<Function> &&
+    requires(const Function& function, Function& changeable, float threshold)
+{
+    { function.getNormalizedPulpThreshold() } -> std::convertible_to<float>;
+    { function.getNormalizedRestorationMaterialThreshold() } -> std::convertible_to<float>;
+    changeable.setNormalizedPulpThreshold(threshold);
+    changeable.setNormalizedRestorationMaterialThreshold(threshold);
+};
+
+/// colormap::TransferFunction.
+template <typename Function>
+concept TransferFunctionFamily = ColormapFunctionFamily<Function> && requires(Function& changeable, float greyValues)
+{
+    changeable.panFunction(greyValues);
+    changeable.stretchFunction(greyValues);
+};
+
+/// VolumeObject. Functions may be null pointers.
+template <typename Volume, typename Function, typename Image>
+concept VolumeObjectFamily = requires(const Volume& volume, Volume& changeable, const Function& function)
+{
+    { volume.getMIPLevel() } -> std::convertible_to<float>;
+    { volume.getMIPWindow() } -> std::convertible_to<float>;
+    { *volume.getActiveVisualizationFunction() } -> std::convertible_to<Function&>;
+    { **changeable.getAllVisualizationFunctions().begin() } -> std::convertible_to<const Function&>;
+    { volume.getThreshold(function.getUUID()) } -> std::convertible_to<int>;
+    { volume.getImage() } -> std::convertible_to<const Image&>;
+    changeable.setThreshold(function.getUUID(), 0);
+    changeable.setMIPLevelWindow(0.0F, 0.0F);
+    changeable.visualizationChanged(true);
+};
+
 // clang-format on
 
 } // namespace hostcontract

@@ -803,6 +803,37 @@ TEST(PhantomGrey, IsZeroForAValueThatIsNoTissue)
     EXPECT_EQ(patient().paintedGreyValue(Tissue(8)), 0.0F);
 }
 
+// Landmarks of the skull
+
+TEST(PhantomSkull, LandmarksLieOnCorticalBoneUnderSoftTissue)
+{
+    const struct
+    {
+        landmarkDetection::LandmarkType type;
+        QVector3D outwards;
+    } rows[] = {{landmarkDetection::SubspinalePoint, {0.0F, -1.0F, 0.0F}},
+                {landmarkDetection::InfradentalePoint, {0.0F, -1.0F, 0.0F}},
+                {landmarkDetection::GonionRight, {-1.0F, 0.0F, 0.0F}},
+                {landmarkDetection::GonionLeft, {1.0F, 0.0F, 0.0F}},
+                {landmarkDetection::Pogonion, {0.0F, -1.0F, 0.0F}}};
+    const auto landmarks = patient().skullLandmarks();
+    ASSERT_EQ(landmarks.size(), 5);
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_EQ(landmarks[i].type, rows[i].type);
+        EXPECT_EQ(patient().tissueAt(landmarks[i].position), Tissue::CorticalBone) << rows[i].type;
+        EXPECT_EQ(patient().tissueAt(landmarks[i].position + 0.1F * rows[i].outwards), Tissue::SoftTissue)
+            << rows[i].type;
+    }
+}
+
+TEST(PhantomSkull, LeftGonionStandsFartherOut)
+{
+    const auto landmarks = patient().skullLandmarks();
+    const float right = kMidlineX - landmarks[2].position.x();
+    const float left = landmarks[3].position.x() - kMidlineX;
+    EXPECT_NEAR(left - right, 1.5F, 0.11F);
+}
+
 // Unusable settings
 
 TEST(PhantomSettings, WithoutAUsableVoxelSizeGiveAnImageWithoutVoxelsAndStillKnowTheTruth)
