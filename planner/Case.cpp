@@ -39,16 +39,16 @@ Case paintBuiltInPatient(float voxelSizeMm, Progress& progress)
     progress.step(QStringLiteral("Painting the built-in patient"));
     phantom::Settings settings;
     settings.voxelSizeMm = voxelSizeMm;
-    const phantom::Patient patient(settings);
+    const auto patient = std::make_shared<const phantom::Patient>(settings);
     Case built;
     built.title = QStringLiteral("Built-in patient");
-    built.volume.image = patient.createVolume([&progress](double done) { progress.fraction(done); });
+    built.volume.image = patient->createVolume([&progress](double done) { progress.fraction(done); });
     if (built.volume.image.isEmpty())
         throw Failure(QStringLiteral("There is not enough memory for the built-in patient"));
     built.volume.worldFromVoxel.scale(built.volume.image.voxelSize());
     built.volume.description = QStringLiteral("painted from formulas");
-    built.landmarks = landmarksOf(patient);
-    built.patient = std::make_shared<const phantom::Patient>(patient);
+    built.landmarks = landmarksOf(*patient);
+    built.patient = patient;
     built.source = QStringLiteral(
         "A synthetic patient that is painted from formulas; no person was scanned. Its landmarks "
         "are known exactly.");

@@ -4,6 +4,7 @@
 #include <planner/CollisionSection.h>
 #include <planner/CommandLine.h>
 #include <planner/Failure.h>
+#include <planner/GreyValuesSection.h>
 #include <planner/Progress.h>
 #include <planner/Report.h>
 #include <planner/ViewsSection.h>
@@ -23,6 +24,7 @@ constexpr int kCannotDo = 2; // exit status
 constexpr planner::Section (*kSections[])(const planner::Case&, planner::Progress&) = {
     planner::createViewsSection,
     planner::createCollisionSection,
+    planner::createGreyValuesSection,
 };
 
 void run(const planner::Options& options)

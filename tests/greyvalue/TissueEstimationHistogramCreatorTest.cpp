@@ -21,7 +21,6 @@ namespace {
 
 using Creator = TissueEstimationHistogramCreator;
 using Access = TissueEstimationHistogramCreatorTestAccess;
-using HistogramAccess = TissueEstimationHistogramTestAccess;
 using primitives::BoundingBox;
 using Teeth = std::vector<std::pair<ToothChart::Tooth, QVector3D>>;
 
@@ -271,8 +270,8 @@ TEST(TissueEstimationHistogramCreator, HistogramIsSmoothed)
 
 TEST(TissueEstimationHistogramCreator, SmoothsBeforeItRestricts)
 {
-    // One value of 1100, in bins of 1: 1 / 1100 is restricted where it stands, and six fourteenths of it all the more;
-    // nine of them are 0.0082, and six fourteenths 0.0035 are kept, three 0.00175, one 0.00058 are not.
+    // Bins of 1 from 30 on, with 9 of 1100 values in the first one: 0.0082. Restricted first it would be kept, and
+    // the fourteenth of it, 0.00058, that smoothing puts two bins further on would be kept as well.
     const CTData ct;
     std::vector<int> values(1091, 50);
     values.insert(values.end(), 9, 30);
@@ -287,8 +286,8 @@ TEST(TissueEstimationHistogramCreator, SmoothsBeforeItRestricts)
 TEST(TissueEstimationHistogramCreator, BinsAreNarrowIfTheGreyValuesSpreadOverLessThanAThousand)
 {
     // From 50, smoothed over bins 0 to 20: 1000 grey values. At 1049 the last is bin 19.
-    EXPECT_EQ(HistogramAccess::width(*histogramOf(100, 1050, Creator::SecondLandmarkRegion)), 50);
-    EXPECT_EQ(HistogramAccess::width(*histogramOf(100, 1049, Creator::SecondLandmarkRegion)), 10);
+    EXPECT_EQ(histogramOf(100, 1050, Creator::SecondLandmarkRegion)->getBinWidth(), 50);
+    EXPECT_EQ(histogramOf(100, 1049, Creator::SecondLandmarkRegion)->getBinWidth(), 10);
 }
 
 TEST(TissueEstimationHistogramCreator, NarrowBinsAreSmoothedToo)
@@ -303,18 +302,18 @@ TEST(TissueEstimationHistogramCreator, NarrowBinsAreSmoothedToo)
 TEST(TissueEstimationHistogramCreator, OnlyTheFirstLandmarkRegionHasALowBinDeliberately)
 {
     const auto first = histogramOf(-1000, 1500, Creator::FirstLandmarkRegion);
-    EXPECT_EQ(HistogramAccess::start(*first), -1050);
+    EXPECT_EQ(first->getLowestBinStart(), -1050);
     EXPECT_EQ(first->getBins()[0], 0.0F);
     EXPECT_GT(first->getBins()[1], 0.0F);
     const auto second = histogramOf(-1000, 1500, Creator::SecondLandmarkRegion);
-    EXPECT_EQ(HistogramAccess::start(*second), -1000);
+    EXPECT_EQ(second->getLowestBinStart(), -1000);
     EXPECT_GT(second->getBins()[0], 0.0F);
 }
 
 TEST(TissueEstimationHistogramCreator, LowBinComesLastSoThatItDoesNotWidenTheRange)
 {
-    EXPECT_EQ(HistogramAccess::width(*histogramOf(100, 1049, Creator::FirstLandmarkRegion)), 10);
-    EXPECT_EQ(HistogramAccess::start(*histogramOf(100, 1049, Creator::FirstLandmarkRegion)), 80);
+    EXPECT_EQ(histogramOf(100, 1049, Creator::FirstLandmarkRegion)->getBinWidth(), 10);
+    EXPECT_EQ(histogramOf(100, 1049, Creator::FirstLandmarkRegion)->getLowestBinStart(), 80);
 }
 
 TEST(TissueEstimationHistogramCreator, FindsTheVoxelsOfABoxThroughVoxelSizeAndPlacement)
@@ -408,6 +407,22 @@ TEST(TissueEstimationHistogramCreator, CountsTheBoxesWithAllCornersInTheScan)
                   row.count)
             << row.landmark.x();
     }
+}
+
+TEST(TissueEstimationHistogramCreator, OneCornerOutsideTheScanIsEnoughNotToCount)
+{
+    // Turned so that the box stands on one corner: along x the eight corners lie (+-5 +-3 +-5) / sqrt(3) mm from its
+    // centre, the outermost 7.5 mm, the next 4.0 mm. The scan begins at -0.5 mm.
+    CTData ct;
+    test::setImage(ct, evenImage(5));
+    QMatrix4x4 turned;
+    turned.rotate(54.7356103F, 0.0F, -1.0F, 1.0F);
+    const auto landmark = test::makeLandmark(26, {7.2F, 20.0F, 20.0F});
+    ct.addLandmarkAnnotation(landmark);
+    const Creator creator(ct, {}, turned);
+    EXPECT_EQ(creator.getNumberOfVOIsFullyContainedInVolume(Creator::SecondLandmarkRegion), 1);
+    landmark->setPosition(VolumeContext, {6.8F, 20.0F, 20.0F});
+    EXPECT_EQ(creator.getNumberOfVOIsFullyContainedInVolume(Creator::SecondLandmarkRegion), 0);
 }
 
 TEST(TissueEstimationHistogramCreator, CountsEveryBoxOfTheRegion)

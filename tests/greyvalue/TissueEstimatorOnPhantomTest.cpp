@@ -107,7 +107,7 @@ std::vector<std::pair<ToothChart::Tooth, QVector3D>> occlusalPoints(const Patien
 struct ScannedPatient
 {
     explicit ScannedPatient(const Settings& settings, bool withLandmarks,
-                            std::shared_ptr<VexelImage3D> image = nullptr)
+                            const std::shared_ptr<VexelImage3D>& image = nullptr)
         : patient(settings)
     {
         test::setImage(ct, image ? image : paint(patient));
@@ -120,7 +120,7 @@ struct ScannedPatient
     int binWidth(Creator::EstimatedRegion region) const
     {
         const Creator creator(ct, occlusalPoints(patient), {});
-        return TissueEstimationHistogramTestAccess::width(*creator.createHistogram(region));
+        return creator.createHistogram(region)->getBinWidth();
     }
 
     Patient patient;

@@ -19,8 +19,6 @@ struct TissueEstimationHistogramTestAccess
         histogram.bins = std::move(bins);
         return histogram;
     }
-    static int width(const TissueEstimationHistogram& histogram) { return histogram.binWidth; }
-    static int start(const TissueEstimationHistogram& histogram) { return histogram.lowestBinStart; }
     static int indexOf(const TissueEstimationHistogram& histogram, int value)
     {
         return histogram.binIndex(value);
