@@ -8,5 +8,6 @@ int main()
     bits::fingerprintModel();
     bits::fingerprintReslice();
     bits::fingerprintCollision();
+    bits::fingerprintGreyvalue();
     return 0;
 }

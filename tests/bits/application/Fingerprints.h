@@ -8,5 +8,6 @@ namespace bits {
 void fingerprintModel();
 void fingerprintReslice();
 void fingerprintCollision();
+void fingerprintGreyvalue();
 
 } // namespace bits
