@@ -12,6 +12,7 @@
 #include <CoreAlgorithms/model/dataobjects/Implants.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
+#include <CoreAlgorithms/model/dataobjects/Teeth.h>
 #include <CoreAlgorithms/model/dataobjects/VolumeObject.h>
 #include <CoreAlgorithms/model/fundamentals/ToothChart.h>
 #include <CoreAlgorithms/model/linearalgebra/PlaneFit.h>
