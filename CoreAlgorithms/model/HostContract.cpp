@@ -89,3 +89,21 @@ static_assert(hostcontract::TransferFunctionFamily<colormap::TransferFunction>,
               "colormap::TransferFunction lacks an operation that the library calls");
 static_assert(hostcontract::VolumeObjectFamily<VolumeObject, colormap::ColormapFunction, VexelImage3D>,
               "VolumeObject lacks an operation that the library calls");
+static_assert(hostcontract::ToothChartFamily<ToothChart>,
+              "ToothChart lacks an operation that the library calls");
+static_assert(hostcontract::PointFamily<Point>, "Point lacks an operation that the library calls");
+static_assert(hostcontract::GuidingLineFamily<GuidingLine>,
+              "GuidingLine lacks an operation that the library calls");
+static_assert(hostcontract::GuidingSplineFamily<GuidingSpline, Point, math::Spline3DInterface>,
+              "GuidingSpline lacks an operation that the library calls");
+static_assert(hostcontract::PlanarDentalSplineFamily<PlanarDentalSpline, Point, math::Spline3DInterface,
+                                                     ToothChart, PlanarReslice>,
+              "PlanarDentalSpline lacks an operation that the library calls");
+static_assert(hostcontract::OcclusalScanFamily<CTData, primitives::BoundingBox, PlanarReslice>,
+              "CTData or PlanarReslice lacks an operation that the library calls");
+static_assert(hostcontract::MouthFamily<dataobject::Mouth, dataobject::Tooth, ToothChart>,
+              "dataobject::Mouth or dataobject::Tooth lacks an operation that the library calls");
+static_assert(hostcontract::DiagnosisFamily<Diagnosis, dataobject::Mouth>,
+              "Diagnosis or Anatomy lacks an operation that the library calls");
+static_assert(hostcontract::ToothAnnotationFamily<ToothAnnotation3D, dataobject::Tooth, ToothChart>,
+              "ToothAnnotation3D lacks an operation that the library calls");

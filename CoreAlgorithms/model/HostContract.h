@@ -294,6 +294,116 @@ concept VolumeObjectFamily = requires(const Volume& volume, Volume& changeable, 
     changeable.visualizationChanged(true);
 };
 
+/// ToothChart: (tooth - 1) % 16 runs along either arch.
+template <typename ToothChart>
+concept ToothChartFamily =
+    requires(typename ToothChart::Tooth tooth, typename ToothChart::ArchType arch,
+             const QList<typename ToothChart::Tooth>& teeth)
+{
+    static_cast<int>(tooth);
+    static_cast<int>(arch);
+    { ToothChart::getArchTypeOfTooth(tooth) } -> std::same_as<typename ToothChart::ArchType>;
+    { ToothChart::getOppositeTooth(tooth) } -> std::same_as<typename ToothChart::Tooth>;
+    { ToothChart::getOppositeJaw(arch) } -> std::same_as<typename ToothChart::ArchType>;
+    { ToothChart::createContinuousRegion(tooth, tooth) } -> std::convertible_to<QList<typename ToothChart::Tooth>>;
+    { ToothChart::filterTeethForArchType(teeth, arch) } -> std::convertible_to<QList<typename ToothChart::Tooth>>;
+};
+
+/// Point.
+template <typename Point>
+concept PointFamily = requires(const Point& point)
+{
+    { point.getPosition() } -> std::convertible_to<QVector3D>;
+};
+
+/// GuidingLine. The path is a reference, so that a search of it copies nothing.
+template <typename GuidingLine>
+concept GuidingLineFamily = requires(GuidingLine& line, int pathIndex)
+{
+    { line.getOriginalPath() } -> std::convertible_to<const QList<QVector3D>&>;
+    { line.getDirection(pathIndex) } -> std::convertible_to<QVector3D>;
+    line.notifyGuidingLineObservers();
+};
+
+/// GuidingSpline, with its curve model math::Spline3DInterface.
+template <typename GuidingSpline, typename Point, typename Curve>
+concept GuidingSplineFamily = GuidingLineFamily<GuidingSpline> &&
+    requires(GuidingSpline& spline, const GuidingSpline& constant, const QVector3D& position,
+             std::unique_ptr<Curve> curve)
+{
+    spline.clear();
+    { spline.appendControlPoint(position) } -> std::convertible_to<std::shared_ptr<Point>>;
+    { spline.appendLastControlPoint(position) } -> std::convertible_to<std::shared_ptr<Point>>;
+    { constant.getControlPoints() } -> std::convertible_to<QList<std::shared_ptr<Point>>>;
+    { constant.getSpline() } -> std::convertible_to<const Curve*>;
+    { constant.getSpline()->clone() } -> std::convertible_to<std::unique_ptr<Curve>>;
+    spline.setSpline(std::move(curve));
+    spline.pointsChanged();
+};
+
+/// PlanarDentalSpline, with its tooth points, its plane, its values and the switches of notification and undo.
+template <typename PlanarDentalSpline, typename Point, typename Curve, typename ToothChart, typename PlanarReslice>
+concept PlanarDentalSplineFamily = GuidingSplineFamily<PlanarDentalSpline, Point, Curve> &&
+    requires(PlanarDentalSpline& spline, const PlanarDentalSpline& constant, typename ToothChart::Tooth tooth,
+             const std::shared_ptr<Point>& point, int sliceIndex, bool enable)
+{
+    { constant.getObjects() } -> std::convertible_to<QMap<typename ToothChart::Tooth, std::shared_ptr<Point>>>;
+    spline.setTooth(tooth, point);
+    { spline.getPlane() } -> std::convertible_to<std::shared_ptr<PlanarReslice>>;
+    { constant.getOcclusalIndex() } -> std::convertible_to<int>;
+    spline.setOcclusalIndex(sliceIndex);
+    { constant.getArchType() } -> std::convertible_to<typename ToothChart::ArchType>;
+    spline.setArchType(constant.getArchType());
+    spline.setCreationType(constant.getCreationType());
+    spline.setNotifyObservers(enable);
+    { constant.isCreateUndoEnabledForObject() } -> std::convertible_to<bool>;
+    spline.enableCreateUndoForObjectAndProperties(enable);
+};
+
+/// CTData, as far as the occlusal plane asks: its voxels' size, its boxes, the definition of the plane. A PlanarReslice
+/// knows the CT that it cuts.
+template <typename CTData, typename BoundingBox, typename PlanarReslice>
+concept OcclusalScanFamily = requires(const CTData& scan, const PlanarReslice& reslice)
+{
+    { reslice.getCTData() } -> std::convertible_to<std::shared_ptr<CTData>>;
+    { scan.getImageVolume()->getImage().voxelSize() } -> std::convertible_to<QVector3D>;
+    { scan.getBoundingBox() } -> std::convertible_to<BoundingBox>;
+    { scan.getTotalResampleTransformedBoundingBox() } -> std::convertible_to<BoundingBox>;
+    static_cast<int>(scan.getOcclusalPlaneDefinition());
+};
+
+/// dataobject::Mouth and its teeth. A tooth is made of its type, the status of value 0 and the category of value 1.
+template <typename Mouth, typename Tooth, typename ToothChart>
+concept MouthFamily =
+    std::constructible_from<Tooth, typename ToothChart::Tooth, typename Tooth::Status, typename Tooth::Category> &&
+    requires(const Mouth& mouth, const Tooth& tooth, typename ToothChart::Tooth toothType)
+{
+    { tooth.getToothType() } -> std::convertible_to<typename ToothChart::Tooth>;
+    { mouth.hasTooth(toothType) } -> std::convertible_to<bool>;
+    { mouth.getToothForToothType(toothType) } -> std::convertible_to<std::shared_ptr<Tooth>>;
+    { mouth.getAllTeethUnsorted() } -> std::convertible_to<QSet<std::shared_ptr<Tooth>>>;
+};
+
+/// Diagnosis, by way of the anatomy.
+template <typename Diagnosis, typename Mouth>
+concept DiagnosisFamily = requires(const Diagnosis& diagnosis)
+{
+    { diagnosis.getPatientAnatomy()->getMouth() } -> std::convertible_to<std::shared_ptr<Mouth>>;
+};
+
+/// ToothAnnotation3D. getToothType() is known also of a label without a tooth; the creation type of value 0 tells that
+/// the application made the label.
+template <typename Annotation, typename Tooth, typename ToothChart>
+concept ToothAnnotationFamily = std::default_initializable<Annotation> &&
+    requires(Annotation& label, const std::shared_ptr<Tooth>& tooth, const QVector3D& vector)
+{
+    { label.getToothType() } -> std::convertible_to<typename ToothChart::Tooth>;
+    static_cast<int>(label.getCreationType());
+    label.setTooth(tooth);
+    label.setPosition(vector);
+    label.setDirection(vector);
+};
+
 // clang-format on
 
 } // namespace hostcontract

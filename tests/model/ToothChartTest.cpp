@@ -137,6 +137,16 @@ TEST(ToothChart, OppositeOfANumberThatIsNoJawIsNoJaw)
         EXPECT_EQ(ToothChart::getOppositeJaw(static_cast<JawType>(number)), NoJaw) << number;
 }
 
+TEST(ToothChart, OppositeArchOfAnythingButTheUpperIsTheUpper)
+{
+    EXPECT_EQ(ToothChart::getOppositeJaw(ToothChart::UpperArch), ToothChart::LowerArch);
+    EXPECT_EQ(ToothChart::getOppositeJaw(ToothChart::LowerArch), ToothChart::UpperArch);
+    for (const int number : {std::numeric_limits<int>::min(), -1, 2, std::numeric_limits<int>::max()})
+        EXPECT_EQ(ToothChart::getOppositeJaw(static_cast<ToothChart::ArchType>(number)),
+                  ToothChart::UpperArch)
+            << number;
+}
+
 TEST(ToothChart, RegionHoldsBothEnds)
 {
     EXPECT_EQ(ToothChart::createContinuousRegion(Tooth(3), Tooth(6)), teeth({3, 4, 5, 6}));

@@ -241,7 +241,8 @@ std::shared_ptr<Point> GuidingSpline::append(const QVector3D& position, bool las
 
 void GuidingSpline::numberOfPointsChanged()
 {
-    pointsChanged();
+    pathIsStale = true;
+    changed();
     notifyLineObservers(events::GuidingLineEvent::NumberOfPointsUpdated);
 }
 

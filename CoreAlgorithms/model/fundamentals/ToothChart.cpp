@@ -62,6 +62,11 @@ JawType ToothChart::getOppositeJaw(JawType jaw)
     }
 }
 
+ToothChart::ArchType ToothChart::getOppositeJaw(ArchType archType)
+{
+    return archType == UpperArch ? LowerArch : UpperArch;
+}
+
 QList<ToothChart::Tooth> ToothChart::createContinuousRegion(Tooth from, Tooth to)
 {
     QList<Tooth> region;

@@ -40,6 +40,8 @@ public:
     static Tooth getOppositeTooth(Tooth tooth);
     /// LowerJaw for UpperJaw and the reverse; NoJaw for anything else.
     static JawType getOppositeJaw(JawType jaw);
+    /// LowerArch for UpperArch; UpperArch for anything else.
+    static ArchType getOppositeJaw(ArchType archType);
 
     /// All teeth from one to the other, both inclusive, in ascending order whichever of the two is smaller.
     /// Empty if either is no tooth.
