@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <CoreAlgorithms/model/dataobjects/CTData.h>
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
+#include <CoreAlgorithms/model/dataobjects/Reslices.h>
 #include <CoreAlgorithms/model/dataobjects/Teeth.h>
 
 #include <initializer_list>
 #include <memory>
+#include <utility>
 
 namespace test {
 
@@ -49,6 +52,37 @@ inline std::shared_ptr<dataobject::Mouth> makeMouth(std::initializer_list<int> n
     for (const int number : numbers)
         mouth->addTooth(makeTooth(number));
     return mouth;
+}
+
+/// A scan whose boxes are as given, whatever its voxels.
+class ScanWithBoxes : public CTData
+{
+public:
+    primitives::BoundingBox box;
+    primitives::BoundingBox resampledBox;
+
+    primitives::BoundingBox getBoundingBox() const override { return box; }
+    primitives::BoundingBox getTotalResampleTransformedBoundingBox() const override { return resampledBox; }
+};
+
+/// One voxel of the height in mm, in boxes from z = 0 to `top`.
+inline std::shared_ptr<ScanWithBoxes> makeScan(float voxelHeight, float top)
+{
+    auto scan = std::make_shared<ScanWithBoxes>();
+    auto volume = std::make_shared<ImageVolume>();
+    volume->setImage(VexelImage3D({1, 1, 1}, {1.0F, 1.0F, voxelHeight}, image::UInt8));
+    scan->setImageVolume(volume);
+    scan->box = primitives::BoundingBox(0.0F, 0.0F, 0.0F, 10.0F, 10.0F, top);
+    scan->resampledBox = scan->box;
+    return scan;
+}
+
+/// Lays the spline into a plane through the scan.
+inline void setScan(PlanarGuidingSpline& spline, std::shared_ptr<CTData> scan)
+{
+    auto plane = std::make_shared<PlanarReslice>();
+    plane->setCTData(std::move(scan));
+    spline.setPlane(plane);
 }
 
 } // namespace test
