@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <CoreAlgorithms/dental/ToothGenerationTools.h>
+
+#include <CoreAlgorithms/model/dataobjects/Teeth.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+constexpr auto kStatus = static_cast<dataobject::Tooth::Status>(0);
+constexpr auto kCategory = static_cast<dataobject::Tooth::Category>(1);
+
+std::shared_ptr<dataobject::Mouth> mouthOf(const Diagnosis* diagnosis)
+{
+    const std::shared_ptr<Anatomy> anatomy = diagnosis ? diagnosis->getPatientAnatomy() : nullptr;
+    return anatomy ? anatomy->getMouth() : nullptr;
+}
+
+// Sorted types of teeth or labels, duplicates kept.
+template <typename Objects>
+std::vector<ToothChart::Tooth> sortedTypesOf(const Objects& objects)
+{
+    std::vector<ToothChart::Tooth> types;
+    types.reserve(static_cast<std::size_t>(objects.size()));
+    for (const auto& object : objects) {
+        if (object)
+            types.push_back(object->getToothType());
+    }
+    std::sort(types.begin(), types.end());
+    return types;
+}
+
+} // namespace
+
+std::vector<std::shared_ptr<dataobject::Tooth>>
+ToothGenerationTools::createMissingTeeth(const Diagnosis* diagnosis,
+                                         const QList<std::shared_ptr<ToothAnnotation3D>>& annotations)
+{
+    const std::shared_ptr<dataobject::Mouth> mouth = mouthOf(diagnosis);
+    if (!mouth)
+        return {};
+    const std::vector<ToothChart::Tooth> existing = sortedTypesOf(mouth->getAllTeethUnsorted());
+    const std::vector<ToothChart::Tooth> labelled = sortedTypesOf(annotations);
+    std::vector<ToothChart::Tooth> missing;
+    std::set_difference(labelled.begin(), labelled.end(), existing.begin(), existing.end(),
+                        std::back_inserter(missing));
+    std::vector<std::shared_ptr<dataobject::Tooth>> created;
+    created.reserve(missing.size());
+    for (const ToothChart::Tooth tooth : missing)
+        created.push_back(std::make_shared<dataobject::Tooth>(tooth, kStatus, kCategory));
+    return created;
+}
+
+void ToothGenerationTools::linkTeethWithToothAnnotations(
+    Diagnosis* diagnosis, const QList<std::shared_ptr<ToothAnnotation3D>>& annotations)
+{
+    const std::shared_ptr<dataobject::Mouth> mouth = mouthOf(diagnosis);
+    if (!mouth)
+        return;
+    const QSet<std::shared_ptr<dataobject::Tooth>> teeth = mouth->getAllTeethUnsorted();
+    for (const auto& tooth : teeth) {
+        if (!tooth)
+            continue;
+        const auto label =
+            std::find_if(annotations.begin(), annotations.end(), [&tooth](const auto& annotation) {
+                return annotation && annotation->getToothType() == tooth->getToothType();
+            });
+        if (label != annotations.end())
+            (*label)->setTooth(tooth);
+    }
+}
