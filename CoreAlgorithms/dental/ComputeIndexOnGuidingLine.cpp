@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/dental/ComputeIndexOnGuidingLine.h>
 
+#include <CoreAlgorithms/dental/NearestSample_p.h>
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Teeth.h>
 
@@ -74,16 +75,7 @@ int ComputeIndexOnGuidingLine::getIndexOf(const QVector3D& point, const QList<QV
     if (path.isEmpty())
         return -1;
     const auto size = static_cast<int>(std::min<qsizetype>(path.size(), std::numeric_limits<int>::max()));
-    int nearest = 0;
-    float smallest = (path[0] - point).lengthSquared();
-    for (int i = 1; i < size; ++i) {
-        const float distance = (path[i] - point).lengthSquared();
-        if (smallest > distance) {
-            smallest = distance;
-            nearest = i;
-        }
-    }
-    return nearest;
+    return nearestsample::find(point, path.constData(), size);
 }
 
 int ComputeIndexOnGuidingLine::getIndexOf(const QVector3D& point, GuidingLine* line)
