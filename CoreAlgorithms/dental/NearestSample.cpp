@@ -37,37 +37,53 @@ namespace {
 constexpr int kLanes = 8;
 constexpr int kVectors = 4; // of a block
 constexpr int kBlock = kVectors * kLanes;
+constexpr std::ptrdiff_t kVectorFloats = 24; // three for each lane
+constexpr std::ptrdiff_t kBlockFloats = kVectors * kVectorFloats;
 
 static_assert(sizeof(QVector3D) == 3 * sizeof(float) && std::is_standard_layout_v<QVector3D>);
 
-// The point's coordinates, eight times each.
+// The point's coordinates in the order of those of eight samples.
 struct Query
 {
-    __m256 x;
-    __m256 y;
-    __m256 z;
+    __m256 first;  // x y z x   y z x y
+    __m256 second; // z x y z   x y z x
+    __m256 third;  // y z x y   z x y z
 };
 
-COREALGORITHMS_AVX2_INLINE __m256 twoQuarters(const float* low, const float* high)
+COREALGORITHMS_AVX2_INLINE Query makeQuery(const QVector3D& point)
 {
-    return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(low)), _mm_loadu_ps(high), 1);
+    const float x = point.x();
+    const float y = point.y();
+    const float z = point.z();
+    return {_mm256_setr_ps(x, y, z, x, y, z, x, y), _mm256_setr_ps(z, x, y, z, x, y, z, x),
+            _mm256_setr_ps(y, z, x, y, z, x, y, z)};
 }
 
-// Squared distances of eight samples, in their order. The low half of each vector holds samples 0 to 3, the high half
-// samples 4 to 7:
-//     a = x0 y0 z0 x1   b = y1 z1 x2 y2   c = z2 x3 y3 z3
+// The square is that of the sample's coordinates less the point's; this way round the compiler reads them as it
+// subtracts.
+COREALGORITHMS_AVX2_INLINE __m256 squaredDifferences(const __m256& coordinates, const float* samples)
+{
+    const __m256 difference = _mm256_sub_ps(coordinates, _mm256_loadu_ps(samples));
+    return _mm256_mul_ps(difference, difference);
+}
+
+// Squared distances of eight samples. Squares are taken where the coordinates lie in memory,
+//     first   x0 y0 z0 x1 y1 z1 x2 y2
+//     second  z2 x3 y3 z3 x4 y4 z4 x5
+//     third   y5 z5 x6 y6 z6 x7 y7 z7
+// so that the eight x lie in different places, and likewise y and z. Picked out, x has the samples in the order
+// 0 3 6 1 4 7 2 5; y is turned to it by one place and z by two.
 COREALGORITHMS_AVX2_INLINE __m256 squaredDistances(const float* samples, const Query& query)
 {
-    const __m256 a = twoQuarters(samples, samples + 12);
-    const __m256 b = twoQuarters(samples + 4, samples + 16);
-    const __m256 c = twoQuarters(samples + 8, samples + 20);
-    const __m256 xyFrom2 = _mm256_shuffle_ps(b, c, _MM_SHUFFLE(2, 1, 3, 2)); // x2 y2 x3 y3
-    const __m256 yzTo1 = _mm256_shuffle_ps(a, b, _MM_SHUFFLE(1, 0, 2, 1));   // y0 z0 y1 z1
-    const __m256 x = _mm256_sub_ps(_mm256_shuffle_ps(a, xyFrom2, _MM_SHUFFLE(2, 0, 3, 0)), query.x);
-    const __m256 y = _mm256_sub_ps(_mm256_shuffle_ps(yzTo1, xyFrom2, _MM_SHUFFLE(3, 1, 2, 0)), query.y);
-    const __m256 z = _mm256_sub_ps(_mm256_shuffle_ps(yzTo1, c, _MM_SHUFFLE(3, 0, 3, 1)), query.z);
-    const __m256 xxyy = _mm256_add_ps(_mm256_mul_ps(x, x), _mm256_mul_ps(y, y));
-    return _mm256_add_ps(xxyy, _mm256_mul_ps(z, z));
+    const __m256 first = squaredDifferences(query.first, samples);
+    const __m256 second = squaredDifferences(query.second, samples + kLanes);
+    const __m256 third = squaredDifferences(query.third, samples + kLanes + kLanes);
+    const __m256 x = _mm256_blend_ps(_mm256_blend_ps(first, second, 0b10010010), third, 0b00100100);
+    const __m256 y = _mm256_blend_ps(_mm256_blend_ps(first, second, 0b00100100), third, 0b01001001);
+    const __m256 z = _mm256_blend_ps(_mm256_blend_ps(first, second, 0b01001001), third, 0b10010010);
+    const __m256 turnedY = _mm256_permutevar8x32_ps(y, _mm256_setr_epi32(1, 2, 3, 4, 5, 6, 7, 0));
+    const __m256 turnedZ = _mm256_permutevar8x32_ps(z, _mm256_setr_epi32(2, 3, 4, 5, 6, 7, 0, 1));
+    return _mm256_add_ps(_mm256_add_ps(x, turnedY), turnedZ);
 }
 
 // In each lane the smallest distance so far and the start of the block where it was first reached.
@@ -77,16 +93,21 @@ struct Lanes
     __m256i blockStart;
 };
 
-COREALGORITHMS_AVX2_INLINE void take(Lanes& lanes, const float* block, int start, const Query& query)
+COREALGORITHMS_AVX2_INLINE void take(Lanes& lanes, const float* block, const __m256i& start,
+                                     const Query& query)
 {
     // The minimum instruction gives its second operand if one of the two is NaN.
     __m256 smallest = lanes.smallest;
     for (int vector = 0; vector < kVectors; ++vector)
-        smallest = _mm256_min_ps(squaredDistances(block + 3 * kLanes * vector, query), smallest);
+        smallest = _mm256_min_ps(squaredDistances(block + kVectorFloats * vector, query), smallest);
     const __m256 improved = _mm256_cmp_ps(smallest, lanes.smallest, _CMP_LT_OQ);
-    lanes.blockStart =
-        _mm256_blendv_epi8(lanes.blockStart, _mm256_set1_epi32(start), _mm256_castps_si256(improved));
+    lanes.blockStart = _mm256_blendv_epi8(lanes.blockStart, start, _mm256_castps_si256(improved));
     lanes.smallest = smallest;
+}
+
+COREALGORITHMS_AVX2_INLINE const float* blockAt(const float* samples, int start)
+{
+    return samples + 3 * static_cast<std::ptrdiff_t>(start);
 }
 
 // Place in the block of the first sample at the distance.
@@ -94,8 +115,10 @@ COREALGORITHMS_AVX2_INLINE int placeInBlock(const float* block, float distance, 
 {
     unsigned places = 0;
     for (int vector = 0; vector < kVectors; ++vector) {
-        const __m256 equal = _mm256_cmp_ps(squaredDistances(block + 3 * kLanes * vector, query),
-                                           _mm256_set1_ps(distance), _CMP_EQ_OQ);
+        const __m256 distances =
+            _mm256_permutevar8x32_ps(squaredDistances(block + kVectorFloats * vector, query),
+                                     _mm256_setr_epi32(0, 3, 6, 1, 4, 7, 2, 5));
+        const __m256 equal = _mm256_cmp_ps(distances, _mm256_set1_ps(distance), _CMP_EQ_OQ);
         places |= static_cast<unsigned>(_mm256_movemask_ps(equal)) << (kLanes * vector);
     }
     return std::countr_zero(places);
@@ -110,14 +133,16 @@ COREALGORITHMS_AVX2 int findAvx2(const QVector3D& point, const QVector3D* sample
         return 0;
 
     const auto* floats = reinterpret_cast<const float*>(samples);
-    const Query query{_mm256_set1_ps(point.x()), _mm256_set1_ps(point.y()), _mm256_set1_ps(point.z())};
+    const Query query = makeQuery(point);
     Lanes lanes{_mm256_set1_ps(first), _mm256_setzero_si256()};
     const int lastStart = size - kBlock;
-    for (int start = 0; start < lastStart; start += kBlock)
-        take(lanes, floats + 3 * static_cast<std::ptrdiff_t>(start), start, query);
-    // The last block may overlap the one before; a sample seen twice improves no lane in which it was seen, and
-    // elsewhere the block that is earlier counts.
-    take(lanes, floats + 3 * static_cast<std::ptrdiff_t>(lastStart), lastStart, query);
+    __m256i start = _mm256_setzero_si256();
+    for (const float *block = floats, *end = blockAt(floats, lastStart); block < end; block += kBlockFloats) {
+        take(lanes, block, start, query);
+        start = _mm256_add_epi32(start, _mm256_set1_epi32(kBlock));
+    }
+    // The last block may overlap the one before: samples of both count with the earlier one, see below.
+    take(lanes, blockAt(floats, lastStart), _mm256_set1_epi32(lastStart), query);
 
     alignas(32) float smallest[kLanes];
     alignas(32) int blockStart[kLanes];
@@ -129,8 +154,7 @@ COREALGORITHMS_AVX2 int findAvx2(const QVector3D& point, const QVector3D* sample
             (smallest[lane] == smallest[best] && blockStart[lane] < blockStart[best]))
             best = lane;
     }
-    const int start = blockStart[best];
-    return start + placeInBlock(floats + 3 * static_cast<std::ptrdiff_t>(start), smallest[best], query);
+    return blockStart[best] + placeInBlock(blockAt(floats, blockStart[best]), smallest[best], query);
 }
 
 } // namespace
