@@ -49,6 +49,7 @@ Case paintBuiltInPatient(float voxelSizeMm, Progress& progress)
     built.volume.description = QStringLiteral("painted from formulas");
     built.landmarks = landmarksOf(*patient);
     built.patient = patient;
+    built.canals = canalsOf(*patient);
     built.source = QStringLiteral(
         "A synthetic patient that is painted from formulas; no person was scanned. Its landmarks "
         "are known exactly.");
@@ -106,6 +107,7 @@ void addLandmarks(Case& opened, const Options& options)
             opened.remarks.append(QStringLiteral("%1 of the %2 landmarks lie outside the volume.")
                                       .arg(outside)
                                       .arg(landmarks.size()));
+        opened.canals = readCanals(path, opened.volume.worldFromVoxel);
         opened.landmarks = std::move(landmarks);
         opened.source += QStringLiteral(" Landmarks: %1.").arg(QFileInfo(path).fileName());
     } catch (const Failure& why) {

@@ -28,7 +28,8 @@ struct Case
     QString source; ///< where the data come from, in one or two sentences
     Volume volume;
     QList<Landmark> landmarks;
-    QStringList remarks; ///< sentences about what had to be assumed or chosen
+    QList<CanalLine> canals; ///< where they are known
+    QStringList remarks;     ///< sentences about what had to be assumed or chosen
     /// The built-in patient, of whom everything is known; null for a CT that was read.
     std::shared_ptr<const phantom::Patient> patient;
 };

@@ -32,6 +32,21 @@ class LandmarkParser
 public:
     LandmarkParser(const QString& path, const QMatrix4x4& matrix) : file(path), worldFromVoxel(matrix) {}
 
+    QList<CanalLine> parseCanals(const QJsonObject& root) const
+    {
+        QList<CanalLine> canals;
+        for (const bool right : {true, false}) {
+            const QString side = right ? QStringLiteral("right") : QStringLiteral("left");
+            const QJsonArray points = root[u"canal"][side][u"points"].toArray();
+            CanalLine canal{right, {}};
+            for (const auto& point : points)
+                canal.points.append(position(QStringLiteral("canal, ") + side, point));
+            if (!canal.points.isEmpty())
+                canals.append(canal);
+        }
+        return canals;
+    }
+
     QList<Landmark> parse(const QJsonObject& root)
     {
         addForamina(root[u"mandibularForamen"], QStringLiteral("mandibular foramen"));
@@ -119,6 +134,18 @@ void addCanal(QList<Landmark>& landmarks, const phantom::NerveCanal& canal, bool
                       QStringLiteral("mental foramen") + side, LandmarkKind::Foramen, canal.mentalForamen});
 }
 
+QJsonObject readObject(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kLargestFileBytes)
+        throw Failure(path, QStringLiteral("the landmark file cannot be read"));
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
+    if (error.error != QJsonParseError::NoError || !document.isObject())
+        throw Failure(path, QStringLiteral("the landmark file is not a JSON object"));
+    return document.object();
+}
+
 } // namespace
 
 const Landmark* findLandmark(const QList<Landmark>& landmarks, const QString& name)
@@ -130,17 +157,15 @@ const Landmark* findLandmark(const QList<Landmark>& landmarks, const QString& na
 
 QList<Landmark> readLandmarks(const QString& path, const QMatrix4x4& worldFromVoxel)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > kLargestFileBytes)
-        throw Failure(path, QStringLiteral("the landmark file cannot be read"));
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
-    if (error.error != QJsonParseError::NoError || !document.isObject())
-        throw Failure(path, QStringLiteral("the landmark file is not a JSON object"));
-    QList<Landmark> landmarks = LandmarkParser(path, worldFromVoxel).parse(document.object());
+    QList<Landmark> landmarks = LandmarkParser(path, worldFromVoxel).parse(readObject(path));
     if (landmarks.isEmpty())
         throw Failure(path, QStringLiteral("the landmark file holds no foramen, tooth or arch point"));
     return landmarks;
+}
+
+QList<CanalLine> readCanals(const QString& path, const QMatrix4x4& worldFromVoxel)
+{
+    return LandmarkParser(path, worldFromVoxel).parseCanals(readObject(path));
 }
 
 QList<Landmark> landmarksOf(const phantom::Patient& patient)
@@ -156,6 +181,11 @@ QList<Landmark> landmarksOf(const phantom::Patient& patient)
     return landmarks;
 }
 
+QList<CanalLine> canalsOf(const phantom::Patient& patient)
+{
+    return {{true, patient.rightCanal().centreLine}, {false, patient.leftCanal().centreLine}};
+}
+
 int fdiNumber(int universalNumber)
 {
     if (universalNumber <= 8)
@@ -165,6 +195,25 @@ int fdiNumber(int universalNumber)
     if (universalNumber <= 24)
         return 55 - universalNumber;
     return 16 + universalNumber;
+}
+
+int universalNumber(int fdiNumber)
+{
+    const int place = fdiNumber % 10;
+    if (place < 1 || place > 8)
+        return 0;
+    switch (fdiNumber / 10) {
+    case 1:
+        return 9 - place;
+    case 2:
+        return 8 + place;
+    case 3:
+        return 25 - place;
+    case 4:
+        return 24 + place;
+    default:
+        return 0;
+    }
 }
 
 } // namespace planner

@@ -47,7 +47,22 @@ QList<Landmark> readLandmarks(const QString& path, const QMatrix4x4& worldFromVo
 /// Foramina, occlusal points and apices of the built-in patient.
 QList<Landmark> landmarksOf(const phantom::Patient& patient);
 
+/// The centre line of a mandibular canal, from the mandibular to the mental foramen.
+struct CanalLine
+{
+    bool right = false;
+    QList<QVector3D> points; ///< LPS mm
+};
+
+/// The entry canal of a landmark file: right and left, each with points, positions as above. Empty without one;
+/// Failure as above.
+QList<CanalLine> readCanals(const QString& path, const QMatrix4x4& worldFromVoxel);
+/// Those of the built-in patient.
+QList<CanalLine> canalsOf(const phantom::Patient& patient);
+
 /// FDI number of a tooth in Universal numbering, 1 to 32: 1 is 18, 32 is 48.
 int fdiNumber(int universalNumber);
+/// The reverse; 0 for a number that is no permanent tooth's.
+int universalNumber(int fdiNumber);
 
 } // namespace planner

@@ -5,6 +5,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPolygonF>
 #include <QRectF>
 
 #include <algorithm>
@@ -19,6 +20,8 @@ constexpr int kFewSamples = 600; // along the longer side; below it they are enl
 constexpr double kBarMm = 20.0;
 constexpr double kFadedMm = 25.0;  // hollow marks pale with their distance from the plane ...
 constexpr double kFaintest = 0.35; // ... down to this
+constexpr double kDotRadius = 4.0;
+constexpr double kRingRadius = 8.0;
 constexpr int kLabelPixels = 15;
 constexpr int kLetterPixels = 20;
 const QColor kFrameColour(0x12, 0x17, 0x1c);
@@ -68,10 +71,14 @@ public:
         painter.drawImage(inner, content.samples);
         paintBar(painter);
         painter.setClipRect(inner);
+        for (const PictureCurve& curve : content.curves)
+            paintCurve(painter, curve);
         paintSegment(painter);
         for (const MappedLandmark& mark : content.marks)
             paintMark(painter, mark);
         paintLabels(painter);
+        for (const PictureNote& note : content.notes)
+            paintNote(painter, note);
         painter.setClipping(false);
         paintLetters(painter);
         return image;
@@ -85,6 +92,52 @@ private:
     {
         return {kFrame + inView.x() / static_cast<double>(content.sampleSizeMm.x()) * zoom,
                 kFrame + inView.y() / static_cast<double>(content.sampleSizeMm.y()) * zoom};
+    }
+
+    void paintCurve(QPainter& painter, const PictureCurve& curve) const
+    {
+        QPolygonF line;
+        for (const QPointF& point : curve.inView)
+            line.append(onCanvas(point));
+        painter.setPen(QPen(QColor(0, 0, 0, 150), curve.widthPixels + 2.0, Qt::SolidLine, Qt::RoundCap));
+        if (!curve.dotted)
+            painter.drawPolyline(line);
+        painter.setPen(
+            QPen(curve.colour, curve.widthPixels, curve.dotted ? Qt::DotLine : Qt::SolidLine, Qt::RoundCap));
+        painter.drawPolyline(line);
+    }
+
+    void paintNote(QPainter& painter, const PictureNote& note) const
+    {
+        const QPointF at = onCanvas(note.inView);
+        if (note.symbol != PictureNote::NoSymbol) {
+            const bool filled = note.symbol == PictureNote::Dot;
+            const double r = filled ? kDotRadius : kRingRadius;
+            painter.setBrush(Qt::NoBrush);
+            painter.setPen(QPen(QColor(0, 0, 0, 170), 3.5));
+            painter.drawEllipse(at, r, r);
+            painter.setPen(QPen(note.colour, filled ? 1.6 : 2.2));
+            painter.setBrush(filled ? QBrush(note.colour) : QBrush(Qt::NoBrush));
+            painter.drawEllipse(at, r, r);
+            return;
+        }
+        painter.setFont(fontOf(kLabelPixels, true));
+        const QFontMetricsF metrics(painter.font());
+        paintText(
+            painter,
+            {at.x() - metrics.horizontalAdvance(note.text) / 2.0, at.y() + metrics.ascent() / 2.0 - 1.0},
+            note.text, note.colour);
+    }
+
+    // In a dark rim.
+    static void paintText(QPainter& painter, const QPointF& baseline, const QString& text,
+                          const QColor& colour)
+    {
+        QPainterPath letters;
+        letters.addText(baseline, painter.font(), text);
+        painter.strokePath(letters,
+                           QPen(QColor(0, 0, 0, 210), 3.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.fillPath(letters, colour);
     }
 
     void paintSegment(QPainter& painter) const
@@ -169,11 +222,8 @@ private:
             return;
         const QRectF chosen = place == places.cend() ? places.front() : *place;
         taken.append(chosen);
-        QPainterPath letters;
-        letters.addText(chosen.left(), chosen.top() + metrics.ascent(), painter.font(), mark.landmark.label);
-        painter.strokePath(letters,
-                           QPen(QColor(0, 0, 0, 210), 3.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter.fillPath(letters, markColour(mark.landmark.kind).lighter(125));
+        paintText(painter, {chosen.left(), chosen.top() + metrics.ascent()}, mark.landmark.label,
+                  markColour(mark.landmark.kind).lighter(125));
     }
 
     void paintLetters(QPainter& painter) const

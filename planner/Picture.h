@@ -7,6 +7,7 @@
 #include <QColor>
 #include <QImage>
 #include <QList>
+#include <QPointF>
 #include <QString>
 #include <QVector3D>
 
@@ -23,6 +24,26 @@ struct EdgeLetters
     QString bottom;
 };
 
+/// A line drawn onto a view, such as an arch.
+struct PictureCurve
+{
+    QList<QPointF> inView; ///< view coordinates, mm
+    QColor colour;
+    double widthPixels = 2.5;
+    bool dotted = false;
+};
+
+/// A dot or ring and a short text, centred, drawn onto a view.
+struct PictureNote
+{
+    enum Symbol { NoSymbol, Dot, Ring };
+
+    QPointF inView; ///< view coordinates, mm
+    Symbol symbol = NoSymbol;
+    QString text; ///< instead of a symbol
+    QColor colour;
+};
+
 /// A sampled view and what is drawn onto it.
 struct PictureContent
 {
@@ -32,6 +53,8 @@ struct PictureContent
     QList<MappedLandmark> marks;          ///< filled if in the slab or in a projection, else hollow
     std::optional<MappedSegment> segment; ///< solid within the slab, dotted outside
     bool labelTeeth = true;
+    QList<PictureCurve> curves = {}; ///< below the marks
+    QList<PictureNote> notes = {};   ///< above all else
 };
 
 /// Colour of the marks of a kind, and of segments.

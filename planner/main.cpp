@@ -3,6 +3,7 @@
 #include <planner/Case.h>
 #include <planner/CollisionSection.h>
 #include <planner/CommandLine.h>
+#include <planner/DentalSection.h>
 #include <planner/Failure.h>
 #include <planner/GreyValuesSection.h>
 #include <planner/Progress.h>
@@ -23,6 +24,7 @@ constexpr int kCannotDo = 2; // exit status
 // In the order of the report.
 constexpr planner::Section (*kSections[])(const planner::Case&, planner::Progress&) = {
     planner::createViewsSection,
+    planner::createDentalSection,
     planner::createCollisionSection,
     planner::createGreyValuesSection,
 };

@@ -22,14 +22,18 @@ namespace {
 class Landmarks : public testing::Test
 {
 protected:
-    QList<Landmark> read(const QByteArray& json, const QMatrix4x4& worldFromVoxel = {}) const
+    QString write(const QByteArray& json) const
     {
-        const QString path = folder.filePath(QStringLiteral("landmarks.json"));
+        QString path = folder.filePath(QStringLiteral("landmarks.json"));
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(json);
-        file.close();
-        return planner::readLandmarks(path, worldFromVoxel);
+        return path;
+    }
+
+    QList<Landmark> read(const QByteArray& json, const QMatrix4x4& worldFromVoxel = {}) const
+    {
+        return planner::readLandmarks(write(json), worldFromVoxel);
     }
 
     std::string refusal(const QByteArray& json) const
@@ -132,6 +136,51 @@ TEST_F(Landmarks, ConvertUniversalToFdiNumbers)
     EXPECT_EQ(planner::fdiNumber(24), 31);
     EXPECT_EQ(planner::fdiNumber(25), 41);
     EXPECT_EQ(planner::fdiNumber(32), 48);
+}
+
+TEST_F(Landmarks, ConvertFdiToUniversalNumbersAndBack)
+{
+    EXPECT_EQ(planner::universalNumber(18), 1);
+    EXPECT_EQ(planner::universalNumber(11), 8);
+    EXPECT_EQ(planner::universalNumber(38), 17);
+    EXPECT_EQ(planner::universalNumber(41), 25);
+    for (int universal = 1; universal <= 32; ++universal)
+        EXPECT_EQ(planner::universalNumber(planner::fdiNumber(universal)), universal);
+    for (const int none : {-11, 0, 5, 10, 19, 20, 49, 51, 111})
+        EXPECT_EQ(planner::universalNumber(none), 0) << none;
+}
+
+TEST_F(Landmarks, CanalsAreReadFromRightToLeft)
+{
+    QMatrix4x4 twice;
+    twice.scale(2);
+    const auto canals =
+        planner::readCanals(write(R"({"canal": {"left": {"points": [[1, 2, 3], {"voxel": [4, 5, 6]}]},
+                                                                "right": {"points": [[7, 8, 9]]}}})"),
+                            twice);
+    ASSERT_EQ(canals.size(), 2);
+    EXPECT_TRUE(canals[0].right);
+    EXPECT_EQ(canals[0].points, (QList<QVector3D>{{7, 8, 9}}));
+    EXPECT_FALSE(canals[1].right);
+    EXPECT_EQ(canals[1].points, (QList<QVector3D>{{1, 2, 3}, {8, 10, 12}}));
+}
+
+TEST_F(Landmarks, FileWithoutCanalsHasNone)
+{
+    EXPECT_TRUE(planner::readCanals(write(R"({"canal": 5})"), {}).isEmpty());
+    EXPECT_TRUE(planner::readCanals(write(R"({"canal": {"right": {"points": []}}})"), {}).isEmpty());
+    EXPECT_THROW(planner::readCanals(write(R"({"canal": {"right": {"points": [[1, 2]]}}})"), {}),
+                 planner::Failure);
+}
+
+TEST_F(Landmarks, CanalsOfTheBuiltInPatientRunFromForamenToForamen)
+{
+    const phantom::Patient patient;
+    const auto canals = planner::canalsOf(patient);
+    ASSERT_EQ(canals.size(), 2);
+    EXPECT_TRUE(canals[0].right);
+    EXPECT_EQ(canals[0].points.first(), patient.rightCanal().mandibularForamen);
+    EXPECT_EQ(canals[1].points.last(), patient.leftCanal().mentalForamen);
 }
 
 } // namespace

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using planner::LandmarkKind;
 using planner::MappedLandmark;
 
@@ -59,6 +61,56 @@ TEST_F(Picture, EnlargesFewSamplesByAWholeNumber)
     content.samples.fill(0);
     content.sampleSizeMm = {1, 1, 1};
     EXPECT_EQ(planner::paintPicture(content).size(), QSize(3 * 300 + 80, 3 * 10 + 80));
+}
+
+// 700 x 100 black samples of 0.5 mm: the view point (x, y) lies on pixel (40 + 2 x, 40 + 2 y).
+planner::PictureContent blank()
+{
+    planner::PictureContent content;
+    content.samples = QImage(700, 100, QImage::Format_Grayscale8);
+    content.samples.fill(0);
+    content.sampleSizeMm = {0.5F, 0.5F, 1.0F};
+    return content;
+}
+
+TEST_F(Picture, PaintsCurvesThroughTheirPoints)
+{
+    planner::PictureContent content = blank();
+    content.curves.append({{{10.25, 20.25}, {200.25, 20.25}}, QColor(200, 10, 20), 3.0, false});
+    const QImage image = planner::paintPicture(content);
+    EXPECT_EQ(QColor(image.pixel(160, 80)), QColor(200, 10, 20));
+    EXPECT_EQ(QColor(image.pixel(460, 80)), QColor(Qt::black)) << "beyond the end";
+}
+
+TEST_F(Picture, PaintsDotsAndRingsOfNotes)
+{
+    planner::PictureContent content = blank();
+    content.notes.append({{50.25, 25.25}, planner::PictureNote::Dot, {}, QColor(10, 200, 20)});
+    content.notes.append({{150.25, 25.25}, planner::PictureNote::Ring, {}, QColor(10, 20, 200)});
+    const QImage image = planner::paintPicture(content);
+    EXPECT_EQ(QColor(image.pixel(140, 90)), QColor(10, 200, 20));
+    EXPECT_EQ(QColor(image.pixel(340, 90)), QColor(Qt::black)) << "hollow";
+    EXPECT_GT(QColor(image.pixel(348, 90)).blue(), 100) << "8 pixels from the centre";
+}
+
+TEST_F(Picture, CentresTheTextOfANote)
+{
+    planner::PictureContent content = blank();
+    content.notes.append(
+        {{100.0, 25.0}, planner::PictureNote::NoSymbol, QStringLiteral("HH"), QColor(Qt::white)});
+    const QImage image = planner::paintPicture(content);
+    int left = image.width();
+    int right = 0;
+    for (int y = 80; y < 100; ++y) {
+        for (int x = 200; x < 280; ++x) {
+            if (QColor(image.pixel(x, y)).lightness() > 128) {
+                left = std::min(left, x);
+                right = std::max(right, x);
+            }
+        }
+    }
+    EXPECT_GT(right - left, 10);
+    EXPECT_NEAR((left + right) / 2.0, 240.0, 2.0);
 }
 
 } // namespace
