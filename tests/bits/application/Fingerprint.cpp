@@ -6,6 +6,7 @@
 int main()
 {
     bits::fingerprintModel();
+    bits::fingerprintDental();
     bits::fingerprintReslice();
     bits::fingerprintCollision();
     bits::fingerprintGreyvalue();

@@ -6,6 +6,7 @@
 namespace bits {
 
 void fingerprintModel();
+void fingerprintDental();
 void fingerprintReslice();
 void fingerprintCollision();
 void fingerprintGreyvalue();
