@@ -1,0 +1,167 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <CoreAlgorithms/reslice/ImageBoundingBoxCalculator.h>
+
+#include <QImage>
+#include <QMessageLogger>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr QRgb kAlphaMask = 0xff000000U;
+constexpr QRgb kFaintestBackground = 10U << 24U; // alpha 10 of 255 is still background
+constexpr int kBlock = 64;                       // pixels that are tested at once
+
+bool isContent(QRgb pixel)
+{
+    return (pixel & kAlphaMask) > kFaintestBackground;
+}
+
+bool hasPalette(QImage::Format format)
+{
+    return format == QImage::Format_Mono || format == QImage::Format_MonoLSB ||
+           format == QImage::Format_Indexed8;
+}
+
+bool storesArgb(QImage::Format format)
+{
+    return format == QImage::Format_ARGB32 || format == QImage::Format_ARGB32_Premultiplied;
+}
+
+// The content of an image, row by row.
+class Content
+{
+public:
+    explicit Content(const QImage& shown)
+        : image(shown), palette(hasPalette(shown.format())), argb(storesArgb(shown.format()))
+    {
+        if (!palette)
+            return;
+        const QList<QRgb> colours = image.colorTable();
+        const auto count = std::min<qsizetype>(colours.size(), qsizetype(paletteContent.size()));
+        std::transform(colours.begin(), colours.begin() + count, paletteContent.begin(), isContent);
+    }
+
+    // First column with content in [begin, end) of the row; `end` if there is none.
+    int firstIn(int row, int begin, int end) const
+    {
+        if (!argb)
+            return firstSingly(row, begin, end);
+        const QRgb* pixels = argbRow(row);
+        int x = begin;
+        while (x + kBlock <= end && !anyInBlock(pixels + x))
+            x += kBlock;
+        return static_cast<int>(std::find_if(pixels + x, pixels + end, isContent) - pixels);
+    }
+
+    // Last column with content in [begin, end) of the row; begin - 1 if there is none.
+    int lastIn(int row, int begin, int end) const
+    {
+        int x = end;
+        if (argb) {
+            const QRgb* pixels = argbRow(row);
+            while (x - kBlock >= begin && !anyInBlock(pixels + x - kBlock))
+                x -= kBlock;
+        }
+        while (x > begin && !at(x - 1, row))
+            --x;
+        return x - 1;
+    }
+
+    bool anyInRow(int row) const { return firstIn(row, 0, image.width()) < image.width(); }
+
+private:
+    const QRgb* argbRow(int row) const { return reinterpret_cast<const QRgb*>(image.constScanLine(row)); }
+
+    // Without a way out of the loop, so that compilers test several pixels at once.
+    static bool anyInBlock(const QRgb* pixels)
+    {
+        QRgb any = 0;
+        for (int i = 0; i < kBlock; ++i)
+            any |= static_cast<QRgb>(isContent(pixels[i]));
+        return any != 0;
+    }
+
+    int firstSingly(int row, int begin, int end) const
+    {
+        int x = begin;
+        while (x < end && !at(x, row))
+            ++x;
+        return x;
+    }
+
+    bool at(int x, int y) const
+    {
+        // QImage::pixel() trusts that the colour table has an entry for every index.
+        return palette ? paletteContent[static_cast<std::size_t>(image.pixelIndex(x, y))]
+                       : isContent(image.pixel(x, y));
+    }
+
+    const QImage& image;
+    bool palette;
+    bool argb;
+    std::array<bool, 256> paletteContent{}; // by colour index
+};
+
+int warnThatNothingWasFound()
+{
+    QMessageLogger().warning("Failed to create bounding box on image");
+    return 0;
+}
+
+} // namespace
+
+QRect ImageBoundingBoxCalculator::createBoundingBox(const QImage& image)
+{
+    if (image.isNull())
+        return {};
+    const int top = findFirstYBorder(image);
+    const int left = findFirstXBorder(image);
+    const int bottom = findSecondYBorder(image);
+    const int right = findSecondXBorder(image);
+    return {QPoint(left, top), QPoint(right, bottom)};
+}
+
+// The column searches, too, go through the image row by row, as it lies in memory; each row is asked only for the
+// columns that would better the border found so far.
+int ImageBoundingBoxCalculator::findFirstXBorder(const QImage& image)
+{
+    const Content content(image);
+    int border = image.width();
+    for (int row = 0; row < image.height() && border > 0; ++row)
+        border = content.firstIn(row, 0, border);
+    return border < image.width() ? border : warnThatNothingWasFound();
+}
+
+int ImageBoundingBoxCalculator::findFirstYBorder(const QImage& image)
+{
+    const Content content(image);
+    for (int row = 0; row < image.height(); ++row) {
+        if (content.anyInRow(row))
+            return row;
+    }
+    return warnThatNothingWasFound();
+}
+
+int ImageBoundingBoxCalculator::findSecondXBorder(const QImage& image)
+{
+    const Content content(image);
+    // Intended: column 0 is left out, as row 0 is below; the application's crops rely on the warning when all there
+    // is to see is the first column or row.
+    int border = 0;
+    for (int row = 0; row < image.height() && border < image.width() - 1; ++row)
+        border = content.lastIn(row, border + 1, image.width());
+    return border > 0 ? border : warnThatNothingWasFound();
+}
+
+int ImageBoundingBoxCalculator::findSecondYBorder(const QImage& image)
+{
+    const Content content(image);
+    for (int row = image.height() - 1; row > 0; --row) {
+        if (content.anyInRow(row))
+            return row;
+    }
+    return warnThatNothingWasFound();
+}
