@@ -7,6 +7,7 @@
 
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 
+#include <tests/support/ExactComparison.h>
 #include <tests/support/ResliceBuilders.h>
 
 #include <gtest/gtest.h>
@@ -31,39 +32,15 @@ struct CoordinateMapperTestAccess
 
 namespace {
 
+using test::expectLine;
+using test::expectPoint;
 using test::makeCephReslice;
 using test::makePlanarReslice;
 using test::RandomGeometry;
+using test::sameBits;
 
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
-
-// Equal bits; NaN is NaN, its sign and payload are nobody's promise.
-bool sameBits(double a, double b)
-{
-    return (std::isnan(a) && std::isnan(b)) ||
-           std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
-}
-
-// QPointF and QVector3D compare fuzzily in part; these do not.
-void expectPoint(const QPointF& point, double x, double y)
-{
-    EXPECT_TRUE(point.x() == x && point.y() == y)
-        << "(" << point.x() << ", " << point.y() << ") is not (" << x << ", " << y << ")";
-}
-
-void expectPoint(const QVector3D& point, float x, float y, float z)
-{
-    EXPECT_TRUE(point.x() == x && point.y() == y && point.z() == z)
-        << "(" << point.x() << ", " << point.y() << ", " << point.z() << ") is not (" << x << ", " << y
-        << ", " << z << ")";
-}
-
-void expectLine(const QLineF& line, double x1, double y1, double x2, double y2)
-{
-    expectPoint(line.p1(), x1, y1);
-    expectPoint(line.p2(), x2, y2);
-}
 
 bool isInPlane(const PlanarReslice& reslice, const QVector3D& point)
 {
@@ -623,8 +600,7 @@ TEST(CoordinateMapper, Law3ListHasTheBitsOfThePointByPointMapping)
         ASSERT_EQ(images.size(), points.size());
         for (qsizetype p = 0; p < points.size(); ++p) {
             const auto [point, verdict, slice] = CoordinateMapper::_3D_To_2D_Planar(reslice.get(), points[p]);
-            ASSERT_TRUE(sameBits(images[p].first.x(), point.x()) && sameBits(images[p].first.y(), point.y()))
-                << p;
+            ASSERT_TRUE(sameBits(images[p].first, point)) << p;
             ASSERT_EQ(images[p].second, verdict) << p;
         }
     }
