@@ -32,9 +32,19 @@ static_assert(hostcontract::PlanarResliceFamily<PlanarReslice>,
               "PlanarReslice lacks an operation that the library calls");
 static_assert(hostcontract::CephResliceFamily<CephReslice>,
               "CephReslice lacks an operation that the library calls");
+static_assert(hostcontract::PanoramicResliceFamily<PanoramicReslice, ResliceType, math::Range<float>>,
+              "PanoramicReslice lacks an operation that the library calls");
 static_assert(std::derived_from<PlanarReslice, Reslice> && std::derived_from<CephReslice, Reslice> &&
                   std::derived_from<PanoramicReslice, Reslice>,
               "PlanarReslice, CephReslice or PanoramicReslice is no Reslice");
+static_assert(hostcontract::ArchLineFamily<GuidingLine>,
+              "GuidingLine lacks an operation that the library calls");
+static_assert(hostcontract::DrawnSplineFamily<PlanarGuidingSpline,
+                                              patterns::Observer<GuidingLine, events::GuidingLineEvent>,
+                                              events::GuidingLineEvent>,
+              "PlanarGuidingSpline lacks an operation that the library calls");
+static_assert(hostcontract::PlaneFitResult<decltype(algebra::fitPlane(std::vector<Eigen::Vector3d>()))>,
+              "algebra::fitPlane returns nothing that the library can use");
 static_assert(hostcontract::RayValue<primitives::QRay3D>,
               "primitives::QRay3D lacks a constructor that the library calls");
 static_assert(hostcontract::PlaneValue<primitives::Plane, primitives::QRay3D>,

@@ -404,6 +404,54 @@ concept ToothAnnotationFamily = std::default_initializable<Annotation> &&
     label.setDirection(vector);
 };
 
+/// PanoramicReslice, which leads to its guiding line by a pointer that may be null. The reslice type whose value
+/// is 1 is the slab of getThickness().
+template <typename PanoramicReslice, typename ResliceType, typename Range>
+concept PanoramicResliceFamily = TypedObject<PanoramicReslice> && requires(const PanoramicReslice& reslice)
+{
+    { reslice.getPath() } -> std::convertible_to<QList<QVector3D>>;
+    { static_cast<bool>(reslice.getGuidingLine()) };
+    { reslice.getGuidingLine()->getUpperDirection() } -> std::convertible_to<QVector3D>;
+    { reslice.getVerticalRange() } -> std::convertible_to<Range>;
+    { reslice.getWidth() } -> std::convertible_to<float>;
+    { reslice.getHeight() } -> std::convertible_to<float>;
+    { reslice.getDimensions() } -> std::convertible_to<QSizeF>;
+    { reslice.getSampleSize() } -> std::convertible_to<QVector3D>;
+    { reslice.getThickness() } -> std::convertible_to<float>;
+    { reslice.isType(static_cast<ResliceType>(1)) } -> std::convertible_to<bool>;
+    { reslice.isMirroredHorizontallyIn2D() } -> std::convertible_to<bool>;
+    { reslice.isMirroredVerticallyIn2D() } -> std::convertible_to<bool>;
+};
+
+/// GuidingLine, as the reslices use it.
+template <typename GuidingLine>
+concept ArchLineFamily = TypedObject<GuidingLine> && requires(const GuidingLine& line, int pathIndex)
+{
+    { line.getOriginalPath() } -> std::convertible_to<QList<QVector3D>>;
+    { line.getPerpendicularDirection(pathIndex) } -> std::convertible_to<QVector3D>;
+};
+
+/// PlanarGuidingSpline, with pointers to its control points and the observers of its events. The event whose type
+/// has the value 3 tells that control points were added or removed.
+template <typename Spline, typename Observer, typename Event>
+concept DrawnSplineFamily =
+    requires(const Spline& spline, Spline& changeable, Observer* observer, const Event& event)
+{
+    { spline.getControlPoints().size() } -> std::convertible_to<qsizetype>;
+    { (*spline.getControlPoints().begin())->getPosition() } -> std::convertible_to<QVector3D>;
+    changeable.attach(observer);
+    static_cast<int>(event.type);
+};
+
+/// What algebra::fitPlane returns: a plane or nothing, with the triples point and normal in double precision.
+template <typename Fit>
+concept PlaneFitResult = requires(const Fit& fit)
+{
+    static_cast<bool>(fit);
+    { fit.value().point.x() } -> std::convertible_to<double>;
+    { fit.value().normal.x() } -> std::convertible_to<double>;
+};
+
 // clang-format on
 
 } // namespace hostcontract
