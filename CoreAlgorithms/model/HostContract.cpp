@@ -34,6 +34,7 @@ static_assert(hostcontract::CephResliceFamily<CephReslice>,
               "CephReslice lacks an operation that the library calls");
 static_assert(hostcontract::PanoramicResliceFamily<PanoramicReslice, ResliceType, math::Range<float>>,
               "PanoramicReslice lacks an operation that the library calls");
+static_assert(hostcontract::ResliceFamily<Reslice>, "Reslice lacks an operation that the library calls");
 static_assert(std::derived_from<PlanarReslice, Reslice> && std::derived_from<CephReslice, Reslice> &&
                   std::derived_from<PanoramicReslice, Reslice>,
               "PlanarReslice, CephReslice or PanoramicReslice is no Reslice");

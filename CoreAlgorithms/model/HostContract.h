@@ -37,6 +37,16 @@ concept TypedObject = requires(const Object& object, const QString& classTypeId)
     { object.isOfType(classTypeId) } -> std::convertible_to<bool>;
 };
 
+/// Reslice, from which the three kinds are derived.
+template <typename Reslice>
+concept ResliceFamily = TypedObject<Reslice> && requires(const Reslice& reslice)
+{
+    { reslice.getWidth() } -> std::convertible_to<float>;
+    { reslice.getHeight() } -> std::convertible_to<float>;
+    { reslice.isMirroredHorizontallyIn2D() } -> std::convertible_to<bool>;
+    { reslice.isMirroredVerticallyIn2D() } -> std::convertible_to<bool>;
+};
+
 /// PlanarReslice.
 template <typename PlanarReslice>
 concept PlanarResliceFamily = TypedObject<PlanarReslice> &&

@@ -7,28 +7,15 @@
 
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 
+#include <tests/reslice/CoordinateMapperTestAccess.h>
 #include <tests/support/ExactComparison.h>
 #include <tests/support/ResliceBuilders.h>
 
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <cmath>
-#include <cstdint>
 #include <limits>
 #include <type_traits>
-
-struct CoordinateMapperTestAccess
-{
-    static QVector3D upper(const PlanarReslice* reslice, QVector3D a, QVector3D b)
-    {
-        return CoordinateMapper::intersectWithUpperPlane(reslice, a, b);
-    }
-    static QVector3D lower(const PlanarReslice* reslice, QVector3D a, QVector3D b)
-    {
-        return CoordinateMapper::intersectWithLowerPlane(reslice, a, b);
-    }
-};
 
 namespace {
 

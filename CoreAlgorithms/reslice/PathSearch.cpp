@@ -1,0 +1,153 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <CoreAlgorithms/reslice/PathSearch_p.h>
+
+#include <CoreAlgorithms/dental/ComputeIndexOnGuidingLine.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr float kInfinity = std::numeric_limits<float>::infinity();
+
+bool isFiniteVector(const QVector3D& v)
+{
+    return std::isfinite(v.x()) && std::isfinite(v.y()) && std::isfinite(v.z());
+}
+
+struct Box
+{
+    // An empty box lies infinitely far from everything.
+    QVector3D low{kInfinity, kInfinity, kInfinity};
+    QVector3D high{-kInfinity, -kInfinity, -kInfinity};
+
+    void include(const Box& other)
+    {
+        for (int axis = 0; axis < 3; ++axis) {
+            low[axis] = std::min(low[axis], other.low[axis]);
+            high[axis] = std::max(high[axis], other.high[axis]);
+        }
+    }
+};
+
+// How far a coordinate lies outside an interval.
+float beyond(float low, float high, float coordinate)
+{
+    return std::max(std::max(low - coordinate, coordinate - high), 0.0F);
+}
+
+// As QVector3D::lengthSquared() has it.
+float lengthSquared(float x, float y, float z)
+{
+    return x * x + y * y + z * z;
+}
+
+std::size_t countParts(std::size_t size, std::size_t partSize)
+{
+    return (size + partSize - 1) / partSize;
+}
+
+} // namespace
+
+PathSearch::PathSearch(const QList<QVector3D>& samples)
+    : path(samples),
+      isSearchable(!samples.isEmpty() && samples.size() <= std::numeric_limits<int>::max() &&
+                   std::all_of(samples.cbegin(), samples.cend(), isFiniteVector))
+{
+    if (!isSearchable)
+        return;
+
+    const auto size = static_cast<std::size_t>(path.size());
+    runs.resize(countParts(size, kRunLength));
+    std::vector<Box> boxes(runs.size());
+    for (std::size_t i = 0; i < runs.size() * kRunLength; ++i) {
+        Run& run = runs[i / kRunLength];
+        const std::size_t place = i % kRunLength;
+        // The last run is filled up with a place that is infinitely far from every point.
+        const QVector3D sample =
+            i < size ? path[static_cast<qsizetype>(i)] : QVector3D(kInfinity, kInfinity, kInfinity);
+        run.x[place] = sample.x();
+        run.y[place] = sample.y();
+        run.z[place] = sample.z();
+        if (i < size)
+            boxes[i / kRunLength].include({sample, sample});
+    }
+
+    do {
+        std::vector<BoxGroup> groups(countParts(boxes.size(), kGroupSize));
+        std::vector<Box> around(groups.size());
+        for (std::size_t i = 0; i < groups.size() * kGroupSize; ++i) {
+            BoxGroup& group = groups[i / kGroupSize];
+            const std::size_t place = i % kGroupSize;
+            const Box box = i < boxes.size() ? boxes[i] : Box();
+            group.lowX[place] = box.low.x();
+            group.lowY[place] = box.low.y();
+            group.lowZ[place] = box.low.z();
+            group.highX[place] = box.high.x();
+            group.highY[place] = box.high.y();
+            group.highZ[place] = box.high.z();
+            around[i / kGroupSize].include(box);
+        }
+        levels.push_back(std::move(groups));
+        boxes = std::move(around);
+    } while (boxes.size() > 1);
+}
+
+int PathSearch::nearestTo(const QVector3D& point)
+{
+    if (!isSearchable || !isFiniteVector(point))
+        return ComputeIndexOnGuidingLine::getIndexOf(point, path);
+    Nearest nearest{nearestBefore, (path.at(nearestBefore) - point).lengthSquared()};
+    searchGroup(levels.size() - 1, 0, point, nearest);
+    nearestBefore = nearest.index;
+    return nearest.index;
+}
+
+void PathSearch::searchGroup(std::size_t level, std::size_t group, const QVector3D& point,
+                             Nearest& nearest) const
+{
+    const BoxGroup& boxes = levels[level][group];
+    std::array<float, kGroupSize> squaredDistances;
+    for (std::size_t i = 0; i < kGroupSize; ++i) {
+        squaredDistances[i] = lengthSquared(beyond(boxes.lowX[i], boxes.highX[i], point.x()),
+                                            beyond(boxes.lowY[i], boxes.highY[i], point.y()),
+                                            beyond(boxes.lowZ[i], boxes.highZ[i], point.z()));
+    }
+    const std::size_t parts = level == 0 ? runs.size() : levels[level - 1].size();
+    const auto search = [&](std::size_t place) {
+        const std::size_t part = group * kGroupSize + place;
+        if (squaredDistances[place] > nearest.squaredDistance || part >= parts)
+            return;
+        if (level == 0)
+            searchRun(part, point, nearest);
+        else
+            searchGroup(level - 1, part, point, nearest);
+    };
+    // The closest first: it leaves the fewest of the others to be searched.
+    const auto* closest = std::min_element(squaredDistances.begin(), squaredDistances.end());
+    const auto first = static_cast<std::size_t>(closest - squaredDistances.begin());
+    search(first);
+    for (std::size_t place = 0; place < kGroupSize; ++place) {
+        if (place != first)
+            search(place);
+    }
+}
+
+void PathSearch::searchRun(std::size_t run, const QVector3D& point, Nearest& nearest) const
+{
+    const Run& samples = runs[run];
+    std::array<float, kRunLength> squaredDistances;
+    for (std::size_t i = 0; i < kRunLength; ++i) {
+        squaredDistances[i] =
+            lengthSquared(samples.x[i] - point.x(), samples.y[i] - point.y(), samples.z[i] - point.z());
+    }
+    const float smallest = *std::min_element(squaredDistances.begin(), squaredDistances.end());
+    if (smallest > nearest.squaredDistance)
+        return;
+    const auto* first = std::find(squaredDistances.begin(), squaredDistances.end(), smallest);
+    const int index = static_cast<int>(run) * kRunLength + static_cast<int>(first - squaredDistances.begin());
+    if (smallest < nearest.squaredDistance || index < nearest.index)
+        nearest = {index, smallest};
+}
