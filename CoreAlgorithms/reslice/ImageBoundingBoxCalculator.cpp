@@ -70,6 +70,9 @@ public:
         return x - 1;
     }
 
+    int width() const { return image.width(); }
+    int height() const { return image.height(); }
+
     bool anyInRow(int row) const { return firstIn(row, 0, image.width()) < image.width(); }
 
 private:
@@ -111,57 +114,74 @@ int warnThatNothingWasFound()
     return 0;
 }
 
+int firstRow(const Content& content)
+{
+    for (int row = 0; row < content.height(); ++row) {
+        if (content.anyInRow(row))
+            return row;
+    }
+    return warnThatNothingWasFound();
+}
+
+int lastRow(const Content& content)
+{
+    for (int row = content.height() - 1; row > 0; --row) {
+        if (content.anyInRow(row))
+            return row;
+    }
+    return warnThatNothingWasFound();
+}
+
+// The column searches, too, go through the image row by row, as it lies in memory, from the first row that may hold
+// content; each row is asked only for the columns that would better the border found so far.
+int firstColumn(const Content& content, int fromRow)
+{
+    int border = content.width();
+    for (int row = fromRow; row < content.height() && border > 0; ++row)
+        border = content.firstIn(row, 0, border);
+    return border < content.width() ? border : warnThatNothingWasFound();
+}
+
+int lastColumn(const Content& content, int fromRow)
+{
+    // Intended: column 0 is left out, as row 0 is in lastRow(); the application's crops rely on the warning when all
+    // there is to see is the first column or row.
+    int border = 0;
+    for (int row = fromRow; row < content.height() && border < content.width() - 1; ++row)
+        border = content.lastIn(row, border + 1, content.width());
+    return border > 0 ? border : warnThatNothingWasFound();
+}
+
 } // namespace
 
 QRect ImageBoundingBoxCalculator::createBoundingBox(const QImage& image)
 {
     if (image.isNull())
         return {};
-    const int top = findFirstYBorder(image);
-    const int left = findFirstXBorder(image);
-    const int bottom = findSecondYBorder(image);
-    const int right = findSecondXBorder(image);
+    const Content content(image);
+    const int top = firstRow(content);
+    const int left = firstColumn(content, top);
+    const int bottom = lastRow(content);
+    const int right = lastColumn(content, top);
     return {QPoint(left, top), QPoint(right, bottom)};
 }
 
-// The column searches, too, go through the image row by row, as it lies in memory; each row is asked only for the
-// columns that would better the border found so far.
 int ImageBoundingBoxCalculator::findFirstXBorder(const QImage& image)
 {
-    const Content content(image);
-    int border = image.width();
-    for (int row = 0; row < image.height() && border > 0; ++row)
-        border = content.firstIn(row, 0, border);
-    return border < image.width() ? border : warnThatNothingWasFound();
+    return firstColumn(Content(image), 0);
 }
 
 int ImageBoundingBoxCalculator::findFirstYBorder(const QImage& image)
 {
-    const Content content(image);
-    for (int row = 0; row < image.height(); ++row) {
-        if (content.anyInRow(row))
-            return row;
-    }
-    return warnThatNothingWasFound();
+    return firstRow(Content(image));
 }
 
 int ImageBoundingBoxCalculator::findSecondXBorder(const QImage& image)
 {
-    const Content content(image);
-    // Intended: column 0 is left out, as row 0 is below; the application's crops rely on the warning when all there
-    // is to see is the first column or row.
-    int border = 0;
-    for (int row = 0; row < image.height() && border < image.width() - 1; ++row)
-        border = content.lastIn(row, border + 1, image.width());
-    return border > 0 ? border : warnThatNothingWasFound();
+    return lastColumn(Content(image), 0);
 }
 
 int ImageBoundingBoxCalculator::findSecondYBorder(const QImage& image)
 {
-    const Content content(image);
-    for (int row = image.height() - 1; row > 0; --row) {
-        if (content.anyInRow(row))
-            return row;
-    }
-    return warnThatNothingWasFound();
+    return lastRow(Content(image));
 }

@@ -15,7 +15,7 @@ class QImage;
 ///
 /// (1) createBoundingBox has the result of four searches that ask QImage::pixel() for pixel after pixel.
 ///
-/// Linear in the number of pixels; ARGB32 images take the time of reading their memory twice.
+/// Linear in the number of pixels; ARGB32 images take the time of reading their memory about once.
 class COREALGORITHMS_EXPORT ImageBoundingBoxCalculator
 {
 public:
