@@ -58,6 +58,30 @@ QList<MappedLandmark> mapOntoCeph(const QList<Landmark>& landmarks, const CephRe
     return mapped;
 }
 
+QList<MappedLandmark> mapOntoPanoramic(const QList<Landmark>& landmarks, const PanoramicReslice& reslice)
+{
+    QList<MappedLandmark> mapped;
+    for (const Landmark& landmark : landmarks) {
+        bool inPlane = false;
+        bool inSlice = false;
+        const QPointF inView =
+            CoordinateMapper::_3D_To_2D_Panoramic(&reslice, landmark.position, inPlane, inSlice, true);
+        const QVector3D back = CoordinateMapper::_2D_To_3D_Panoramic(&reslice, inView);
+        const QPoint pixel = pixelAt(reslice, inView);
+        const QVector3D clicked =
+            CoordinateMapper::_2D_To_3D_Panoramic(&reslice, pixelCentre(reslice, pixel));
+        const QVector3D depth =
+            CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(&reslice, inView).column(2).toVector3D();
+        const auto alongSurface = [&](const QVector3D& point) {
+            const Eigen::Vector3d away = toEigen(point) - toEigen(landmark.position);
+            return (away - toEigen(depth) * toEigen(depth).dot(away)).norm();
+        };
+        mapped.append(
+            {landmark, inView, pixel, back, alongSurface(back), alongSurface(clicked), inPlane, inSlice});
+    }
+    return mapped;
+}
+
 MappedSegment mapSegment(const QString& name, const QVector3D& start, const QVector3D& end,
                          const PlanarReslice& reslice)
 {

@@ -14,6 +14,7 @@
 #include <optional>
 
 class CephReslice;
+class PanoramicReslice;
 class PlanarReslice;
 
 namespace planner {
@@ -43,6 +44,8 @@ struct MappedSegment
 
 QList<MappedLandmark> mapOntoPlanar(const QList<Landmark>& landmarks, const PlanarReslice& reslice);
 QList<MappedLandmark> mapOntoCeph(const QList<Landmark>& landmarks, const CephReslice& reslice);
+/// Errors are those along the surface, the foot being that on the tangent plane where the point was mapped to.
+QList<MappedLandmark> mapOntoPanoramic(const QList<Landmark>& landmarks, const PanoramicReslice& reslice);
 MappedSegment mapSegment(const QString& name, const QVector3D& start, const QVector3D& end,
                          const PlanarReslice& reslice);
 

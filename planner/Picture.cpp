@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/Picture.h>
 
+#include <planner/PictureStyle.h>
+
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
@@ -24,8 +26,6 @@ constexpr double kDotRadius = 4.0;
 constexpr double kRingRadius = 8.0;
 constexpr int kLabelPixels = 15;
 constexpr int kLetterPixels = 20;
-const QColor kFrameColour(0x12, 0x17, 0x1c);
-const QColor kTextColour(0xf2, 0xf4, 0xf6);
 
 double radius(LandmarkKind kind)
 {
@@ -41,15 +41,6 @@ double radius(LandmarkKind kind)
     return 3.5;
 }
 
-QFont fontOf(int pixels, bool bold)
-{
-    QFont font(QStringLiteral("DejaVu Sans"));
-    font.setStyleHint(QFont::SansSerif);
-    font.setPixelSize(pixels);
-    font.setBold(bold);
-    return font;
-}
-
 class Canvas
 {
 public:
@@ -60,7 +51,7 @@ public:
                 QImage::Format_RGB32),
           inner(kFrame, kFrame, shown.samples.width() * zoom, shown.samples.height() * zoom)
     {
-        image.fill(kFrameColour);
+        image.fill(kGroundColour);
     }
 
     QImage paint()
@@ -203,15 +194,16 @@ private:
         const double width = metrics.horizontalAdvance(mark.landmark.label);
         const double height = metrics.height();
         const double gap = radius(mark.landmark.kind) + 4.0;
-        const std::array<QRectF, 8> places = {
-            QRectF(at.x() + gap, at.y() - height / 2.0, width, height),
-            QRectF(at.x() - gap - width, at.y() - height / 2.0, width, height),
-            QRectF(at.x() - width / 2.0, at.y() - gap - height, width, height),
-            QRectF(at.x() - width / 2.0, at.y() + gap, width, height),
-            QRectF(at.x() + gap, at.y() - gap - height, width, height),
-            QRectF(at.x() + gap, at.y() + gap, width, height),
-            QRectF(at.x() - gap - width, at.y() - gap - height, width, height),
-            QRectF(at.x() - gap - width, at.y() + gap, width, height)};
+        std::array<QRectF, 8> places = {QRectF(at.x() + gap, at.y() - height / 2.0, width, height),
+                                        QRectF(at.x() - gap - width, at.y() - height / 2.0, width, height),
+                                        QRectF(at.x() - width / 2.0, at.y() - gap - height, width, height),
+                                        QRectF(at.x() - width / 2.0, at.y() + gap, width, height),
+                                        QRectF(at.x() + gap, at.y() - gap - height, width, height),
+                                        QRectF(at.x() + gap, at.y() + gap, width, height),
+                                        QRectF(at.x() - gap - width, at.y() - gap - height, width, height),
+                                        QRectF(at.x() - gap - width, at.y() + gap, width, height)};
+        if (content.labelsAbove)
+            std::rotate(places.begin(), places.begin() + 2, places.begin() + 4);
         const auto isFree = [this](const QRectF& place) {
             return QRectF(inner).contains(place) &&
                    std::none_of(taken.cbegin(), taken.cend(),

@@ -53,6 +53,7 @@ struct PictureContent
     QList<MappedLandmark> marks;          ///< filled if in the slab or in a projection, else hollow
     std::optional<MappedSegment> segment; ///< solid within the slab, dotted outside
     bool labelTeeth = true;
+    bool labelsAbove = false;        ///< rather than beside their marks, for marks in a row
     QList<PictureCurve> curves = {}; ///< below the marks
     QList<PictureNote> notes = {};   ///< above all else
 };

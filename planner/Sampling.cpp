@@ -23,6 +23,7 @@ namespace {
 
 constexpr double kWhiteFraction = 0.002; // of the pixels that show matter: metal does not darken the rest
 constexpr double kGamma = 0.9;           // lifts soft tissue, the profile of the face
+constexpr float kDepthStepMm = 0.5F;     // across the surface of a panoramic view
 constexpr double kAirSum = 4.0;          // mm of water; less is air with noise
 
 Eigen::Affine3d affine(const QMatrix4x4& matrix)
@@ -216,6 +217,42 @@ QImage project(const Sampler& sampler, const Volume& volume, const GreyScale& sc
         tell(progress, row, size.height());
     }
     return stretched(sums, size);
+}
+
+QImage unroll(const Sampler& sampler, const GreyScale& scale, const PanoramicReslice& reslice, float depthMm,
+              const std::function<void(double)>& progress)
+{
+    const QSize size = pixelCount(reslice);
+    std::vector<QVector3D> depths; // of the columns
+    depths.reserve(static_cast<std::size_t>(size.width()));
+    for (int column = 0; column < size.width(); ++column)
+        depths.push_back(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(
+                             &reslice, pixelCentre(reslice, {column, 0}))
+                             .column(2)
+                             .toVector3D());
+    const int steps = std::max(1, static_cast<int>(depthMm / kDepthStepMm));
+    std::vector<float> sums(static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()));
+    QImage outside(size, QImage::Format_Alpha8);
+    outside.fill(0U);
+    auto sum = sums.begin();
+    for (int row = 0; row < size.height(); ++row) {
+        uchar* visible = outside.scanLine(row);
+        for (int column = 0; column < size.width(); ++column, ++sum) {
+            const QVector3D world =
+                CoordinateMapper::_2D_To_3D_Panoramic(&reslice, pixelCentre(reslice, {column, row}));
+            visible[column] = std::isnan(sampler.valueAt(world)) ? 0 : 255;
+            double total = 0.0;
+            for (int i = -steps; i <= steps; ++i)
+                total +=
+                    scale.attenuation(sampler.valueAt(world + depths[static_cast<std::size_t>(column)] *
+                                                                  (static_cast<float>(i) * kDepthStepMm)));
+            *sum = static_cast<float>(total) * kDepthStepMm;
+        }
+        tell(progress, row, size.height());
+    }
+    QImage picture = stretched(sums, size).convertToFormat(QImage::Format_ARGB32);
+    picture.setAlphaChannel(outside);
+    return picture;
 }
 
 } // namespace planner

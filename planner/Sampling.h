@@ -14,6 +14,7 @@
 #include <functional>
 
 class CephReslice;
+class PanoramicReslice;
 class PlanarReslice;
 class Reslice;
 
@@ -58,5 +59,11 @@ QImage cutOut(const Sampler& sampler, const GreyScale& scale, const PlanarReslic
 /// any are white.
 QImage project(const Sampler& sampler, const Volume& volume, const GreyScale& scale,
                const CephReslice& reslice, const std::function<void(double)>& progress = {});
+
+/// The ribbon laid flat, for a view that is not mirrored: each pixel is bright where much matter lies within `depthMm`
+/// to either side of the surface, as in a panoramic radiograph, stretched like project(). Transparent where the surface
+/// is outside the volume.
+QImage unroll(const Sampler& sampler, const GreyScale& scale, const PanoramicReslice& reslice, float depthMm,
+              const std::function<void(double)>& progress = {});
 
 } // namespace planner

@@ -6,6 +6,7 @@
 #include <planner/DentalSection.h>
 #include <planner/Failure.h>
 #include <planner/GreyValuesSection.h>
+#include <planner/PanoramicSection.h>
 #include <planner/Progress.h>
 #include <planner/Report.h>
 #include <planner/ViewsSection.h>
@@ -23,10 +24,8 @@ constexpr int kCannotDo = 2; // exit status
 
 // In the order of the report.
 constexpr planner::Section (*kSections[])(const planner::Case&, planner::Progress&) = {
-    planner::createViewsSection,
-    planner::createDentalSection,
-    planner::createCollisionSection,
-    planner::createGreyValuesSection,
+    planner::createViewsSection,      planner::createDentalSection,    planner::createCollisionSection,
+    planner::createGreyValuesSection, planner::createPanoramicSection,
 };
 
 void run(const planner::Options& options)
