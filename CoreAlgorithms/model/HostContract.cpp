@@ -10,8 +10,13 @@
 #include <CoreAlgorithms/model/dataobjects/ColormapFunctions.h>
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Implants.h>
+#include <CoreAlgorithms/model/dataobjects/JawParts.h>
+#include <CoreAlgorithms/model/dataobjects/Occlusions.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
+#include <CoreAlgorithms/model/dataobjects/ScanSetups.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
+#include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
+#include <CoreAlgorithms/model/dataobjects/SurfaceTrees.h>
 #include <CoreAlgorithms/model/dataobjects/Teeth.h>
 #include <CoreAlgorithms/model/dataobjects/VolumeObject.h>
 #include <CoreAlgorithms/model/fundamentals/ToothChart.h>
@@ -118,3 +123,32 @@ static_assert(hostcontract::DiagnosisFamily<Diagnosis, dataobject::Mouth>,
               "Diagnosis or Anatomy lacks an operation that the library calls");
 static_assert(hostcontract::ToothAnnotationFamily<ToothAnnotation3D, dataobject::Tooth, ToothChart>,
               "ToothAnnotation3D lacks an operation that the library calls");
+static_assert(hostcontract::MovableSurfaceFamily<Surface3DModel, geometry::Mesh>,
+              "Surface3DModel lacks an operation that the library calls");
+static_assert(hostcontract::EditLockerFamily<EditLocker, DataObject>,
+              "EditLocker or DataObject lacks an operation that the library calls");
+static_assert(hostcontract::AlignmentValue<SurfaceScanAlignment>,
+              "SurfaceScanAlignment lacks a field that the library reads");
+static_assert(hostcontract::AlignableSurfaceFamily<AlignableSurface, SurfaceScanAlignment, Surface3DModel>,
+              "AlignableSurface lacks an operation that the library calls");
+static_assert(hostcontract::SurfaceScanFamily<SurfaceScan, Surface3DModel, AlignableSurface>,
+              "SurfaceScan lacks a base or an operation that the library calls");
+static_assert(std::derived_from<DentalScan, AlignableSurface>, "DentalScan is no AlignableSurface");
+static_assert(hostcontract::SurfaceObjectFamily<SurfaceTree, primitives::BoundingBox>,
+              "SurfaceTree lacks an operation that the library calls");
+static_assert(hostcontract::ScanSetupFamily<ScanSetup, dataobject::SurfaceObject>,
+              "ScanSetup or what it leads to lacks an operation that the library calls");
+static_assert(
+    hostcontract::SurfaceBoxes<SurfaceObjectHelper, dataobject::SurfaceObject, primitives::BoundingBox>,
+    "SurfaceObjectHelper lacks an operation that the library calls");
+static_assert(hostcontract::UnitableBoxValue<primitives::BoundingBox>,
+              "primitives::BoundingBox lacks an operation that the library calls");
+static_assert(hostcontract::OcclusionFamily<Occlusion> &&
+                  hostcontract::OcclusionFamily<dataobject::VirtualOcclusion>,
+              "an occlusion lacks an operation that the library calls");
+static_assert(hostcontract::TypedObject<Maxilla> && hostcontract::TypedObject<Mandibula> &&
+                  hostcontract::TypedObject<FrontSegment> && hostcontract::TypedObject<LeftSegment> &&
+                  hostcontract::TypedObject<RightSegment>,
+              "a jaw part lacks its type identifier");
+static_assert(hostcontract::RotationOperations<math::Operations>,
+              "math::Operations lacks an operation that the library calls");

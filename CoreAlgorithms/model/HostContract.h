@@ -462,6 +462,126 @@ concept PlaneFitResult = requires(const Fit& fit)
     { fit.value().normal.x() } -> std::convertible_to<double>;
 };
 
+/// Surface3DModel as it is moved: setObjectTransform() and refresh() together move the mesh relative to where it
+/// stands.
+template <typename Surface, typename Mesh>
+concept MovableSurfaceFamily = TypedObject<Surface> &&
+    requires(const Surface& surface, Surface& changeable, const QMatrix4x4& matrix)
+{
+    { surface.getMesh() } -> std::convertible_to<Mesh>;
+    { surface.getCenterOfMass() } -> std::convertible_to<QVector3D>;
+    changeable.setObjectTransform(matrix);
+    changeable.refresh();
+};
+
+/// EditLocker over a DataObject or over nothing (null).
+template <typename Locker, typename DataObject>
+concept EditLockerFamily = std::constructible_from<Locker, DataObject*> &&
+    requires(DataObject& object)
+{
+    object.startEditing();
+    object.stopEditing();
+};
+
+/// SurfaceScanAlignment.
+template <typename Alignment>
+concept AlignmentValue = std::copyable<Alignment> && requires(const Alignment& alignment)
+{
+    { alignment.initialTransform } -> std::convertible_to<QMatrix4x4>;
+    { alignment.freehandTransform } -> std::convertible_to<QMatrix4x4>;
+    { alignment.registrationTransform } -> std::convertible_to<QMatrix4x4>;
+    { alignment.referenceTransform } -> std::convertible_to<QMatrix4x4>;
+    { alignment.freehandAligned } -> std::convertible_to<bool>;
+};
+
+/// AlignableSurface, whose model may be null.
+template <typename Surface, typename Alignment, typename Model>
+concept AlignableSurfaceFamily =
+    requires(const Surface& surface, Surface& changeable, const Alignment& alignment, bool aligned,
+             const QMatrix4x4& matrix)
+{
+    { surface.getSurfaceModel() } -> std::convertible_to<const Model*>;
+    { changeable.getSurfaceModel() } -> std::convertible_to<Model*>;
+    changeable.setSurfaceScanAlignment(alignment);
+    { surface.getReferenceTransform() } -> std::convertible_to<QMatrix4x4>;
+    { surface.getInitialTransform() } -> std::convertible_to<QMatrix4x4>;
+    { surface.getRegistrationTransform() } -> std::convertible_to<QMatrix4x4>;
+    { surface.isFreehandAligned() } -> std::convertible_to<bool>;
+    changeable.setFreehandAligned(aligned);
+    { surface.getFreehandTransform() } -> std::convertible_to<QMatrix4x4>;
+    changeable.setFreehandTransform(matrix);
+    { static_cast<int>(surface.getJawType()) } -> std::convertible_to<int>;
+};
+
+/// SurfaceScan, a surface model and an alignable surface at once; DentalScan is an alignable surface too.
+template <typename Scan, typename Model, typename Surface>
+concept SurfaceScanFamily = TypedObject<Scan> && std::derived_from<Scan, Model> &&
+    std::derived_from<Scan, Surface> && requires(Scan& changeable, const QMatrix4x4& matrix)
+{
+    changeable.setInitialTransform(matrix);
+};
+
+/// dataobject::SurfaceObject and what derives from it, for instance SurfaceTree.
+template <typename Surface, typename Box>
+concept SurfaceObjectFamily = requires(const Surface& surface)
+{
+    { surface.getSceneBoundingBox() } -> std::convertible_to<Box>;
+};
+
+/// ScanSetup and what it leads to: regions and raw scan data are surface objects, SurfaceObject.
+template <typename Setup, typename SurfaceObject>
+concept ScanSetupFamily = requires(const Setup& setup, bool includeEmpty)
+{
+    { setup.getOcclusionScan()->isCalculated() } -> std::convertible_to<bool>;
+    { setup.getOcclusionScan()->getUpperTransformation() } -> std::convertible_to<QMatrix4x4>;
+    { setup.getOcclusionScan()->getLowerTransformation() } -> std::convertible_to<QMatrix4x4>;
+    { setup.getOcclusionScan()->getVestibularTransformation() } -> std::convertible_to<QMatrix4x4>;
+    { setup.getScannableRegions().isEmpty() } -> std::convertible_to<bool>;
+    { setup.getScannableRegions().first() } -> std::convertible_to<const SurfaceObject*>;
+    { static_cast<int>(setup.getScannableRegions().first()->getRegionStart()) } -> std::convertible_to<int>;
+    { setup.getQuarnRawScanData(includeEmpty).isEmpty() } -> std::convertible_to<bool>;
+    { setup.getQuarnRawScanData(includeEmpty).first() } -> std::convertible_to<const SurfaceObject*>;
+    { setup.getQuarnRawScanData(includeEmpty).first()->hasOnlyIntermediateMesh() } -> std::convertible_to<bool>;
+    { setup.getQuarnRawScanData(includeEmpty).first()->getIntermediateSurface() }
+        -> std::convertible_to<const SurfaceObject*>;
+    { setup.getQuarnRawScanData(includeEmpty).first()->getScannedTeeth().isEmpty() }
+        -> std::convertible_to<bool>;
+    static_cast<int>(setup.getQuarnRawScanData(includeEmpty).first()->getScannedTeeth().first());
+};
+
+/// SurfaceObjectHelper.
+template <typename Helper, typename SurfaceObject, typename Box>
+concept SurfaceBoxes = requires(const QList<const SurfaceObject*>& surfaces)
+{
+    { Helper::getCombinedBoundingBox(surfaces) } -> std::convertible_to<Box>;
+};
+
+/// primitives::BoundingBox as far as bites are made up from it. isNull() tells the box that stands for nothing.
+template <typename Box>
+concept UnitableBoxValue = requires(const Box& box)
+{
+    { box.isNull() } -> std::convertible_to<bool>;
+    { box.isValid() } -> std::convertible_to<bool>;
+    { box.center() } -> std::convertible_to<QVector3D>;
+    { box.centerZ() } -> std::convertible_to<float>;
+    { Box::createUnionOf(box, box) } -> std::convertible_to<Box>;
+};
+
+/// Occlusion and dataobject::VirtualOcclusion.
+template <typename Occlusion>
+concept OcclusionFamily = requires(const Occlusion& occlusion)
+{
+    { occlusion.getTransformations() } -> std::convertible_to<std::map<QString, QMatrix4x4>>;
+    { occlusion.isSegmental() } -> std::convertible_to<bool>;
+};
+
+/// math::Operations.
+template <typename Operations>
+concept RotationOperations = requires(const QVector3D& vector)
+{
+    { Operations::getRotationTo(vector, vector, vector) } -> std::convertible_to<QQuaternion>;
+};
+
 // clang-format on
 
 } // namespace hostcontract

@@ -2,6 +2,20 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
 
+namespace dataobject {
+
+QString SurfaceObject::getClassTypeId()
+{
+    return QStringLiteral("SurfaceObject");
+}
+
+bool SurfaceObject::isOfType(const QString& classTypeId) const
+{
+    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
+}
+
+} // namespace dataobject
+
 QString Surface3DModel::getClassTypeId()
 {
     return QStringLiteral("Surface3DModel");
@@ -9,7 +23,7 @@ QString Surface3DModel::getClassTypeId()
 
 bool Surface3DModel::isOfType(const QString& classTypeId) const
 {
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
+    return classTypeId == getClassTypeId() || SurfaceObject::isOfType(classTypeId);
 }
 
 const geometry::Mesh& Surface3DModel::getMesh() const
@@ -61,7 +75,7 @@ QVector3D Surface3DModel::getCenterOfMass() const
 
 primitives::BoundingBox Surface3DModel::getSceneBoundingBox() const
 {
-    geometry::PointSet placed = getMesh();
+    geometry::PointSet placed(getMesh().getVertices());
     placed.applyTransformation(getObjectTransform());
     return placed.getBoundingBox();
 }

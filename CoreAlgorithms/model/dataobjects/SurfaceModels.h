@@ -10,12 +10,27 @@
 #include <QMatrix4x4>
 #include <QVector3D>
 
+namespace dataobject {
+
+/// Whatever has a surface in the scene: one mesh, or a tree of shapes.
+class COREALGORITHMS_MODEL_EXPORT SurfaceObject : public DataObject
+{
+public:
+    static QString getClassTypeId();
+    bool isOfType(const QString& classTypeId) const override;
+
+    /// The smallest box round the surface as it stands in the scene; null for none.
+    virtual primitives::BoundingBox getSceneBoundingBox() const = 0;
+};
+
+} // namespace dataobject
+
 /// A surface of the scene, for instance a nerve or a scan.
 ///
 /// Surfaces are moved relatively: setObjectTransform() composes a matrix onto the placement, and refresh()
 /// commits it, moving the vertices. Between the two the object transform tells what is not committed yet, so
 /// that the surface in the scene is getObjectTransform() of getMesh() at any time.
-class COREALGORITHMS_MODEL_EXPORT Surface3DModel : public DataObject
+class COREALGORITHMS_MODEL_EXPORT Surface3DModel : public dataobject::SurfaceObject
 {
 public:
     static QString getClassTypeId();
@@ -35,7 +50,7 @@ public:
     /// The mean of the mesh's vertices, in the frame of the mesh; (0, 0, 0) for none. Linear in their number.
     virtual QVector3D getCenterOfMass() const;
     /// The smallest box round the vertices as they stand in the scene; null for none. Linear in their number.
-    virtual primitives::BoundingBox getSceneBoundingBox() const;
+    primitives::BoundingBox getSceneBoundingBox() const override;
 
 private:
     geometry::Mesh mesh;
