@@ -143,6 +143,8 @@ static_assert(
     "SurfaceObjectHelper lacks an operation that the library calls");
 static_assert(hostcontract::UnitableBoxValue<primitives::BoundingBox>,
               "primitives::BoundingBox lacks an operation that the library calls");
+static_assert(hostcontract::ToothChartOperations<ToothChart>,
+              "ToothChart lacks an operation that the library calls");
 static_assert(hostcontract::OcclusionFamily<Occlusion> &&
                   hostcontract::OcclusionFamily<dataobject::VirtualOcclusion>,
               "an occlusion lacks an operation that the library calls");

@@ -582,6 +582,13 @@ concept RotationOperations = requires(const QVector3D& vector)
     { Operations::getRotationTo(vector, vector, vector) } -> std::convertible_to<QQuaternion>;
 };
 
+/// ToothChart. The arch type of value 0 is the upper one.
+template <typename Chart>
+concept ToothChartOperations = requires(typename Chart::Tooth tooth)
+{
+    { Chart::getArchTypeOfTooth(tooth) } -> std::same_as<typename Chart::ArchType>;
+};
+
 // clang-format on
 
 } // namespace hostcontract
