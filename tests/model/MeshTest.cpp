@@ -8,6 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <cmath>
+#include <cstdint>
 #include <limits>
 
 namespace {
@@ -92,6 +95,59 @@ TEST(BoundedTriangles, IsAnEmptyCellAtFirst)
     const geometry::BoundedTriangles cell;
     EXPECT_TRUE(cell.box.isNull());
     EXPECT_TRUE(cell.triangles.isEmpty());
+}
+
+// Every kind of matrix, among them those that are mapped by a loop of their own.
+TEST(PointSet, TransformationHasTheBitsOfTheMatrixsOwnMap)
+{
+    constexpr float infinity = std::numeric_limits<float>::infinity();
+    QList<QVector3D> points{{0.0F, 0.0F, 0.0F},       {-0.0F, -0.0F, -0.0F},      {1.0F, -2.0F, 3.0F},
+                            {kNan, 1.0F, 1.0F},       {1.0F, infinity, 1.0F},     {1.0F, 1.0F, -infinity},
+                            {3e38F, -3e38F, 3e38F},   {1e-40F, -1e-45F, 1e-38F},  {infinity, kNan, -infinity},
+                            {123.456F, 0.1F, -77.7F}, {-0.33333F, 1e10F, -1e-10F}};
+    QMatrix4x4 shift;
+    shift.translate(1.5F, -2.25F, 1e-3F);
+    QMatrix4x4 flatTurn;
+    flatTurn.rotate(33.0F, 0.0F, 0.0F, 1.0F);
+    QMatrix4x4 rigid = shift;
+    rigid.rotate(71.0F, 1.0F, 2.0F, -3.0F);
+    QMatrix4x4 scaled = rigid;
+    scaled.scale(1e30F);
+    QMatrix4x4 perspective;
+    perspective.perspective(60.0F, 1.3F, 0.5F, 100.0F);
+    QMatrix4x4 identityOfUnknownContents;
+    identityOfUnknownContents(0, 0) = 1.0F;
+    QMatrix4x4 odd = rigid;
+    odd(1, 2) = kNan;
+    QMatrix4x4 halved = rigid;
+    halved(3, 3) = 2.0F;
+
+    const auto sameBits = [](float a, float b) {
+        return (std::isnan(a) && std::isnan(b)) ||
+               std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b);
+    };
+    for (const QMatrix4x4& matrix : {QMatrix4x4(), shift, flatTurn, rigid, scaled, perspective,
+                                     identityOfUnknownContents, odd, halved, rigid * rigid.inverted()}) {
+        geometry::PointSet set(points);
+        set.applyTransformation(matrix);
+        for (int i = 0; i < points.size(); ++i) {
+            const QVector3D expected = matrix.map(points[i]);
+            const QVector3D actual = set.getVertices()[i];
+            EXPECT_TRUE(sameBits(actual.x(), expected.x()) && sameBits(actual.y(), expected.y()) &&
+                        sameBits(actual.z(), expected.z()))
+                << "point " << i;
+        }
+    }
+}
+
+TEST(PointSet, VerticesThatNobodyElseHoldsAreMovedInPlace)
+{
+    geometry::PointSet set(QList<QVector3D>(100, QVector3D(1.0F, 2.0F, 3.0F)));
+    const QVector3D* before = set.getVertices().constData();
+    QMatrix4x4 matrix;
+    matrix.rotate(71.0F, 1.0F, 2.0F, -3.0F);
+    set.applyTransformation(matrix);
+    EXPECT_EQ(set.getVertices().constData(), before);
 }
 
 } // namespace
