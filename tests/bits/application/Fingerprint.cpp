@@ -10,5 +10,6 @@ int main()
     bits::fingerprintReslice();
     bits::fingerprintCollision();
     bits::fingerprintGreyvalue();
+    bits::fingerprintTransforms();
     return 0;
 }

@@ -10,5 +10,6 @@ void fingerprintDental();
 void fingerprintReslice();
 void fingerprintCollision();
 void fingerprintGreyvalue();
+void fingerprintTransforms();
 
 } // namespace bits
