@@ -87,6 +87,15 @@ Tissue Anatomy::tissueAt(const Column& column, const Row& row) const
     return otherBoneAt(position, row).value_or(Tissue::SoftTissue);
 }
 
+ToothChart::Tooth Anatomy::toothAt(const Column& column, const Row& row) const
+{
+    const bool isInHead = std::abs(column.x - kMidlineX) <= row.headHalfWidth;
+    const auto found = std::find_if(row.teeth.begin(), row.teeth.end(), [&](const ToothShape::Slice& slice) {
+        return ToothShape::tissueIn(slice, column.x, row.y).has_value();
+    });
+    return isInHead && found != row.teeth.end() ? found->tooth->universalNumber() : ToothChart::NoTooth;
+}
+
 // The nerve, and its cortical rim where it runs inside the mandible.
 std::optional<Tissue> Anatomy::canalAt(const Column& column, const Row& row) const
 {

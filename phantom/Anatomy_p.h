@@ -55,6 +55,8 @@ public:
     Row rowAt(double y, double z) const;
     /// The two must have the same y.
     Tissue tissueAt(const Column& column, const Row& row) const;
+    /// NoTooth where no tooth is.
+    ToothChart::Tooth toothAt(const Column& column, const Row& row) const;
 
 private:
     std::optional<Tissue> canalAt(const Column& column, const Row& row) const;

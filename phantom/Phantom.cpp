@@ -129,6 +129,16 @@ Tissue Patient::tissueAt(const QVector3D& positionMm) const
     return anatomy->tissueAt(anatomy->columnAt(x, y), anatomy->rowAt(y, z));
 }
 
+ToothChart::Tooth Patient::toothAt(const QVector3D& positionMm) const
+{
+    if (!isInVolume(positionMm))
+        return ToothChart::NoTooth;
+    const double x = positionMm.x();
+    const double y = positionMm.y();
+    const double z = positionMm.z();
+    return anatomy->toothAt(anatomy->columnAt(x, y), anatomy->rowAt(y, z));
+}
+
 float Patient::paintedGreyValue(Tissue tissue) const
 {
     const int index = int(tissue);

@@ -88,6 +88,8 @@ public:
     /// What is at a world position: the truth, without noise and without partial volume. Air outside the
     /// volume (its faces belong to it) and for coordinates that are not finite.
     Tissue tissueAt(const QVector3D& positionMm) const;
+    /// Whose enamel, dentine or pulp that is, in Universal numbering; NoTooth elsewhere.
+    ToothChart::Tooth toothAt(const QVector3D& positionMm) const;
     /// Grey value that tissueAt() is painted with before noise: gain * grey + offset, limited to what a float
     /// holds; 0 for a value that is no Tissue.
     float paintedGreyValue(Tissue tissue) const;

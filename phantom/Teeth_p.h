@@ -71,6 +71,7 @@ public:
 
     ToothShape(ToothChart::Tooth toothNumber, const ToothForm& toothForm, const ToothPlace& toothPlace);
 
+    ToothChart::Tooth universalNumber() const { return number; }
     Tooth description() const;
     /// Middle of the section between crown and root.
     Point neck() const;

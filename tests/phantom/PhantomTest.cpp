@@ -27,7 +27,7 @@ using phantom::Tooth;
 namespace phantom {
 
 // GoogleTest looks for this name.
-void PrintTo(Tissue tissue, std::ostream* out) // NOLINT(readability-identifier-naming)
+void PrintTo(Tissue tissue, std::ostream* out)
 {
     constexpr std::array<const char*, kTissueCount> names = {
         "Air", "SoftTissue", "CancellousBone", "CorticalBone", "Dentine", "Enamel", "Pulp", "NerveCanal"};
@@ -222,6 +222,32 @@ TEST(PhantomTeeth, AreEnamelJustInsideTheOcclusalPointAndNoToothAboveTheBitingEd
         const Tooth& tooth = toothOf(incisor);
         EXPECT_EQ(patient().tissueAt(tooth.occlusalPoint + 0.3F * tooth.axisToCrown), Tissue::SoftTissue)
             << incisor;
+    }
+}
+
+TEST(PhantomTeeth, TellsWhoseSubstanceIsAtAPosition)
+{
+    for (const Tooth& tooth : patient().teeth()) {
+        EXPECT_EQ(patient().toothAt(tooth.occlusalPoint - 0.3F * tooth.axisToCrown), tooth.number);
+        EXPECT_EQ(patient().toothAt(tooth.apex + 1.0F * tooth.axisToCrown), tooth.number);
+        EXPECT_EQ(patient().toothAt(tooth.apex - 1.0F * tooth.axisToCrown), ToothChart::NoTooth);
+    }
+    EXPECT_EQ(patient().toothAt({kNaN, 0.0F, 0.0F}), ToothChart::NoTooth);
+    EXPECT_EQ(patient().toothAt({0.0F, 0.0F, kInfinity}), ToothChart::NoTooth);
+}
+
+TEST(PhantomTeeth, AreExactlyWhereTheirTissuesAre)
+{
+    for (float z = 40.0F; z < 75.0F; z += 1.7F) {
+        for (float y = 30.0F; y < 90.0F; y += 1.3F) {
+            for (float x = 40.0F; x < 110.0F; x += 1.1F) {
+                const Tissue tissue = patient().tissueAt({x, y, z});
+                const bool isTooth =
+                    tissue == Tissue::Enamel || tissue == Tissue::Dentine || tissue == Tissue::Pulp;
+                ASSERT_EQ(patient().toothAt({x, y, z}) != ToothChart::NoTooth, isTooth)
+                    << x << ", " << y << ", " << z;
+            }
+        }
     }
 }
 
