@@ -5,8 +5,6 @@
 #include <planner/Landmarks.h>
 #include <planner/Volume.h>
 
-#include <phantom/Phantom.h>
-
 #include <QList>
 #include <QString>
 #include <QStringList>

@@ -9,6 +9,7 @@
 #include <planner/PanoramicSection.h>
 #include <planner/Progress.h>
 #include <planner/Report.h>
+#include <planner/ScansSection.h>
 #include <planner/ViewsSection.h>
 
 #include <QGuiApplication>
@@ -25,7 +26,7 @@ constexpr int kCannotDo = 2; // exit status
 // In the order of the report.
 constexpr planner::Section (*kSections[])(const planner::Case&, planner::Progress&) = {
     planner::createViewsSection,      planner::createDentalSection,    planner::createCollisionSection,
-    planner::createGreyValuesSection, planner::createPanoramicSection,
+    planner::createGreyValuesSection, planner::createPanoramicSection, planner::createScansSection,
 };
 
 void run(const planner::Options& options)
