@@ -11,6 +11,7 @@
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Implants.h>
 #include <CoreAlgorithms/model/dataobjects/JawParts.h>
+#include <CoreAlgorithms/model/dataobjects/Movements.h>
 #include <CoreAlgorithms/model/dataobjects/Occlusions.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 #include <CoreAlgorithms/model/dataobjects/ScanSetups.h>
