@@ -6,13 +6,20 @@
 #include <CoreAlgorithms/model/data/Shapes.h>
 #include <CoreAlgorithms/model/data/Tissues.h>
 #include <CoreAlgorithms/model/data/VexelImage3D.h>
+#include <CoreAlgorithms/model/dataobjects/Annotations.h>
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
 #include <CoreAlgorithms/model/dataobjects/ColormapFunctions.h>
+#include <CoreAlgorithms/model/dataobjects/Endodontics.h>
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Implants.h>
 #include <CoreAlgorithms/model/dataobjects/JawParts.h>
+#include <CoreAlgorithms/model/dataobjects/Joints.h>
 #include <CoreAlgorithms/model/dataobjects/Movements.h>
 #include <CoreAlgorithms/model/dataobjects/Occlusions.h>
+#include <CoreAlgorithms/model/dataobjects/PatientSurfaces.h>
+#include <CoreAlgorithms/model/dataobjects/PlacedSurfaces.h>
+#include <CoreAlgorithms/model/dataobjects/Plans.h>
+#include <CoreAlgorithms/model/dataobjects/PolyLines.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 #include <CoreAlgorithms/model/dataobjects/ScanSetups.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
@@ -155,3 +162,14 @@ static_assert(hostcontract::TypedObject<Maxilla> && hostcontract::TypedObject<Ma
               "a jaw part lacks its type identifier");
 static_assert(hostcontract::RotationOperations<math::Operations>,
               "math::Operations lacks an operation that the library calls");
+static_assert(std::derived_from<SurfaceScan, Surface3DModel> &&
+                  std::derived_from<SurgeryPlanningPart, Surface3DModel> &&
+                  std::derived_from<SoftTissueModel, Surface3DModel> &&
+                  std::derived_from<Skin, Surface3DModel> &&
+                  std::derived_from<OsteotomySurface, Surface3DModel> &&
+                  std::derived_from<ShowObject, Surface3DModel> &&
+                  std::derived_from<dataobject::Nerve, Surface3DModel> &&
+                  std::derived_from<dataobject::SurgicalSplint, Surface3DModel> &&
+                  std::derived_from<dataobject::Airway, Surface3DModel> &&
+                  std::derived_from<dataobject::PatientSurfaceModel, Surface3DModel>,
+              "a surface that is moved is no Surface3DModel");

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/Implants.h>
 
+#include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
+
 #include <utility>
 
 namespace dataobject {
@@ -80,6 +82,17 @@ QString Nerve::getClassTypeId()
 bool Nerve::isOfType(const QString& classTypeId) const
 {
     return classTypeId == getClassTypeId() || Surface3DModel::isOfType(classTypeId);
+}
+
+std::shared_ptr<GuidingSpline> Nerve::getGuidingLine() const
+{
+    return line;
+}
+
+void Nerve::setGuidingLine(std::shared_ptr<GuidingSpline> guidingLine)
+{
+    line = std::move(guidingLine);
+    changed();
 }
 
 } // namespace dataobject

@@ -13,6 +13,8 @@
 #include <cstddef>
 #include <memory>
 
+class GuidingSpline;
+
 /// Why an object was placed anew.
 enum class TransformManipulationType : int {
     Unspecified = 0,
@@ -89,6 +91,13 @@ class COREALGORITHMS_MODEL_EXPORT Nerve : public Surface3DModel
 public:
     static QString getClassTypeId();
     bool isOfType(const QString& classTypeId) const override;
+
+    /// The line that the surface was made along; null until one is set. It is moved on its own.
+    virtual std::shared_ptr<GuidingSpline> getGuidingLine() const;
+    virtual void setGuidingLine(std::shared_ptr<GuidingSpline> guidingLine);
+
+private:
+    std::shared_ptr<GuidingSpline> line;
 };
 
 // Hashing by address, for sets and hashes of shared objects and of pairs of them. Qt 6.4 hashes neither. These are

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/Teeth.h>
 
+#include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
+
 #include <utility>
 
 namespace dataobject {
@@ -100,6 +102,24 @@ std::shared_ptr<dataobject::Mouth> Anatomy::getMouth() const
 void Anatomy::setMouth(std::shared_ptr<dataobject::Mouth> patientMouth)
 {
     mouth = std::move(patientMouth);
+    changed();
+}
+
+std::shared_ptr<Surface3DModel> Anatomy::getOriginalCranium() const
+{
+    return cranium;
+}
+
+std::shared_ptr<Surface3DModel> Anatomy::getOriginalMandible() const
+{
+    return mandible;
+}
+
+void Anatomy::setOriginalModels(std::shared_ptr<Surface3DModel> originalCranium,
+                                std::shared_ptr<Surface3DModel> originalMandible)
+{
+    cranium = std::move(originalCranium);
+    mandible = std::move(originalMandible);
     changed();
 }
 

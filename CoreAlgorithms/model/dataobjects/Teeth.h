@@ -13,6 +13,8 @@
 
 #include <memory>
 
+class Surface3DModel;
+
 namespace dataobject {
 
 /// One tooth of the patient.
@@ -73,8 +75,16 @@ public:
     virtual std::shared_ptr<dataobject::Mouth> getMouth() const;
     virtual void setMouth(std::shared_ptr<dataobject::Mouth> patientMouth);
 
+    /// Skull and lower jaw as found before any surgery; null while none has been set.
+    virtual std::shared_ptr<Surface3DModel> getOriginalCranium() const;
+    virtual std::shared_ptr<Surface3DModel> getOriginalMandible() const;
+    virtual void setOriginalModels(std::shared_ptr<Surface3DModel> originalCranium,
+                                   std::shared_ptr<Surface3DModel> originalMandible);
+
 private:
     std::shared_ptr<dataobject::Mouth> mouth;
+    std::shared_ptr<Surface3DModel> cranium;
+    std::shared_ptr<Surface3DModel> mandible;
 };
 
 /// The patient as found before any planning.

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <CoreAlgorithms/model/dataobjects/Endodontics.h>
+
+namespace dataobject {
+
+QString Apex::getClassTypeId()
+{
+    return QStringLiteral("Apex");
+}
+
+bool Apex::isOfType(const QString& classTypeId) const
+{
+    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
+}
+
+QVector3D Apex::getPosition() const
+{
+    return position;
+}
+
+void Apex::setPosition(const QVector3D& positionMm)
+{
+    position = positionMm;
+    changed();
+}
+
+QString RootCanal::getClassTypeId()
+{
+    return QStringLiteral("RootCanal");
+}
+
+bool RootCanal::isOfType(const QString& classTypeId) const
+{
+    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
+}
+
+QVector3D RootCanal::getBasePosition() const
+{
+    return basePosition;
+}
+
+void RootCanal::setBasePosition(const QVector3D& positionMm)
+{
+    basePosition = positionMm;
+    changed();
+}
+
+} // namespace dataobject

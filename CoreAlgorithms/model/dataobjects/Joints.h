@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CoreAlgorithms/model/Export.h>
+#include <CoreAlgorithms/model/dataobjects/DataObject.h>
+
+#include <memory>
+
+class GuidingLine;
+
+namespace dataobject {
+
+/// A jaw joint, drawn as a line along the condyle.
+class COREALGORITHMS_MODEL_EXPORT TemporomandibularJoint : public DataObject
+{
+public:
+    static QString getClassTypeId();
+    bool isOfType(const QString& classTypeId) const override;
+
+    /// Null until one is set.
+    virtual std::shared_ptr<GuidingLine> getGuidingLine() const;
+    virtual void setGuidingLine(std::shared_ptr<GuidingLine> guidingLine);
+
+private:
+    std::shared_ptr<GuidingLine> line;
+};
+
+} // namespace dataobject

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CoreAlgorithms/model/Export.h>
+#include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
+
+// Surfaces of the patient and of what is made for him. None derives from another: whoever moves one kind after the
+// other moves no surface twice. All are moved relatively, as Surface3DModel says.
+
+/// The soft tissue of the face, which follows the planned movements of the bone.
+class COREALGORITHMS_MODEL_EXPORT SoftTissueModel : public Surface3DModel
+{
+public:
+    static QString getClassTypeId();
+    bool isOfType(const QString& classTypeId) const override;
+};
+
+/// The skin as the scan shows it.
+class COREALGORITHMS_MODEL_EXPORT Skin : public Surface3DModel
+{
+public:
+    static QString getClassTypeId();
+    bool isOfType(const QString& classTypeId) const override;
+};
+
+/// A cut through bone.
+class COREALGORITHMS_MODEL_EXPORT OsteotomySurface : public Surface3DModel
+{
+public:
+    static QString getClassTypeId();
+    bool isOfType(const QString& classTypeId) const override;
+};
+
+/// A surface that is only looked at, for instance one that was imported.
+class COREALGORITHMS_MODEL_EXPORT ShowObject : public Surface3DModel
+{
+public:
+    static QString getClassTypeId();
+    bool isOfType(const QString& classTypeId) const override;
+};
+
+namespace dataobject {
+
+/// A splint that holds the jaws in a bite during an operation.
+class COREALGORITHMS_MODEL_EXPORT SurgicalSplint : public Surface3DModel
+{
+public:
+    static QString getClassTypeId();
+    bool isOfType(const QString& classTypeId) const override;
+};
+
+/// The surface of the airway.
+class COREALGORITHMS_MODEL_EXPORT Airway : public Surface3DModel
+{
+public:
+    static QString getClassTypeId();
+    bool isOfType(const QString& classTypeId) const override;
+};
+
+/// A photographed or scanned surface of the face.
+class COREALGORITHMS_MODEL_EXPORT PatientSurfaceModel : public Surface3DModel
+{
+public:
+    static QString getClassTypeId();
+    bool isOfType(const QString& classTypeId) const override;
+};
+
+} // namespace dataobject
