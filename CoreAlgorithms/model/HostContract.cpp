@@ -9,6 +9,7 @@
 #include <CoreAlgorithms/model/dataobjects/Annotations.h>
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
 #include <CoreAlgorithms/model/dataobjects/ColormapFunctions.h>
+#include <CoreAlgorithms/model/dataobjects/Distraction.h>
 #include <CoreAlgorithms/model/dataobjects/Endodontics.h>
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Implants.h>

@@ -4,21 +4,13 @@
 
 // Movements of a surgery: types, modes, transformations by mode, ownership, the lock of undo and redo.
 
+#include <tests/support/ModelRecorders.h>
+
 #include <gtest/gtest.h>
 
 #include <memory>
 
 namespace {
-
-class Counter : public patterns::Observer<DataObject, std::nullptr_t>
-{
-public:
-    int changes = 0;
-
-private:
-    void changedEvent(DataObject*) override { ++changes; }
-    void destroyed(DataObject*) override {}
-};
 
 // Says when it goes.
 class MortalMovement : public OcclusionMovement
@@ -38,26 +30,14 @@ QMatrix4x4 shift(float x)
     return matrix;
 }
 
-template <typename Object>
-void expectTypes(const Object& object, const QStringList& bases)
-{
-    EXPECT_TRUE(object.isOfType(Object::getClassTypeId()));
-    for (const QString& base : bases) {
-        EXPECT_TRUE(object.isOfType(base)) << base.toStdString();
-        EXPECT_NE(Object::getClassTypeId(), base);
-    }
-    EXPECT_FALSE(object.isOfType(QString()));
-}
-
 TEST(Movements, AreOfTheirTypeAndOfThoseOfTheirBases)
 {
-    const QString data = DataObject::getClassTypeId();
     const QString movement = Movement::getClassTypeId();
-    expectTypes(Movement(QString()), {data});
-    expectTypes(OcclusionMovement(QString()), {data, movement});
-    expectTypes(CompositeMovement(QString()), {data, movement});
-    expectTypes(FixedMovement(QString()), {data, movement});
-    expectTypes(MaxillofacialSurgery(), {data});
+    test::expectTypes(Movement(QString()), {});
+    test::expectTypes(OcclusionMovement(QString()), {movement});
+    test::expectTypes(CompositeMovement(QString()), {movement});
+    test::expectTypes(FixedMovement(QString()), {movement});
+    test::expectTypes(MaxillofacialSurgery(), {});
     EXPECT_FALSE(FixedMovement(QString()).isOfType(OcclusionMovement::getClassTypeId()));
     EXPECT_FALSE(CompositeMovement(QString()).isOfType(OcclusionMovement::getClassTypeId()));
 }
@@ -124,7 +104,7 @@ TEST(Movement, IsInTheModeThatWasSetLastAmongThoseNotRemoved)
 
 TEST(Movement, TellsItsChanges)
 {
-    Counter counter;
+    test::ChangeCounter counter;
     OcclusionMovement movement{QString()};
     movement.attach(&counter);
     movement.setMovementMode(QStringLiteral("a"));

@@ -12,6 +12,27 @@ bool SurgeryPlanningPart::isOfType(const QString& classTypeId) const
     return classTypeId == getClassTypeId() || Surface3DModel::isOfType(classTypeId);
 }
 
+QString RotatableSurgeryPlanningPart::getClassTypeId()
+{
+    return QStringLiteral("RotatableSurgeryPlanningPart");
+}
+
+bool RotatableSurgeryPlanningPart::isOfType(const QString& classTypeId) const
+{
+    return classTypeId == getClassTypeId() || SurgeryPlanningPart::isOfType(classTypeId);
+}
+
+QVector3D RotatableSurgeryPlanningPart::getRotationPosition() const
+{
+    return rotationPosition;
+}
+
+void RotatableSurgeryPlanningPart::setRotationPosition(const QVector3D& positionMm)
+{
+    rotationPosition = positionMm;
+    changed();
+}
+
 QString Maxilla::getClassTypeId()
 {
     return QStringLiteral("Maxilla");
@@ -19,7 +40,7 @@ QString Maxilla::getClassTypeId()
 
 bool Maxilla::isOfType(const QString& classTypeId) const
 {
-    return classTypeId == getClassTypeId() || SurgeryPlanningPart::isOfType(classTypeId);
+    return classTypeId == getClassTypeId() || RotatableSurgeryPlanningPart::isOfType(classTypeId);
 }
 
 QString Mandibula::getClassTypeId()
@@ -29,7 +50,44 @@ QString Mandibula::getClassTypeId()
 
 bool Mandibula::isOfType(const QString& classTypeId) const
 {
-    return classTypeId == getClassTypeId() || SurgeryPlanningPart::isOfType(classTypeId);
+    return classTypeId == getClassTypeId() || RotatableSurgeryPlanningPart::isOfType(classTypeId);
+}
+
+std::pair<QVector3D, QVector3D> Mandibula::getCondylePositions() const
+{
+    return condylePositions;
+}
+
+void Mandibula::setCondylePositions(const std::pair<QVector3D, QVector3D>& leftAndRightMm,
+                                    bool placeAutoRotationPoints)
+{
+    condylePositions = leftAndRightMm;
+    if (placeAutoRotationPoints) {
+        leftAutoRotationPoint->setPosition(leftAndRightMm.first);
+        rightAutoRotationPoint->setPosition(leftAndRightMm.second);
+    }
+    changed();
+}
+
+std::shared_ptr<Point> Mandibula::getLeftAutoRotationPoint() const
+{
+    return leftAutoRotationPoint;
+}
+
+std::shared_ptr<Point> Mandibula::getRightAutoRotationPoint() const
+{
+    return rightAutoRotationPoint;
+}
+
+QList<QVector3D> Mandibula::getOcclusalPlanePositions() const
+{
+    return occlusalPlanePositions;
+}
+
+void Mandibula::setOcclusalPlanePositions(const QList<QVector3D>& positionsMm)
+{
+    occlusalPlanePositions = positionsMm;
+    changed();
 }
 
 QString FrontSegment::getClassTypeId()
@@ -39,7 +97,7 @@ QString FrontSegment::getClassTypeId()
 
 bool FrontSegment::isOfType(const QString& classTypeId) const
 {
-    return classTypeId == getClassTypeId() || SurgeryPlanningPart::isOfType(classTypeId);
+    return classTypeId == getClassTypeId() || RotatableSurgeryPlanningPart::isOfType(classTypeId);
 }
 
 QString LeftSegment::getClassTypeId()
@@ -49,7 +107,7 @@ QString LeftSegment::getClassTypeId()
 
 bool LeftSegment::isOfType(const QString& classTypeId) const
 {
-    return classTypeId == getClassTypeId() || SurgeryPlanningPart::isOfType(classTypeId);
+    return classTypeId == getClassTypeId() || RotatableSurgeryPlanningPart::isOfType(classTypeId);
 }
 
 QString RightSegment::getClassTypeId()
@@ -59,5 +117,5 @@ QString RightSegment::getClassTypeId()
 
 bool RightSegment::isOfType(const QString& classTypeId) const
 {
-    return classTypeId == getClassTypeId() || SurgeryPlanningPart::isOfType(classTypeId);
+    return classTypeId == getClassTypeId() || RotatableSurgeryPlanningPart::isOfType(classTypeId);
 }

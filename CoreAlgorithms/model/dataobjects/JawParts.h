@@ -3,7 +3,14 @@
 #pragma once
 
 #include <CoreAlgorithms/model/Export.h>
+#include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
+
+#include <QList>
+#include <QVector3D>
+
+#include <memory>
+#include <utility>
 
 /// A part of the skull that a surgery moves, as a surface. The class type identifiers of the jaw parts below
 /// are the keys of every map of occlusion matrices.
@@ -14,8 +21,22 @@ public:
     bool isOfType(const QString& classTypeId) const override;
 };
 
+/// A part that the surgery also turns, about a position of its own in world mm.
+class COREALGORITHMS_MODEL_EXPORT RotatableSurgeryPlanningPart : public SurgeryPlanningPart
+{
+public:
+    static QString getClassTypeId();
+    bool isOfType(const QString& classTypeId) const override;
+
+    virtual QVector3D getRotationPosition() const;
+    virtual void setRotationPosition(const QVector3D& positionMm);
+
+private:
+    QVector3D rotationPosition;
+};
+
 /// The upper jaw in one piece.
-class COREALGORITHMS_MODEL_EXPORT Maxilla : public SurgeryPlanningPart
+class COREALGORITHMS_MODEL_EXPORT Maxilla : public RotatableSurgeryPlanningPart
 {
 public:
     static QString getClassTypeId();
@@ -23,15 +44,35 @@ public:
 };
 
 /// The lower jaw.
-class COREALGORITHMS_MODEL_EXPORT Mandibula : public SurgeryPlanningPart
+class COREALGORITHMS_MODEL_EXPORT Mandibula : public RotatableSurgeryPlanningPart
 {
 public:
     static QString getClassTypeId();
     bool isOfType(const QString& classTypeId) const override;
+
+    /// Left and right, world mm.
+    virtual std::pair<QVector3D, QVector3D> getCondylePositions() const;
+    /// With `placeAutoRotationPoints`, the autorotation points are put there too.
+    virtual void setCondylePositions(const std::pair<QVector3D, QVector3D>& leftAndRightMm,
+                                     bool placeAutoRotationPoints);
+
+    /// The axis of the jaw's own turning runs through the two. Never null here.
+    virtual std::shared_ptr<Point> getLeftAutoRotationPoint() const;
+    virtual std::shared_ptr<Point> getRightAutoRotationPoint() const;
+
+    /// The positions that the occlusal plane is laid through, world mm.
+    virtual QList<QVector3D> getOcclusalPlanePositions() const;
+    virtual void setOcclusalPlanePositions(const QList<QVector3D>& positionsMm);
+
+private:
+    std::pair<QVector3D, QVector3D> condylePositions;
+    std::shared_ptr<Point> leftAutoRotationPoint = std::make_shared<Point>();
+    std::shared_ptr<Point> rightAutoRotationPoint = std::make_shared<Point>();
+    QList<QVector3D> occlusalPlanePositions;
 };
 
 /// The front teeth's segment of an upper jaw that is cut into segments.
-class COREALGORITHMS_MODEL_EXPORT FrontSegment : public SurgeryPlanningPart
+class COREALGORITHMS_MODEL_EXPORT FrontSegment : public RotatableSurgeryPlanningPart
 {
 public:
     static QString getClassTypeId();
@@ -39,7 +80,7 @@ public:
 };
 
 /// The segment on the patient's left.
-class COREALGORITHMS_MODEL_EXPORT LeftSegment : public SurgeryPlanningPart
+class COREALGORITHMS_MODEL_EXPORT LeftSegment : public RotatableSurgeryPlanningPart
 {
 public:
     static QString getClassTypeId();
@@ -47,7 +88,7 @@ public:
 };
 
 /// The segment on the patient's right.
-class COREALGORITHMS_MODEL_EXPORT RightSegment : public SurgeryPlanningPart
+class COREALGORITHMS_MODEL_EXPORT RightSegment : public RotatableSurgeryPlanningPart
 {
 public:
     static QString getClassTypeId();

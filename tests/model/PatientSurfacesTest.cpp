@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <CoreAlgorithms/model/dataobjects/PatientSurfaces.h>
+#include <CoreAlgorithms/model/dataobjects/PlacedSurfaces.h>
+
+// Surfaces of the patient, which are moved relatively, and those that are placed absolutely.
+
+#include <tests/support/ModelRecorders.h>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using test::expectTypes;
+using test::expectVector;
+using test::quarterTurnAndShift;
+
+TEST(PatientSurfaces, AreSurfaceModels)
+{
+    const QStringList bases = {Surface3DModel::getClassTypeId()};
+    expectTypes(SoftTissueModel(), bases);
+    expectTypes(Skin(), bases);
+    expectTypes(OsteotomySurface(), bases);
+    expectTypes(ShowObject(), bases);
+    expectTypes(dataobject::SurgicalSplint(), bases);
+    expectTypes(dataobject::Airway(), bases);
+    expectTypes(dataobject::PatientSurfaceModel(), bases);
+}
+
+TEST(PatientSurfaces, AreMovedRelatively)
+{
+    Skin skin;
+    skin.setMesh(geometry::Mesh({{1.0F, 2.0F, 3.0F}}, {}));
+    for (int i = 0; i < 2; ++i) {
+        skin.setObjectTransform(quarterTurnAndShift());
+        skin.refresh();
+    }
+    // (1, 2, 3) to (8, 21, 33), and on to (10 - 21, 20 + 8, 30 + 33).
+    expectVector(skin.getMesh().getVertices().first(), -11.0F, 28.0F, 63.0F);
+}
+
+TEST(PlacedSurfaces, AreSurfaceModels)
+{
+    const QStringList bases = {Surface3DModel::getClassTypeId(), PlacedSurfaceModel::getClassTypeId()};
+    expectTypes(VirtualTooth(), bases);
+    expectTypes(dataobject::SurgicalTemplate3D(), bases);
+    expectTypes(dataobject::PreviewSurgicalTemplate(), bases);
+}
+
+TEST(PlacedSurfaces, PlacementIsReplacedAndTheMeshStays)
+{
+    dataobject::SurgicalTemplate3D surface;
+    surface.setMesh(geometry::Mesh({{1.0F, 2.0F, 3.0F}}, {}));
+    test::ChangeCounter counter;
+    surface.attach(&counter);
+    EXPECT_TRUE(surface.getObjectTransform().isIdentity());
+    surface.setObjectTransform(quarterTurnAndShift());
+    surface.setObjectTransform(quarterTurnAndShift());
+    surface.refresh();
+    EXPECT_EQ(surface.getObjectTransform(), quarterTurnAndShift());
+    expectVector(surface.getMesh().getVertices().first(), 1.0F, 2.0F, 3.0F);
+    expectVector(surface.getSceneBoundingBox().min(), 8.0F, 21.0F, 33.0F);
+    EXPECT_EQ(counter.changes, 3);
+}
+
+TEST(PlacedSurfaces, ANewMeshTakesThePlaceOfTheFormer)
+{
+    VirtualTooth tooth;
+    tooth.setObjectTransform(quarterTurnAndShift());
+    tooth.setMesh(geometry::Mesh({{0.0F, 0.0F, 0.0F}}, {}));
+    EXPECT_EQ(tooth.getObjectTransform(), quarterTurnAndShift());
+}
+
+} // namespace
