@@ -163,6 +163,18 @@ static_assert(hostcontract::TypedObject<Maxilla> && hostcontract::TypedObject<Ma
               "a jaw part lacks its type identifier");
 static_assert(hostcontract::RotationOperations<math::Operations>,
               "math::Operations lacks an operation that the library calls");
+static_assert(hostcontract::MovementFamily<Movement, MovementUndoLock>,
+              "Movement or MovementUndoLock lacks an operation that the library calls");
+static_assert(hostcontract::OcclusionMovementFamily<OcclusionMovement, Movement, JawType>,
+              "OcclusionMovement lacks an operation that the library calls");
+static_assert(hostcontract::CompositeMovementFamily<CompositeMovement, Movement>,
+              "CompositeMovement lacks an operation that the library calls");
+static_assert(hostcontract::SurgeryFamily<MaxillofacialSurgery, Movement>,
+              "MaxillofacialSurgery lacks an operation that the library calls");
+static_assert(hostcontract::MovementTypesFamily<MovementTypes>,
+              "MovementTypes lacks a constant or an operation that the library uses");
+static_assert(hostcontract::MovementModesFamily<MovementModes>,
+              "MovementModes lacks a constant that the library uses");
 static_assert(std::derived_from<SurfaceScan, Surface3DModel> &&
                   std::derived_from<SurgeryPlanningPart, Surface3DModel> &&
                   std::derived_from<SoftTissueModel, Surface3DModel> &&

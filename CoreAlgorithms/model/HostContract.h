@@ -589,6 +589,69 @@ concept ToothChartOperations = requires(typename Chart::Tooth tooth)
     { Chart::getArchTypeOfTooth(tooth) } -> std::same_as<typename Chart::ArchType>;
 };
 
+/// Movement, MovementUndoLock over it, and its type as the constants and getters of MovementTypes name it.
+template <typename Movement, typename Lock>
+concept MovementFamily = std::constructible_from<Lock, Movement*> &&
+    requires(const Movement& movement, Movement& changeable, const QString& text)
+{
+    { movement.getMovementType() } -> std::convertible_to<QString>;
+    { movement.getPrimaryAffectedType() } -> std::convertible_to<QString>;
+    changeable.setPrimaryAffectedType(text);
+    changeable.setMovementMode(text);
+    changeable.removeMovementMode(text);
+};
+
+/// OcclusionMovement, made from its type identifier.
+template <typename OcclusionMovement, typename Movement, typename JawType>
+concept OcclusionMovementFamily = std::derived_from<OcclusionMovement, Movement> &&
+    std::constructible_from<OcclusionMovement, QString> &&
+    requires(const OcclusionMovement& movement, OcclusionMovement& changeable, const QString& mode,
+             const QMatrix4x4& matrix, JawType jaw)
+{
+    { movement.getOcclusionModeTransformation(mode).value() } -> std::convertible_to<QMatrix4x4>;
+    static_cast<bool>(movement.getOcclusionModeTransformation(mode));
+    changeable.addOcclusionModeTransformation(mode, matrix);
+    changeable.removeOcclusionModeTransformation(mode);
+    changeable.setAffectedTreatmentType(jaw);
+};
+
+/// CompositeMovement, which takes ownership of what is added.
+template <typename Composite, typename Movement>
+concept CompositeMovementFamily = std::derived_from<Composite, Movement> &&
+    requires(const Composite& composite, Composite& changeable, Movement* movement)
+{
+    { composite.getMovements() } -> std::convertible_to<QList<Movement*>>;
+    changeable.addMovement(movement);
+};
+
+/// MaxillofacialSurgery. Null for a movement that it does not have.
+template <typename Surgery, typename Movement>
+concept SurgeryFamily = requires(const Surgery& surgery, const QString& movementType)
+{
+    { surgery.getMovementByTypeIdentifier(movementType) } -> std::convertible_to<Movement*>;
+};
+
+/// MovementTypes.
+template <typename Types>
+concept MovementTypesFamily = std::constructible_from<Types, QObject*> && requires(const Types& types)
+{
+    { Types::m_maxillary_occlusion_movement } -> std::convertible_to<QString>;
+    { Types::m_mandibular_occlusion_movement } -> std::convertible_to<QString>;
+    { Types::m_maxillary_segmental_occlusion_movement } -> std::convertible_to<QString>;
+    { Types::m_mandibular_segmental_occlusion_movement } -> std::convertible_to<QString>;
+    { types.getMaxillarySegmentalOcclusionMovement() } -> std::convertible_to<QString>;
+    { types.getMandibularSegmentalOcclusionMovement() } -> std::convertible_to<QString>;
+};
+
+/// MovementModes.
+template <typename Modes>
+concept MovementModesFamily = requires
+{
+    { Modes::OCCLUSION_PLASTER_CAST_MODE } -> std::convertible_to<QString>;
+    { Modes::OCCLUSION_PATIENT_SCAN_MODE } -> std::convertible_to<QString>;
+    { Modes::OCCLUSION_VIRTUAL_MODE } -> std::convertible_to<QString>;
+};
+
 // clang-format on
 
 } // namespace hostcontract
