@@ -175,6 +175,28 @@ static_assert(hostcontract::MovementTypesFamily<MovementTypes>,
               "MovementTypes lacks a constant or an operation that the library uses");
 static_assert(hostcontract::MovementModesFamily<MovementModes>,
               "MovementModes lacks a constant that the library uses");
+static_assert(hostcontract::PositionedAnnotationFamily<PointAnnotation> &&
+                  hostcontract::PositionedAnnotationFamily<GreyValueMeasurement>,
+              "PointAnnotation or GreyValueMeasurement lacks an operation that the library calls");
+static_assert(hostcontract::LineAnnotationFamily<LineAnnotation>,
+              "LineAnnotation lacks an operation that the library calls");
+static_assert(hostcontract::TransformableFamily<ToothAnnotation3D> &&
+                  hostcontract::TransformableFamily<PencilAnnotation3D> &&
+                  hostcontract::TransformableFamily<ArrowAnnotation3D> &&
+                  hostcontract::TransformableFamily<CircleAnnotation3D> &&
+                  hostcontract::TransformableFamily<TextAnnotation3D> &&
+                  hostcontract::TransformableFamily<CustomResliceAnnotation> &&
+                  hostcontract::TransformableFamily<CephPlaneBase> &&
+                  hostcontract::TransformableFamily<dataobject::AttachablePoint> &&
+                  hostcontract::TransformableFamily<dataobject::PointBased3DAnnotationBase>,
+              "an annotation, an attachable point or a ceph plane lacks its applyTransform()");
+static_assert(hostcontract::PolyLineFamily<PolyLine, PointInterface, Context> &&
+                  std::derived_from<PointUnlinked, PointInterface> &&
+                  std::derived_from<dataobject::PointUnlinkedMultiPositions, PointInterface>,
+              "PolyLine, its points or its editor lacks an operation that the library calls");
+static_assert(hostcontract::LineOwnerFamily<dataobject::Nerve> &&
+                  hostcontract::LineOwnerFamily<dataobject::TemporomandibularJoint>,
+              "the guiding line of a nerve or a joint lacks an operation that the library calls");
 static_assert(std::derived_from<SurfaceScan, Surface3DModel> &&
                   std::derived_from<SurgeryPlanningPart, Surface3DModel> &&
                   std::derived_from<SoftTissueModel, Surface3DModel> &&
@@ -186,3 +208,24 @@ static_assert(std::derived_from<SurfaceScan, Surface3DModel> &&
                   std::derived_from<dataobject::Airway, Surface3DModel> &&
                   std::derived_from<dataobject::PatientSurfaceModel, Surface3DModel>,
               "a surface that is moved is no Surface3DModel");
+static_assert(hostcontract::JawPartFamily<Mandibula, RotatableSurgeryPlanningPart, SurgeryPlanningPart>,
+              "Mandibula or RotatableSurgeryPlanningPart lacks an operation that the library calls");
+static_assert(hostcontract::OriginalModelsFamily<Anatomy, Surface3DModel>,
+              "Anatomy lacks an operation that the library calls");
+static_assert(hostcontract::DistractorFamily<Distractor> && std::derived_from<TempShell, SurfaceTree>,
+              "Distractor lacks an operation that the library calls, or TempShell is no SurfaceTree");
+static_assert(hostcontract::LockedPlanFamily<dataobject::LockedImplantPlan>,
+              "dataobject::LockedImplantPlan lacks an operation that the library calls");
+static_assert(hostcontract::AbsolutelyPlacedFamily<dataobject::Implant3D, TransformManipulationType> &&
+                  hostcontract::AbsolutelyPlacedFamily<dataobject::AnchorPin3D, TransformManipulationType>,
+              "an implant or an anchor pin lacks an operation that the library calls");
+static_assert(hostcontract::PlacedSurfaceFamily<dataobject::PreviewSurgicalTemplate> &&
+                  hostcontract::PlacedSurfaceFamily<dataobject::SurgicalTemplate3D> &&
+                  hostcontract::PlacedSurfaceFamily<VirtualTooth>,
+              "a template or VirtualTooth lacks an operation that the library calls");
+static_assert(hostcontract::CollectionFamily<dataobject::PlannedToPostOpCollection>,
+              "dataobject::PlannedToPostOpCollection lacks an operation that the library calls");
+static_assert(hostcontract::RootFamily<dataobject::Apex, dataobject::RootCanal>,
+              "dataobject::Apex or dataobject::RootCanal lacks an operation that the library calls");
+static_assert(hostcontract::VolumeOfCTFamily<CTDataVolumeObject, CTData>,
+              "CTDataVolumeObject lacks an operation that the library calls");

@@ -652,6 +652,141 @@ concept MovementModesFamily = requires
     { Modes::OCCLUSION_VIRTUAL_MODE } -> std::convertible_to<QString>;
 };
 
+/// PointAnnotation, GreyValueMeasurement.
+template <typename Annotation>
+concept PositionedAnnotationFamily = requires(const Annotation& annotation, Annotation& changeable, const QVector3D& position)
+{
+    { annotation.getPosition() } -> std::convertible_to<QVector3D>;
+    changeable.changePosition(position);
+};
+
+/// LineAnnotation.
+template <typename Annotation>
+concept LineAnnotationFamily = requires(const Annotation& annotation, Annotation& changeable, int index, const QVector3D& position)
+{
+    { annotation.getPositions() } -> std::convertible_to<QList<QVector3D>>;
+    changeable.changePosition(index, position);
+};
+
+/// What moves itself by a matrix: the 3-D annotations, ToothAnnotation3D, dataobject::AttachablePoint,
+/// dataobject::PointBased3DAnnotationBase, CustomResliceAnnotation, CephPlaneBase.
+template <typename Object>
+concept TransformableFamily = requires(Object& changeable, const QMatrix4x4& matrix)
+{
+    changeable.applyTransform(matrix);
+};
+
+/// PolyLine with its points and its editor. A free point has a position in the frame of value 0.
+template <typename PolyLine, typename Point, typename Context>
+concept PolyLineFamily =
+    requires(const PolyLine& line, PolyLine& changeable, int index, Context context, const QVector3D& position)
+{
+    { line.getNumPositions() } -> std::convertible_to<int>;
+    { line.getPoint(index) } -> std::convertible_to<std::shared_ptr<Point>>;
+    static_cast<bool>(line.getPoint(index)->getLinkedObject());
+    static_cast<bool>(line.getPosition(index, context));
+    { line.getPosition(index, context).value() } -> std::convertible_to<QVector3D>;
+    { line.getSupportedContexts() } -> std::convertible_to<QList<Context>>;
+    changeable.getPointEditor()->changePoint(index, position, nullptr, index);
+    changeable.getPointEditor()->changePointInContext(index, position, context);
+};
+
+/// dataobject::Nerve and dataobject::TemporomandibularJoint, by their lines, which may be null.
+template <typename Object>
+concept LineOwnerFamily = requires(const Object& object, const QMatrix4x4& matrix)
+{
+    object.getGuidingLine()->transformAndCreateNewPoints(matrix);
+};
+
+/// Mandibula, Maxilla and the segments. What turns is a RotatableSurgeryPlanningPart.
+template <typename Mandibula, typename RotatablePart, typename Part>
+concept JawPartFamily = std::derived_from<Mandibula, Part> && std::derived_from<RotatablePart, Part> &&
+    requires(const Mandibula& mandibula, Mandibula& changeable, const RotatablePart& part, RotatablePart& changeablePart,
+             const QVector3D& position, bool flag)
+{
+    { mandibula.getCondylePositions() } -> std::convertible_to<std::pair<QVector3D, QVector3D>>;
+    changeable.setCondylePositions(mandibula.getCondylePositions(), flag);
+    mandibula.getLeftAutoRotationPoint()->setPosition(mandibula.getLeftAutoRotationPoint()->getPosition());
+    mandibula.getRightAutoRotationPoint()->setPosition(mandibula.getRightAutoRotationPoint()->getPosition());
+    { mandibula.getOcclusalPlanePositions() } -> std::convertible_to<QList<QVector3D>>;
+    changeable.setOcclusalPlanePositions(mandibula.getOcclusalPlanePositions());
+    { part.getRotationPosition() } -> std::convertible_to<QVector3D>;
+    changeablePart.setRotationPosition(position);
+};
+
+/// Anatomy, by its models from before surgery, which may be null.
+template <typename Anatomy, typename Surface>
+concept OriginalModelsFamily = requires(const Anatomy& anatomy)
+{
+    { anatomy.getOriginalCranium() } -> std::convertible_to<std::shared_ptr<Surface>>;
+    { anatomy.getOriginalMandible() } -> std::convertible_to<std::shared_ptr<Surface>>;
+};
+
+/// Distractor. Its tree may be null and is moved relatively.
+template <typename Distractor>
+concept DistractorFamily = requires(const Distractor& distractor, Distractor& changeable, const QMatrix4x4& matrix,
+                                    const QVector3D& position)
+{
+    { distractor.getTransform() } -> std::convertible_to<QMatrix4x4>;
+    distractor.getSurfaceTree()->setObjectTransform(matrix);
+    changeable.moveTo(position);
+};
+
+/// dataobject::LockedImplantPlan.
+template <typename Plan>
+concept LockedPlanFamily = requires(Plan& changeable, const QMatrix4x4& matrix)
+{
+    changeable.updateScannerOrientation(matrix);
+};
+
+/// dataobject::Implant3D and dataobject::AnchorPin3D; the reason of value 3 is a new scanner frame.
+template <typename Object, typename Reason>
+concept AbsolutelyPlacedFamily =
+    requires(const Object& object, Object& changeable, const QMatrix4x4& matrix, Reason reason)
+{
+    { object.getObjectTransform() } -> std::convertible_to<QMatrix4x4>;
+    changeable.setObjectTransform(matrix, reason);
+};
+
+/// The templates and VirtualTooth: setObjectTransform() of theirs is absolute.
+template <typename Surface>
+concept PlacedSurfaceFamily = requires(const Surface& surface, Surface& changeable, const QMatrix4x4& matrix)
+{
+    { surface.getObjectTransform() } -> std::convertible_to<QMatrix4x4>;
+    changeable.setObjectTransform(matrix);
+};
+
+/// dataobject::PlannedToPostOpCollection.
+template <typename Collection>
+concept CollectionFamily = requires(const Collection& collection, Collection& changeable, const QString& partType,
+                                    const std::map<QString, QMatrix4x4>& matrices, const QVector3D& point)
+{
+    { collection.getTransformationSurgeryPartTypes() } -> std::convertible_to<QStringList>;
+    { collection.getComparedSurgeryPartTypes() } -> std::convertible_to<QStringList>;
+    { collection.getFromPreOpToPlannedTransformation(partType).value() } -> std::convertible_to<QMatrix4x4>;
+    { collection.getFromPreOpToPostOpTransformation(partType).value() } -> std::convertible_to<QMatrix4x4>;
+    changeable.setFromPreOpToPlannedAndPostOpTransformations(matrices, matrices);
+    { collection.getPreOpRotationPoint(partType).value() } -> std::convertible_to<QVector3D>;
+    changeable.setPreOpRotationPoint(partType, point);
+};
+
+/// dataobject::Apex and dataobject::RootCanal.
+template <typename Apex, typename RootCanal>
+concept RootFamily = requires(Apex& apex, RootCanal& canal, const QVector3D& position)
+{
+    { apex.getPosition() } -> std::convertible_to<QVector3D>;
+    apex.setPosition(position);
+    { canal.getBasePosition() } -> std::convertible_to<QVector3D>;
+    canal.setBasePosition(position);
+};
+
+/// CTDataVolumeObject, whose CT may be null.
+template <typename Volume, typename CTData>
+concept VolumeOfCTFamily = requires(const Volume& volume)
+{
+    { volume.getCTData() } -> std::convertible_to<std::shared_ptr<CTData>>;
+};
+
 // clang-format on
 
 } // namespace hostcontract
