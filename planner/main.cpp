@@ -7,6 +7,7 @@
 #include <planner/Failure.h>
 #include <planner/GreyValuesSection.h>
 #include <planner/PanoramicSection.h>
+#include <planner/PlanSection.h>
 #include <planner/Progress.h>
 #include <planner/Report.h>
 #include <planner/ScansSection.h>
@@ -27,6 +28,7 @@ constexpr int kCannotDo = 2; // exit status
 constexpr planner::Section (*kSections[])(const planner::Case&, planner::Progress&) = {
     planner::createViewsSection,      planner::createDentalSection,    planner::createCollisionSection,
     planner::createGreyValuesSection, planner::createPanoramicSection, planner::createScansSection,
+    planner::createPlanSection,
 };
 
 void run(const planner::Options& options)

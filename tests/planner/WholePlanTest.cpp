@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <planner/WholePlan.h>
+
+// The whole plan on the built-in patient, its way into a new frame and back, and the section that shows it.
+
+#include <planner/PlanSection.h>
+#include <tests/planner/GuiTest.h>
+#include <tests/planner/SilentProgress.h>
+
+#include <CoreAlgorithms/transforms/PlanningApplyTransform.h>
+
+#include <phantom/Phantom.h>
+
+#include <QSet>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+using namespace planner;
+
+// One triangle is scan enough where crowns are not looked at.
+WholePlan makePlan()
+{
+    const geometry::Mesh crown({{70.0F, 40.0F, 50.0F}, {80.0F, 40.0F, 50.0F}, {75.0F, 45.0F, 55.0F}},
+                               {0, 1, 2, -1});
+    return planEverything(phantom::Patient(), crown, crown);
+}
+
+TEST(WholePlan, HasAnObjectForEachOfThe37Steps)
+{
+    const WholePlan plan = makePlan();
+    QSet<int> steps;
+    for (const PlannedObject& object : plan.objects) {
+        steps.insert(object.step);
+        EXPECT_FALSE(object.coordinates().isEmpty()) << object.kind.toStdString();
+    }
+    EXPECT_EQ(steps.size(), 37);
+    for (int step = 1; step <= 37; ++step)
+        EXPECT_TRUE(steps.contains(step)) << step;
+    EXPECT_EQ(plan.dataObjects().size(), plan.objects.size() + plan.otherObjects.size());
+}
+
+TEST(WholePlan, EveryObjectMovesAndAllButPlanesAndSurgeryAreReturned)
+{
+    const WholePlan plan = makePlan();
+    QMatrix4x4 frame;
+    frame.translate(30.0F, -20.0F, 10.0F);
+    frame.rotate(20.0F, 0.0F, 0.0F, 1.0F);
+    PlanningApplyTransform apply;
+    apply.setDataObjects(plan.dataObjects());
+    apply.applyTransform({});
+    QList<QList<QVector3D>> before;
+    for (const PlannedObject& object : plan.objects)
+        before.append(object.coordinates());
+    apply.setNewScannerTransform(frame);
+    const QList<DataObject*> changed = apply.applyTransform(frame);
+    for (qsizetype i = 0; i < plan.objects.size(); ++i) {
+        const PlannedObject& object = plan.objects[i];
+        EXPECT_NE(object.coordinates(), before[i]) << object.kind.toStdString();
+        EXPECT_EQ(changed.count(object.object.get()), object.step == 23 || object.step == 29 ? 0 : 1)
+            << object.kind.toStdString();
+    }
+}
+
+TEST(WholePlan, ShowsWhatStandsWhereItStands)
+{
+    const WholePlan plan = makePlan();
+    const auto centre = [&plan] { return plan.shownSurfaces().first().mesh.getVertices().first(); };
+    const QVector3D before = centre();
+    QMatrix4x4 frame;
+    frame.translate(100.0F, 0.0F, 0.0F);
+    PlanningApplyTransform apply;
+    apply.setDataObjects(plan.dataObjects());
+    apply.applyTransform(frame);
+    EXPECT_LT((centre() - before).distanceToPoint({100.0F, 0.0F, 0.0F}), 0.01F);
+}
+
+using PlanSection = test::GuiTest;
+
+TEST_F(PlanSection, SaysThatItIsLeftOutForAnotherCt)
+{
+    test::SilentProgress progress;
+    const Section section = createPlanSection(Case(), progress);
+    EXPECT_EQ(section.id, QStringLiteral("plan"));
+    EXPECT_TRUE(section.introductionHtml.contains(QStringLiteral("Left out")));
+    EXPECT_TRUE(section.pictures.isEmpty());
+    EXPECT_TRUE(section.plainText.isEmpty());
+}
+
+TEST_F(PlanSection, ShowsTheWayBackAndABiteThatIsUndoneAndRedone)
+{
+    Case built;
+    built.patient = std::make_shared<const phantom::Patient>();
+    test::SilentProgress progress;
+    const Section section = createPlanSection(built, progress);
+    EXPECT_EQ(section.pictures.size(), 2);
+    EXPECT_TRUE(section.plainText.contains(QStringLiteral("46 objects")));
+    EXPECT_TRUE(section.plainText.contains(QStringLiteral("the bits of the first time")));
+    EXPECT_FALSE(section.plainText.contains(QStringLiteral("NOT")));
+    EXPECT_EQ(section.detailsHtml.count(QStringLiteral("<tr><td>")), 46 + 4);
+}
+
+} // namespace
