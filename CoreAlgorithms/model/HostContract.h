@@ -174,6 +174,8 @@ concept ImplantFamily = TypedObject<Implant> && requires(const Implant& implant)
     { implant.getObjectTransform() } -> std::convertible_to<QMatrix4x4>;
     { implant.getDimensions().diameter } -> std::convertible_to<float>;
     { implant.getDimensions().length } -> std::convertible_to<float>;
+    { std::dynamic_pointer_cast<const Implant>(implant.weak_from_this().lock()) }
+        -> std::same_as<std::shared_ptr<const Implant>>;
 };
 
 /// dataobject::AnchorPin3D.

@@ -11,5 +11,6 @@ int main()
     bits::fingerprintCollision();
     bits::fingerprintGreyvalue();
     bits::fingerprintTransforms();
+    bits::fingerprintPlan();
     return 0;
 }

@@ -11,5 +11,6 @@ void fingerprintReslice();
 void fingerprintCollision();
 void fingerprintGreyvalue();
 void fingerprintTransforms();
+void fingerprintPlan();
 
 } // namespace bits
