@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
 // Prints checksums of every operation's results, for comparison between builds.
-#include <tests/bits/application/Fingerprints.h>
+#include <tests/bits/Fingerprints.h>
 
 int main()
 {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <tests/bits/application/Fingerprints.h>
+#include <tests/bits/Fingerprints.h>
 
 #include <CoreAlgorithms/greyvalue/BoneThresholdCalculator.h>
 #include <CoreAlgorithms/greyvalue/CalculatePercentile.h>
@@ -8,7 +8,7 @@
 #include <CoreAlgorithms/model/dataobjects/ColormapFunctions.h>
 #include <CoreAlgorithms/model/dataobjects/VolumeObject.h>
 
-#include <tests/bits/application/Checksum.h>
+#include <tests/bits/Checksum.h>
 #include <tests/support/GreyValueBuilders.h>
 #include <tests/support/ResliceBuilders.h>
 

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <tests/bits/application/Fingerprints.h>
+#include <tests/bits/Fingerprints.h>
 
 #include <CoreAlgorithms/collision/BoundedMesh_p.h>
 #include <CoreAlgorithms/collision/ImplantSafetyZone.h>
 #include <CoreAlgorithms/collision/TriangleIntersection_p.h>
 
-#include <tests/bits/application/Checksum.h>
+#include <tests/bits/Checksum.h>
 #include <tests/support/CollisionBuilders.h>
 #include <tests/support/ResliceBuilders.h>
 

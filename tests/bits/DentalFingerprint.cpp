@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <tests/bits/application/Fingerprints.h>
+#include <tests/bits/Fingerprints.h>
 
 #include <CoreAlgorithms/dental/ComputeIndexOnGuidingLine.h>
 #include <CoreAlgorithms/dental/NerveGuidingSplineCalculator.h>
@@ -10,7 +10,7 @@
 #include <CoreAlgorithms/dental/ToothLocator.h>
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
 
-#include <tests/bits/application/Checksum.h>
+#include <tests/bits/Checksum.h>
 #include <tests/support/DentalBuilders.h>
 #include <tests/support/ResliceBuilders.h>
 

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <tests/bits/application/Fingerprints.h>
+#include <tests/bits/Fingerprints.h>
 
 #include <CoreAlgorithms/transforms/OcclusionMovementCalculator.h>
 #include <CoreAlgorithms/transforms/OcclusionMovements.h>
 #include <CoreAlgorithms/transforms/PlanningApplyTransform.h>
 #include <CoreAlgorithms/transforms/SetOcclusionMovementTransformationsUndoCommand.h>
 
-#include <tests/bits/application/Checksum.h>
+#include <tests/bits/Checksum.h>
 #include <tests/support/MovementBuilders.h>
 #include <tests/support/PlanBuilders.h>
 #include <tests/support/ResliceBuilders.h>

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <tests/bits/application/Fingerprints.h>
+#include <tests/bits/Fingerprints.h>
 
 #include <CoreAlgorithms/model/linearalgebra/PlaneFit.h>
 #include <CoreAlgorithms/model/math/BoundingBox.h>
 #include <CoreAlgorithms/model/math/Operations.h>
 #include <CoreAlgorithms/model/math/Spline3D.h>
 
-#include <tests/bits/application/Checksum.h>
+#include <tests/bits/Checksum.h>
 #include <tests/support/ResliceBuilders.h>
 
 namespace bits {

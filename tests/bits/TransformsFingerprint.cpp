@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <tests/bits/application/Fingerprints.h>
+#include <tests/bits/Fingerprints.h>
 
 #include <CoreAlgorithms/model/dataobjects/JawParts.h>
 #include <CoreAlgorithms/model/dataobjects/Occlusions.h>
@@ -11,7 +11,7 @@
 #include <CoreAlgorithms/transforms/SurfaceScanTransformations.h>
 #include <CoreAlgorithms/transforms/Trelo3DProtocolTransformations.h>
 
-#include <tests/bits/application/Checksum.h>
+#include <tests/bits/Checksum.h>
 #include <tests/support/ResliceBuilders.h>
 
 namespace bits {

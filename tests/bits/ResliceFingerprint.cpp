@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <tests/bits/application/Fingerprints.h>
+#include <tests/bits/Fingerprints.h>
 
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
@@ -9,7 +9,7 @@
 #include <CoreAlgorithms/reslice/IntersectionCalculator.h>
 #include <CoreAlgorithms/reslice/PlanarGuidingSplineCoordinateMapper.h>
 
-#include <tests/bits/application/Checksum.h>
+#include <tests/bits/Checksum.h>
 #include <tests/support/ResliceBuilders.h>
 
 namespace bits {
