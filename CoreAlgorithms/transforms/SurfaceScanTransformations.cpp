@@ -65,14 +65,18 @@ struct Chain
     bool freehandAligned;
 };
 
-void move(AlignableSurface& surface, const QMatrix4x4& matrix)
+// False for a matrix that is not finite: then the caller leaves the flag unchanged too, since flag and record say where
+// the mesh stands.
+bool move(AlignableSurface& surface, const QMatrix4x4& matrix)
 {
-    Surface3DModel* model = surface.getSurfaceModel();
-    if (!model || !isFinite(matrix))
-        return;
-    const EditLocker locker(model);
-    model->setObjectTransform(matrix);
-    model->refresh();
+    if (!isFinite(matrix))
+        return false;
+    if (Surface3DModel* model = surface.getSurfaceModel()) {
+        const EditLocker locker(model);
+        model->setObjectTransform(matrix);
+        model->refresh();
+    }
+    return true;
 }
 
 // Third coordinates of vectors rotated by a quaternion q, with the bits of QQuaternion::rotatedVector(), the sign of
@@ -210,8 +214,8 @@ void SurfaceScanTransformations::applyTotalFreehandTransform(AlignableSurface* s
 {
     if (!surface)
         return;
-    move(*surface, Chain(*surface).freehandTotal(m));
-    surface->setFreehandAligned(true);
+    if (move(*surface, Chain(*surface).freehandTotal(m)))
+        surface->setFreehandAligned(true);
 }
 
 void SurfaceScanTransformations::applyTotalRegistratedTransform(AlignableSurface* surface,
@@ -219,8 +223,8 @@ void SurfaceScanTransformations::applyTotalRegistratedTransform(AlignableSurface
 {
     if (!surface)
         return;
-    move(*surface, Chain(*surface).registrationTotal(m));
-    surface->setFreehandAligned(false);
+    if (move(*surface, Chain(*surface).registrationTotal(m)))
+        surface->setFreehandAligned(false);
 }
 
 void SurfaceScanTransformations::removeTotalFreehandOrRegistrated(AlignableSurface* surface,
@@ -228,8 +232,8 @@ void SurfaceScanTransformations::removeTotalFreehandOrRegistrated(AlignableSurfa
 {
     if (!surface)
         return;
-    move(*surface, Chain(*surface).total(m).inverted());
-    surface->setFreehandAligned(false);
+    if (move(*surface, Chain(*surface).total(m).inverted()))
+        surface->setFreehandAligned(false);
 }
 
 void SurfaceScanTransformations::initialToFreehand(AlignableSurface* surface, const QMatrix4x4& m)
@@ -237,8 +241,8 @@ void SurfaceScanTransformations::initialToFreehand(AlignableSurface* surface, co
     if (!surface)
         return;
     const Chain chain(*surface);
-    move(*surface, chain.freehandTotal(m) * chain.initial.inverted());
-    surface->setFreehandAligned(true);
+    if (move(*surface, chain.freehandTotal(m) * chain.initial.inverted()))
+        surface->setFreehandAligned(true);
 }
 
 void SurfaceScanTransformations::initialToRegistrated(AlignableSurface* surface, const QMatrix4x4& m)
@@ -257,8 +261,8 @@ void SurfaceScanTransformations::freehandToRegistration(AlignableSurface* surfac
     const Chain chain(*surface);
     if (!chain.freehandAligned)
         return;
-    move(*surface, chain.registrationTotal(m) * chain.freehandTotal(m).inverted());
-    surface->setFreehandAligned(false);
+    if (move(*surface, chain.registrationTotal(m) * chain.freehandTotal(m).inverted()))
+        surface->setFreehandAligned(false);
 }
 
 void SurfaceScanTransformations::registratedToFreehand(AlignableSurface* surface, const QMatrix4x4& m)
@@ -268,8 +272,8 @@ void SurfaceScanTransformations::registratedToFreehand(AlignableSurface* surface
     const Chain chain(*surface);
     if (chain.freehandAligned)
         return;
-    move(*surface, chain.freehandTotal(m) * chain.registrationTotal(m).inverted());
-    surface->setFreehandAligned(true);
+    if (move(*surface, chain.freehandTotal(m) * chain.registrationTotal(m).inverted()))
+        surface->setFreehandAligned(true);
 }
 
 void SurfaceScanTransformations::freehandOrRegistratedToInitial(AlignableSurface* surface,
@@ -278,10 +282,13 @@ void SurfaceScanTransformations::freehandOrRegistratedToInitial(AlignableSurface
     if (!surface)
         return;
     const Chain chain(*surface);
+    const QMatrix4x4 toInitial = chain.initial * chain.total(m).inverted();
+    if (!isFinite(toInitial))
+        return;
     // Intended: the flag is cleared before the move, so that whoever is told of the move finds it cleared. The total is
     // the one from before.
     surface->setFreehandAligned(false);
-    move(*surface, chain.initial * chain.total(m).inverted());
+    move(*surface, toInitial);
 }
 
 void SurfaceScanTransformations::setAlignment(AlignableSurface* surface,
@@ -292,6 +299,9 @@ void SurfaceScanTransformations::setAlignment(AlignableSurface* surface,
     // Copies: either argument may be the surface's own record or a part of it, which changes on the way.
     const SurfaceScanAlignment next = alignment;
     const QMatrix4x4 planning = m;
+    // Both moves, before anything is changed: a mesh that went one way only would no longer stand where its record says.
+    if (!isFinite(Chain(*surface).total(planning).inverted()) || !isFinite(Chain(next).total(planning)))
+        return;
     // Intended: refreshed before anything else, so that a move still pending in the model is not mixed into the new
     // placement.
     if (Surface3DModel* model = surface->getSurfaceModel())

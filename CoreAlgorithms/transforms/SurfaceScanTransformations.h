@@ -34,8 +34,13 @@ struct SurfaceScanAlignment;
 ///
 /// A null surface has identity totals and nothing is done to it. A surface without a model is not moved, but
 /// its flags are set. A matrix without inverse is inverted to the identity, as QMatrix4x4::inverted() does; a
-/// move by one flattens the mesh for good. A total that is not finite is returned as the identity, and a
-/// move that is not finite is left out, so that NaN never gets into a mesh.
+/// move by one flattens the mesh permanently. A total that is not finite is returned as the identity.
+///
+/// A call whose move is not finite changes nothing: the mesh, the flag and the record keep their values, and
+/// nobody is notified. Only the matrix is checked. A finite matrix whose fourth row is not (0, 0, 0, 1) can
+/// map a vertex to w = 0, and one with huge entries can map it beyond the range of a float. Coordinates of
+/// such a vertex become infinite or NaN, and no later move restores them; the other vertices are moved
+/// normally.
 class COREALGORITHMS_EXPORT SurfaceScanTransformations
 {
 public:
@@ -73,8 +78,8 @@ public:
     static void freehandOrRegistratedToInitial(AlignableSurface* surface, const QMatrix4x4& m);
 
     /// Replaces the stored alignment: refreshes the model once, moves the mesh back to the raw scan with the
-    /// old alignment, stores the new one, and moves the mesh to the total that is in force there. The
-    /// arguments may be the surface's own record and its parts.
+    /// old alignment, stores the new one, and moves the mesh to the total that is in force there. Does nothing
+    /// if either of the two moves is not finite. The arguments may be the surface's own record and its parts.
     static void setAlignment(AlignableSurface* surface, const SurfaceScanAlignment& alignment,
                              const QMatrix4x4& m);
 

@@ -272,15 +272,27 @@ TEST_P(ChangeOfState, ClosesTheBracketAndPassesTheExceptionIfTheHostThrows)
     EXPECT_FALSE(scan.isEditing());
 }
 
-TEST_P(ChangeOfState, ByAMatrixThatIsNotFiniteLeavesTheMesh)
+TEST_P(ChangeOfState, ByAMatrixThatIsNotFiniteChangesNeitherTheMeshNorTheFlag)
 {
     for (const float odd : {kNan, kInfinity}) {
         RecordingScan scan;
         prepare(scan, GetParam().from, GetParam().flagBefore);
         GetParam().apply(&scan, translation(odd, 0.0F, 0.0F));
         expectPoint(vertexOf(scan), GetParam().from);
-        EXPECT_EQ(scan.calls, GetParam().calls.filter(QStringLiteral("setFreehandAligned")));
+        EXPECT_EQ(scan.getSurfaceScanAlignment(), anAlignment(GetParam().flagBefore));
+        EXPECT_EQ(scan.calls, QStringList());
+        // The next call finds the scan where it was.
+        GetParam().apply(&scan, kPlanning);
+        expectPoint(vertexOf(scan), GetParam().to);
     }
+}
+
+TEST_P(ChangeOfState, ByAMatrixThatIsNotFiniteLeavesTheFlagOfASurfaceWithoutAModel)
+{
+    test::WithoutModel<RecordingScan> scan;
+    prepare(scan, GetParam().from, GetParam().flagBefore);
+    GetParam().apply(&scan, translation(kNan, 0.0F, 0.0F));
+    EXPECT_EQ(scan.calls, QStringList());
 }
 
 TEST(SurfaceScanTransformations, MoveNotifiesOnceAtTheEndOfTheBracket)
@@ -322,6 +334,26 @@ TEST(SurfaceScanTransformations, ApplyTransformMovesRelativelyAndLeavesTheFlag)
     EXPECT_EQ(scan.calls, kMove + kMove);
     EXPECT_TRUE(scan.isFreehandAligned());
     Operations::applyTransform(nullptr, quarterTurnAboutZ());
+}
+
+// w is the first coordinate of a vertex. (0, 3, 4) is divided by 0, (2, 3, 4) by 2.
+TEST(SurfaceScanTransformations, VertexThatAFiniteMatrixMapsToWZeroIsInfiniteOrNanPermanentlyByDesign)
+{
+    SurfaceScan scan;
+    scan.setMesh(geometry::Mesh({{0.0F, 3.0F, 4.0F}, kRaw}, {}));
+    QMatrix4x4 perspective;
+    perspective.setRow(3, {1.0F, 0.0F, 0.0F, 0.0F});
+    Operations::applyTransform(&scan, perspective);
+    QVector3D lost = vertexOf(scan);
+    EXPECT_TRUE(std::isnan(lost.x()));
+    EXPECT_EQ(lost.y(), kInfinity);
+    EXPECT_EQ(lost.z(), kInfinity);
+    expectPoint(scan.getMesh().getVertices()[1], {1.0F, 1.5F, 2.0F});
+
+    Operations::applyTransform(&scan, translation(1.0F, 1.0F, 1.0F));
+    lost = vertexOf(scan);
+    EXPECT_FALSE(std::isfinite(lost.x()) || std::isfinite(lost.y()) || std::isfinite(lost.z()));
+    expectPoint(scan.getMesh().getVertices()[1], {2.0F, 2.5F, 3.0F});
 }
 
 TEST(SurfaceScanTransformations, IdentityRegistrationTotalIsStillAppliedAsAMove)
@@ -438,6 +470,59 @@ TEST(SurfaceScanTransformations, SetAlignmentOfASurfaceWithoutAModelStoresItAndI
     EXPECT_EQ(scan.calls, QStringList({"setFreehandAligned(false)", "setSurfaceScanAlignment",
                                        "setFreehandAligned(true)"}));
     Operations::setAlignment(nullptr, anAlignment(true), kPlanning);
+}
+
+// Both moves of setAlignment() must be finite before it begins, or the mesh would stay behind on the way.
+TEST(SurfaceScanTransformations, SetAlignmentChangesNothingIfEitherOfItsMovesIsNotFinite)
+{
+    const QMatrix4x4 odd = translation(kNan, 0.0F, 0.0F);
+    const auto expectUnchanged = [](const SurfaceScanAlignment& stored, const SurfaceScanAlignment& next,
+                                    const QMatrix4x4& planning) {
+        RecordingScan scan;
+        scan.setMesh(geometry::Mesh({kRaw}, {}));
+        scan.SurfaceScan::setSurfaceScanAlignment(stored);
+        Operations::setAlignment(&scan, next, planning);
+        EXPECT_EQ(scan.calls, QStringList()) << "not even refreshed";
+        expectPoint(vertexOf(scan), kRaw);
+        EXPECT_EQ(scan.isFreehandAligned(), stored.freehandAligned);
+    };
+    for (const bool freehandAligned : {true, false}) {
+        const SurfaceScanAlignment good = anAlignment(freehandAligned);
+        SurfaceScanAlignment bad = good;
+        bad.freehandTransform = odd;
+        {
+            SCOPED_TRACE("planning transform");
+            expectUnchanged(anAlignment(!freehandAligned), good, odd);
+            expectUnchanged(anAlignment(!freehandAligned), good, translation(0.0F, kInfinity, 0.0F));
+        }
+        {
+            SCOPED_TRACE("new record");
+            expectUnchanged(good, bad, kPlanning);
+            expectUnchanged(anAlignment(!freehandAligned), bad, kPlanning);
+        }
+        {
+            SCOPED_TRACE("stored record");
+            expectUnchanged(bad, good, kPlanning);
+            expectUnchanged(bad, anAlignment(!freehandAligned), kPlanning);
+        }
+    }
+}
+
+// The registration of a freehand-aligned record is in neither move.
+TEST(SurfaceScanTransformations,
+     SetAlignmentStoresAMatrixThatIsNotFiniteIfItsTotalInForceDoesNotUseItByDesign)
+{
+    SurfaceScan scan;
+    prepare(scan, kAtFreehand, true);
+    SurfaceScanAlignment next = anAlignment(true);
+    next.registrationTransform = translation(kNan, 0.0F, 0.0F);
+    Operations::setAlignment(&scan, next, kPlanning);
+    expectPoint(vertexOf(scan), kAtFreehand);
+    EXPECT_TRUE(std::isnan(scan.getRegistrationTransform()(0, 3)));
+    // The conversion that does use it changes nothing.
+    Operations::freehandToRegistration(&scan, kPlanning);
+    expectPoint(vertexOf(scan), kAtFreehand);
+    EXPECT_TRUE(scan.isFreehandAligned());
 }
 
 // ---- laws
