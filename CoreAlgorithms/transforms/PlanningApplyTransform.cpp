@@ -491,7 +491,8 @@ void PlanningApplyTransform::transformMovements(MaxillofacialSurgery* surgery,
 {
     const DentalScan* upper = scanOfJaw(scans, JawType(2));
     const DentalScan* lower = scanOfJaw(scans, JawType(1));
-    if (!surgery || !upper || !lower)
+    // A total that is not finite is returned as the identity: the movements computed from it would look right.
+    if (!surgery || !upper || !lower || !transforms::isFinite(planningTransform))
         return;
     const OcclusionMovementCalculator::Data data{
         occlusionTransformations, SurfaceScanTransformations::getTotalTransform(upper, planningTransform),

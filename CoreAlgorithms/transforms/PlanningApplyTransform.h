@@ -22,13 +22,17 @@ class SurgeryPlanningPart;
 /// Carries a whole plan into a new scanner frame: every planned object follows the matrix M in the way that fits its
 /// kind. docs/transforms.md has the table of the kinds.
 ///
-/// Positions are mapped; surfaces and trees are moved relatively, in an editing bracket each; implants, pins and
-/// templates, whose placement is absolute, get M times their placement. The kinds are taken in the order of the private
-/// steps below, in each the objects in the order of the list; an object of several kinds is treated as each of them.
+/// Positions are mapped. Surfaces are moved relatively, in an editing bracket each; trees are moved relatively without
+/// a bracket. Implants, pins and templates, whose placement is absolute, get M times their placement. The kinds are
+/// taken in the order of the private steps below, in each the objects in the order of the list; an object of several
+/// kinds is treated as each of them.
 ///
 /// Null entries and objects of other kinds are passed over, and so are parts that an object lacks: a line without
 /// points, an anatomy without models, a surgery without scans of both jaws. A matrix M that is not finite changes
 /// nothing and gives an empty list.
+///
+/// Dental splines (the arches) need the CT for their occlusal index. Unless the first CTDataVolumeObject of the list
+/// holds a CT, they stay behind, unmoved and not returned, while all other objects move.
 ///
 /// (1) A rigid M followed by its inverse brings every coordinate back, and M * N in one call equals N, then M, within
 ///     single-precision rounding: for coordinates and shifts up to 100 mm along each axis, within 2^-12 mm.
@@ -44,7 +48,7 @@ public:
     /// The plan. Not owned; the objects must be there during applyTransform().
     void setDataObjects(const QList<DataObject*>& objects);
     /// The planning transform with which the occlusion movements of a surgery are computed anew; identity at first.
-    /// Nothing else uses it. With one that is not finite, the scans count as standing where they were scanned.
+    /// Nothing else uses it. With one that is not finite, the occlusion movements are left unchanged.
     void setNewScannerTransform(const QMatrix4x4& transform);
 
     /// Moves the plan and returns the objects that were changed, in the order in which they were, each as often as it

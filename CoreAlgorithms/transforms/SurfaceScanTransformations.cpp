@@ -299,7 +299,8 @@ void SurfaceScanTransformations::setAlignment(AlignableSurface* surface,
     // Copies: either argument may be the surface's own record or a part of it, which changes on the way.
     const SurfaceScanAlignment next = alignment;
     const QMatrix4x4 planning = m;
-    // Both moves, before anything is changed: a mesh that went one way only would no longer stand where its record says.
+    // Both moves are checked before anything is changed: a mesh that made only one of them would not stand where its
+    // record says.
     if (!isFinite(Chain(*surface).total(planning).inverted()) || !isFinite(Chain(next).total(planning)))
         return;
     // Intended: refreshed before anything else, so that a move still pending in the model is not mixed into the new

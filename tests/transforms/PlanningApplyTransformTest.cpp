@@ -434,11 +434,17 @@ TEST_F(DentalSplineStep, OcclusalCentreFollowsThePlaneDefinition)
     EXPECT_EQ(spline.getOcclusalIndex(), 3);
 }
 
-TEST_F(DentalSplineStep, WithoutACtNothingHappens)
+TEST_F(DentalSplineStep, WithoutACtSplinesStayBehindWhileAllOtherObjectsMoveByDesign)
 {
-    EXPECT_EQ(moved({&spline}), QList<DataObject*>());
-    expectVector(spline.getControlPoints().last()->getPosition(), 1.0F, 2.0F, 3.0F);
-    EXPECT_EQ(spline.getOcclusalIndex(), 77);
+    CTDataVolumeObject empty;
+    for (CTDataVolumeObject* volumeWithoutCt : {static_cast<CTDataVolumeObject*>(nullptr), &empty}) {
+        PointAnnotation annotation;
+        annotation.changePosition(kStart);
+        EXPECT_EQ(moved({&spline, volumeWithoutCt, &annotation}), QList<DataObject*>({&annotation}));
+        expectVector(spline.getControlPoints().last()->getPosition(), 1.0F, 2.0F, 3.0F);
+        EXPECT_EQ(spline.getOcclusalIndex(), 77);
+        expectVector(annotation.getPosition(), 8.0F, 21.0F, 33.0F);
+    }
 }
 
 TEST_F(DentalSplineStep, FirstVolumeDecidesAlsoWithoutData)
@@ -926,20 +932,26 @@ TEST_F(SurgeryStep, NewScannerTransformIsTheIdentityUnlessSet)
                  -1.0F);
 }
 
-// With the identity for it, the upper scan would stand at (2, 0, 0), and the maxilla move by 3 mm.
-TEST_F(SurgeryStep, NewScannerTransformThatIsNotFiniteLeavesTheScansWhereTheyWereScanned)
+TEST_F(SurgeryStep, NewScannerTransformThatIsNotFiniteLeavesTheOcclusionMovementsUnchanged)
 {
     occlusion.setTransformations(biteShifting(5.0F));
+    virtualOcclusion.setTransformations({{Mandibula::getClassTypeId(), QMatrix4x4()},
+                                         {FrontSegment::getClassTypeId(), QMatrix4x4()},
+                                         {LeftSegment::getClassTypeId(), QMatrix4x4()}});
+    made.maxillary->addOcclusionModeTransformation(plaster, translation(7.0F, 0.0F, 0.0F));
     upper.setInitialTransform(translation(2.0F, 0.0F, 0.0F));
+    const QStringList before = test::stateOf(made.surgery, {plaster, onScreen});
     for (const float bad :
          {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()}) {
         QMatrix4x4 frame;
         frame(0, 3) = bad;
         PlanningApplyTransform applyTransform;
-        applyTransform.setDataObjects({&occlusion, &made.surgery, &upper, &lower});
+        applyTransform.setDataObjects({&occlusion, &virtualOcclusion, &made.surgery, &upper, &lower});
         applyTransform.setNewScannerTransform(frame);
-        EXPECT_EQ(applyTransform.applyTransform({}), QList<DataObject*>({&upper, &lower}));
-        EXPECT_EQ(maxillaX(plaster), 5.0F);
+        EXPECT_EQ(applyTransform.applyTransform({}), QList<DataObject*>({&upper, &lower}))
+            << "all other objects are moved";
+        EXPECT_EQ(test::stateOf(made.surgery, {plaster, onScreen}), before);
+        EXPECT_EQ(made.maxillaryParts->getMovementMode(), QString());
     }
 }
 
@@ -1016,6 +1028,33 @@ TEST_F(SurgeryStep, ChangesAreThoseOfARedo)
 }
 
 // ---- 24 and 25
+
+// Notes the calls that move a tree, and a bracket around them.
+template <typename Kind>
+class TreeRecorder : public Kind
+{
+public:
+    void startEditing() override { calls << QStringLiteral("start"); }
+    void stopEditing() override { calls << QStringLiteral("stop"); }
+    void setObjectTransform(const QMatrix4x4& matrix) override
+    {
+        calls << QStringLiteral("transform");
+        Kind::setObjectTransform(matrix);
+    }
+
+    QStringList calls;
+};
+
+TEST(PlanningApplyTransform, TreesAreMovedWithoutAnEditingBracket)
+{
+    TreeRecorder<TempShell> shell;
+    const auto tree = std::make_shared<TreeRecorder<SurfaceTree>>();
+    Distractor distractor;
+    distractor.setSurfaceTree(tree);
+    moved({&shell, &distractor});
+    EXPECT_EQ(shell.calls, QStringList({"transform"}));
+    EXPECT_EQ(tree->calls, QStringList({"transform"}));
+}
 
 TEST(PlanningApplyTransform, ShellIsMovedRelatively)
 {
