@@ -37,6 +37,8 @@ public:
 
     /// Keeps a reference: the data must stay alive, and changes to them count.
     explicit OcclusionMovementCalculator(const Data& input);
+    /// Refuses temporary data, which would be gone before calculate().
+    explicit OcclusionMovementCalculator(const Data&& input) = delete;
     OcclusionMovementCalculator(const OcclusionMovementCalculator&) = default;
     OcclusionMovementCalculator& operator=(const OcclusionMovementCalculator&) = delete;
     virtual ~OcclusionMovementCalculator();

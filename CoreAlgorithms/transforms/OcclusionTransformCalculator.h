@@ -40,12 +40,17 @@ public:
     /// Which jaw comes. Any value other than 0 is taken as MaxillaToMandibula.
     enum TransformationType : int { MandibulaToMaxilla = 0, MaxillaToMandibula = 1 };
 
-    /// The bite is copied now; the scans are read by each calculation and must live as long as they are
-    /// asked for.
+    /// Copies the bite and keeps references to the scans. Each calculation reads the scans, which must be alive
+    /// then.
     OcclusionTransformCalculator(const Occlusion& occlusion, const DentalScan& maxillaScan,
                                  const DentalScan& mandibulaScan, QMatrix4x4 planningTransform);
     OcclusionTransformCalculator(const dataobject::VirtualOcclusion& occlusion, const DentalScan& maxillaScan,
                                  const DentalScan& mandibulaScan, QMatrix4x4 planningTransform);
+    /// Refuse temporary scans, which would be gone before the first calculation.
+    template <typename Bite>
+    OcclusionTransformCalculator(const Bite&, const DentalScan&&, const DentalScan&, QMatrix4x4) = delete;
+    template <typename Bite>
+    OcclusionTransformCalculator(const Bite&, const DentalScan&, const DentalScan&&, QMatrix4x4) = delete;
     OcclusionTransformCalculator(const OcclusionTransformCalculator&) = default;
     OcclusionTransformCalculator& operator=(const OcclusionTransformCalculator&) = default;
     virtual ~OcclusionTransformCalculator();

@@ -16,6 +16,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <type_traits>
 #include <utility>
 
 namespace {
@@ -25,6 +26,12 @@ using test::quarterTurnAboutZ;
 using test::translation;
 using Data = OcclusionMovementCalculator::Data;
 using Matrices = std::map<QString, QMatrix4x4>;
+
+// The data are kept by reference.
+static_assert(std::is_constructible_v<OcclusionMovementCalculator, Data&>);
+static_assert(std::is_constructible_v<OcclusionMovementCalculator, const Data&>);
+static_assert(!std::is_constructible_v<OcclusionMovementCalculator, Data>);
+static_assert(!std::is_constructible_v<OcclusionMovementCalculator, const Data>);
 
 QString maxilla()
 {

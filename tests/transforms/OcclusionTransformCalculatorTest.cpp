@@ -45,6 +45,20 @@ const QString kRight = QStringLiteral("RightSegment");
 
 static_assert(std::has_virtual_destructor_v<Calculator> && std::is_copy_constructible_v<Calculator>);
 static_assert(!std::is_default_constructible_v<Calculator>);
+
+// The bite is copied and may be a temporary; the scans are kept by reference and may not.
+template <typename Bite, typename MaxillaScan, typename MandibulaScan>
+constexpr bool kAccepts = std::is_constructible_v<Calculator, Bite, MaxillaScan, MandibulaScan, QMatrix4x4>;
+template <typename Bite>
+constexpr bool kRefusesTemporaryScans =
+    kAccepts<Bite, DentalScan&, const DentalScan&> && !kAccepts<Bite, DentalScan, DentalScan&> &&
+    !kAccepts<Bite, const DentalScan, const DentalScan&> && !kAccepts<Bite, DentalScan&, DentalScan> &&
+    !kAccepts<Bite, const DentalScan&, const DentalScan> && !kAccepts<Bite, DentalScan, DentalScan> &&
+    !kAccepts<Bite, const DentalScan, const DentalScan>;
+static_assert(kRefusesTemporaryScans<const Occlusion&> && kRefusesTemporaryScans<Occlusion>);
+static_assert(kRefusesTemporaryScans<const dataobject::VirtualOcclusion&> &&
+              kRefusesTemporaryScans<dataobject::VirtualOcclusion>);
+
 static_assert(Calculator::MandibulaToMaxilla == 0 && Calculator::MaxillaToMandibula == 1);
 
 // The messages that are logged while it lives.
