@@ -283,6 +283,26 @@ TEST(OcclusionMovementCalculator, LeavesOutMovesThatAreNotFinite)
     EXPECT_EQ(keys(calculate(cut).maxillarySegmentalTransformations.value()), QStringList({front(), left()}));
 }
 
+// Scans shifted by 1 and a bite of shifts by 1e8: the left association gives ((1 - 1e8) + 1e8) - 1 = -1, as 1 - 1e8
+// rounds to -1e8. Every other association gives 0 or 1.
+TEST(OcclusionMovementCalculator, ProductsAssociateFromTheLeftInEveryMove)
+{
+    const QMatrix4x4 near = translation(1.0F, 0.0F, 0.0F);
+    const QMatrix4x4 far = translation(1e8F, 0.0F, 0.0F);
+    const auto whole = calculate({{{maxilla(), far}, {mandibula(), far}}, near, near});
+    EXPECT_EQ(whole.maxillaryTransformation.value()(0, 3), -1.0F);
+    EXPECT_EQ(whole.mandibularTransformation.value()(0, 3), -1.0F);
+
+    const auto cut =
+        calculate({{{mandibula(), far}, {front(), far}, {left(), far}, {right(), far}}, near, near});
+    for (const auto& moves :
+         {cut.maxillarySegmentalTransformations, cut.mandibularSegmentalTransformations}) {
+        EXPECT_EQ(moves.value().size(), 3U);
+        for (const auto& [part, move] : moves.value())
+            EXPECT_EQ(move(0, 3), -1.0F) << part.toStdString();
+    }
+}
+
 // The maxilla, moved, bites with the standing mandible as the bite records: seen from the mandible's scan, it stands
 // where O[Mandibula]^-1 * O[Maxilla] puts it; and the other way round.
 TEST(OcclusionMovementCalculator, MovedJawStandsToTheOtherAsRecorded)

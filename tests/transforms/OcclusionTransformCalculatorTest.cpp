@@ -293,6 +293,33 @@ TEST_F(OcclusionTransformCalculatorTest, EmptyKeyOfABiteIsNoReferenceSegment)
     EXPECT_EQ(Log::warnings(), QStringList{kNoReference});
 }
 
+// Scans shifted by 1 and a bite of shifts by 1e8: the left association gives ((1 - 1e8) + 1e8) - 1 = -1, as 1 - 1e8
+// rounds to -1e8. Every other association gives 0 or 1.
+TEST(OcclusionTransformCalculatorProducts, AssociateFromTheLeftInEveryMove)
+{
+    DentalScan maxilla;
+    DentalScan mandibula;
+    maxilla.setInitialTransform(translation(1.0F, 0.0F, 0.0F));
+    mandibula.setInitialTransform(translation(1.0F, 0.0F, 0.0F));
+    Matrices bite;
+    for (const QString& part : {kMaxilla, kMandibula, kFront, kLeft, kRight})
+        bite.emplace(part, translation(1e8F, 0.0F, 0.0F));
+    Matrices all;
+    for (const bool segmental : {false, true}) {
+        Occlusion occlusion;
+        occlusion.setTransformations(bite);
+        occlusion.setSegmental(segmental);
+        Calculator calculator(occlusion, maxilla, mandibula, {});
+        for (const auto type : {Calculator::MandibulaToMaxilla, Calculator::MaxillaToMandibula}) {
+            for (const auto& [part, move] : calculator.calculateTransformations(type))
+                all.emplace(QString::number(segmental) + QString::number(type) + part, move);
+        }
+    }
+    EXPECT_EQ(all.size(), 8U) << "one for each whole jaw, and three for a segmental bite in each direction";
+    for (const auto& [move, matrix] : all)
+        EXPECT_EQ(matrix(0, 3), -1.0F) << move.toStdString();
+}
+
 // ---- what is odd
 
 TEST_F(OcclusionTransformCalculatorTest, MatrixWithoutInverseCountsAsTheIdentityWhereItIsInverted)

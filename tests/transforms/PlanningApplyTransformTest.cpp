@@ -803,6 +803,18 @@ TEST(OriginalModelsStep, MovesBothModelsAndRecordsTheAnatomy)
     expectVector(firstVertex(*plan.mandible), 8.0F, 21.0F, 33.0F);
 }
 
+TEST(OriginalModelsStep, SkullIsMovedBeforeTheMandible)
+{
+    test::MoveLog log;
+    const auto logging = [&log](const char* name) {
+        return std::make_shared<test::LoggingSurface<Surface3DModel>>(log, QString::fromLatin1(name));
+    };
+    Anatomy anatomy;
+    anatomy.setOriginalModels(logging("skull"), logging("mandible"));
+    moved({&anatomy});
+    EXPECT_EQ(log.names, QStringList({"skull", "mandible"}));
+}
+
 TEST(OriginalModelsStep, NullModelsArePassedOver)
 {
     Anatomy anatomy;
@@ -1172,6 +1184,18 @@ TEST(CollectionStep, MovesAreSeenFromTheNewFrame)
     const auto postOp = collection.getFromPreOpToPostOpTransformation(QStringLiteral("a")).value();
     EXPECT_EQ(postOp, translation(0.0F, 4.0F, 0.0F));
     EXPECT_FALSE(collection.getFromPreOpToPlannedTransformation(QStringLiteral("b")));
+}
+
+// (M * T) * M^-1 is exact: 2^24 - (2^24 - 1) = 1, and 1 - 2^24. T * M^-1 would round to -2^25, and the whole to -2^24.
+TEST(CollectionStep, ProductsAssociateFromTheLeft)
+{
+    dataobject::PlannedToPostOpCollection collection;
+    const QMatrix4x4 move = translation(-16777215.0F, 0.0F, 0.0F);
+    const QString part = QStringLiteral("a");
+    collection.setFromPreOpToPlannedAndPostOpTransformations({{part, move}}, {{part, move}});
+    moved({&collection}, translation(16777216.0F, 0.0F, 0.0F));
+    EXPECT_EQ(collection.getFromPreOpToPlannedTransformation(part).value()(0, 3), -16777215.0F);
+    EXPECT_EQ(collection.getFromPreOpToPostOpTransformation(part).value()(0, 3), -16777215.0F);
 }
 
 TEST(CollectionStep, EachPartOfEitherListIsTreatedOnce)

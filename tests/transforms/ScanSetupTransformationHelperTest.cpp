@@ -129,6 +129,14 @@ TEST(ScanSetupTransformationHelper, LiftWithTheLowerBoxAloneIsItsTopLessTwenty)
     expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw({}, kLower), turned(30.0F, -2.5F, -15.0F));
 }
 
+// From -2^24 to 1: the centre is -8388607.5, and the height, 2^24 + 1, rounds to 2^24. Their top is 0.5, not 1.
+TEST(ScanSetupTransformationHelper, TopOfTheLowerBoxAloneIsItsCentrePlusHalfItsHeight)
+{
+    const BoundingBox tall(0.0F, 0.0F, -16777216.0F, 1.0F, 1.0F, 1.0F);
+    expectMatrix(Access::fake({}, tall, BoundingBox(-1.0F, -1.0F, -1.0F, 1.0F, 1.0F, 1.0F)),
+                 turned(0.0F, 0.0F, 0.5F - 20.0F));
+}
+
 TEST(ScanSetupTransformationHelper, WithoutBoxesTheUpperJawIsTurnedAboutTheOrigin)
 {
     expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw({}, {}), turned(0.0F, 0.0F, 0.0F));

@@ -74,6 +74,24 @@ void expectPoint(const QVector3D& point, const QVector3D& expected)
         << expected.y() << ", " << expected.z() << ")";
 }
 
+// 10 / 3 is 3.33333325; 10 times a third is 3.33333349.
+TEST(Trelo3DProtocolTransformations, HeightOfTheLandmarksIsTheirSumDividedByThree)
+{
+    const QVector3D target =
+        Access::target(nullptr, NoJaw, {0.0F, 0.0F, 1.0F}, {0.0F, 0.0F, 2.0F}, {0.0F, 0.0F, 7.0F});
+    EXPECT_EQ(target.z(), 3.33333325F);
+}
+
+// 1e8 + 3 rounds to 1e8.
+TEST(Trelo3DProtocolTransformations, HeightsOfTheLandmarksAreAddedInTheirOrderInSinglePrecision)
+{
+    const QVector3D far(0.0F, 0.0F, 1e8F);
+    const QVector3D near(0.0F, 0.0F, 3.0F);
+    EXPECT_EQ(Access::target(nullptr, NoJaw, far, -far, near).z(), 1.0F);
+    EXPECT_EQ(Access::target(nullptr, NoJaw, far, near, -far).z(), 0.0F);
+    EXPECT_EQ(Access::target(nullptr, NoJaw, near, far, -far).z(), 0.0F);
+}
+
 TEST(Trelo3DProtocolTransformations, LowerJawGoesFiveMillimetresAlongYAndClearsThePlaneByThreeBelow)
 {
     SurfaceScan scan;
