@@ -52,18 +52,18 @@ QVector3D PlanarGuidingSplineCoordinateMapper::mapToSplinePlane(const PlanarResl
 
 void PlanarGuidingSplineCoordinateMapper::changedEvent(GuidingLine* /*line*/, events::GuidingLineEvent* event)
 {
-    if (!event || static_cast<int>(event->type) != kNumberOfPointsUpdated)
-        return;
-    onNumberOfPointsUpdated();
-    fittedPointCount = countPoints(spline);
+    if (event && static_cast<int>(event->type) == kNumberOfPointsUpdated)
+        onNumberOfPointsUpdated();
 }
 
 void PlanarGuidingSplineCoordinateMapper::onNumberOfPointsUpdated()
 {
     // Intended: a plane stays while points are added. The first points anchor it; a user who goes on drawing in a view
     // that has moved relies on new points not tilting it.
-    if (countPoints(spline) <= fittedPointCount || !splinePlane)
+    const std::int32_t count = countPoints(spline);
+    if (count <= fittedPointCount || !splinePlane)
         fitPlane();
+    fittedPointCount = count;
 }
 
 void PlanarGuidingSplineCoordinateMapper::onPointAdded()

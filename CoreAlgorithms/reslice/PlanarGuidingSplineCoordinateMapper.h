@@ -48,10 +48,12 @@ private:
 
     void changedEvent(GuidingLine* line, events::GuidingLineEvent* event) override;
 
-    /// The spline's own hooks, for hosts that call them instead of sending an event. They do what an event with that
-    /// outcome does to the plane, but leave the remembered number of points alone.
+    /// Applies the rule of the class paragraph and remembers the number of points. The event calls it too; hosts
+    /// may call this hook and the two below instead of sending an event.
     void onNumberOfPointsUpdated();
+    /// Fits the plane if there is none. Leaves the remembered number of points unchanged.
     void onPointAdded();
+    /// Fits the plane. Leaves the remembered number of points unchanged.
     void onPointRemoved();
 
     void fitPlane();

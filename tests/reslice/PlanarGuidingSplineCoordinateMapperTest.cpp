@@ -295,21 +295,42 @@ TEST(PlanarGuidingSplineCoordinateMapper, HookForRemovedPointsAlwaysFits)
     EXPECT_EQ(Access::count(mapper), 3);
 }
 
-TEST(PlanarGuidingSplineCoordinateMapper, HookForTheNumberOfPointsLeavesTheRememberedNumberAlone)
+TEST(PlanarGuidingSplineCoordinateMapper,
+     HookForTheNumberOfPointsFollowsTheRuleOfTheEventAndRemembersTheNumber)
 {
     RecordingSpline spline;
     spline.setPoints(kAtFive);
     Mapper mapper(spline);
     spline.takeFits();
     spline.setPoints(kFourPoints);
-    Access::numberUpdated(mapper);
-    Access::numberUpdated(mapper); // would fit if four had been remembered
+    Access::numberUpdated(mapper); // grown: the plane stays, four are remembered
     EXPECT_EQ(spline.takeFits(), 0);
-    EXPECT_EQ(Access::count(mapper), 3);
-    spline.setPoints(kAtNine);
-    Access::numberUpdated(mapper);
+    expectHeight(mapper, 5.0F);
+    EXPECT_EQ(Access::count(mapper), 4);
+    Access::numberUpdated(mapper); // still four
     EXPECT_EQ(spline.takeFits(), 1);
     expectHeight(mapper, 9.0F);
+
+    spline.setPoints(kAtFive);
+    Access::numberUpdated(mapper); // shrunk
+    EXPECT_EQ(spline.takeFits(), 1);
+    expectHeight(mapper, 5.0F);
+    EXPECT_EQ(Access::count(mapper), 3);
+    spline.setPoints(kFourPoints);
+    spline.send(3); // an event finds the number that the hook remembered: grown again
+    EXPECT_EQ(spline.takeFits(), 0);
+}
+
+TEST(PlanarGuidingSplineCoordinateMapper, HookForTheNumberOfPointsFitsTheFirstPlane)
+{
+    RecordingSpline spline;
+    Mapper mapper(spline);
+    spline.takeFits();
+    spline.setPoints(kAtFive);
+    Access::numberUpdated(mapper);
+    EXPECT_EQ(spline.takeFits(), 1);
+    expectHeight(mapper, 5.0F);
+    EXPECT_EQ(Access::count(mapper), 3);
 }
 
 // The links
