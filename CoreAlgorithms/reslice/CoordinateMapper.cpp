@@ -390,28 +390,31 @@ QLineF CoordinateMapper::_3D_To_2D_Line_Planar(const PlanarReslice* reslice, QVe
     const bool inside1 = std::abs(distance1) <= halfThickness;
     const bool inside2 = std::abs(distance2) <= halfThickness;
 
-    const auto image = [reslice](const QVector3D& point) { return _3D_To_2D_PlanarPoint(reslice, point); };
     const auto crossingOnSideOf = [&](double distance) {
         return distance > 0.0 ? intersectWithUpperPlane(reslice, p1, p2)
                               : intersectWithLowerPlane(reslice, p1, p2);
     };
+    const auto lineBetween = [reslice](const QVector3D& start, const QVector3D& end) {
+        const PlanarView view(*reslice);
+        return QLineF(view.map(start).point, view.map(end).point);
+    };
 
     if (inside1) {
         inPlane = true;
-        return {image(p1), inside2 ? image(p2) : image(crossingOnSideOf(distance2))};
+        return lineBetween(p1, inside2 ? p2 : crossingOnSideOf(distance2));
     }
     if (inside2) {
         // Intended: the line starts at the end that lies inside, against the caller's order; whoever draws the
         // line relies on its second end being the clipped one.
         inPlane = true;
-        return {image(p2), image(crossingOnSideOf(distance1))};
+        return lineBetween(p2, crossingOnSideOf(distance1));
     }
     if ((distance1 > 0.0 && distance2 < 0.0) || (distance1 < 0.0 && distance2 > 0.0)) {
         // Intended: the upper face first, whichever end lies above, so that a line does not depend on the direction
         // of its segment.
         inPlane = true;
-        return {image(intersectWithUpperPlane(reslice, p1, p2)),
-                image(intersectWithLowerPlane(reslice, p1, p2))};
+        return lineBetween(intersectWithUpperPlane(reslice, p1, p2),
+                           intersectWithLowerPlane(reslice, p1, p2));
     }
     return {};
 }

@@ -16,6 +16,7 @@
 #include <cmath>
 #include <limits>
 #include <type_traits>
+#include <utility>
 
 namespace {
 
@@ -387,6 +388,23 @@ TEST(CoordinateMapper, EndExactlyOnAFaceIsInside)
                                                                     {10.0F, 10.0F, -1.0F}, inPlane);
     EXPECT_TRUE(inPlane);
     expectLine(reversed, 10.0, 70.0, 10.0, 70.0);
+}
+
+TEST(CoordinateMapper, SegmentAsksForTheTransformationOnce)
+{
+    CountingReslice reslice;
+    reslice.setSampleSize({1.0F, 1.0F, 2.0F});
+    const QVector3D above(10.0F, 10.0F, 5.0F);
+    const QVector3D inside(11.0F, 10.0F, 0.0F);
+    const QVector3D below(12.0F, 10.0F, -5.0F);
+    for (const auto& [p1, p2] : {std::pair(inside, inside), std::pair(inside, above),
+                                 std::pair(below, inside), std::pair(above, below)}) {
+        reslice.transformationsAsked = 0;
+        bool inPlane = false;
+        CoordinateMapper::_3D_To_2D_Line_Planar(&reslice, p1, p2, inPlane);
+        EXPECT_TRUE(inPlane);
+        EXPECT_EQ(reslice.transformationsAsked, 1);
+    }
 }
 
 TEST(CoordinateMapper, SegmentVerdictOfThePairIsInPlaneWhereTheFlagIsTrue)
