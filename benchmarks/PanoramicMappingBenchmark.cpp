@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 // 100,000 points into a panoramic view of 1,000 columns: the list operation beside a plain transcription that searches
 // the nearest sample and inverts two matrices for every point; their results are compared bit for bit first. And the
-// whole view of 1,000 x 400 pixels to world positions, beside a loop over Eigen vectors that reads the geometry once.
+// whole view of 1,000 x 400 pixels to world positions, beside a loop over Eigen vectors that reads the geometry once. And
+// a short segment, beside the operation for one point for each of its samples.
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 #include <CoreAlgorithms/reslice/CoordinateMapper.h>
@@ -15,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
@@ -155,6 +157,67 @@ void panoramicPointByPoint(benchmark::State& state)
     }
 }
 
+constexpr float kStepMm = 0.15F;
+
+struct Segment
+{
+    QVector3D p1;
+    QVector3D p2;
+};
+
+// Of the number of steps and half a one, beside the path.
+Segment segmentOf(std::int64_t steps)
+{
+    const QVector3D p1 = scene().reslice->getPath()[300] + QVector3D(0.01F, 0.02F, 3.0F);
+    const QVector3D along = (scene().reslice->getPath()[301] - scene().reslice->getPath()[300]).normalized();
+    return {p1, p1 + along * ((static_cast<float>(steps) + 0.5F) * kStepMm)};
+}
+
+QList<QLineF> segmentPointByPoint(const Segment& segment)
+{
+    const PanoramicReslice* reslice = scene().reslice.get();
+    QVector3D direction = segment.p2 - segment.p1;
+    const int count = static_cast<int>(direction.length() / kStepMm);
+    direction.normalize();
+    QList<QLineF> lines;
+    bool inPlane = false;
+    bool previousIn = false;
+    QPointF previous = CoordinateMapper::_3D_To_2D_Panoramic(reslice, segment.p1, inPlane, previousIn, false);
+    for (int i = 1; i <= count + 1; ++i) {
+        const QVector3D sample =
+            i <= count ? segment.p1 + direction * (static_cast<float>(i) * kStepMm) : segment.p2;
+        bool in = false;
+        const QPointF point = CoordinateMapper::_3D_To_2D_Panoramic(reslice, sample, inPlane, in, false);
+        if (previousIn && in)
+            lines.append({previous, point});
+        previous = point;
+        previousIn = in;
+    }
+    return lines;
+}
+
+void shortSegment(benchmark::State& state)
+{
+    const Segment segment = segmentOf(state.range(0));
+    const auto draw = [&segment] {
+        return CoordinateMapper::_3D_To_2D_Line_Panoramic(scene().reslice.get(), segment.p1, segment.p2,
+                                                          false, kStepMm);
+    };
+    if (draw() != segmentPointByPoint(segment)) {
+        state.SkipWithError("the lines differ from those point by point");
+        return;
+    }
+    for (auto _ : state)
+        benchmark::DoNotOptimize(draw());
+}
+
+void shortSegmentPointByPoint(benchmark::State& state)
+{
+    const Segment segment = segmentOf(state.range(0));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(segmentPointByPoint(segment));
+}
+
 void wholeViewToWorld(benchmark::State& state)
 {
     std::vector<QVector3D> world(static_cast<std::size_t>(kColumns) * kRows);
@@ -198,6 +261,8 @@ void wholeViewByEigen(benchmark::State& state)
 BENCHMARK(panoramicList)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
 BENCHMARK(panoramicTranscription)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
 BENCHMARK(panoramicPointByPoint)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
+BENCHMARK(shortSegment)->Arg(1)->Arg(5)->Arg(20)->Arg(62)->Repetitions(9)->ReportAggregatesOnly();
+BENCHMARK(shortSegmentPointByPoint)->Arg(1)->Arg(5)->Arg(20)->Arg(62)->Repetitions(9)->ReportAggregatesOnly();
 BENCHMARK(wholeViewToWorld)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
 BENCHMARK(wholeViewByEigen)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
 

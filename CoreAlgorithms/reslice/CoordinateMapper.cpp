@@ -11,6 +11,7 @@
 #include <QVector4D>
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -23,6 +24,16 @@ constexpr int kThickSlab = 1;
 
 // The view that turns the x axis of a cephalometric projection round.
 constexpr int kMirroringPointOfView = 1;
+
+// From how many points on, and from how many samples of the path on, building a search tree takes less time than the
+// tree saves.
+constexpr qsizetype kPointsWorthATree = 64;
+constexpr qsizetype kSamplesWorthATree = 64;
+
+// How many frames of segments are kept while points are mapped: those of the two segments at a sample at least, so that
+// the next point near it finds them; 300 KiB at most, for the columns of several views.
+constexpr qsizetype kFewestFrames = 2;
+constexpr qsizetype kMostFrames = 4096;
 
 bool isFiniteVector(const QVector3D& v)
 {
@@ -255,41 +266,47 @@ private:
     Mirroring mirroring;
 };
 
-// Maps many points into one panoramic view, with the bits of mapping each by itself: a segment's matrix is inverted when
-// it is first needed and kept, and the nearest sample is searched in a tree. Without the two, 100,000 points on 1,000
-// columns take about ten times as long.
+// Maps a number of points into one panoramic view, with the bits of mapping each by itself. The inverted matrices of the
+// segments that were needed last are kept; for many points, the nearest sample is searched in a tree. Without the two,
+// 100,000 points on 1,000 columns take about ten times as long.
 class PanoramicPointMapper
 {
 public:
-    explicit PanoramicPointMapper(const PanoramicView& panoramicView)
+    PanoramicPointMapper(const PanoramicView& panoramicView, qsizetype numPoints)
         : view(panoramicView),
-          search(view.path()),
-          frameOfSegment(static_cast<std::size_t>(view.path().size() - 1), kNoFrame)
-    {}
+          frames(std::bit_ceil(static_cast<std::size_t>(
+              std::clamp(std::min(numPoints, panoramicView.path().size()), kFewestFrames, kMostFrames))))
+    {
+        if (numPoints >= kPointsWorthATree && view.path().size() >= kSamplesWorthATree)
+            tree.emplace(view.path());
+    }
+    PanoramicPointMapper(PanoramicView&&, qsizetype) = delete; // the view must outlive the mapper
 
     Image map(const QVector3D& point, bool keepOutside)
     {
-        return view.imageOf(search.nearestTo(point), keepOutside,
-                            [&](int segment) { return frame(segment).map(point); });
+        const int nearest =
+            tree ? tree->nearestTo(point) : ComputeIndexOnGuidingLine::getIndexOf(point, view.path());
+        return view.imageOf(nearest, keepOutside, [&](int segment) { return frame(segment).map(point); });
     }
 
 private:
-    static constexpr int kNoFrame = -1;
+    struct Frame
+    {
+        int segment = -1;
+        PointMapping localFromWorld{QMatrix4x4()};
+    };
 
     const PointMapping& frame(int segment)
     {
-        int& index = frameOfSegment[static_cast<std::size_t>(segment)];
-        if (index == kNoFrame) {
-            index = static_cast<int>(frames.size());
-            frames.emplace_back(view.localFromWorld(segment));
-        }
-        return frames[static_cast<std::size_t>(index)];
+        Frame& kept = frames[static_cast<std::size_t>(segment) & (frames.size() - 1)];
+        if (kept.segment != segment)
+            kept = {segment, PointMapping(view.localFromWorld(segment))};
+        return kept.localFromWorld;
     }
 
     const PanoramicView& view;
-    PathSearch search;
-    std::vector<int> frameOfSegment; // index into frames
-    std::vector<PointMapping> frames;
+    std::vector<Frame> frames; // a power of two, each segment has its place
+    std::optional<PathSearch> tree;
 };
 
 // The world position of a column on the path, and how the path runs there.
@@ -538,10 +555,11 @@ QList<QLineF> CoordinateMapper::_3D_To_2D_Line_Panoramic(const PanoramicReslice*
     if (!(step > 0.0F) || !(samples < 0x1p24F))
         return {};
 
+    const int count = static_cast<int>(samples);
     QList<QLineF> lines;
-    PanoramicPointMapper mapper(*view);
+    PanoramicPointMapper mapper(*view, qsizetype{count} + 2); // with both ends
     Image previous = mapper.map(p1, keepOutside);
-    for (int i = 1; i <= static_cast<int>(samples); ++i) {
+    for (int i = 1; i <= count; ++i) {
         const Image current = mapper.map(p1 + direction * (static_cast<float>(i) * step), keepOutside);
         if (previous.inSlice && current.inSlice)
             lines.append({previous.point, current.point});
@@ -613,7 +631,7 @@ CoordinateMapper::mapAllPointsOntoReslice(const QList<QVector3D>& points, const 
     const auto view = PanoramicView::of(&reslice);
     if (!view || points.isEmpty())
         return QList<std::pair<QPointF, PointInPlane>>(points.size(), {QPointF(), PointInPlane::OutOfPlane});
-    PanoramicPointMapper mapper(*view);
+    PanoramicPointMapper mapper(*view, points.size());
     return mapAllPoints(points, [&mapper](const QVector3D& point) {
         const Image image = mapper.map(point, false);
         return std::pair(image.point, toPointInPlane(image.inPlane));

@@ -121,7 +121,7 @@ public:
 
     /// The segment from p1 to p2, sampled every `step` mm and at p2, as a chain of lines between neighbouring samples
     /// that are both in slice. Empty for a step that is not positive, or so small that there are 2^24 samples or
-    /// more.
+    /// more. Takes at most the time of mapping its samples one by one.
     static QList<QLineF> _3D_To_2D_Line_Panoramic(const PanoramicReslice* reslice, QVector3D p1, QVector3D p2,
                                                   bool keepOutside, float step);
 

@@ -752,6 +752,28 @@ TEST(PanoramicCoordinateMapper, Law3ListHasTheBitsOfThePointByPointMapping)
     }
 }
 
+// Short lists are searched without a tree, and keep fewer frames than the path has segments.
+TEST(PanoramicCoordinateMapper, Law3ListsOfAnyLengthHaveTheBitsOfThePointByPointMapping)
+{
+    RandomGeometry random(55);
+    for (const int size : {1, 2, 3, 10, 63, 64, 100}) {
+        SCOPED_TRACE(testing::Message() << "seed 55, " << size << " points");
+        const auto reslice = random.panoramicReslice(1000, 0.2F);
+        makeSlab(*reslice, 20.0F);
+        QList<QVector3D> points; // back and forth along the path
+        for (int p = 0; p < size; ++p)
+            points.append(reslice->getPath()[p * 377 % 1000] + random.point(2.0F));
+        const auto images = CoordinateMapper::mapAllPointsOntoReslice(points, *reslice);
+        ASSERT_EQ(images.size(), size);
+        for (qsizetype p = 0; p < size; ++p) {
+            const auto [point, inPlane, inSlice] =
+                CoordinateMapper::_3D_To_2D_Panoramic(reslice.get(), points[p], false);
+            ASSERT_TRUE(sameBits(images[p].first, point)) << p;
+            ASSERT_EQ(images[p].second, inPlane) << p;
+        }
+    }
+}
+
 TEST(PanoramicCoordinateMapper, Law4ViewToWorldToViewIsTheSamePointForAllMirrorings)
 {
     constexpr double tolerance = 0x1p-8;
