@@ -43,6 +43,7 @@ public:
         const auto count = std::min<qsizetype>(colours.size(), qsizetype(paletteContent.size()));
         std::transform(colours.begin(), colours.begin() + count, paletteContent.begin(), isContent);
     }
+    explicit Content(QImage&&) = delete; // the image must outlive its content
 
     // First column with content in [begin, end) of the row; `end` if there is none.
     int firstIn(int row, int begin, int end) const
@@ -114,42 +115,15 @@ int warnThatNothingWasFound()
     return 0;
 }
 
-int firstRow(const Content& content)
+// The rows from the given one on, over the memory of the image.
+QImage rowsFrom(const QImage& image, int row)
 {
-    for (int row = 0; row < content.height(); ++row) {
-        if (content.anyInRow(row))
-            return row;
-    }
-    return warnThatNothingWasFound();
-}
-
-int lastRow(const Content& content)
-{
-    for (int row = content.height() - 1; row > 0; --row) {
-        if (content.anyInRow(row))
-            return row;
-    }
-    return warnThatNothingWasFound();
-}
-
-// The column searches, too, go through the image row by row, as it lies in memory, from the first row that may hold
-// content; each row is asked only for the columns that would better the border found so far.
-int firstColumn(const Content& content, int fromRow)
-{
-    int border = content.width();
-    for (int row = fromRow; row < content.height() && border > 0; ++row)
-        border = content.firstIn(row, 0, border);
-    return border < content.width() ? border : warnThatNothingWasFound();
-}
-
-int lastColumn(const Content& content, int fromRow)
-{
-    // Intended: column 0 is left out, as row 0 is in lastRow(); the application's crops rely on the warning when all
-    // there is to see is the first column or row.
-    int border = 0;
-    for (int row = fromRow; row < content.height() && border < content.width() - 1; ++row)
-        border = content.lastIn(row, border + 1, content.width());
-    return border > 0 ? border : warnThatNothingWasFound();
+    if (row == 0)
+        return image;
+    QImage rows(image.constScanLine(row), image.width(), image.height() - row, image.bytesPerLine(),
+                image.format());
+    rows.setColorTable(image.colorTable());
+    return rows;
 }
 
 } // namespace
@@ -158,30 +132,53 @@ QRect ImageBoundingBoxCalculator::createBoundingBox(const QImage& image)
 {
     if (image.isNull())
         return {};
-    const Content content(image);
-    const int top = firstRow(content);
-    const int left = firstColumn(content, top);
-    const int bottom = lastRow(content);
-    const int right = lastColumn(content, top);
+    const int top = findFirstYBorder(image);
+    // The searches by columns need not read the rows without content again.
+    const QImage rows = rowsFrom(image, top);
+    const int left = findFirstXBorder(rows);
+    const int bottom = findSecondYBorder(image);
+    const int right = findSecondXBorder(rows);
     return {QPoint(left, top), QPoint(right, bottom)};
 }
 
+// The searches by columns, too, go through the image row by row, as it lies in memory; each row is asked only for the
+// columns that would better the border found so far.
 int ImageBoundingBoxCalculator::findFirstXBorder(const QImage& image)
 {
-    return firstColumn(Content(image), 0);
+    const Content content(image);
+    int border = content.width();
+    for (int row = 0; row < content.height() && border > 0; ++row)
+        border = content.firstIn(row, 0, border);
+    return border < content.width() ? border : warnThatNothingWasFound();
 }
 
 int ImageBoundingBoxCalculator::findFirstYBorder(const QImage& image)
 {
-    return firstRow(Content(image));
+    const Content content(image);
+    for (int row = 0; row < content.height(); ++row) {
+        if (content.anyInRow(row))
+            return row;
+    }
+    return warnThatNothingWasFound();
 }
 
 int ImageBoundingBoxCalculator::findSecondXBorder(const QImage& image)
 {
-    return lastColumn(Content(image), 0);
+    // Intended: column 0 is left out, as row 0 is in findSecondYBorder(); the application's crops rely on the warning
+    // when all there is to see is the first column or row.
+    const Content content(image);
+    int border = 0;
+    for (int row = 0; row < content.height() && border < content.width() - 1; ++row)
+        border = content.lastIn(row, border + 1, content.width());
+    return border > 0 ? border : warnThatNothingWasFound();
 }
 
 int ImageBoundingBoxCalculator::findSecondYBorder(const QImage& image)
 {
-    return lastRow(Content(image));
+    const Content content(image);
+    for (int row = content.height() - 1; row > 0; --row) {
+        if (content.anyInRow(row))
+            return row;
+    }
+    return warnThatNothingWasFound();
 }
