@@ -16,7 +16,7 @@ constexpr std::int32_t kTurnedSide = 1;
 
 bool isPlaced(const QVector3D& foramen)
 {
-    constexpr float marker = NerveGuidingSplineCalculatorSettings::kNotPlaced;
+    constexpr float marker = NerveGuidingSplineCalculatorSettings::NOT_PLACED;
     return !(foramen.x() == marker && foramen.y() == marker && foramen.z() == marker);
 }
 

@@ -19,12 +19,13 @@ class GuidingSpline;
 /// Two landmarks, and how the nerve runs beside the straight line between them. World mm, degrees.
 struct NerveGuidingSplineCalculatorSettings
 {
-    static constexpr float kNotPlaced = std::numeric_limits<float>::lowest();
+    /// Marks a foramen that has not been placed, in all three coordinates.
+    static constexpr float NOT_PLACED = std::numeric_limits<float>::lowest();
 
-    /// Where the nerve leaves the jaw at the front; all three coordinates at the lowest float: not placed.
-    QVector3D mental_foramen{kNotPlaced, kNotPlaced, kNotPlaced};
-    /// Where it enters at the back; not placed as above.
-    QVector3D mandibular_foramen{kNotPlaced, kNotPlaced, kNotPlaced};
+    /// Where the nerve leaves the jaw at the front.
+    QVector3D mental_foramen{NOT_PLACED, NOT_PLACED, NOT_PLACED};
+    /// Where it enters at the back.
+    QVector3D mandibular_foramen{NOT_PLACED, NOT_PLACED, NOT_PLACED};
     /// From the middle between the foramina along the perpendicular.
     float middle_point_distance = 0.0F;
     /// Of the start point from the mental foramen.

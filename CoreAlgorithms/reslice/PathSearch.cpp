@@ -60,11 +60,11 @@ PathSearch::PathSearch(const QList<QVector3D>& samples)
         return;
 
     const auto size = static_cast<std::size_t>(path.size());
-    runs.resize(countParts(size, kRunLength));
+    runs.resize(countParts(size, RUN_LENGTH));
     std::vector<Box> boxes(runs.size());
-    for (std::size_t i = 0; i < runs.size() * kRunLength; ++i) {
-        Run& run = runs[i / kRunLength];
-        const std::size_t place = i % kRunLength;
+    for (std::size_t i = 0; i < runs.size() * RUN_LENGTH; ++i) {
+        Run& run = runs[i / RUN_LENGTH];
+        const std::size_t place = i % RUN_LENGTH;
         // The last run is filled up with a place that is infinitely far from every point.
         const QVector3D sample =
             i < size ? path[static_cast<qsizetype>(i)] : QVector3D(kInfinity, kInfinity, kInfinity);
@@ -72,15 +72,15 @@ PathSearch::PathSearch(const QList<QVector3D>& samples)
         run.y[place] = sample.y();
         run.z[place] = sample.z();
         if (i < size)
-            boxes[i / kRunLength].include({sample, sample});
+            boxes[i / RUN_LENGTH].include({sample, sample});
     }
 
     do {
-        std::vector<BoxGroup> groups(countParts(boxes.size(), kGroupSize));
+        std::vector<BoxGroup> groups(countParts(boxes.size(), GROUP_SIZE));
         std::vector<Box> around(groups.size());
-        for (std::size_t i = 0; i < groups.size() * kGroupSize; ++i) {
-            BoxGroup& group = groups[i / kGroupSize];
-            const std::size_t place = i % kGroupSize;
+        for (std::size_t i = 0; i < groups.size() * GROUP_SIZE; ++i) {
+            BoxGroup& group = groups[i / GROUP_SIZE];
+            const std::size_t place = i % GROUP_SIZE;
             const Box box = i < boxes.size() ? boxes[i] : Box();
             group.lowX[place] = box.low.x();
             group.lowY[place] = box.low.y();
@@ -88,7 +88,7 @@ PathSearch::PathSearch(const QList<QVector3D>& samples)
             group.highX[place] = box.high.x();
             group.highY[place] = box.high.y();
             group.highZ[place] = box.high.z();
-            around[i / kGroupSize].include(box);
+            around[i / GROUP_SIZE].include(box);
         }
         levels.push_back(std::move(groups));
         boxes = std::move(around);
@@ -109,15 +109,15 @@ void PathSearch::searchGroup(std::size_t level, std::size_t group, const QVector
                              Nearest& nearest) const
 {
     const BoxGroup& boxes = levels[level][group];
-    std::array<float, kGroupSize> squaredDistances;
-    for (std::size_t i = 0; i < kGroupSize; ++i) {
+    std::array<float, GROUP_SIZE> squaredDistances;
+    for (std::size_t i = 0; i < GROUP_SIZE; ++i) {
         squaredDistances[i] = lengthSquared(beyond(boxes.lowX[i], boxes.highX[i], point.x()),
                                             beyond(boxes.lowY[i], boxes.highY[i], point.y()),
                                             beyond(boxes.lowZ[i], boxes.highZ[i], point.z()));
     }
     const std::size_t parts = level == 0 ? runs.size() : levels[level - 1].size();
     const auto search = [&](std::size_t place) {
-        const std::size_t part = group * kGroupSize + place;
+        const std::size_t part = group * GROUP_SIZE + place;
         if (squaredDistances[place] > nearest.squaredDistance || part >= parts)
             return;
         if (level == 0)
@@ -129,7 +129,7 @@ void PathSearch::searchGroup(std::size_t level, std::size_t group, const QVector
     const auto* closest = std::min_element(squaredDistances.begin(), squaredDistances.end());
     const auto first = static_cast<std::size_t>(closest - squaredDistances.begin());
     search(first);
-    for (std::size_t place = 0; place < kGroupSize; ++place) {
+    for (std::size_t place = 0; place < GROUP_SIZE; ++place) {
         if (place != first)
             search(place);
     }
@@ -138,8 +138,8 @@ void PathSearch::searchGroup(std::size_t level, std::size_t group, const QVector
 void PathSearch::searchRun(std::size_t run, const QVector3D& point, Nearest& nearest) const
 {
     const Run& samples = runs[run];
-    std::array<float, kRunLength> squaredDistances;
-    for (std::size_t i = 0; i < kRunLength; ++i) {
+    std::array<float, RUN_LENGTH> squaredDistances;
+    for (std::size_t i = 0; i < RUN_LENGTH; ++i) {
         squaredDistances[i] =
             lengthSquared(samples.x[i] - point.x(), samples.y[i] - point.y(), samples.z[i] - point.z());
     }
@@ -147,7 +147,7 @@ void PathSearch::searchRun(std::size_t run, const QVector3D& point, Nearest& nea
     if (smallest > nearest.squaredDistance)
         return;
     const auto* first = std::find(squaredDistances.begin(), squaredDistances.end(), smallest);
-    const int index = static_cast<int>(run) * kRunLength + static_cast<int>(first - squaredDistances.begin());
+    const int index = static_cast<int>(run) * RUN_LENGTH + static_cast<int>(first - squaredDistances.begin());
     if (smallest < nearest.squaredDistance || index < nearest.index)
         nearest = {index, smallest};
 }

@@ -26,17 +26,17 @@ public:
 
 private:
     // Laid out by coordinate, so that compilers treat several samples or boxes at once.
-    static constexpr int kRunLength = 16;
-    static constexpr int kGroupSize = 8;
+    static constexpr int RUN_LENGTH = 16;
+    static constexpr int GROUP_SIZE = 8;
 
     struct Run
     {
-        std::array<float, kRunLength> x, y, z;
+        std::array<float, RUN_LENGTH> x, y, z;
     };
 
     struct BoxGroup
     {
-        std::array<float, kGroupSize> lowX, lowY, lowZ, highX, highY, highZ;
+        std::array<float, GROUP_SIZE> lowX, lowY, lowZ, highX, highY, highZ;
     };
 
     struct Nearest
