@@ -167,7 +167,7 @@ private:
                                  std::abs(double(boxFromVoxel(axis, 2))) * z.last +
                                  std::abs(double(boxFromVoxel(axis, 3)));
             const double margin =
-                kRelativeMargin * reach + 4.0 * errorOfInverse(boxFromVoxel, voxelFromBox, upright, axis);
+                RELATIVE_MARGIN * reach + 4.0 * errorOfInverse(boxFromVoxel, voxelFromBox, upright, axis);
             slabs[std::size_t(axis)] = {boxFromVoxel(axis, 0),        boxFromVoxel(axis, 1),
                                         boxFromVoxel(axis, 2),        boxFromVoxel(axis, 3),
                                         double(lower[axis]) - margin, double(upper[axis]) + margin};
@@ -193,7 +193,7 @@ private:
     }
 
     // Some hundred roundings in single precision.
-    static constexpr double kRelativeMargin = 1e-5;
+    static constexpr double RELATIVE_MARGIN = 1e-5;
 
     primitives::OrientedBoundingBox placed;
     Interval x;

@@ -107,8 +107,8 @@ public:
     {
         Block highestOfLanes;
         highestOfLanes.fill(std::numeric_limits<float>::lowest());
-        const qsizetype inBlocks = vectors.size() - vectors.size() % kLanes;
-        for (qsizetype first = 0; first < inBlocks; first += kLanes)
+        const qsizetype inBlocks = vectors.size() - vectors.size() % LANES;
+        for (qsizetype first = 0; first < inBlocks; first += LANES)
             raise(highestOfLanes, vectors.constData() + first);
 
         float result = std::numeric_limits<float>::lowest();
@@ -144,18 +144,18 @@ public:
     }
 
 private:
-    static constexpr int kLanes = 64;
-    using Block = std::array<float, kLanes>;
+    static constexpr int LANES = 64;
+    using Block = std::array<float, LANES>;
 
     void raise(Block& highestOfLanes, const QVector3D* vectors) const
     {
         Block x, y, z;
-        for (int lane = 0; lane < kLanes; ++lane) {
+        for (int lane = 0; lane < LANES; ++lane) {
             x[lane] = vectors[lane].x();
             y[lane] = vectors[lane].y();
             z[lane] = vectors[lane].z();
         }
-        for (int lane = 0; lane < kLanes; ++lane) {
+        for (int lane = 0; lane < LANES; ++lane) {
             const float height = heightOf(x[lane], y[lane], z[lane]);
             highestOfLanes[lane] = height > highestOfLanes[lane] ? height : highestOfLanes[lane];
         }

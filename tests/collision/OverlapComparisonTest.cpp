@@ -38,7 +38,7 @@ class RandomTriangles
 public:
     explicit RandomTriangles(unsigned seed) : random(seed) {}
 
-    static constexpr int kKinds = 12;
+    static constexpr int KINDS = 12;
 
     void draw(int kind, Corners& v, Corners& u)
     {
@@ -189,7 +189,7 @@ TEST(OverlapComparison, TrianglesAloneHaveThePlainVerdictInBothOrders)
     for (int i = 0; i < 1200000 * rounds(); ++i) {
         Corners v;
         Corners u;
-        triangles.draw(i % RandomTriangles::kKinds, v, u);
+        triangles.draw(i % RandomTriangles::KINDS, v, u);
         const bool expected = plainVerdict(v, u);
         hits += expected ? 1 : 0;
         ASSERT_EQ(collision::trianglesIntersect(v[0], v[1], v[2], u[0], u[1], u[2]), expected)
@@ -212,7 +212,7 @@ TEST(OverlapComparison, MeshesOfOneTriangleHaveThePlainVerdict)
     for (int i = 0; i < 600000 * rounds(); ++i) {
         Corners v;
         Corners u;
-        triangles.draw(i % RandomTriangles::kKinds, v, u);
+        triangles.draw(i % RandomTriangles::KINDS, v, u);
         const collision::BoundedMesh a{geometry::Mesh({v[0], v[1], v[2]}, indices), everywhere, cells,
                                        nullptr};
         const collision::BoundedMesh b{geometry::Mesh({u[0], u[1], u[2]}, indices), everywhere, cells,
