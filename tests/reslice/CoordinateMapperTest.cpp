@@ -481,6 +481,35 @@ TEST(CoordinateMapper, LongDirectionsAreNormalisedForTheFaces)
                 1.0F, 1.0F);
 }
 
+TEST(CoordinateMapper, CornersOfAFaceAreItsOriginMovedAlongTheNormalThenAlongTheDirections)
+{
+    // n = (3, 0, 4) x (0, 1, 0) / 5 = (-0.8, 0, 0.6); the upper face lies 5 along it, at (2^24 - 4, 0, 3). One direction
+    // further, at (2^24 - 1, 0, 7), it is met by the ray upwards. Above 2^24 floats are 2 apart: moved along the direction
+    // first, the corner would be 2^24 + 3, rounded to 2^24 + 4, less 4, and the face would rise by 4 in 4, to z = 6.
+    OddDirections reslice({3.0F, 0.0F, 4.0F}, {0.0F, 1.0F, 0.0F});
+    QMatrix4x4 placement;
+    placement.translate(0x1p24F, 0.0F, 0.0F);
+    reslice.setTransformationFromResliceToWorld(placement);
+    reslice.setSampleSize({1.0F, 1.0F, 10.0F});
+    const QVector3D meeting = CoordinateMapperTestAccess::upper(&reslice, {0x1.fffffep+23F, 0.0F, 0.0F},
+                                                                {0x1.fffffep+23F, 0.0F, 1.0F});
+    EXPECT_NEAR(meeting.z(), 7.0F, 1e-5F); // the normals are rounded
+}
+
+TEST(CoordinateMapper, NormalTooShortToBeNormalisedIsUsedAsItIs)
+{
+    // The product of the directions is 2^-17 long and stays so: 2^17 along it, the face lies at z = 1; the zero vector
+    // would leave it at 0. The face is a plane nevertheless: at x = 2^14 + 2^-9, where floats are 2^-9 apart, a step of
+    // 2^-10 is rounded up to 2^-9, so that its directions have a product of 2^-16.
+    OddDirections reslice({0x1p-10F, 0.0F, 0.0F}, {0.0F, 0x1p-7F, 0.0F});
+    QMatrix4x4 placement;
+    placement.translate(0x1.000002p+14F, 0.0F, 0.0F);
+    reslice.setTransformationFromResliceToWorld(placement);
+    reslice.setSampleSize({1.0F, 1.0F, 0x1p18F});
+    expectPoint(CoordinateMapperTestAccess::upper(&reslice, {4.0F, 5.0F, 0.0F}, {4.0F, 5.0F, 3.0F}), 4.0F,
+                5.0F, 1.0F);
+}
+
 // Onto another plane
 
 TEST(CoordinateMapper, ViewPointIsProjectedAlongTheNormalOfAnAxialReslice)
