@@ -184,6 +184,52 @@ TEST(IntersectionCalculator, PlanesThatAreNoPlanesHaveNoIntersections)
     EXPECT_TRUE(intersections({kInfinity, 0.0F, 0.0F}, {1.0F, 0.0F, 0.0F}).isEmpty());
 }
 
+TEST(IntersectionCalculator, NormalMayBeAsShortAsFloatsAllow)
+{
+    // Only an edge whose product with the normal is exactly 0 is parallel to the plane.
+    const auto across = intersections({60.0F, 0.0F, 0.0F}, {0x1p-60F, 0.0F, 0.0F});
+    ASSERT_EQ(across.size(), 2);
+    expectPoint(across[0], 60.0F, 100.0F, 5.0F);
+    expectPoint(across[1], 60.0F, 20.0F, 5.0F);
+}
+
+TEST(IntersectionCalculator, DistanceIsTheDifferenceOfTwoProducts)
+{
+    // x + y = 2^24 passes 1 below the origin (2^24, 1). Its x + y, 2^24 + 1, is no float and rounds to 2^24: the plane is
+    // taken to meet the origin, from edge 1 and from edge 4. Of the difference of the points, (0, -1), nothing would be
+    // rounded, and nothing met.
+    QMatrix4x4 placement;
+    placement.translate(0x1p24F, 1.0F, 0.0F);
+    const auto reslice = makePlanarReslice(100.0F, 80.0F, 1.0F, placement);
+    const auto points = IntersectionCalculator::calculatePlaneIntersections(
+        {0x1p24F, 0.0F, 0.0F}, {1.0F, 1.0F, 0.0F}, reslice.get());
+    ASSERT_EQ(points.size(), 2);
+    expectPoint(points[0], 0x1p24F, 1.0F, 0.0F);
+    expectPoint(points[1], 0x1p24F, 1.0F, 0.0F);
+}
+
+TEST(IntersectionCalculator, CornerIsTheOriginMovedByTheHeightThenByTheWidth)
+{
+    // Floats are 2 apart above 2^24: (2^24 + 1) + 2 is 2^24 + 2, as 1 is rounded away. (2^24 + 2) + 1 and 2^24 + (1 + 2)
+    // would be 2^24 + 4.
+    class Leaning : public PlanarReslice
+    {
+    public:
+        QVector3D getOrigin() const override { return {0x1p24F, 0.0F, 0.0F}; }
+        QVector3D getDirection0(bool) const override { return {2.0F, 0.0F, 8.0F}; }
+        QVector3D getDirection1(bool) const override { return {1.0F, 8.0F, 0.0F}; }
+        float getWidth() const override { return 1.0F; }
+        float getHeight() const override { return 1.0F; }
+    };
+    Leaning reslice;
+    // z = 8 holds edge 3. Edge 2 ends in the corner opposite to the origin, edge 4 starts beside the origin.
+    const auto points =
+        IntersectionCalculator::calculatePlaneIntersections({0.0F, 0.0F, 8.0F}, {0.0F, 0.0F, 1.0F}, &reslice);
+    ASSERT_EQ(points.size(), 2);
+    expectPoint(points[0], 0x1p24F + 2.0F, 8.0F, 8.0F);
+    expectPoint(points[1], 0x1p24F + 2.0F, 0.0F, 8.0F);
+}
+
 TEST(IntersectionCalculator, EmptyRectangleHasNoIntersections)
 {
     const auto reslice = makePlanarReslice(0.0F, 0.0F, 1.0F);
