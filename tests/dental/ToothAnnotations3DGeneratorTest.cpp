@@ -234,6 +234,22 @@ TEST(ToothAnnotations3DGenerator, ScanOfAnyOtherDefinitionPutsLabelsRoundSixTent
     }
 }
 
+TEST(ToothAnnotations3DGenerator, SixTenthsOfTheHeightAreTakenAndMovedInSinglePrecision)
+{
+    // 0.6F * 14 is 8.40000033379, nearest to the float 8.40000057220. Less 9 that is -0.59999942780; plus 9 it is half
+    // way between two floats, and goes to 17.40000152588. With 0.6 in double precision, or rounded but once at the end,
+    // both labels would stand elsewhere.
+    const auto scan = makeScan(0.3F, 28.0F); // its centre at 14
+    scan->setOcclusalPlaneDefinition(static_cast<CTData::OcclusalPlaneDefinition>(1));
+    const auto lower = makeLowerArch();
+    setScan(*lower, scan);
+    const Labels labels =
+        Generator::generate(Splines{lower.get()}, teeth({19, 14}), makeMouth({19, 14}).get());
+    ASSERT_EQ(labels.size(), 2);
+    EXPECT_EQ(labels[0]->getPosition().z(), -0x1.33332p-1F);
+    EXPECT_EQ(labels[1]->getPosition().z(), 0x1.166668p+4F);
+}
+
 TEST(ToothAnnotations3DGenerator, BoxThatCountsIsThatOfTheVolumeFrame)
 {
     const auto scan = makeScan(0.3F, 80.0F);
@@ -317,6 +333,39 @@ TEST(ToothAnnotations3DGenerator, OneToothWithoutASplineOfItsArchStandsAtItsOppo
               QVector3D(20.0F, 0.0F, 31.0F));
 }
 
+TEST(ToothAnnotations3DGenerator,
+     OneToothIsLookedUpByItsNumberAlsoWhereTheSplineHasTeethOfTheOtherArchByDesign)
+{
+    // An arch that says upper and holds the lower teeth 19 and 22: 12 lies below the first, at 10, although its opposite
+    // 21 lies at 30.
+    const auto upperByName = makeArch(50, {{19, 10.0F}, {22, 40.0F}});
+    EXPECT_EQ(Generator::generate(Splines{upperByName.get()}, teeth({12}), makeTooth(12))->getPosition(),
+              QVector3D(10.0F, 0.0F, 9.0F));
+    // One that says lower and holds the upper teeth 11 and 13: 12 is looked up as its opposite 21, which lies above the
+    // last, at 32, although 12 itself lies at 22.
+    const auto lowerByName = makeUpperArch();
+    lowerByName->setArchType(ToothChart::LowerArch);
+    EXPECT_EQ(Generator::generate(Splines{lowerByName.get()}, teeth({12}), makeTooth(12))->getPosition(),
+              QVector3D(32.0F, 0.0F, 9.0F));
+}
+
+TEST(ToothAnnotations3DGenerator, DirectionOfOneToothIsThatOfTheSampleNearestToItsPlaceAtOcclusalHeight)
+{
+    // As for a whole mouth: at the height of the path the tooth lies at sample 0, at the occlusal height of 40 the nearest
+    // sample is 2, where the path runs along y.
+    PlanarDentalSpline spline;
+    spline.setArchType(ToothChart::LowerArch);
+    spline.setTooth(ToothChart::Tooth(20), spline.appendControlPoint({0.0F, 0.0F, 0.0F}));
+    spline.setOriginalPath(
+        {{0.0F, 0.0F, 0.0F}, {1.0F, 0.0F, 0.0F}, {1.0F, 0.0F, 40.0F}, {1.0F, 5.0F, 40.0F}});
+    setScan(spline, makeScan(1.0F, 80.0F));
+    const auto label = Generator::generate(Splines{&spline}, teeth({20}), makeTooth(20));
+    ASSERT_NE(label, nullptr);
+    EXPECT_EQ(label->getPosition(), QVector3D(0.0F, 0.0F, 31.0F));
+    EXPECT_EQ(label->getDirection(), spline.getDirection(2));
+    EXPECT_NE(label->getDirection(), spline.getDirection(0));
+}
+
 TEST(ToothAnnotations3DGenerator, OneToothThatIsNotRequestedOrHasNoSplineGetsNoLabel)
 {
     const auto lower = makeLowerArch();
@@ -346,6 +395,33 @@ TEST(ToothAnnotations3DGenerator, PrimaryLabelNeedsTheToothInTheMouthTheOpposing
     const Labels primary = Access::create(makeTooth(30), ToothChart::LowerArch, {}, false, mouth.get());
     ASSERT_EQ(primary.size(), 1);
     EXPECT_EQ(primary[0]->getPosition(), QVector3D(5.0F, 6.0F, 9.0F)) << "the given offset";
+}
+
+TEST(ToothAnnotations3DGenerator, MouthIsAskedWhetherItHasTheToothOfThePrimaryLabel)
+{
+    // A host whose two answers differ: it keeps the teeth that have been extracted.
+    class ExtractedTeeth : public dataobject::Mouth
+    {
+    public:
+        bool hasTooth(ToothChart::Tooth toothType) const override
+        {
+            asked.push_back(toothType);
+            return toothType == 20;
+        }
+        mutable std::vector<int> asked;
+    };
+    ExtractedTeeth mouth;
+    mouth.addTooth(makeTooth(19));
+    mouth.addTooth(makeTooth(14));
+    // 19 and 14 are there, but the mouth says that it does not have 19; 14 is not asked about.
+    const Labels opposite =
+        Access::create(makeTooth(19), ToothChart::LowerArch, teeth({14, 19}), true, &mouth);
+    EXPECT_EQ(numbers(opposite), std::vector{14});
+    EXPECT_EQ(mouth.asked, std::vector{19});
+    // 20 is not there, but the mouth says that it has it: a label without a tooth.
+    const Labels withoutTooth = Access::create(makeTooth(20), ToothChart::LowerArch, {}, false, &mouth);
+    ASSERT_EQ(withoutTooth.size(), 1);
+    EXPECT_EQ(withoutTooth[0]->getTooth(), nullptr);
 }
 
 // ---- bad input
