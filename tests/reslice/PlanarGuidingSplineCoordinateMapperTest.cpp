@@ -40,6 +40,9 @@ using test::makePlanarReslice;
 
 static_assert(std::has_virtual_destructor_v<Mapper>);
 static_assert(std::is_base_of_v<patterns::Observer<GuidingLine, events::GuidingLineEvent>, Mapper>);
+// The spline is kept by reference.
+static_assert(std::is_constructible_v<Mapper, PlanarGuidingSpline&> &&
+              !std::is_constructible_v<Mapper, PlanarGuidingSpline>);
 
 // How often the positions of its points were read: each fit reads each of them once.
 class ReadingPoint : public Point
