@@ -25,13 +25,14 @@ constexpr int kThickSlab = 1;
 // The view that turns the x axis of a cephalometric projection round.
 constexpr int kMirroringPointOfView = 1;
 
-// From how many points on, and from how many samples of the path on, building a search tree takes less time than the
-// tree saves.
+// From how many points on, and from how many samples of the path on, building a search tree takes
+// less time than the tree saves.
 constexpr qsizetype kPointsWorthATree = 64;
 constexpr qsizetype kSamplesWorthATree = 64;
 
-// How many frames of segments are kept while points are mapped: those of the two segments at a sample at least, so that
-// the next point near it finds them; 300 KiB at most, for the columns of several views.
+// How many frames of segments are kept while points are mapped: those of the two segments at a
+// sample at least, so that the next point near it finds them; 300 KiB at most, for the columns of
+// several views.
 constexpr qsizetype kFewestFrames = 2;
 constexpr qsizetype kMostFrames = 4096;
 
@@ -266,9 +267,10 @@ private:
     Mirroring mirroring;
 };
 
-// Maps a number of points into one panoramic view, with the bits of mapping each by itself. The inverted matrices of the
-// segments that were needed last are kept; for many points, the nearest sample is searched in a tree. Without the two,
-// 100,000 points on 1,000 columns take about ten times as long.
+// Maps a number of points into one panoramic view, with the bits of mapping each by itself. The
+// inverted matrices of the segments that were needed last are kept; for many points, the nearest
+// sample is searched in a tree. Without the two, 100,000 points on 1,000 columns take about ten
+// times as long.
 class PanoramicPointMapper
 {
 public:

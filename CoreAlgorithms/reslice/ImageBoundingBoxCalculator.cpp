@@ -141,8 +141,8 @@ QRect ImageBoundingBoxCalculator::createBoundingBox(const QImage& image)
     return {QPoint(left, top), QPoint(right, bottom)};
 }
 
-// The searches by columns, too, go through the image row by row, as it lies in memory; each row is asked only for the
-// columns that would better the border found so far.
+// The searches by columns, too, go through the image row by row, as it lies in memory; each row is
+// asked only for the columns that would better the border found so far.
 int ImageBoundingBoxCalculator::findFirstXBorder(const QImage& image)
 {
     const Content content(image);
@@ -164,8 +164,8 @@ int ImageBoundingBoxCalculator::findFirstYBorder(const QImage& image)
 
 int ImageBoundingBoxCalculator::findSecondXBorder(const QImage& image)
 {
-    // Intended: column 0 is left out, as row 0 is in findSecondYBorder(); the application's crops rely on the warning
-    // when all there is to see is the first column or row.
+    // Intended: column 0 is left out, as row 0 is in findSecondYBorder(); the application's crops
+    // rely on the warning when all there is to see is the first column or row.
     const Content content(image);
     int border = 0;
     for (int row = 0; row < content.height() && border < content.width() - 1; ++row)

@@ -48,8 +48,8 @@ private:
 
     void changedEvent(GuidingLine* line, events::GuidingLineEvent* event) override;
 
-    /// Applies the rule of the class paragraph and remembers the number of points. The event calls it too; hosts
-    /// may call this hook and the two below instead of sending an event.
+    /// Applies the rule of the class paragraph and remembers the number of points. The event calls
+    /// it too; hosts may call this hook and the two below instead of sending an event.
     void onNumberOfPointsUpdated();
     /// Fits the plane if there is none. Leaves the remembered number of points unchanged.
     void onPointAdded();

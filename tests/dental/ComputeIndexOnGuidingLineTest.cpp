@@ -186,8 +186,9 @@ TEST(ComputeIndexOnGuidingLine, IndexIsInterpolatedAndRoundedInSinglePrecision)
 
 TEST(ComputeIndexOnGuidingLine, StepFromTheLowerIndexIsRoundedToAFloatBeforeItIsAdded)
 {
-    // Tooth 12 lies at 11/12 of the way from 1 to 13, from index 6 to 0. 11/12 as a float is 0.91666668653, and 6 times
-    // that as a float is 5.5, which leaves 0.5 and rounds to 1. In double precision 0.49999988 would be left.
+    // Tooth 12 lies at 11/12 of the way from 1 to 13, from index 6 to 0. 11/12 as a float is
+    // 0.91666668653, and 6 times that as a float is 5.5, which leaves 0.5 and rounds to 1. In
+    // double precision 0.49999988 would be left.
     EXPECT_EQ(Index::getToothIndex(tooth(12), makeArch(10, {{1, 6.0F}, {13, 0.0F}}).get(), false), 1);
 }
 

@@ -211,8 +211,8 @@ TEST(NerveGuidingSplineCalculator, DistanceScalesTheSumOfTheTwoShares)
     settings.end_point_angle = 5.0F;
     settings.start_point_distance = 12.0F;
     settings.end_point_distance = 12.0F;
-    // 12 (p / 18 + 17/18 d) is (7.333333, 8.666667), transcribed operation by operation in single precision. With each
-    // share times the distance, all four coordinates differ in the last bits.
+    // 12 (p / 18 + 17/18 d) is (7.333333, 8.666667), transcribed operation by operation in single
+    // precision. With each share times the distance, all four coordinates differ in the last bits.
     const Points points = pointsOf(settings);
     EXPECT_EQ(points.first().x(), 0x1.455554p+4F);
     EXPECT_EQ(points.first().y(), 0x1.055554p+5F);
@@ -224,8 +224,8 @@ TEST(NerveGuidingSplineCalculator, AngleIsDividedByARightAngle)
 {
     Settings settings = makeSettings();
     settings.start_point_angle = 65.0F;
-    // The start is (1 - a) d + a p from (10, 0), with p = (0, -1): its y is -a, the float nearest to 65/90. Times the
-    // float nearest to 1/90 it would be 0x1.71c71ep-1.
+    // The start is (1 - a) d + a p from (10, 0), with p = (0, -1): its y is -a, the float nearest
+    // to 65/90. Times the float nearest to 1/90 it would be 0x1.71c71ep-1.
     EXPECT_EQ(pointsOf(settings).first().y(), -0x1.71c71cp-1F);
 }
 
@@ -235,9 +235,9 @@ TEST(NerveGuidingSplineCalculator, MiddleIsHalfTheSumMovedAlongThePerpendicular)
     settings.mental_foramen = {9.4F, -20.4F, 4.0F};
     settings.mandibular_foramen = {-1.9F, 28.8F, 2.0F};
     settings.middle_point_distance = 3.5F;
-    // (9.4 - 1.9) / 2 - 3.5 * 49.2 / 50.48 and (-20.4 + 28.8) / 2 - 3.5 * 11.3 / 50.48, transcribed operation by operation
-    // in single precision. Half the difference added to either foramen, the halves added one by one, and double
-    // precision differ in the last bits of x.
+    // (9.4 - 1.9) / 2 - 3.5 * 49.2 / 50.48 and (-20.4 + 28.8) / 2 - 3.5 * 11.3 / 50.48, transcribed
+    // operation by operation in single precision. Half the difference added to either foramen, the
+    // halves added one by one, and double precision differ in the last bits of x.
     const QVector3D middle = pointsOf(settings)[2];
     EXPECT_EQ(middle.x(), 0x1.5af23p-2F);
     EXPECT_EQ(middle.y(), 0x1.b55112p+1F);

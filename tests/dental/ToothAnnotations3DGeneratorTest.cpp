@@ -236,9 +236,9 @@ TEST(ToothAnnotations3DGenerator, ScanOfAnyOtherDefinitionPutsLabelsRoundSixTent
 
 TEST(ToothAnnotations3DGenerator, SixTenthsOfTheHeightAreTakenAndMovedInSinglePrecision)
 {
-    // 0.6F * 14 is 8.40000033379, nearest to the float 8.40000057220. Less 9 that is -0.59999942780; plus 9 it is half
-    // way between two floats, and goes to 17.40000152588. With 0.6 in double precision, or rounded but once at the end,
-    // both labels would stand elsewhere.
+    // 0.6F * 14 is 8.40000033379, nearest to the float 8.40000057220. Less 9 that is
+    // -0.59999942780; plus 9 it is half way between two floats, and goes to 17.40000152588. With
+    // 0.6 in double precision, or rounded but once at the end, both labels would stand elsewhere.
     const auto scan = makeScan(0.3F, 28.0F); // its centre at 14
     scan->setOcclusalPlaneDefinition(static_cast<CTData::OcclusalPlaneDefinition>(1));
     const auto lower = makeLowerArch();
@@ -336,13 +336,13 @@ TEST(ToothAnnotations3DGenerator, OneToothWithoutASplineOfItsArchStandsAtItsOppo
 TEST(ToothAnnotations3DGenerator,
      OneToothIsLookedUpByItsNumberAlsoWhereTheSplineHasTeethOfTheOtherArchByDesign)
 {
-    // An arch that says upper and holds the lower teeth 19 and 22: 12 lies below the first, at 10, although its opposite
-    // 21 lies at 30.
+    // An arch that says upper and holds the lower teeth 19 and 22: 12 lies below the first, at 10,
+    // although its opposite 21 lies at 30.
     const auto upperByName = makeArch(50, {{19, 10.0F}, {22, 40.0F}});
     EXPECT_EQ(Generator::generate(Splines{upperByName.get()}, teeth({12}), makeTooth(12))->getPosition(),
               QVector3D(10.0F, 0.0F, 9.0F));
-    // One that says lower and holds the upper teeth 11 and 13: 12 is looked up as its opposite 21, which lies above the
-    // last, at 32, although 12 itself lies at 22.
+    // One that says lower and holds the upper teeth 11 and 13: 12 is looked up as its opposite 21,
+    // which lies above the last, at 32, although 12 itself lies at 22.
     const auto lowerByName = makeUpperArch();
     lowerByName->setArchType(ToothChart::LowerArch);
     EXPECT_EQ(Generator::generate(Splines{lowerByName.get()}, teeth({12}), makeTooth(12))->getPosition(),
@@ -351,8 +351,8 @@ TEST(ToothAnnotations3DGenerator,
 
 TEST(ToothAnnotations3DGenerator, DirectionOfOneToothIsThatOfTheSampleNearestToItsPlaceAtOcclusalHeight)
 {
-    // As for a whole mouth: at the height of the path the tooth lies at sample 0, at the occlusal height of 40 the nearest
-    // sample is 2, where the path runs along y.
+    // As for a whole mouth: at the height of the path the tooth lies at sample 0, at the occlusal
+    // height of 40 the nearest sample is 2, where the path runs along y.
     PlanarDentalSpline spline;
     spline.setArchType(ToothChart::LowerArch);
     spline.setTooth(ToothChart::Tooth(20), spline.appendControlPoint({0.0F, 0.0F, 0.0F}));

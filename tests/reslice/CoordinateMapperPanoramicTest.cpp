@@ -176,26 +176,26 @@ TEST(PanoramicCoordinateMapper, DepthAxisIsTheCrossProductAsItIs)
 TEST(PanoramicCoordinateMapper, ViewPointIsComputedInSinglePrecision)
 {
     const auto reslice = makePanoramicReslice(pathAlongX(11), 0.1F, 0.0F, 20.0F);
-    // 9 columns of 0.1F are 0.90000001341, as a float 0.90000003576. With 0.25 along segment 9, that is 1.15000003576, a
-    // tie between floats, which goes to 1.15000009537. With the last addition in double precision it would stay there,
-    // in double precision throughout it would be 1.15000001341.
-    // y is the float nearest to 20 - 0.1F, spaced 2^-19 = 1.9e-6 apart.
+    // 9 columns of 0.1F are 0.90000001341, as a float 0.90000003576. With 0.25 along segment 9,
+    // that is 1.15000003576, a tie between floats, which goes to 1.15000009537. With the last
+    // addition in double precision it would stay there, in double precision throughout it would be
+    // 1.15000001341. y is the float nearest to 20 - 0.1F, spaced 2^-19 = 1.9e-6 apart.
     expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), {9.25F, 0.0F, 0.1F}, 9),
                 0x1.266668p+0, 19.8999996185302734375);
 }
 
 TEST(PanoramicCoordinateMapper, HeightIsSubtractedFromARangeThatIsAFloat)
 {
-    // The range 2^24 - 0.5 rounds to 2^24; a point 1 above its lower end is at 2^24 - 1. Subtracted in double precision,
-    // 2^24 - 1.5 would be narrowed to 2^24 - 2.
+    // The range 2^24 - 0.5 rounds to 2^24; a point 1 above its lower end is at 2^24 - 1. Subtracted
+    // in double precision, 2^24 - 1.5 would be narrowed to 2^24 - 2.
     const auto reslice = makePanoramicReslice(pathAlongX(11), 1.0F, 0.5F, 0x1p24F);
     expectPoint(map(reslice.get(), {3.0F, 0.0F, 1.5F}).point, 3.0, 16777215.0);
 }
 
 TEST(PanoramicCoordinateMapper, AxesTooShortToBeNormalisedAreUsedAsTheyAre)
 {
-    // A vector of up to 1e-5 keeps its length; as the zero vector it would leave the frame without an inverse.
-    // Samples 2^-18 apart: half way from one to the next counts 0.5 along.
+    // A vector of up to 1e-5 keeps its length; as the zero vector it would leave the frame without
+    // an inverse. Samples 2^-18 apart: half way from one to the next counts 0.5 along.
     const auto dense = makePanoramicReslice(pathAlongX(2, 0x1p-18F), 1.0F, 0.0F, 10.0F);
     expectPoint(map(dense.get(), {0x1p-19F, 0.0F, 4.0F}).point, 0.5, 6.0);
     // Up 2^-18 long: 2^-17 mm count 2 upwards.
@@ -444,8 +444,9 @@ TEST(PanoramicCoordinateMapper, ColumnIsDividedInDoubleAndNarrowed)
 
 TEST(PanoramicCoordinateMapper, ColumnIsNotDividedInSinglePrecision)
 {
-    // 2.6 / 0.2F is 12.9999998063 in double precision, which narrows to column 13 (floats are 9.5e-7 apart there); in
-    // single precision, the quotient of the floats is 12.99999905. Sample 13 stands elsewhere.
+    // 2.6 / 0.2F is 12.9999998063 in double precision, which narrows to column 13 (floats are
+    // 9.5e-7 apart there); in single precision, the quotient of the floats is 12.99999905. Sample
+    // 13 stands elsewhere.
     QList<QVector3D> path = pathAlongX(15);
     path[13] = {13.0F, 50.0F, 0.0F};
     expectPoint(CoordinateMapper::_2D_To_3D_Panoramic_Helper(path, kZ, {0.0F, 1.0F}, 0.2F, {2.6, 1.0}), 13.0F,
@@ -932,7 +933,8 @@ TEST(PanoramicCoordinateMapper, FramesColumnIsNotDividedInSinglePrecision)
 
 TEST(PanoramicCoordinateMapper, FramesAxesOfUpTo1e5HaveNoDirection)
 {
-    // A tangent of 2^-18 gives the zero axis, but its product with an up of 16 is long enough and keeps its direction.
+    // A tangent of 2^-18 gives the zero axis, but its product with an up of 16 is long enough and
+    // keeps its direction.
     const auto dense = makePanoramicReslice(pathAlongX(3, 0x1p-18F), 1.0F, 0.0F, 10.0F, kZ * 16.0F);
     expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(dense.get(), {1.0, 5.0}), {},
                 kZ * 16.0F, -kY, {0x1p-18F, 0.0F, 0.0F});
@@ -1013,8 +1015,8 @@ TEST(PanoramicCoordinateMapper, ProjectionTakesTheUpperDirectionAsItIs)
 
 TEST(PanoramicCoordinateMapper, ProjectionUsesADirectionTooShortToBeNormalisedAsItIs)
 {
-    // The segment is 2^-18 long and counts as 1; as the zero vector it would leave the frame without an inverse. With an
-    // up of 16 the plane has a normal.
+    // The segment is 2^-18 long and counts as 1; as the zero vector it would leave the frame
+    // without an inverse. With an up of 16 the plane has a normal.
     QPointF out;
     EXPECT_EQ(Access::panoramicProjection({}, kZ * 16.0F, kX * 0x1p-18F, {0x1p-19F, 0.25F, 32.0F}, out, 1.0F,
                                           false),

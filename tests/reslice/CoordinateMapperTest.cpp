@@ -483,9 +483,10 @@ TEST(CoordinateMapper, LongDirectionsAreNormalisedForTheFaces)
 
 TEST(CoordinateMapper, CornersOfAFaceAreItsOriginMovedAlongTheNormalThenAlongTheDirections)
 {
-    // n = (3, 0, 4) x (0, 1, 0) / 5 = (-0.8, 0, 0.6); the upper face lies 5 along it, at (2^24 - 4, 0, 3). One direction
-    // further, at (2^24 - 1, 0, 7), it is met by the ray upwards. Above 2^24 floats are 2 apart: moved along the direction
-    // first, the corner would be 2^24 + 3, rounded to 2^24 + 4, less 4, and the face would rise by 4 in 4, to z = 6.
+    // n = (3, 0, 4) x (0, 1, 0) / 5 = (-0.8, 0, 0.6); the upper face lies 5 along it, at (2^24 - 4,
+    // 0, 3). One direction further, at (2^24 - 1, 0, 7), it is met by the ray upwards. Above 2^24
+    // floats are 2 apart: moved along the direction first, the corner would be 2^24 + 3, rounded to
+    // 2^24 + 4, less 4, and the face would rise by 4 in 4, to z = 6.
     OddDirections reslice({3.0F, 0.0F, 4.0F}, {0.0F, 1.0F, 0.0F});
     QMatrix4x4 placement;
     placement.translate(0x1p24F, 0.0F, 0.0F);
@@ -498,9 +499,10 @@ TEST(CoordinateMapper, CornersOfAFaceAreItsOriginMovedAlongTheNormalThenAlongThe
 
 TEST(CoordinateMapper, NormalTooShortToBeNormalisedIsUsedAsItIs)
 {
-    // The product of the directions is 2^-17 long and stays so: 2^17 along it, the face lies at z = 1; the zero vector
-    // would leave it at 0. The face is a plane nevertheless: at x = 2^14 + 2^-9, where floats are 2^-9 apart, a step of
-    // 2^-10 is rounded up to 2^-9, so that its directions have a product of 2^-16.
+    // The product of the directions is 2^-17 long and stays so: 2^17 along it, the face lies at z =
+    // 1; the zero vector would leave it at 0. The face is a plane nevertheless: at x = 2^14 + 2^-9,
+    // where floats are 2^-9 apart, a step of 2^-10 is rounded up to 2^-9, so that its directions
+    // have a product of 2^-16.
     OddDirections reslice({0x1p-10F, 0.0F, 0.0F}, {0.0F, 0x1p-7F, 0.0F});
     QMatrix4x4 placement;
     placement.translate(0x1.000002p+14F, 0.0F, 0.0F);

@@ -195,9 +195,9 @@ TEST(IntersectionCalculator, NormalMayBeAsShortAsFloatsAllow)
 
 TEST(IntersectionCalculator, DistanceIsTheDifferenceOfTwoProducts)
 {
-    // x + y = 2^24 passes 1 below the origin (2^24, 1). Its x + y, 2^24 + 1, is no float and rounds to 2^24: the plane is
-    // taken to meet the origin, from edge 1 and from edge 4. Of the difference of the points, (0, -1), nothing would be
-    // rounded, and nothing met.
+    // x + y = 2^24 passes 1 below the origin (2^24, 1). Its x + y, 2^24 + 1, is no float and rounds
+    // to 2^24: the plane is taken to meet the origin, from edge 1 and from edge 4. Of the
+    // difference of the points, (0, -1), nothing would be rounded, and nothing met.
     QMatrix4x4 placement;
     placement.translate(0x1p24F, 1.0F, 0.0F);
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 1.0F, placement);
@@ -210,8 +210,8 @@ TEST(IntersectionCalculator, DistanceIsTheDifferenceOfTwoProducts)
 
 TEST(IntersectionCalculator, CornerIsTheOriginMovedByTheHeightThenByTheWidth)
 {
-    // Floats are 2 apart above 2^24: (2^24 + 1) + 2 is 2^24 + 2, as 1 is rounded away. (2^24 + 2) + 1 and 2^24 + (1 + 2)
-    // would be 2^24 + 4.
+    // Floats are 2 apart above 2^24: (2^24 + 1) + 2 is 2^24 + 2, as 1 is rounded away. (2^24 + 2) +
+    // 1 and 2^24 + (1 + 2) would be 2^24 + 4.
     class Leaning : public PlanarReslice
     {
     public:
@@ -222,7 +222,8 @@ TEST(IntersectionCalculator, CornerIsTheOriginMovedByTheHeightThenByTheWidth)
         float getHeight() const override { return 1.0F; }
     };
     Leaning reslice;
-    // z = 8 holds edge 3. Edge 2 ends in the corner opposite to the origin, edge 4 starts beside the origin.
+    // z = 8 holds edge 3. Edge 2 ends in the corner opposite to the origin, edge 4 starts beside
+    // the origin.
     const auto points =
         IntersectionCalculator::calculatePlaneIntersections({0.0F, 0.0F, 8.0F}, {0.0F, 0.0F, 1.0F}, &reslice);
     ASSERT_EQ(points.size(), 2);
