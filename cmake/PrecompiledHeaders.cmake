@@ -1,5 +1,5 @@
 # What nearly every source includes, compiled once: with it a fresh build takes about half the processor time. Off unless a
-# preset asks for it, and several builds of `check --all` go without, so that every file keeps naming what it uses.
+# preset asks for it, and clang-tidy's build goes without, so that every file keeps naming what it uses.
 #
 # corealgorithms_precompile_headers(<target> [further headers])
 option(CoreAlgorithms_PRECOMPILE_HEADERS "Compile common headers once: faster builds for those who develop" OFF)
