@@ -45,6 +45,8 @@ public:
     };
 
     explicit BoneThresholdCalculator(const VolumeObject& shownVolume);
+    /// Refuses a temporary, which the calculator would outlive.
+    explicit BoneThresholdCalculator(const VolumeObject&& shownVolume) = delete;
     BoneThresholdCalculator(const BoneThresholdCalculator&) = default;
     BoneThresholdCalculator& operator=(const BoneThresholdCalculator&) = delete;
     virtual ~BoneThresholdCalculator();

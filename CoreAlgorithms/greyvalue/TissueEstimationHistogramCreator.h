@@ -38,6 +38,10 @@ public:
     TissueEstimationHistogramCreator(const CTData& scan,
                                      std::vector<std::pair<ToothChart::Tooth, QVector3D>> toothPositions,
                                      const QMatrix4x4& worldFromVolume);
+    /// Refuses a temporary scan, which the creator would outlive.
+    TissueEstimationHistogramCreator(const CTData&& scan,
+                                     std::vector<std::pair<ToothChart::Tooth, QVector3D>> toothPositions,
+                                     const QMatrix4x4& worldFromVolume) = delete;
     TissueEstimationHistogramCreator(const TissueEstimationHistogramCreator&) = default;
     TissueEstimationHistogramCreator& operator=(const TissueEstimationHistogramCreator&) = default;
     virtual ~TissueEstimationHistogramCreator();

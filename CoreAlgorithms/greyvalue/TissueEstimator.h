@@ -34,6 +34,9 @@ public:
     /// As for TissueEstimationHistogramCreator.
     TissueEstimator(const CTData& scan, std::vector<std::pair<ToothChart::Tooth, QVector3D>> toothPositions,
                     const QMatrix4x4& worldFromVolume);
+    /// Refuses a temporary scan, which the estimator would outlive.
+    TissueEstimator(const CTData&& scan, std::vector<std::pair<ToothChart::Tooth, QVector3D>> toothPositions,
+                    const QMatrix4x4& worldFromVolume) = delete;
     TissueEstimator(const TissueEstimator&) = default;
     TissueEstimator& operator=(const TissueEstimator&) = default;
     virtual ~TissueEstimator();

@@ -26,6 +26,9 @@ constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 static_assert(std::is_constructible_v<Calculator, const VolumeObject&>);
+// The calculator keeps a reference to the volume.
+static_assert(!std::is_constructible_v<Calculator, VolumeObject>);
+static_assert(!std::is_constructible_v<Calculator, const VolumeObject>);
 static_assert(std::has_virtual_destructor_v<Calculator>);
 
 // Grey values from -1000 to 1000: one of them is 0.0005 of the span.

@@ -24,6 +24,7 @@ using testing::IsEmpty;
 
 static_assert(std::is_constructible_v<BoneThresholdModifier, VolumeObject&>);
 static_assert(!std::is_constructible_v<BoneThresholdModifier, const VolumeObject&>);
+static_assert(!std::is_constructible_v<BoneThresholdModifier, VolumeObject>);
 static_assert(std::has_virtual_destructor_v<BoneThresholdModifier>);
 
 using Calls = std::vector<QString>;

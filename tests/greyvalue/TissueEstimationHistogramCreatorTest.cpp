@@ -31,6 +31,11 @@ static_assert(Creator::FirstLandmarkRegion == 0 && Creator::SecondLandmarkRegion
               Creator::TeethRegion == 2);
 static_assert(std::is_copy_constructible_v<Creator>);
 
+static_assert(std::is_constructible_v<Creator, const CTData&, Teeth, QMatrix4x4>);
+// The creator keeps a pointer to the scan.
+static_assert(!std::is_constructible_v<Creator, CTData, Teeth, QMatrix4x4>);
+static_assert(!std::is_constructible_v<Creator, const CTData, Teeth, QMatrix4x4>);
+
 void expectBox(const BoundingBox& box, const QVector3D& min, const QVector3D& max)
 {
     EXPECT_TRUE(box.min().x() == min.x() && box.min().y() == min.y() && box.min().z() == min.z())

@@ -30,6 +30,11 @@ constexpr float kInfinity = std::numeric_limits<float>::infinity();
 static_assert(std::is_copy_constructible_v<TissueEstimator>);
 static_assert(std::has_virtual_destructor_v<TissueEstimator>);
 
+static_assert(std::is_constructible_v<TissueEstimator, const CTData&, Teeth, QMatrix4x4>);
+// The estimator keeps a pointer to the scan.
+static_assert(!std::is_constructible_v<TissueEstimator, CTData, Teeth, QMatrix4x4>);
+static_assert(!std::is_constructible_v<TissueEstimator, const CTData, Teeth, QMatrix4x4>);
+
 // Counts what only the boxes of the teeth need.
 class Scan : public CTData
 {
