@@ -3,6 +3,7 @@
 #include <CoreAlgorithms/collision/BoundedMesh_p.h>
 
 #include <CoreAlgorithms/collision/CellTree_p.h>
+#include <CoreAlgorithms/model/Finite_p.h>
 #include <CoreAlgorithms/model/data/Shapes.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
 
@@ -12,7 +13,6 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 #include <vector>
 
 namespace collision {
@@ -24,14 +24,9 @@ constexpr std::int64_t kMostEntries = 1 << 26;
 
 bool hasFiniteVertices(const geometry::Mesh& mesh)
 {
-    constexpr float largest = std::numeric_limits<float>::max();
-    unsigned others = 0; // counted without a branch a vertex
-    for (const QVector3D& v : mesh.getVertices()) {
-        others |= static_cast<unsigned>(!(std::abs(v.x()) <= largest)) |
-                  static_cast<unsigned>(!(std::abs(v.y()) <= largest)) |
-                  static_cast<unsigned>(!(std::abs(v.z()) <= largest));
-    }
-    return others == 0;
+    const QList<QVector3D>& vertices = mesh.getVertices();
+    return std::all_of(vertices.begin(), vertices.end(),
+                       [](const QVector3D& vertex) { return finiteness::isFinite(vertex); });
 }
 
 int numTriangles(const geometry::Mesh& mesh)

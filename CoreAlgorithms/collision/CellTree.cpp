@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/CellTree_p.h>
 
+#include <CoreAlgorithms/model/Finite_p.h>
+
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 
@@ -14,11 +15,6 @@ constexpr int kFewTriangles = 64; // whose order does not matter
 constexpr int kMostBits = 4;      // an axis is cut into 16
 
 using Corners = std::array<const QVector3D*, 3>;
-
-bool isFinite(const QVector3D& v)
-{
-    return std::isfinite(v.x()) && std::isfinite(v.y()) && std::isfinite(v.z());
-}
 
 std::vector<Corners> usableTriangles(const geometry::Mesh& mesh, const QList<int>& triangles)
 {
@@ -37,7 +33,7 @@ std::vector<Corners> usableTriangles(const geometry::Mesh& mesh, const QList<int
             good = numbers[corner] >= 0 && numbers[corner] < vertices.size();
             if (good) {
                 corners[corner] = vertices.constData() + numbers[corner];
-                good = isFinite(*corners[corner]);
+                good = finiteness::isFinite(*corners[corner]);
             }
         }
         if (good)

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/dental/OcclusalPropertiesCalculator.h>
 
+#include <CoreAlgorithms/model/HostValues_p.h>
+
 #include <cmath>
 #include <memory>
 
@@ -18,7 +20,8 @@ int truncated(float value)
 
 float occlusalPropertiesCalculator::getOcclusalCenterPercentage(CTData::OcclusalPlaneDefinition definition)
 {
-    return static_cast<int>(definition) == 0 ? 1.0F : kCentrePercentageBelowCentre;
+    return static_cast<int>(definition) == hostvalues::kOcclusalPlaneAtCenter ? 1.0F
+                                                                              : kCentrePercentageBelowCentre;
 }
 
 int occlusalPropertiesCalculator::getOcclusalIndex(const CTData& ct, const QVector3D& point)

@@ -4,6 +4,7 @@
 
 #include <CoreAlgorithms/dental/ComputeIndexOnGuidingLine.h>
 #include <CoreAlgorithms/dental/OcclusalPropertiesCalculator.h>
+#include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
@@ -18,12 +19,12 @@ using Annotations = QList<std::shared_ptr<ToothAnnotation3D>>;
 // From the occlusal height into the tooth's own jaw, mm.
 constexpr float kLabelOffset = 9.0F;
 
-constexpr auto kArch0 = static_cast<ToothChart::ArchType>(0);
-constexpr auto kArch1 = static_cast<ToothChart::ArchType>(1);
+constexpr auto kUpperArch = static_cast<ToothChart::ArchType>(hostvalues::kUpperArch);
+constexpr auto kLowerArch = static_cast<ToothChart::ArchType>(hostvalues::kLowerArch);
 
 float labelOffset(ToothChart::ArchType archType)
 {
-    return archType == kArch0 ? kLabelOffset : -kLabelOffset;
+    return archType == kUpperArch ? kLabelOffset : -kLabelOffset;
 }
 
 QList<ToothChart::Tooth> regionOf(const PlanarDentalSpline& spline)
@@ -82,8 +83,8 @@ Annotations ToothAnnotations3DGenerator::generate(PlanarDentalSpline* spline,
 {
     if (!spline || !mouth)
         return {};
-    const bool bothArches = !ToothChart::filterTeethForArchType(teeth, kArch0).isEmpty() &&
-                            !ToothChart::filterTeethForArchType(teeth, kArch1).isEmpty();
+    const bool bothArches = !ToothChart::filterTeethForArchType(teeth, kUpperArch).isEmpty() &&
+                            !ToothChart::filterTeethForArchType(teeth, kLowerArch).isEmpty();
     const ToothChart::ArchType archType = spline->getArchType();
     Annotations annotations;
     for (const ToothChart::Tooth toothType : regionOf(*spline)) {
@@ -114,7 +115,7 @@ Annotations ToothAnnotations3DGenerator::createToothAnnotation(
     if (bothArches) {
         const ToothChart::Tooth opposite = ToothChart::getOppositeTooth(ownType);
         const ToothChart::ArchType ownArch = ToothChart::getArchTypeOfTooth(ownType);
-        const ToothChart::ArchType otherArch = ownArch == kArch0 ? kArch1 : kArch0;
+        const ToothChart::ArchType otherArch = ownArch == kUpperArch ? kLowerArch : kUpperArch;
         // Intended: the opposing label is made without asking whether the mouth has the tooth; a requested tooth gets
         // its label also where there is none, for the tooth that is to be created.
         if (ToothChart::filterTeethForArchType(teeth, otherArch).contains(opposite))

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/dental/ToothGenerationTools.h>
 
+#include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/dataobjects/Teeth.h>
 
 #include <algorithm>
@@ -9,8 +10,8 @@
 
 namespace {
 
-constexpr auto kStatus = static_cast<dataobject::Tooth::Status>(0);
-constexpr auto kCategory = static_cast<dataobject::Tooth::Category>(1);
+constexpr auto kStatus = static_cast<dataobject::Tooth::Status>(hostvalues::kPresentTooth);
+constexpr auto kCategory = static_cast<dataobject::Tooth::Category>(hostvalues::kPermanentTooth);
 
 std::shared_ptr<dataobject::Mouth> mouthOf(const Diagnosis* diagnosis)
 {

@@ -4,6 +4,7 @@
 
 #include <CoreAlgorithms/dental/ComputeIndexOnGuidingLine.h>
 #include <CoreAlgorithms/dental/ToothLocator_p.h>
+#include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
@@ -17,7 +18,9 @@ namespace {
 
 // From the occlusal plane to the middle of the crowns, mm.
 constexpr float kToothLevelOffset = 7.0F;
-constexpr int kLowerJaw = 1; // JawType
+
+constexpr auto kNoTooth = static_cast<ToothChart::Tooth>(hostvalues::kNoTooth);
+constexpr std::pair kNobody(kNoTooth, kNoTooth);
 
 std::shared_ptr<CTData> scanBehind(PlanarDentalSpline* spline)
 {
@@ -32,7 +35,7 @@ toothlocator::teethAround(double toothId, ToothChart::Tooth smallest, ToothChart
 {
     const double nearest = std::trunc(toothId >= 0.0 ? toothId + 0.5 : toothId - 0.5);
     if (!(std::abs(nearest) < 0x1p31))
-        return {ToothChart::NoTooth, ToothChart::NoTooth};
+        return kNobody;
     double neighbour = nearest;
     if (nearest > toothId)
         neighbour -= 1.0;
@@ -49,9 +52,8 @@ ToothLocator::~ToothLocator() = default;
 std::pair<ToothChart::Tooth, ToothChart::Tooth> ToothLocator::getNearestToothIds(PlanarDentalSpline* spline,
                                                                                  const QVector3D& point)
 {
-    constexpr std::pair nobody(ToothChart::NoTooth, ToothChart::NoTooth);
     if (!spline)
-        return nobody;
+        return kNobody;
     const auto points = spline->getObjects();
     QMap<int, ToothChart::Tooth> indexToTooth;
     for (auto tooth = points.cbegin(); tooth != points.cend(); ++tooth) {
@@ -61,7 +63,7 @@ std::pair<ToothChart::Tooth, ToothChart::Tooth> ToothLocator::getNearestToothIds
     }
     const int index = ComputeIndexOnGuidingLine::getIndexOf(point, spline);
     if (indexToTooth.isEmpty() || index == -1)
-        return nobody;
+        return kNobody;
     return toothlocator::teethAround(calculateToothIdByInterpolation(indexToTooth, index), points.firstKey(),
                                      points.lastKey());
 }
@@ -89,5 +91,6 @@ float ToothLocator::getToothHeight(PlanarDentalSpline* spline, JawType jaw)
     if (!volume)
         return 0.0F;
     const float height = static_cast<float>(spline->getOcclusalIndex()) * volume->getImage().voxelSize().z();
-    return static_cast<int>(jaw) == kLowerJaw ? height - kToothLevelOffset : height + kToothLevelOffset;
+    return static_cast<int>(jaw) == hostvalues::kLowerJaw ? height - kToothLevelOffset
+                                                          : height + kToothLevelOffset;
 }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/greyvalue/BoxSampling_p.h>
 
+#include <CoreAlgorithms/model/Finite_p.h>
+#include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/data/VexelImage3D.h>
 #include <CoreAlgorithms/model/math/OrientedBoundingBox.h>
 
@@ -21,13 +23,6 @@ namespace {
 
 // 512 MiB of grey values; sixty boxes of 10 mm at 0.1 mm a voxel hold less than half of it.
 constexpr std::size_t kMostValues = std::size_t(1) << 27U;
-
-// Element types of the host's images.
-constexpr int kUnsigned16 = 0;
-constexpr int kSigned16 = 1;
-constexpr int kUnsigned8 = 2;
-constexpr int kFirstNotRead = 3;
-constexpr int kLastNotRead = 6;
 
 // Whole numbers from first to last, both inclusive; none if last is smaller.
 struct Interval
@@ -50,11 +45,7 @@ Interval voxelsBetween(float lower, float upper, int size)
 
 bool isAffine(const QMatrix4x4& matrix)
 {
-    for (int i = 0; i < 16; ++i) {
-        if (!std::isfinite(matrix.constData()[i]))
-            return false;
-    }
-    return matrix.row(3) == QVector4D(0.0F, 0.0F, 0.0F, 1.0F);
+    return finiteness::isFinite(matrix) && matrix.row(3) == QVector4D(0.0F, 0.0F, 0.0F, 1.0F);
 }
 
 // A box laid into an image: which voxels of a row are inside.
@@ -259,14 +250,14 @@ std::vector<int> collect(const VexelImage3D& image, const std::vector<primitives
 std::vector<int> sampleBoxes(const VexelImage3D& image, const std::vector<primitives::BoundingBox>& boxes,
                              const QMatrix4x4& voxelFromBoxes)
 {
-    const int type = image.dataType();
-    if (type == kUnsigned16)
+    const auto type = static_cast<int>(image.dataType());
+    if (type == hostvalues::kUnsigned16)
         return collect<std::uint16_t>(image, boxes, voxelFromBoxes);
-    if (type == kSigned16)
+    if (type == hostvalues::kSigned16)
         return collect<std::int16_t>(image, boxes, voxelFromBoxes);
-    if (type == kUnsigned8)
+    if (type == hostvalues::kUnsigned8)
         return collect<std::uint8_t>(image, boxes, voxelFromBoxes);
-    if (type >= kFirstNotRead && type <= kLastNotRead) {
+    if (type >= hostvalues::kFirstUnreadElement && type <= hostvalues::kLastUnreadElement) {
         for (std::size_t i = 0; i < boxes.size(); ++i)
             QMessageLogger().warning(
                 "TissueEstimationHistogramCreator : not implemented for this data type.");

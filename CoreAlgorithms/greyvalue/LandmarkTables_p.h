@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <CoreAlgorithms/model/HostValues_p.h>
+
 #include <QVector3D>
 
 #include <span>
@@ -18,19 +20,27 @@ struct LandmarkBox
 
 /// In front of the face: air and the soft tissue of its surface.
 inline constexpr LandmarkBox kFirstLandmarkBoxes[] = {
-    {14, {0.0F, -10.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},  {9, {10.0F, -10.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},
-    {8, {-10.0F, -10.0F, 0.0F}, {5.0F, 5.0F, 5.0F}}, {0, {0.0F, -5.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},
-    {26, {0.0F, -10.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},  {5, {0.0F, -10.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},
-    {4, {0.0F, -10.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},
+    {hostvalues::kNasion, {0.0F, -10.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},
+    {hostvalues::kGonionLeft, {10.0F, -10.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},
+    {hostvalues::kGonionRight, {-10.0F, -10.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},
+    {hostvalues::kSubspinalePoint, {0.0F, -5.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},
+    {hostvalues::kPogonion, {0.0F, -10.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},
+    {hostvalues::kInfradentalePoint, {0.0F, -10.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},
+    {hostvalues::kSupramentalePoint, {0.0F, -10.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},
 };
 
 /// On the surface of the skull: soft tissue and dense bone.
 inline constexpr LandmarkBox kSecondLandmarkBoxes[] = {
-    {14, {0.0F, 4.0F, 5.0F}, {7.0F, 5.0F, 5.0F}},  {9, {0.0F, 0.0F, 0.0F}, {5.0F, 5.0F, 10.0F}},
-    {8, {0.0F, 0.0F, 0.0F}, {5.0F, 5.0F, 10.0F}},  {0, {0.0F, 0.0F, 0.0F}, {5.0F, 3.0F, 5.0F}},
-    {19, {0.0F, 3.0F, 3.0F}, {5.0F, 5.0F, 5.0F}},  {21, {0.0F, -3.0F, 3.0F}, {1.0F, 5.0F, 5.0F}},
-    {20, {0.0F, -3.0F, 3.0F}, {1.0F, 5.0F, 5.0F}}, {26, {0.0F, 0.0F, 0.0F}, {5.0F, 3.0F, 5.0F}},
-    {5, {0.0F, -1.0F, -2.0F}, {5.0F, 1.0F, 5.0F}}, {4, {0.0F, -1.0F, -2.0F}, {5.0F, 1.0F, 5.0F}},
+    {hostvalues::kNasion, {0.0F, 4.0F, 5.0F}, {7.0F, 5.0F, 5.0F}},
+    {hostvalues::kGonionLeft, {0.0F, 0.0F, 0.0F}, {5.0F, 5.0F, 10.0F}},
+    {hostvalues::kGonionRight, {0.0F, 0.0F, 0.0F}, {5.0F, 5.0F, 10.0F}},
+    {hostvalues::kSubspinalePoint, {0.0F, 0.0F, 0.0F}, {5.0F, 3.0F, 5.0F}},
+    {hostvalues::kSella, {0.0F, 3.0F, 3.0F}, {5.0F, 5.0F, 5.0F}},
+    {hostvalues::kPorionLeft, {0.0F, -3.0F, 3.0F}, {1.0F, 5.0F, 5.0F}},
+    {hostvalues::kPorionRight, {0.0F, -3.0F, 3.0F}, {1.0F, 5.0F, 5.0F}},
+    {hostvalues::kPogonion, {0.0F, 0.0F, 0.0F}, {5.0F, 3.0F, 5.0F}},
+    {hostvalues::kInfradentalePoint, {0.0F, -1.0F, -2.0F}, {5.0F, 1.0F, 5.0F}},
+    {hostvalues::kSupramentalePoint, {0.0F, -1.0F, -2.0F}, {5.0F, 1.0F, 5.0F}},
 };
 
 } // namespace greyvalue

@@ -4,6 +4,7 @@
 
 #include <CoreAlgorithms/greyvalue/BoxSampling_p.h>
 #include <CoreAlgorithms/greyvalue/LandmarkTables_p.h>
+#include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/data/VexelImage3D.h>
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
 #include <CoreAlgorithms/model/math/OrientedBoundingBox.h>
@@ -34,13 +35,13 @@ Boxes boxesAroundLandmarks(const CTData& ct, const QMatrix4x4& worldFromVolume,
     for (const auto& landmark : ct.getLandmarkAnnotations({})) {
         if (!landmark)
             continue;
-        const int type = landmark->getType();
+        const auto type = static_cast<int>(landmark->getType());
         const auto row = std::find_if(table.begin(), table.end(), [type](const greyvalue::LandmarkBox& box) {
             return box.landmarkType == type;
         });
         if (row == table.end())
             continue;
-        const auto position = landmark->getPosition(static_cast<Context>(0));
+        const auto position = landmark->getPosition(Context(hostvalues::kVolumeContext));
         if (position)
             boxes.push_back(boxAround(worldFromVolume.map(position.value()) + row->offset, row->halfSize));
     }

@@ -3,6 +3,8 @@
 #include <CoreAlgorithms/reslice/CoordinateMapper.h>
 
 #include <CoreAlgorithms/dental/ComputeIndexOnGuidingLine.h>
+#include <CoreAlgorithms/model/Finite_p.h>
+#include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 #include <CoreAlgorithms/model/math/QRay3D.h>
@@ -19,12 +21,6 @@
 
 namespace {
 
-// The kind of reslice that is shown as a slab of its own thickness.
-constexpr int kThickSlab = 1;
-
-// The view that turns the x axis of a cephalometric projection round.
-constexpr int kMirroringPointOfView = 1;
-
 // From how many points on, and from how many samples of the path on, building a search tree takes
 // less time than the tree saves.
 constexpr qsizetype kPointsWorthATree = 64;
@@ -35,11 +31,6 @@ constexpr qsizetype kSamplesWorthATree = 64;
 // several views.
 constexpr qsizetype kFewestFrames = 2;
 constexpr qsizetype kMostFrames = 4096;
-
-bool isFiniteVector(const QVector3D& v)
-{
-    return std::isfinite(v.x()) && std::isfinite(v.y()) && std::isfinite(v.z());
-}
 
 PointInPlane toPointInPlane(bool inPlane)
 {
@@ -235,7 +226,7 @@ public:
         }
         const float depth = std::abs(local.z());
         Image image;
-        if (!isFiniteVector(local))
+        if (!finiteness::isFinite(local))
             return image;
         image.inPlane = halfThickness >= depth;
         if (!image.inPlane && !keepOutside)
@@ -254,8 +245,9 @@ private:
           up(upperDirection),
           heights(reslice.getVerticalRange()),
           columnWidth(reslice.getSampleSize().x()),
-          halfThickness(reslice.isType(static_cast<ResliceType>(kThickSlab)) ? reslice.getThickness() * 0.5F
-                                                                             : 0.5F),
+          halfThickness(reslice.isType(static_cast<ResliceType>(hostvalues::kThickSlab))
+                            ? reslice.getThickness() * 0.5F
+                            : 0.5F),
           mirroring(reslice)
     {}
 
@@ -459,7 +451,7 @@ QPointF CoordinateMapper::_3D_To_2D_Ceph(const CephReslice* reslice, QVector3D p
         return {};
     const QVector3D local = reslice->getTransformation().inverted().map(point);
     const float y = reslice->getHeight() - local.y();
-    const bool mirrored = static_cast<int>(reslice->getPointOfView()) == kMirroringPointOfView;
+    const bool mirrored = static_cast<int>(reslice->getPointOfView()) == hostvalues::kMirroringPointOfView;
     const float x = mirrored ? reslice->getWidth() - local.x() : local.x();
     return {x, y};
 }
@@ -472,7 +464,7 @@ QVector3D CoordinateMapper::_2D_To_3D_Ceph(const CephReslice* reslice, QPointF p
     // mirroring of the reslice plays no part, here and on the way to the view: the point of view takes its place.
     auto x = static_cast<float>(point.x());
     const auto y = static_cast<float>(double(reslice->getHeight()) - point.y());
-    if (static_cast<int>(reslice->getPointOfView()) == kMirroringPointOfView)
+    if (static_cast<int>(reslice->getPointOfView()) == hostvalues::kMirroringPointOfView)
         x = reslice->getWidth() - x;
     return reslice->getTransformation().map(QVector3D(x, y, 0.0F));
 }
@@ -541,7 +533,7 @@ QPointF CoordinateMapper::_3D_To_2D_PanoramicIntersection(const PanoramicReslice
         return {};
     const int segment = view->clampedSegment(segmentIndex);
     const QVector3D local = view->localFromWorld(segment).map(point);
-    return isFiniteVector(local) ? view->viewPoint(segment, local) : QPointF();
+    return finiteness::isFinite(local) ? view->viewPoint(segment, local) : QPointF();
 }
 
 QList<QLineF> CoordinateMapper::_3D_To_2D_Line_Panoramic(const PanoramicReslice* reslice, QVector3D p1,
@@ -611,7 +603,7 @@ QVector3D CoordinateMapper::_2D_To_3D_Panoramic_Helper(const QList<QVector3D>& p
         place = left < 0.0F ? leftOfPath(path, column) : rightOfPath(path, column);
     }
     const QVector3D position = place.position + up * height;
-    return isFiniteVector(position) ? position : QVector3D();
+    return finiteness::isFinite(position) ? position : QVector3D();
 }
 
 QVector3D CoordinateMapper::_2D_To_3D(const Reslice* reslice, QPointF point)
@@ -674,9 +666,7 @@ QMatrix4x4 CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(const Panora
     frame.setColumn(1, QVector4D(up, 0.0F));
     frame.setColumn(2, QVector4D(QVector3D::crossProduct(place.tangent, up).normalized(), 0.0F));
     frame.setColumn(3, QVector4D(place.position + up * height, 1.0F));
-    const bool isFinite = std::all_of(frame.constData(), frame.constData() + 16,
-                                      [](float entry) { return std::isfinite(entry); });
-    return isFinite ? frame : QMatrix4x4();
+    return finiteness::finiteOrIdentity(frame);
 }
 
 float CoordinateMapper::panoramicProjection(QVector3D a, QVector3D up, QVector3D b, QVector3D point,

@@ -3,19 +3,14 @@
 #include <CoreAlgorithms/reslice/PathSearch_p.h>
 
 #include <CoreAlgorithms/dental/ComputeIndexOnGuidingLine.h>
+#include <CoreAlgorithms/model/Finite_p.h>
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace {
 
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
-
-bool isFiniteVector(const QVector3D& v)
-{
-    return std::isfinite(v.x()) && std::isfinite(v.y()) && std::isfinite(v.z());
-}
 
 struct Box
 {
@@ -54,7 +49,8 @@ std::size_t countParts(std::size_t size, std::size_t partSize)
 PathSearch::PathSearch(const QList<QVector3D>& samples)
     : path(samples),
       isSearchable(!samples.isEmpty() && samples.size() <= std::numeric_limits<int>::max() &&
-                   std::all_of(samples.cbegin(), samples.cend(), isFiniteVector))
+                   std::all_of(samples.cbegin(), samples.cend(),
+                               [](const QVector3D& sample) { return finiteness::isFinite(sample); }))
 {
     if (!isSearchable)
         return;
@@ -97,7 +93,7 @@ PathSearch::PathSearch(const QList<QVector3D>& samples)
 
 int PathSearch::nearestTo(const QVector3D& point)
 {
-    if (!isSearchable || !isFiniteVector(point))
+    if (!isSearchable || !finiteness::isFinite(point))
         return ComputeIndexOnGuidingLine::getIndexOf(point, path);
     Nearest nearest{nearestBefore, (path.at(nearestBefore) - point).lengthSquared()};
     searchGroup(levels.size() - 1, 0, point, nearest);

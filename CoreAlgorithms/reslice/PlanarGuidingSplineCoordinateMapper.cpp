@@ -2,15 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/reslice/PlanarGuidingSplineCoordinateMapper.h>
 
+#include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/linearalgebra/PlaneFit.h>
 #include <CoreAlgorithms/reslice/CoordinateMapper.h>
 
 #include <vector>
 
 namespace {
-
-// The event that tells of control points added or removed.
-constexpr int kNumberOfPointsUpdated = 3;
 
 std::int32_t countPoints(const PlanarGuidingSpline& spline)
 {
@@ -52,7 +50,7 @@ QVector3D PlanarGuidingSplineCoordinateMapper::mapToSplinePlane(const PlanarResl
 
 void PlanarGuidingSplineCoordinateMapper::changedEvent(GuidingLine* /*line*/, events::GuidingLineEvent* event)
 {
-    if (event && static_cast<int>(event->type) == kNumberOfPointsUpdated)
+    if (event && static_cast<int>(event->type) == hostvalues::kNumberOfPointsUpdated)
         onNumberOfPointsUpdated();
 }
 

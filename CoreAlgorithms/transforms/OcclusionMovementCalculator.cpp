@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/OcclusionMovementCalculator.h>
 
+#include <CoreAlgorithms/model/Finite_p.h>
 #include <CoreAlgorithms/model/dataobjects/JawParts.h>
-#include <CoreAlgorithms/transforms/FiniteMatrix_p.h>
 #include <CoreAlgorithms/transforms/OcclusionRules_p.h>
 
 namespace {
@@ -13,7 +13,7 @@ constexpr std::size_t kSegmentalCount = 3;
 
 utility::Optional<QMatrix4x4> finite(const QMatrix4x4& move)
 {
-    return transforms::isFinite(move) ? utility::Optional<QMatrix4x4>(move) : utility::Optional<QMatrix4x4>();
+    return finiteness::isFinite(move) ? utility::Optional<QMatrix4x4>(move) : utility::Optional<QMatrix4x4>();
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/OcclusionRules_p.h>
 
+#include <CoreAlgorithms/model/Finite_p.h>
 #include <CoreAlgorithms/model/dataobjects/JawParts.h>
-#include <CoreAlgorithms/transforms/FiniteMatrix_p.h>
 
 #include <QMessageLogger>
 
@@ -12,7 +12,7 @@ namespace {
 
 void insertFinite(JawPartMatrices& moves, const QString& typeId, const QMatrix4x4& move)
 {
-    if (isFinite(move))
+    if (finiteness::isFinite(move))
         moves.emplace(typeId, move);
 }
 

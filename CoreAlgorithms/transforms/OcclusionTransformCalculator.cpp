@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/OcclusionTransformCalculator.h>
 
+#include <CoreAlgorithms/model/Finite_p.h>
 #include <CoreAlgorithms/model/dataobjects/JawParts.h>
 #include <CoreAlgorithms/model/dataobjects/Occlusions.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
-#include <CoreAlgorithms/transforms/FiniteMatrix_p.h>
 #include <CoreAlgorithms/transforms/OcclusionRules_p.h>
 #include <CoreAlgorithms/transforms/SurfaceScanTransformations.h>
 
@@ -21,7 +21,7 @@ transforms::JawPartMatrices moveWholeJaw(const transforms::JawPartMatrices& bite
     if (!moving || !standing)
         return {};
     const QMatrix4x4 move = transforms::moveIntoBite(standingScan, *standing, *moving, movingScan);
-    if (!transforms::isFinite(move))
+    if (!finiteness::isFinite(move))
         return {};
     return {{movingId, move}};
 }

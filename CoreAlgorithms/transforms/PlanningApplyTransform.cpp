@@ -4,6 +4,8 @@
 
 #include <CoreAlgorithms/dental/OcclusalPropertiesCalculator.h>
 #include <CoreAlgorithms/dental/PlanarDentalSplineUpdater.h>
+#include <CoreAlgorithms/model/Finite_p.h>
+#include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/dataobjects/Annotations.h>
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
 #include <CoreAlgorithms/model/dataobjects/Distraction.h>
@@ -22,7 +24,6 @@
 #include <CoreAlgorithms/model/dataobjects/SurfaceTrees.h>
 #include <CoreAlgorithms/model/dataobjects/Teeth.h>
 #include <CoreAlgorithms/model/dataobjects/VolumeObject.h>
-#include <CoreAlgorithms/transforms/FiniteMatrix_p.h>
 #include <CoreAlgorithms/transforms/OcclusionMovementCalculator.h>
 #include <CoreAlgorithms/transforms/OcclusionMovements.h>
 #include <CoreAlgorithms/transforms/SetOcclusionMovementTransformationsUndoCommand.h>
@@ -36,9 +37,9 @@
 namespace {
 
 // The reason that implants and pins are told when they are placed anew.
-constexpr auto kScannerTransformation = TransformManipulationType(3);
+constexpr auto kScannerTransformation = TransformManipulationType(hostvalues::kScannerTransformation);
 // The frame of a free point that has one position for all.
-constexpr auto kOnlyContext = Context(0);
+constexpr auto kOnlyContext = Context(hostvalues::kVolumeContext);
 
 void moveSurface(Surface3DModel& surface, const QMatrix4x4& matrix)
 {
@@ -115,7 +116,7 @@ QList<DataObject*> PlanningApplyTransform::applyTransform(const QMatrix4x4& M)
 {
     const QMatrix4x4 matrix = M; // a copy: M may be a placement of the plan, which changes on the way
     changedObjects.clear();
-    if (!transforms::isFinite(matrix))
+    if (!finiteness::isFinite(matrix))
         return {};
     transformPlanarDentalSpline(matrix);
     transformToothAnnotations(matrix);
@@ -209,7 +210,7 @@ void PlanningApplyTransform::transformToothAnnotations(const QMatrix4x4& matrix)
 {
     for (ToothAnnotation3D* annotation : objectsOfKind<ToothAnnotation3D>()) {
         // Intended: labels of creation type 0 follow the dental splines, from which the application makes them anew.
-        if (annotation->getCreationType() == CreationType(0))
+        if (annotation->getCreationType() == CreationType(hostvalues::kAutomaticallyCreated))
             continue;
         annotation->applyTransform(matrix);
         changedObjects.append(annotation);
@@ -473,7 +474,7 @@ void PlanningApplyTransform::transformPolyLine(PolyLine& line, const QMatrix4x4&
             continue;
         if (dynamic_cast<const PointUnlinked*>(point.get())) {
             if (const auto position = line.getPosition(i, kOnlyContext))
-                editor->changePoint(i, matrix.map(position.value()), nullptr, -1);
+                editor->changePoint(i, matrix.map(position.value()), nullptr, hostvalues::kNoPlace);
         } else if (dynamic_cast<const dataobject::PointUnlinkedMultiPositions*>(point.get())) {
             for (const Context context : line.getSupportedContexts()) {
                 if (const auto position = line.getPosition(i, context))
@@ -489,10 +490,10 @@ void PlanningApplyTransform::transformMovements(MaxillofacialSurgery* surgery,
                                                 const std::map<QString, QMatrix4x4>& occlusionTransformations,
                                                 const QString& movementMode)
 {
-    const DentalScan* upper = scanOfJaw(scans, JawType(2));
-    const DentalScan* lower = scanOfJaw(scans, JawType(1));
+    const DentalScan* upper = scanOfJaw(scans, JawType(hostvalues::kUpperJaw));
+    const DentalScan* lower = scanOfJaw(scans, JawType(hostvalues::kLowerJaw));
     // A total that is not finite is returned as the identity: the movements computed from it would look right.
-    if (!surgery || !upper || !lower || !transforms::isFinite(planningTransform))
+    if (!surgery || !upper || !lower || !finiteness::isFinite(planningTransform))
         return;
     const OcclusionMovementCalculator::Data data{
         occlusionTransformations, SurfaceScanTransformations::getTotalTransform(upper, planningTransform),

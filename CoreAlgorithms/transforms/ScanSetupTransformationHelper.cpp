@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/ScanSetupTransformationHelper.h>
 
+#include <CoreAlgorithms/model/Finite_p.h>
+#include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/dataobjects/ScanSetups.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceTrees.h>
 #include <CoreAlgorithms/model/math/BoundingBox.h>
-#include <CoreAlgorithms/transforms/FiniteMatrix_p.h>
 
 using primitives::BoundingBox;
 
@@ -13,10 +14,6 @@ namespace {
 
 // Kept between the jaws in a bite that is made up, in mm: enough to see the chewing surfaces of both.
 constexpr float kGapBetweenJaws = 20.0F;
-
-// The host's arch types by value.
-constexpr int kUpperArch = 0;
-constexpr int kLowerArch = 1;
 
 BoundingBox sixZeros()
 {
@@ -38,7 +35,7 @@ float liftOfUpperJaw(const BoundingBox& upper, const BoundingBox& lower)
 template <typename Surfaces>
 Surfaces& jawOf(ToothChart::Tooth tooth, Surfaces& first, Surfaces& second)
 {
-    return static_cast<int>(ToothChart::getArchTypeOfTooth(tooth)) == kUpperArch ? first : second;
+    return static_cast<int>(ToothChart::getArchTypeOfTooth(tooth)) == hostvalues::kUpperArch ? first : second;
 }
 
 } // namespace
@@ -90,10 +87,10 @@ QMatrix4x4 ScanSetupTransformationHelper::getAntagonistExportTransformation(Toot
     if (!setup || !setup->getOcclusionScan())
         return {};
     const OcclusionTransformation bite = getOcclusionTransformation(setup);
-    if (static_cast<int>(archType) == kUpperArch)
-        return transforms::finiteOrIdentity(bite.lowerTransformation.inverted() * bite.upperTransformation);
-    if (static_cast<int>(archType) == kLowerArch)
-        return transforms::finiteOrIdentity(bite.upperTransformation.inverted() * bite.lowerTransformation);
+    if (static_cast<int>(archType) == hostvalues::kUpperArch)
+        return finiteness::finiteOrIdentity(bite.lowerTransformation.inverted() * bite.upperTransformation);
+    if (static_cast<int>(archType) == hostvalues::kLowerArch)
+        return finiteness::finiteOrIdentity(bite.upperTransformation.inverted() * bite.lowerTransformation);
     return {};
 }
 
@@ -152,5 +149,5 @@ QMatrix4x4 ScanSetupTransformationHelper::calculateFakeOcclusionTransformationFo
     matrix.rotate(180.0F, 0.0F, 1.0F, 0.0F);
     matrix.translate(-centre);
     matrix.translate(0.0F, 0.0F, liftOfUpperJaw(upper, lower));
-    return transforms::finiteOrIdentity(matrix);
+    return finiteness::finiteOrIdentity(matrix);
 }

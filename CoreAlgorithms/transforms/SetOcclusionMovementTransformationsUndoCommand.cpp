@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/SetOcclusionMovementTransformationsUndoCommand.h>
 
+#include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/dataobjects/Movements.h>
 #include <CoreAlgorithms/transforms/SetMovementTransformationUndoCommand.h>
 
@@ -27,10 +28,10 @@ std::unique_ptr<OcclusionMovement> createMovementFor(const CompositeMovement& co
     std::unique_ptr<OcclusionMovement> movement;
     if (composite.getMovementType() == types.getMaxillarySegmentalOcclusionMovement()) {
         movement = std::make_unique<OcclusionMovement>(MovementTypes::m_maxillary_occlusion_movement);
-        movement->setAffectedTreatmentType(JawType(2));
+        movement->setAffectedTreatmentType(JawType(hostvalues::kUpperJaw));
     } else if (composite.getMovementType() == types.getMandibularSegmentalOcclusionMovement()) {
         movement = std::make_unique<OcclusionMovement>(MovementTypes::m_mandibular_occlusion_movement);
-        movement->setAffectedTreatmentType(JawType(1));
+        movement->setAffectedTreatmentType(JawType(hostvalues::kLowerJaw));
     }
     return movement;
 }

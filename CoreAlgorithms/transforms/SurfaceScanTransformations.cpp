@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/SurfaceScanTransformations.h>
 
+#include <CoreAlgorithms/model/Finite_p.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
 #include <CoreAlgorithms/model/math/Operations.h>
-#include <CoreAlgorithms/transforms/FiniteMatrix_p.h>
 
 #include <QList>
 #include <QQuaternion>
@@ -17,8 +17,8 @@
 
 namespace {
 
-using transforms::finiteOrIdentity;
-using transforms::isFinite;
+using finiteness::finiteOrIdentity;
+using finiteness::isFinite;
 
 // The five values of an alignment, from a record or from a surface's getters.
 struct Chain

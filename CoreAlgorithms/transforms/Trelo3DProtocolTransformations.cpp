@@ -2,18 +2,15 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/Trelo3DProtocolTransformations.h>
 
+#include <CoreAlgorithms/model/Finite_p.h>
+#include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
-#include <CoreAlgorithms/transforms/FiniteMatrix_p.h>
 #include <CoreAlgorithms/transforms/SurfaceScanTransformations.h>
 
 namespace {
 
 // A lower jaw scan is put this far behind the landmarks' middle, in mm: its landmarks lie on the front teeth.
 constexpr float kShiftOfLowerJaw = 5.0F;
-
-// The host's jaws by value.
-constexpr int kLowerJaw = 1;
-constexpr int kUpperJaw = 2;
 
 // The bracket of this protocol: by the scan's own operations, and closed also if the host throws.
 class EditBracket
@@ -46,7 +43,7 @@ void Trelo3DProtocolTransformations::calculateAndApplyInitialSurfaceScanTransfor
     if (!scan)
         return;
     const QMatrix4x4 freehand = calculateInitialTransform(scan, jaw, a, b, c, initial);
-    if (!transforms::isFinite(initial) || !transforms::isFinite(freehand))
+    if (!finiteness::isFinite(initial) || !finiteness::isFinite(freehand))
         return;
     applyInitialTransform(scan, initial);
     applyFreehandAlignmentTransform(scan, freehand);
@@ -70,11 +67,11 @@ QVector3D Trelo3DProtocolTransformations::toTargetPosition(const SurfaceScan* sc
                                                            const QVector3D& c)
 {
     QVector3D target(b.x(), (a.y() + c.y()) * 0.5F, (a.z() + b.z() + c.z()) / 3.0F);
-    if (static_cast<int>(jaw) == kLowerJaw) {
+    if (static_cast<int>(jaw) == hostvalues::kLowerJaw) {
         target.setY(target.y() + kShiftOfLowerJaw);
         target.setZ(target.z() - SurfaceScanTransformations::computeInitialHeightOffset(
                                      scan, QVector3D(0.0F, 0.0F, 1.0F), INITIAL_HEIGHT_OFFSET_MARGIN_LOWER));
-    } else if (static_cast<int>(jaw) == kUpperJaw) {
+    } else if (static_cast<int>(jaw) == hostvalues::kUpperJaw) {
         target.setZ(target.z() + SurfaceScanTransformations::computeInitialHeightOffset(
                                      scan, QVector3D(0.0F, 0.0F, -1.0F), INITIAL_HEIGHT_OFFSET_MARGIN_UPPER));
     }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/math/BoundingBox.h>
 
+#include <CoreAlgorithms/model/Finite_p.h>
+
 #include <QMatrix4x4>
 
 #include <cmath>
@@ -42,9 +44,10 @@ bool BoundingBox::isNull() const
 
 bool BoundingBox::isValid() const
 {
+    if (!finiteness::isFinite(minimumCorner) || !finiteness::isFinite(maximumCorner))
+        return false;
     for (int axis = 0; axis < 3; ++axis) {
-        if (!std::isfinite(minimumCorner[axis]) || !std::isfinite(maximumCorner[axis]) ||
-            minimumCorner[axis] > maximumCorner[axis])
+        if (minimumCorner[axis] > maximumCorner[axis])
             return false;
     }
     return true;

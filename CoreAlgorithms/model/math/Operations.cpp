@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/math/Operations.h>
 
+#include <CoreAlgorithms/model/Finite_p.h>
+
 #include <QVector3D>
 
 #include <Eigen/Geometry>
-
-#include <cmath>
 
 namespace math {
 namespace {
@@ -18,7 +18,7 @@ constexpr double kOppositeTolerance = 1e-6;
 bool hasDirection(const QVector3D& vector)
 {
     const QVector3D unit = vector.normalized();
-    return std::isfinite(unit.x()) && std::isfinite(unit.y()) && std::isfinite(unit.z()) && !unit.isNull();
+    return finiteness::isFinite(unit) && !unit.isNull();
 }
 
 // Truly of unit length, where QVector3D::normalized() keeps lengths within 1e-5 of 1.

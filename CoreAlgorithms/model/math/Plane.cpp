@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/math/Plane.h>
 
+#include <CoreAlgorithms/model/Finite_p.h>
 #include <CoreAlgorithms/model/math/QRay3D.h>
 
 #include <QMatrix4x4>
@@ -32,7 +33,7 @@ bool Plane::intersect(const QRay3D& ray, QVector3D& meetingPoint) const
     if (!std::isfinite(way))
         return false;
     const QVector3D candidate = ray.origin() + ray.direction() * way;
-    if (!std::isfinite(candidate.x()) || !std::isfinite(candidate.y()) || !std::isfinite(candidate.z()))
+    if (!finiteness::isFinite(candidate))
         return false;
     meetingPoint = candidate;
     return true;

@@ -2,16 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/math/Spline3D.h>
 
+#include <CoreAlgorithms/model/Finite_p.h>
+
 #include <algorithm>
 #include <cmath>
 
 namespace math {
 namespace {
-
-bool isFinite(const QVector3D& point)
-{
-    return std::isfinite(point.x()) && std::isfinite(point.y()) && std::isfinite(point.z());
-}
 
 double distance(const QVector3D& a, const QVector3D& b)
 {
@@ -106,6 +103,7 @@ Spline3DInterface::~Spline3DInterface() = default;
 
 QList<QVector3D> Spline3DInterface::sample(const QList<QVector3D>& controlPoints, float stepMm) const
 {
+    const auto isFinite = [](const QVector3D& point) { return finiteness::isFinite(point); };
     if (!std::isfinite(stepMm) || stepMm <= 0.0F ||
         !std::all_of(controlPoints.begin(), controlPoints.end(), isFinite))
         return {};
