@@ -150,6 +150,13 @@ float Patient::paintedGreyValue(Tissue tissue) const
     return float(std::clamp(grey, -largest, largest));
 }
 
+std::optional<Tooth> Patient::tooth(int number) const
+{
+    const auto found = std::find_if(allTeeth.cbegin(), allTeeth.cend(),
+                                    [number](const Tooth& tooth) { return tooth.number == number; });
+    return found == allTeeth.cend() ? std::nullopt : std::optional<Tooth>(*found);
+}
+
 const QList<QVector3D>& Patient::archCurve(ToothChart::ArchType arch) const
 {
     return archCurves[arch == ToothChart::UpperArch ? 0 : 1];

@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 
 /// A synthetic patient built from formulas: every position and grey value is known before a voxel is painted.
 ///
@@ -101,6 +102,8 @@ public:
 
     /// The 28 teeth in ascending number.
     const QList<Tooth>& teeth() const { return allTeeth; }
+    /// Returns the tooth of a number in Universal numbering; nothing if the patient has no such tooth.
+    std::optional<Tooth> tooth(int number) const;
     /// Samples less than 1 mm apart along the arch through the teeth at the height of their necks, from the
     /// patient's right to the left, reaching one tooth's width beyond the second molars at either end.
     const QList<QVector3D>& archCurve(ToothChart::ArchType arch) const;

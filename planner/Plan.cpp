@@ -106,15 +106,13 @@ QMatrix4x4 placement(const Eigen::Vector3d& origin, const Eigen::Vector3d& zAxis
 
 PlannedImplant planImplant(const ImplantSite& site, const phantom::Patient& patient)
 {
-    const auto tooth =
-        std::find_if(patient.teeth().cbegin(), patient.teeth().cend(),
-                     [&site](const phantom::Tooth& t) { return static_cast<int>(t.number) == site.tooth; });
-    const auto& arch = patient.archCurve(ToothChart::getArchTypeOfTooth(tooth->number));
-    const Eigen::Vector3d crown = toEigen(tooth->occlusalPoint);
+    const phantom::Tooth tooth = patient.tooth(site.tooth).value();
+    const auto& arch = patient.archCurve(ToothChart::getArchTypeOfTooth(tooth.number));
+    const Eigen::Vector3d crown = toEigen(tooth.occlusalPoint);
     const ArchPlace place =
         nearestPlace(arch, [&](const Eigen::Vector3d& p) { return (p - crown).head<2>().squaredNorm(); });
-    const Eigen::Vector3d apex = toEigen(tooth->apex);
-    const Eigen::Vector3d toCrown = toEigen(tooth->axisToCrown);
+    const Eigen::Vector3d apex = toEigen(tooth.apex);
+    const Eigen::Vector3d toCrown = toEigen(tooth.axisToCrown);
     const double neck = (place.point.z() - apex.z()) / toCrown.z();
     const Eigen::Vector3d platform = apex + (neck - site.depth) * toCrown;
     const Eigen::Vector3d axis = toCrown - std::tan(radians(site.mesialTilt)) * place.toMidline -

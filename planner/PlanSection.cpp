@@ -263,14 +263,6 @@ QString biteText(const QList<BiteRow>& rows)
     return text;
 }
 
-QVector3D occlusalPoint(const phantom::Patient& patient, int universalNumber)
-{
-    const auto found =
-        std::find_if(patient.teeth().begin(), patient.teeth().end(),
-                     [universalNumber](const phantom::Tooth& t) { return t.number == universalNumber; });
-    return found == patient.teeth().end() ? QVector3D() : found->occlusalPoint;
-}
-
 } // namespace
 
 Section createPlanSection(const Case& planned, Progress& progress)
@@ -293,7 +285,7 @@ Section createPlanSection(const Case& planned, Progress& progress)
     const WholePlan plan = planEverything(patient, upper, lower);
 
     progress.step(QStringLiteral("Moving the plan into a new scanner frame and back"));
-    const QVector3D incisor = occlusalPoint(patient, 24);
+    const QVector3D incisor = patient.tooth(24).value().occlusalPoint;
     const Journey journey = thereAndBack(plan, incisor + QVector3D(4.0F, 22.0F, 0.0F), upper, lower);
     progress.step(QStringLiteral("Applying a bite, undoing and redoing it"));
     const QVector3D hinge =

@@ -127,15 +127,6 @@ QString textTable(const QList<Step>& steps)
     return text;
 }
 
-QVector3D occlusalPoint(const phantom::Patient& patient, int universalNumber)
-{
-    for (const phantom::Tooth& tooth : patient.teeth()) {
-        if (tooth.number == universalNumber)
-            return tooth.occlusalPoint;
-    }
-    return {};
-}
-
 // With the place a little to the right of the middle.
 Camera cameraAt(const QVector3D& place, double widthMm)
 {
@@ -179,15 +170,15 @@ void travel(JawScan& lower, const phantom::Patient& patient, Journey& journey)
                    QStringLiteral("1  as the scanner had it"));
 
     Trelo3DProtocolTransformations::calculateAndApplyInitialSurfaceScanTransformation(
-        scan, LowerJaw, occlusalPoint(patient, 4), occlusalPoint(patient, 8), occlusalPoint(patient, 13),
-        upright);
+        scan, LowerJaw, patient.tooth(4).value().occlusalPoint, patient.tooth(8).value().occlusalPoint,
+        patient.tooth(13).value().occlusalPoint, upright);
     journey.record(QStringLiteral("imported"),
                    QStringLiteral("calculateAndApplyInitialSurfaceScanTransformation"),
                    inDouble(scan->getFreehandTransform()) * inDouble(upright),
                    QStringLiteral("2  imported: below the upper teeth"));
 
     // The hand is off by 5 mm and 6 degrees, and the registration takes that back.
-    const QVector3D pivot = occlusalPoint(patient, 24);
+    const QVector3D pivot = patient.tooth(24).value().occlusalPoint;
     QMatrix4x4 error = rigid(6.0F, {0.4F, 1.0F, 0.3F}, pivot + QVector3D(3.0F, -2.0F, -3.5F));
     error.translate(-pivot);
     SurfaceScanAlignment alignment = scan->getSurfaceScanAlignment();

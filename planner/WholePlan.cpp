@@ -177,12 +177,7 @@ public:
     }
 
 private:
-    const phantom::Tooth& tooth(int number) const
-    {
-        const auto found = std::find_if(patient.teeth().begin(), patient.teeth().end(),
-                                        [number](const phantom::Tooth& t) { return t.number == number; });
-        return found == patient.teeth().end() ? patient.teeth().first() : *found;
-    }
+    phantom::Tooth tooth(int number) const { return patient.tooth(number).value(); }
 
     void add(int step, const QString& kind, const std::shared_ptr<DataObject>& object,
              std::function<QList<QVector3D>()> coordinates)
@@ -436,7 +431,7 @@ private:
         for (const int number : {3, 14, 19, 30}) {
             auto implant = std::make_shared<dataobject::Implant3D>();
             implant->setDimensions({4.1F, 10.0F});
-            const phantom::Tooth& t = tooth(number);
+            const phantom::Tooth t = tooth(number);
             implant->setObjectTransform(standing(t.occlusalPoint - t.axisToCrown * 8.0F, t.axisToCrown));
             add(32, QStringLiteral("implant at tooth %1").arg(number), implant,
                 [implant] { return cornersOf(implant->getObjectTransform()); });

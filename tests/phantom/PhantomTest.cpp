@@ -48,15 +48,9 @@ const Patient& patient()
     return standard;
 }
 
-const Tooth& toothOf(int number)
+Tooth toothOf(int number)
 {
-    for (const Tooth& tooth : patient().teeth()) {
-        if (tooth.number == number)
-            return tooth;
-    }
-    static const Tooth none{};
-    ADD_FAILURE() << "no tooth " << number;
-    return none;
+    return patient().tooth(number).value();
 }
 
 std::array<const NerveCanal*, 2> bothCanals()
@@ -173,6 +167,22 @@ TEST(PhantomTeeth, OfThePatientsRightHaveSmallX)
     }
 }
 
+TEST(PhantomTeeth, AreFoundByTheirNumber)
+{
+    for (const Tooth& tooth : patient().teeth()) {
+        const auto found = patient().tooth(tooth.number);
+        ASSERT_TRUE(found) << tooth.number;
+        EXPECT_EQ(found->number, tooth.number);
+        EXPECT_EQ(found->occlusalPoint, tooth.occlusalPoint);
+    }
+}
+
+TEST(PhantomTeeth, AreNotFoundByNumbersThatThePatientLacks)
+{
+    for (const int number : {-1, 0, 1, 16, 17, 32, 33})
+        EXPECT_FALSE(patient().tooth(number)) << number;
+}
+
 TEST(PhantomTeeth, FollowTheArchFromRightToLeftAboveAndFromLeftToRightBelow)
 {
     for (int number = 2; number < 15; ++number)
@@ -184,8 +194,8 @@ TEST(PhantomTeeth, FollowTheArchFromRightToLeftAboveAndFromLeftToRightBelow)
 TEST(PhantomTeeth, StandOppositeEachOtherInOcclusion)
 {
     for (int number = 2; number <= 15; ++number) {
-        const Tooth& upper = toothOf(number);
-        const Tooth& lower = toothOf(33 - number);
+        const Tooth upper = toothOf(number);
+        const Tooth lower = toothOf(33 - number);
         const QVector3D apart = upper.occlusalPoint - lower.occlusalPoint;
         EXPECT_LT(std::hypot(apart.x(), apart.y()), 6.0F) << number;
         EXPECT_LT(std::abs(apart.z()), 2.6F) << number;
@@ -219,7 +229,7 @@ TEST(PhantomTeeth, AreEnamelJustInsideTheOcclusalPointAndNoToothAboveTheBitingEd
         EXPECT_EQ(patient().tissueAt(tooth.occlusalPoint - 0.3F * tooth.axisToCrown), Tissue::Enamel)
             << tooth.number;
     for (const int incisor : {7, 8, 9, 10, 23, 24, 25, 26}) {
-        const Tooth& tooth = toothOf(incisor);
+        const Tooth tooth = toothOf(incisor);
         EXPECT_EQ(patient().tissueAt(tooth.occlusalPoint + 0.3F * tooth.axisToCrown), Tissue::SoftTissue)
             << incisor;
     }
@@ -312,7 +322,7 @@ TEST(PhantomTeeth, SpanAnArchOfLivingSize)
 TEST(PhantomTeeth, OfTheLowerMolarsHaveBoneBetweenTwoRoots)
 {
     // Along the arch through the roots of tooth 30, 4 mm above its apex.
-    const Tooth& molar = toothOf(30);
+    const Tooth molar = toothOf(30);
     const QVector3D distal = molar.apex + QVector3D(0.0F, 0.0F, 4.0F);
     const QVector3D forwards = (toothOf(29).occlusalPoint - toothOf(31).occlusalPoint).normalized();
     const std::vector<Tissue> met = tissuesBetween(distal - 2.5F * forwards, distal + 9.0F * forwards);
