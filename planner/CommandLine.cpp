@@ -8,7 +8,9 @@
 
 #include <QFile>
 
+#include <iostream>
 #include <string>
+#include <vector>
 
 namespace planner {
 
@@ -43,11 +45,13 @@ std::optional<Options> parseCommandLine(int argumentCount, const char* const* ar
                        "The CT: a NIfTI file (.nii, .nii.gz), or a folder with the files of a DICOM series "
                        "(of several series the one with the most slices is taken)")
             ->type_name("FILE|DIR");
-    app.add_option("--landmarks", landmarksPath,
-                   "Landmarks of that CT as JSON; without this option a landmarks.json beside the CT is used "
-                   "if it is there")
-        ->type_name("FILE")
-        ->needs(ct);
+    CLI::Option* landmarks =
+        app.add_option(
+               "--landmarks", landmarksPath,
+               "Landmarks of that CT as JSON; without this option a landmarks.json beside the CT is used "
+               "if it is there")
+            ->type_name("FILE")
+            ->needs(ct);
     app.add_option("--voxel-size", voxelSizeMm,
                    "Voxel size of the built-in patient in mm, 0.2 to 4 (default 0.5)")
         ->type_name("MM")
@@ -59,8 +63,16 @@ std::optional<Options> parseCommandLine(int argumentCount, const char* const* ar
         app.parse(argumentCount, arguments);
     } catch (const CLI::Success& asked) {
         app.exit(asked); // prints the help or the version
+        if (!std::cout.flush())
+            throw Failure(QStringLiteral("Standard output cannot be written"));
         return std::nullopt;
     } catch (const CLI::ParseError& error) {
+        // A mistyped option explains why another is missing, and not the other way around.
+        const std::vector<std::string> unknown = app.remaining();
+        if (!unknown.empty())
+            throw Failure(
+                QStringLiteral("There is no option or argument \"%1\" (planner --help lists the options)")
+                    .arg(QString::fromLocal8Bit(unknown.front()).simplified()));
         throw Failure(QString::fromLocal8Bit(error.what()).simplified() +
                       QStringLiteral(" (planner --help lists the options)"));
     }
@@ -68,6 +80,8 @@ std::optional<Options> parseCommandLine(int argumentCount, const char* const* ar
         throw Failure(QStringLiteral("--report needs the name of a folder"));
     if (ct->count() > 0 && ctPath.empty())
         throw Failure(QStringLiteral("--ct needs the name of a file or a folder"));
+    if (landmarks->count() > 0 && landmarksPath.empty())
+        throw Failure(QStringLiteral("--landmarks needs the name of a file"));
     return Options{pathFrom(ctPath), pathFrom(landmarksPath), pathFrom(reportFolder), voxelSizeMm};
 }
 

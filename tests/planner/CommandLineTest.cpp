@@ -52,14 +52,37 @@ TEST(CommandLine, TakesAVoxelSizeForTheBuiltInPatientOnly)
     EXPECT_THROW(parse({"--report", "out", "--voxel-size", "2", "--ct", "ct.nii"}), planner::Failure);
 }
 
-TEST(CommandLine, RefusesInOneLine)
+std::string refusal(const std::vector<const char*>& arguments)
 {
     try {
-        parse({"--no\nsuch", "--option"});
-        FAIL();
+        parse(arguments);
     } catch (const planner::Failure& failure) {
-        EXPECT_THAT(failure.what(), testing::Not(testing::HasSubstr("\n")));
+        return failure.what();
     }
+    return {};
+}
+
+TEST(CommandLine, RefusesInOneLine)
+{
+    EXPECT_THAT(refusal({"--no\nsuch", "--option"}),
+                testing::AllOf(testing::HasSubstr("--no such"), testing::Not(testing::HasSubstr("\n"))));
+}
+
+TEST(CommandLine, NamesAnUnknownOptionBeforeAMissingOne)
+{
+    EXPECT_THAT(refusal({"--reprot", "out"}), testing::HasSubstr("no option or argument \"--reprot\""));
+    EXPECT_THAT(refusal({"--report", "out", "--landmarks", "l.json", "--tc", "ct.nii"}),
+                testing::HasSubstr("no option or argument \"--tc\""));
+    EXPECT_THAT(refusal({}), testing::HasSubstr("--report is required"));
+    EXPECT_THAT(refusal({"--report", "out", "--landmarks", "l.json"}), testing::HasSubstr("--ct"));
+}
+
+TEST(CommandLine, RefusesEmptyNames)
+{
+    EXPECT_THAT(refusal({"--report", ""}), testing::HasSubstr("--report needs the name of a folder"));
+    EXPECT_THAT(refusal({"--report", "out", "--ct", ""}), testing::HasSubstr("--ct needs the name"));
+    EXPECT_THAT(refusal({"--report", "out", "--ct", "ct.nii", "--landmarks", ""}),
+                testing::HasSubstr("--landmarks needs the name of a file"));
 }
 
 TEST(CommandLine, AsksForNothingAfterTheHelp)
