@@ -2,7 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include <planner/Progress.h>
 
+#include <planner/Failure.h>
+
+#include <QtGlobal>
+
 #include <algorithm>
+#include <cerrno>
 
 #include <unistd.h>
 
@@ -39,12 +44,28 @@ void Progress::finish()
     current.clear();
 }
 
+void Progress::print(const QString& lines)
+{
+    finish();
+    write(lines);
+}
+
 void Progress::showLine(const QString& line, bool ended)
 {
     // On a terminal the line before is erased first, as it may be longer.
-    std::fprintf(stream, "%s%s%s", terminal ? "\r\x1b[K" : "", line.toLocal8Bit().constData(),
-                 ended ? "\n" : "");
-    std::fflush(stream);
+    write((terminal ? QStringLiteral("\r\x1b[K") : QString()) + line +
+          (ended ? QStringLiteral("\n") : QString()));
+}
+
+void Progress::write(const QString& text)
+{
+    // Of a stream that fails, some operations tell and others do not.
+    errno = 0;
+    const bool written = std::fputs(text.toLocal8Bit().constData(), stream) >= 0 &&
+                         std::fflush(stream) == 0 && std::ferror(stream) == 0;
+    if (!written)
+        throw Failure(QStringLiteral("Standard output cannot be written: %1")
+                          .arg(qt_error_string(errno != 0 ? errno : EIO)));
 }
 
 } // namespace planner

@@ -9,25 +9,28 @@
 
 namespace planner {
 
-/// Tells which step the program is at: one line a step, and on a terminal a percentage that is updated in
-/// place.
+/// Prints what the program does and finds: one line a step, and on a terminal a percentage that is updated in place.
+/// Every operation throws Failure if the stream cannot be written.
 class Progress
 {
 public:
-    /// On standard output.
+    /// Prints on standard output.
     Progress();
-    /// The stream must outlive the progress.
+    /// Prints on a stream that must outlive the progress.
     Progress(std::FILE* to, bool isTerminal);
 
     /// Starts a step, which ends the one before.
     void step(const QString& what);
-    /// Fraction done of the current step, 0 to 1. Cheap to call often.
+    /// Shows the fraction done of the current step, 0 to 1. Cheap to call often.
     void fraction(double done);
     /// Ends the current step.
     void finish();
+    /// Prints whole lines about what was found. Ends the current step.
+    void print(const QString& lines);
 
 private:
     void showLine(const QString& line, bool ended);
+    void write(const QString& text);
 
     std::FILE* stream;
     bool terminal;

@@ -3,7 +3,10 @@
 #include <planner/Report.h>
 
 #include <planner/Failure.h>
+#include <planner/InterruptionHold.h>
+#include <planner/Progress.h>
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -11,6 +14,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <new>
 #include <system_error>
 
 #include <sys/stat.h>
@@ -77,17 +81,37 @@ std::filesystem::path nativePath(const QString& path)
     return {QFile::encodeName(path).toStdString()};
 }
 
-bool rename(const QString& from, const QString& to)
+std::error_code rename(const QString& from, const QString& to)
 {
     std::error_code error;
     std::filesystem::rename(nativePath(from), nativePath(to), error);
-    return !error;
+    return error;
 }
 
-bool writeFile(const QString& path, const QByteArray& bytes)
+// Nothing, or why the file cannot be written.
+QString writeFile(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
+    if (!file.open(QIODevice::WriteOnly))
+        return file.errorString();
+    // As much as there is room for is written without an error; only the next call tells why there is no more.
+    for (qint64 written = 0; written < bytes.size();) {
+        const qint64 more = file.write(bytes.constData() + written, bytes.size() - written);
+        if (more <= 0)
+            return file.errorString();
+        written += more;
+    }
+    return file.flush() ? QString() : file.errorString();
+}
+
+// In memory, since the codec has a word of its own on standard error for a file that cannot be written.
+QByteArray pngOf(const QImage& image)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, "PNG"))
+        throw std::bad_alloc();
+    return buffer.data();
 }
 
 // Gives a temporary folder, which is its owner's alone, the permissions of a folder made by mkdir.
@@ -98,6 +122,11 @@ void openToOthers(const QString& folder)
     std::error_code notAllowed; // then it remains its owner's alone
     std::filesystem::permissions(nativePath(folder), std::filesystem::perms(0777 & ~mask),
                                  std::filesystem::perm_options::add, notAllowed);
+}
+
+Failure notWritten(const QString& folder, const QString& why)
+{
+    return {folder, QStringLiteral("the report cannot be written to this folder: %1").arg(why)};
 }
 
 QString absolute(const QString& folder)
@@ -128,35 +157,46 @@ void Report::checkFolder(const QString& folder)
         throw Failure(folder, QStringLiteral("this is a file, the report needs a folder"));
     if (!info.exists() && !info.dir().exists())
         throw Failure(folder, QStringLiteral("the report cannot be written, its parent folder is not there"));
-    if (!stagingFolder(info.filePath())->isValid())
-        throw Failure(folder, QStringLiteral("the report cannot be written to this folder"));
+    const InterruptionHold hold;
+    const std::unique_ptr<QTemporaryDir> probe = stagingFolder(info.filePath());
+    if (!probe->isValid())
+        throw notWritten(folder, probe->errorString());
 }
 
-QString Report::write(const QString& folder) const
+QString Report::write(const QString& folder, Progress& progress) const
 {
     checkFolder(folder);
     const QString target = absolute(folder);
-    const Failure failure(folder, QStringLiteral("the report cannot be written to this folder"));
+    const InterruptionHold hold; // until what is unfinished is in its place or removed
     const std::unique_ptr<QTemporaryDir> staging = stagingFolder(target);
     if (!staging->isValid())
-        throw failure;
+        throw notWritten(folder, staging->errorString());
+    progress.step(QStringLiteral("Writing the report"));
 
+    qsizetype pictures = 0;
+    for (const Section& section : sections)
+        pictures += section.pictures.size();
     QStringList names;
+    const auto put = [&](const QString& name, const QByteArray& bytes) {
+        if (InterruptionHold::isRequested())
+            throw notWritten(folder, QStringLiteral("the program is asked to end"));
+        const QString why = writeFile(staging->filePath(name), bytes);
+        if (!why.isEmpty())
+            throw notWritten(folder, why);
+        names.append(name);
+        progress.fraction(static_cast<double>(names.size()) / static_cast<double>(pictures + 1));
+    };
     for (const Section& section : sections) {
-        for (const SectionPicture& picture : section.pictures) {
-            if (!picture.image.save(staging->filePath(picture.fileName), "PNG"))
-                throw failure;
-            names.append(picture.fileName);
-        }
+        for (const SectionPicture& picture : section.pictures)
+            put(picture.fileName, pngOf(picture.image));
     }
-    names.append(QString::fromUtf16(kPageName)); // last: it is there only with all its pictures
-    if (!writeFile(staging->filePath(names.last()), page().toUtf8()))
-        throw failure;
+    put(QString::fromUtf16(kPageName), page().toUtf8()); // last: it is there only with all its pictures
+    progress.finish();
 
     if (!QFileInfo::exists(target)) {
         openToOthers(staging->path());
-        if (!rename(staging->path(), target))
-            throw failure;
+        if (const std::error_code error = rename(staging->path(), target))
+            throw notWritten(folder, QString::fromStdString(error.message()));
         staging->setAutoRemove(false);
         return QDir(target).filePath(names.last());
     }
@@ -165,8 +205,8 @@ QString Report::write(const QString& folder) const
             throw Failure(folder, QStringLiteral("a folder stands where the report's %1 belongs").arg(name));
     }
     for (const QString& name : names) {
-        if (!rename(staging->filePath(name), QDir(target).filePath(name)))
-            throw failure;
+        if (const std::error_code error = rename(staging->filePath(name), QDir(target).filePath(name)))
+            throw notWritten(folder, QString::fromStdString(error.message()));
     }
     return QDir(target).filePath(names.last());
 }

@@ -10,6 +10,8 @@
 
 namespace planner {
 
+class Progress;
+
 /// A picture of a section. The file name must be the report's own, such as "axial.png".
 struct SectionPicture
 {
@@ -40,11 +42,12 @@ public:
     /// Sections appear in the order in which they are added.
     void add(const Section& section) { sections.append(section); }
 
-    /// Failure if a report could not be written to the folder; leaves nothing behind.
+    /// Throws Failure if a report could not be written to the folder; leaves nothing behind.
     static void checkFolder(const QString& folder);
-    /// Writes everything or, with a Failure, nothing. In a folder that is there already, files with the names
-    /// of this report's own are replaced and all others are left alone. Returns the path of the page.
-    QString write(const QString& folder) const;
+    /// Writes everything or, with a Failure, nothing; also if SIGINT, SIGTERM or SIGHUP arrives meanwhile. In a folder
+    /// that exists already, files with the names of this report's own are replaced and all others are unchanged.
+    /// Returns the path of the page.
+    QString write(const QString& folder, Progress& progress) const;
 
 private:
     QString page() const;

@@ -20,6 +20,10 @@
 #include <exception>
 #include <new>
 
+#include <fcntl.h>
+#include <signal.h>
+#include <unistd.h>
+
 namespace {
 
 constexpr int kCannotDo = 2; // exit status
@@ -40,12 +44,12 @@ void run(const planner::Options& options)
 
     for (const auto create : kSections) {
         const planner::Section section = create(planned, progress);
-        std::fputs(section.plainText.toLocal8Bit().constData(), stdout);
+        progress.print(section.plainText);
         report.add(section);
     }
 
-    const QString page = report.write(options.reportFolder);
-    std::fprintf(stdout, "Report written: %s\n", page.toLocal8Bit().constData());
+    const QString page = report.write(options.reportFolder, progress);
+    progress.print(QStringLiteral("Report written: %1\n").arg(page));
 }
 
 int complain(const char* sentence)
@@ -59,6 +63,10 @@ int complain(const char* sentence)
 
 int main(int argc, char** argv)
 {
+    // The next file to be opened would take the place of standard output, and the text would go there.
+    if (fcntl(STDOUT_FILENO, F_GETFD) == -1)
+        return complain("Standard output is closed");
+    signal(SIGPIPE, SIG_IGN); // a reader that has gone is an error like a full disk
     try {
         const auto options = planner::parseCommandLine(argc, argv);
         if (!options)
@@ -75,7 +83,8 @@ int main(int argc, char** argv)
         return complain(failure.what());
     } catch (const std::bad_alloc&) {
         return complain("There is not enough memory");
-    } catch (const std::exception& error) {
-        return complain(error.what());
+    } catch (const std::exception&) { // its text would mean nothing to the user
+        return complain(
+            "An error in the planner itself stopped it; this input should have been refused with its reason");
     }
 }

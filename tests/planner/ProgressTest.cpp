@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <planner/Progress.h>
 
-// Covered: Progress: what it prints on a terminal and elsewhere.
+// Covered: Progress: what it prints on a terminal and elsewhere, and that a stream that fails is a failure.
+
+#include <planner/Failure.h>
 
 #include <gmock/gmock.h>
 
@@ -81,6 +83,23 @@ TEST_F(Progress, IsNothingBeforeTheFirstStep)
     onTerminal.fraction(0.5);
     onTerminal.finish();
     EXPECT_EQ(printed(), "");
+}
+
+TEST_F(Progress, EndsTheStepBeforeItPrintsWhatWasFound)
+{
+    onTerminal.step(QStringLiteral("Reading"));
+    onTerminal.print(QStringLiteral("7 teeth\n"));
+    EXPECT_THAT(printed(), testing::MatchesRegex(".*Reading: [0-9]+\\.[0-9] s\n7 teeth\n"));
+}
+
+TEST(ProgressOnAFullDisk, IsAFailure)
+{
+    std::FILE* full = std::fopen("/dev/full", "w");
+    ASSERT_TRUE(full);
+    planner::Progress progress(full, false);
+    EXPECT_THROW(progress.step(QStringLiteral("Reading")), planner::Failure);
+    EXPECT_THROW(progress.print(QStringLiteral("7 teeth\n")), planner::Failure);
+    std::fclose(full);
 }
 
 TEST_F(Progress, LeavesPlaceMarkersInANameAlone)
