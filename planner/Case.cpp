@@ -21,6 +21,8 @@ namespace planner {
 
 namespace {
 
+constexpr float kFarthestOutsideMm = 100.0F; // of a landmark that is used
+
 QString sizeAndSpacing(const VexelImage3D& image)
 {
     const math::Ivec3 size = image.imageSize();
@@ -73,13 +75,54 @@ Volume readVolume(const QString& path, Progress& progress)
     return readNifti(path);
 }
 
-bool isInside(const Volume& volume, const QVector3D& position)
+// The largest distance in mm, along one axis of the volume, by which the position is outside; 0 inside.
+float distanceOutside(const Volume& volume, const QVector3D& position)
 {
     const QVector3D voxel = volume.worldFromVoxel.inverted().map(position);
     const math::Ivec3 size = volume.image.imageSize();
-    return voxel.x() >= -0.5F && voxel.y() >= -0.5F && voxel.z() >= -0.5F &&
-           voxel.x() <= static_cast<float>(size.x) - 0.5F && voxel.y() <= static_cast<float>(size.y) - 0.5F &&
-           voxel.z() <= static_cast<float>(size.z) - 0.5F;
+    const QVector3D spacing = volume.image.voxelSize();
+    const auto beyond = [](float index, int count) {
+        return std::max({0.0F, -0.5F - index, index - (static_cast<float>(count) - 0.5F)});
+    };
+    return std::max({beyond(voxel.x(), size.x) * spacing.x(), beyond(voxel.y(), size.y) * spacing.y(),
+                     beyond(voxel.z(), size.z) * spacing.z()});
+}
+
+// Warns of landmarks outside the volume, and leaves out what is so far away that no view could show it.
+void checkPlaces(const QString& path, LandmarkFile& file, const Volume& volume)
+{
+    const auto outside = [&volume](const QVector3D& position) {
+        return distanceOutside(volume, position) > 0.0F;
+    };
+    const auto farOutside = [&volume](const QVector3D& position) {
+        return !(distanceOutside(volume, position) <= kFarthestOutsideMm);
+    };
+    const auto count = file.landmarks.size();
+    QStringList names;
+    for (const Landmark& landmark : std::as_const(file.landmarks)) {
+        if (outside(landmark.position))
+            names.append(landmark.name);
+    }
+    if (!names.isEmpty())
+        file.warnings.append(
+            QStringLiteral("%1 of the %2 landmarks are outside the volume, the first is \"%3\": "
+                           "they may be voxels of another grid.")
+                .arg(names.size())
+                .arg(count)
+                .arg(names.first()));
+    const auto removed = file.landmarks.removeIf([&](const Landmark& landmark) {
+        return farOutside(landmark.position);
+    }) + file.canals.removeIf([&](const CanalLine& canal) {
+        return std::any_of(canal.points.cbegin(), canal.points.cend(), farOutside);
+    });
+    if (removed > 0)
+        file.warnings.append(
+            QStringLiteral("%1 landmarks or canals are more than %2 mm outside the volume and left out.")
+                .arg(removed)
+                .arg(static_cast<double>(kFarthestOutsideMm)));
+    if (names.size() == count)
+        throw Failure(path,
+                      QStringLiteral("every landmark is outside the volume, so they are not of this CT"));
 }
 
 // A file that the user named must be good; one that merely lies beside the CT may be something else.
@@ -92,23 +135,15 @@ void addLandmarks(Case& opened, const Options& options)
     const QString path = named ? options.landmarksPath : beside;
     if (!named && !QFileInfo::exists(path)) {
         opened.remarks.append(QStringLiteral(
-            "No landmarks were given, so the views lie at the middle of the volume and nothing is marked."));
+            "No landmarks were given, so the views are at the middle of the volume and nothing is marked."));
         return;
     }
     try {
-        QList<Landmark> landmarks = readLandmarks(path, opened.volume.worldFromVoxel);
-        const auto outside =
-            std::count_if(landmarks.cbegin(), landmarks.cend(),
-                          [&opened](const Landmark& l) { return !isInside(opened.volume, l.position); });
-        if (outside == landmarks.size())
-            throw Failure(
-                path, QStringLiteral("every landmark lies outside the volume, so they are not of this CT"));
-        if (outside > 0)
-            opened.remarks.append(QStringLiteral("%1 of the %2 landmarks lie outside the volume.")
-                                      .arg(outside)
-                                      .arg(landmarks.size()));
-        opened.canals = readCanals(path, opened.volume.worldFromVoxel);
-        opened.landmarks = std::move(landmarks);
+        LandmarkFile file = readLandmarks(path, opened.volume.worldFromVoxel);
+        checkPlaces(path, file, opened.volume);
+        opened.landmarks = std::move(file.landmarks);
+        opened.canals = std::move(file.canals);
+        opened.warnings += file.warnings;
         opened.source += QStringLiteral(" Landmarks: %1.").arg(QFileInfo(path).fileName());
     } catch (const Failure& why) {
         if (named)

@@ -30,6 +30,7 @@ struct Case
     QList<Landmark> landmarks;
     QList<CanalLine> canals; ///< where they are known
     QStringList remarks;     ///< sentences about what had to be assumed or chosen
+    QStringList warnings;    ///< sentences about what is doubtful in the data
     /// The built-in patient, of whom everything is known; null for a CT that was read.
     std::shared_ptr<const phantom::Patient> patient;
 };

@@ -130,9 +130,9 @@ DentalPlan planTeeth(const Case& planned)
     plan.diagnosis->getPatientAnatomy()->setMouth(mouth);
     plan.labels = ToothAnnotations3DGenerator::generate(splines, all.keys(), mouth.get());
 
-    if (archOfMissing) {
-        const auto gaps = ComputeIndexOnGuidingLine::getIntermediateTeeth(archOfMissing.get(), nullptr);
-        CreatedTooth created{missing, gaps.at(missing), all.value(missing), 0.0};
+    const auto gaps = ComputeIndexOnGuidingLine::getIntermediateTeeth(archOfMissing.get(), nullptr);
+    if (const auto gap = gaps.find(missing); gap != gaps.end()) { // not so if its neighbors are at one point
+        CreatedTooth created{missing, gap->second, all.value(missing), 0.0};
         QVector3D apart = created.interpolated - created.landmark;
         apart.setZ(0.0F);
         created.distanceMm = toEigen(apart).norm();

@@ -200,13 +200,6 @@ void addArch(Section& section, Slices& slices, const DentalPlan& plan, PlanarDen
                              title, caption, paintPicture(content)});
 }
 
-const CanalLine* canalOf(const Case& planned, bool right)
-{
-    const auto found = std::find_if(planned.canals.cbegin(), planned.canals.cend(),
-                                    [right](const CanalLine& canal) { return canal.right == right; });
-    return found == planned.canals.cend() ? nullptr : &*found;
-}
-
 void drawNerve(PictureContent& content, const PlanarReslice& reslice, const NerveProposal& nerve,
                const CanalLine* canal)
 {
@@ -217,9 +210,43 @@ void drawNerve(PictureContent& content, const PlanarReslice& reslice, const Nerv
         content.notes.append({inView(reslice, point), PictureNote::Dot, {}, kProposalColour});
 }
 
-QString sideName(bool right)
+qsizetype comparedNerves(const Case& planned, const QList<NerveProposal>& nerves)
 {
-    return right ? QStringLiteral("right") : QStringLiteral("left");
+    return std::count_if(nerves.cbegin(), nerves.cend(), [&planned](const NerveProposal& nerve) {
+        return findCanal(planned.canals, nerve.right) != nullptr;
+    });
+}
+
+// A sentence, or nothing if the canal of each proposal is known.
+QString unknownCanals(const Case& planned, const QList<NerveProposal>& nerves)
+{
+    QStringList sides;
+    for (const NerveProposal& nerve : nerves) {
+        if (!findCanal(planned.canals, nerve.right))
+            sides.append(sideName(nerve.right));
+    }
+    if (sides.isEmpty())
+        return {};
+    if (sides.size() == 1)
+        return QStringLiteral("The course of the %1 canal is not known.").arg(sides.first());
+    return QStringLiteral("The course of the canals is not known.");
+}
+
+// How the canal runs compared with the proposal, as far as it is known.
+QString sidewaysSentence(const NerveProposal& nerve, const CanalLine* canal)
+{
+    QString sentence = QStringLiteral("The proposal is level, midway between them.");
+    if (!canal)
+        return sentence + QStringLiteral(" The course of the canal is not known.");
+    const auto lowest =
+        std::min_element(canal->points.cbegin(), canal->points.cend(),
+                         [](const QVector3D& a, const QVector3D& b) { return a.z() < b.z(); });
+    const double sag = static_cast<double>(nerve.points[2].z() - lowest->z());
+    if (sag > 0.0)
+        sentence +=
+            QStringLiteral(" The canal (dotted) sags up to %1 mm below it: the surgeon lowers the middle.")
+                .arg(sag, 0, 'f', 1);
+    return sentence;
 }
 
 void addNerves(Section& section, Slices& slices, const Case& planned, const QList<NerveProposal>& nerves)
@@ -230,24 +257,24 @@ void addNerves(Section& section, Slices& slices, const Case& planned, const QLis
         all += nerve.points;
         height += nerve.points.first().z() / static_cast<float>(nerves.size());
     }
-    const QString legend =
-        planned.canals.isEmpty()
-            ? QStringLiteral("Solid: the proposal with its five control points. The course of the canals is "
-                             "not known for this CT.")
-            : QStringLiteral("Solid: the proposal with its five control points. Dotted: the canal's known "
-                             "centre line.");
+    QString legend = QStringLiteral("Solid: the proposal with its five control points.");
+    const QString unknown = unknownCanals(planned, nerves);
+    if (comparedNerves(planned, nerves) > 0)
+        legend += QStringLiteral(" Dotted: the canal's known center line.");
+    if (!unknown.isEmpty())
+        legend += u' ' + unknown;
     const auto axial = axialReslice(all, height);
     PictureContent fromBelow = slices.cut(*axial, QStringLiteral("the nerves from below"));
     for (const NerveProposal& nerve : nerves)
-        drawNerve(fromBelow, *axial, nerve, canalOf(planned, nerve.right));
+        drawNerve(fromBelow, *axial, nerve, findCanal(planned.canals, nerve.right));
     section.pictures.append(
         {QStringLiteral("nerves-axial.png"), QStringLiteral("Proposed nerves, axial"),
-         QStringLiteral("<p>%1</p><p>Slice at z = %2 mm, the mean height of the proposals; the "
-                        "canals are projected onto it.</p>")
+         QStringLiteral("<p>%1</p><p>Slice at z = %2 mm, the mean height of the proposals; all lines are "
+                        "projected onto it.</p>")
              .arg(legend, number(static_cast<double>(height), 1)),
          paintPicture(fromBelow)});
     for (const NerveProposal& nerve : nerves) {
-        const CanalLine* canal = canalOf(planned, nerve.right);
+        const CanalLine* canal = findCanal(planned.canals, nerve.right);
         QList<QVector3D> shown = nerve.points;
         if (canal)
             shown += canal->points;
@@ -255,13 +282,11 @@ void addNerves(Section& section, Slices& slices, const Case& planned, const QLis
         const QString name = sideName(nerve.right);
         PictureContent content = slices.cut(*upright, QStringLiteral("the %1 nerve from the side").arg(name));
         drawNerve(content, *upright, nerve, canal);
-        section.pictures.append(
-            {QStringLiteral("nerve-%1.png").arg(name),
-             QStringLiteral("Proposed nerve, %1, from the side").arg(name),
-             QStringLiteral(
-                 "<p>Upright cut through both foramina. The proposal is level, midway between them; "
-                 "the canal sags below it. The surgeon lowers the middle.</p>"),
-             paintPicture(content)});
+        section.pictures.append({QStringLiteral("nerve-%1.png").arg(name),
+                                 QStringLiteral("Proposed nerve, %1, from the side").arg(name),
+                                 QStringLiteral("<p>Upright cut through both foramina. %1</p>")
+                                     .arg(sidewaysSentence(nerve, canal).toHtmlEscaped()),
+                                 paintPicture(content)});
     }
 }
 
@@ -316,7 +341,7 @@ Table nervesTable(const Case& planned, const QList<NerveProposal>& nerves)
                  QStringLiteral("mean, from above"), QStringLiteral("largest, from above")},
                 {}};
     for (const NerveProposal& nerve : nerves) {
-        const CanalLine* canal = canalOf(planned, nerve.right);
+        const CanalLine* canal = findCanal(planned.canals, nerve.right);
         if (!canal)
             continue;
         const Distances apart = distances(canal->points, nerve.spline->getOriginalPath());
@@ -353,10 +378,10 @@ QString nervesSentence(const Case& planned, const QList<NerveProposal>& nerves)
     for (const QStringList& row : nervesTable(planned, nerves).rows)
         parts.append(QStringLiteral("%1 nerve: mean %2, largest %3 mm from the canal (from above %4 and %5)")
                          .arg(row[0], row[1], row[2], row[3], row[4]));
-    return parts.isEmpty()
-               ? QStringLiteral(
-                     "Nerves proposed from the foramina; the course of the canals is not known for this CT.")
-               : QStringLiteral("Proposed %1.").arg(parts.join(QStringLiteral("; ")));
+    const QString unknown = unknownCanals(planned, nerves);
+    return (parts.isEmpty() ? QStringLiteral("Nerves proposed from the foramina.")
+                            : QStringLiteral("Proposed %1.").arg(parts.join(QStringLiteral("; ")))) +
+           (unknown.isEmpty() ? QString() : u' ' + unknown);
 }
 
 } // namespace
@@ -389,7 +414,7 @@ Section createDentalSection(const Case& planned, Progress& progress)
     const Table comparison = nervesTable(planned, nerves);
     if (!comparison.rows.isEmpty())
         section.detailsHtml +=
-            QStringLiteral("<p>From the points of each canal's centre line to the nearest sample of the "
+            QStringLiteral("<p>From the points of each canal's center line to the nearest sample of the "
                            "proposal, in space and as seen from above:</p>\n%1")
                 .arg(htmlOf(comparison));
     section.plainText = teethSentence(plan) + u'\n' + nervesSentence(planned, nerves) + u'\n';

@@ -3,6 +3,7 @@
 #include <planner/Landmarks.h>
 
 #include <planner/Failure.h>
+#include <planner/LandmarkChecks.h>
 
 #include <phantom/Phantom.h>
 
@@ -20,10 +21,21 @@ namespace {
 
 constexpr qint64 kLargestFileBytes = 64 << 20;
 constexpr double kLargestCoordinate = 1e5; // mm or voxels; beyond it a file is damaged
+constexpr qsizetype kMostArchPoints = 1000;
+constexpr qsizetype kMostCanalPoints = 10000;
+constexpr double kLongestCanalMm = 300.0; // four times the length of a long one
+constexpr double kLargestRadiusMm = 5.0;  // of a canal
+constexpr float kApartMm = 0.5F;          // closer points of two teeth are one point
 
 QString toothName(const QString& fdi)
 {
     return QStringLiteral("tooth %1").arg(fdi);
+}
+
+bool isFdiNumber(const QString& key)
+{
+    const int number = key.toInt();
+    return universalNumber(number) != 0 && QString::number(number) == key;
 }
 
 // Turns the entries of a landmark file into landmarks.
@@ -32,40 +44,24 @@ class LandmarkParser
 public:
     LandmarkParser(const QString& path, const QMatrix4x4& matrix) : file(path), worldFromVoxel(matrix) {}
 
-    QList<CanalLine> parseCanals(const QJsonObject& root) const
-    {
-        QList<CanalLine> canals;
-        for (const bool right : {true, false}) {
-            const QString side = right ? QStringLiteral("right") : QStringLiteral("left");
-            const QJsonArray points = root[u"canal"][side][u"points"].toArray();
-            CanalLine canal{right, {}};
-            for (const auto& point : points)
-                canal.points.append(position(QStringLiteral("canal, ") + side, point));
-            if (!canal.points.isEmpty())
-                canals.append(canal);
-        }
-        return canals;
-    }
-
-    QList<Landmark> parse(const QJsonObject& root)
+    LandmarkFile parse(const QJsonObject& root)
     {
         addForamina(root[u"mandibularForamen"], QStringLiteral("mandibular foramen"));
         addForamina(root[u"mentalForamen"], QStringLiteral("mental foramen"));
         const QJsonObject teeth = root[u"teeth"].toObject();
-        for (auto tooth = teeth.begin(); tooth != teeth.end(); ++tooth) {
-            const QJsonObject points = tooth.value().toObject();
-            if (points.contains(u"occlusal"))
-                add(toothName(tooth.key()), tooth.key(), LandmarkKind::Tooth, points[u"occlusal"]);
-            if (points.contains(u"apex"))
-                add(toothName(tooth.key()) + QStringLiteral(", apex"), {}, LandmarkKind::Apex,
-                    points[u"apex"]);
-        }
+        for (auto tooth = teeth.begin(); tooth != teeth.end(); ++tooth)
+            addTooth(tooth.key(), tooth.value().toObject());
         for (const QString& key : {QStringLiteral("upperTeeth"), QStringLiteral("lowerTeeth")}) {
-            const QJsonObject centres = root[key].toObject();
-            for (auto tooth = centres.begin(); tooth != centres.end(); ++tooth)
-                add(toothName(tooth.key()), tooth.key(), LandmarkKind::Tooth, tooth.value());
+            const QJsonObject centers = root[key].toObject();
+            for (auto tooth = centers.begin(); tooth != centers.end(); ++tooth)
+                addTooth(tooth.key(), {{QStringLiteral("occlusal"), tooth.value()}});
         }
         addArch(root[u"mandibleBodyMidline"]);
+        for (const bool right : {true, false})
+            addCanal(root[u"canal"][right ? u"right" : u"left"], right);
+        if (found.landmarks.isEmpty())
+            throw Failure(file, QStringLiteral("the landmark file holds no foramen, tooth or arch point"));
+        refuseTeethAtOnePoint();
         return found;
     }
 
@@ -79,11 +75,69 @@ private:
         }
     }
 
+    void addTooth(const QString& fdi, const QJsonObject& points)
+    {
+        if (!isFdiNumber(fdi)) {
+            found.warnings.append(
+                QStringLiteral("There is no tooth \"%1\" (FDI numbers are 11 to 18, 21 to 28, "
+                               "31 to 38 and 41 to 48): this entry is left out.")
+                    .arg(fdi));
+            return;
+        }
+        if (points.contains(u"occlusal"))
+            add(toothName(fdi), fdi, LandmarkKind::Tooth, points[u"occlusal"]);
+        if (points.contains(u"apex"))
+            add(toothName(fdi) + QStringLiteral(", apex"), {}, LandmarkKind::Apex, points[u"apex"]);
+    }
+
+    void addCanal(const QJsonValue& entry, bool right)
+    {
+        const QString name = sideName(right) + QStringLiteral(" canal");
+        const QJsonArray points = entry[u"points"].toArray();
+        if (points.isEmpty())
+            return;
+        refuseTooMany(points, kMostCanalPoints, name);
+        CanalLine canal{right, {}, radius(entry[u"meanRadiusMm"], name)};
+        double length = 0.0;
+        for (const auto& point : points) {
+            const QVector3D next = position(name, point);
+            if (!canal.points.isEmpty() && canal.points.last() == next)
+                continue;
+            if (!canal.points.isEmpty())
+                length += static_cast<double>((next - canal.points.last()).length());
+            canal.points.append(next);
+        }
+        if (!(length <= kLongestCanalMm))
+            throw Failure(file, QStringLiteral("the %1 is %2 mm long, and more than %3 mm cannot be")
+                                    .arg(name)
+                                    .arg(length, 0, 'f', 0)
+                                    .arg(kLongestCanalMm));
+        if (canal.points.size() < 2)
+            found.warnings.append(
+                QStringLiteral("The %1 has a single point, which does not tell its course: it is left out.")
+                    .arg(name));
+        else
+            found.canals.append(canal);
+    }
+
+    std::optional<float> radius(const QJsonValue& value, const QString& name) const
+    {
+        if (value.isUndefined())
+            return std::nullopt;
+        const double millimeters = value.toDouble();
+        if (!(millimeters > 0.0 && millimeters <= kLargestRadiusMm))
+            throw Failure(file, QStringLiteral("the radius of the %1 is not a number above 0 and up to %2 mm")
+                                    .arg(name)
+                                    .arg(kLargestRadiusMm));
+        return static_cast<float>(millimeters);
+    }
+
     void addArch(const QJsonValue& arch)
     {
         const bool inWorld = arch.isArray() || arch.toObject().contains(u"lps");
         const QJsonArray points =
             arch.isArray() ? arch.toArray() : arch[inWorld ? u"lps" : u"voxel"].toArray();
+        refuseTooMany(points, kMostArchPoints, QStringLiteral("arch"));
         for (qsizetype i = 0; i < points.size(); ++i) {
             const QJsonValue point = points[i];
             add(QStringLiteral("arch point %1").arg(i + 1), {}, LandmarkKind::Arch,
@@ -93,7 +147,32 @@ private:
 
     void add(const QString& name, const QString& label, LandmarkKind kind, const QJsonValue& value)
     {
-        found.append({name, label, kind, position(name, value)});
+        found.landmarks.append({name, label, kind, position(name, value)});
+    }
+
+    void refuseTooMany(const QJsonArray& points, qsizetype most, const QString& name) const
+    {
+        if (points.size() > most)
+            throw Failure(file, QStringLiteral("the %1 has %2 points, and at most %3 are read")
+                                    .arg(name)
+                                    .arg(points.size())
+                                    .arg(most));
+    }
+
+    // Neither an arch through the teeth nor the axis of a tooth is defined by points that coincide.
+    void refuseTeethAtOnePoint() const
+    {
+        QList<Landmark> ofTeeth = found.landmarks;
+        ofTeeth.removeIf([](const Landmark& landmark) {
+            return landmark.kind != LandmarkKind::Tooth && landmark.kind != LandmarkKind::Apex;
+        });
+        for (auto one = ofTeeth.cbegin(); one != ofTeeth.cend(); ++one) {
+            for (auto other = one + 1; other != ofTeeth.cend(); ++other) {
+                if (one->name != other->name && (one->position - other->position).length() < kApartMm)
+                    throw Failure(file, QStringLiteral("\"%1\" and \"%2\" are at the same point")
+                                            .arg(one->name, other->name));
+            }
+        }
     }
 
     QVector3D position(const QString& name, const QJsonValue& value) const
@@ -121,10 +200,10 @@ private:
 
     QString file;
     QMatrix4x4 worldFromVoxel;
-    QList<Landmark> found;
+    LandmarkFile found;
 };
 
-void addCanal(QList<Landmark>& landmarks, const phantom::NerveCanal& canal, bool right)
+void addForamina(QList<Landmark>& landmarks, const phantom::NerveCanal& canal, bool right)
 {
     const QString side = right ? QStringLiteral(" R") : QStringLiteral(" L");
     landmarks.append({QString::fromUtf16(right ? kRightMandibularForamen : kLeftMandibularForamen),
@@ -155,24 +234,30 @@ const Landmark* findLandmark(const QList<Landmark>& landmarks, const QString& na
     return found == landmarks.cend() ? nullptr : &*found;
 }
 
-QList<Landmark> readLandmarks(const QString& path, const QMatrix4x4& worldFromVoxel)
+QString sideName(bool right)
 {
-    QList<Landmark> landmarks = LandmarkParser(path, worldFromVoxel).parse(readObject(path));
-    if (landmarks.isEmpty())
-        throw Failure(path, QStringLiteral("the landmark file holds no foramen, tooth or arch point"));
-    return landmarks;
+    return right ? QStringLiteral("right") : QStringLiteral("left");
 }
 
-QList<CanalLine> readCanals(const QString& path, const QMatrix4x4& worldFromVoxel)
+const CanalLine* findCanal(const QList<CanalLine>& canals, bool right)
 {
-    return LandmarkParser(path, worldFromVoxel).parseCanals(readObject(path));
+    const auto found = std::find_if(canals.cbegin(), canals.cend(),
+                                    [right](const CanalLine& canal) { return canal.right == right; });
+    return found == canals.cend() ? nullptr : &*found;
+}
+
+LandmarkFile readLandmarks(const QString& path, const QMatrix4x4& worldFromVoxel)
+{
+    LandmarkFile file = LandmarkParser(path, worldFromVoxel).parse(readObject(path));
+    file.warnings += findContradictions(file);
+    return file;
 }
 
 QList<Landmark> landmarksOf(const phantom::Patient& patient)
 {
     QList<Landmark> landmarks;
-    addCanal(landmarks, patient.rightCanal(), true);
-    addCanal(landmarks, patient.leftCanal(), false);
+    addForamina(landmarks, patient.rightCanal(), true);
+    addForamina(landmarks, patient.leftCanal(), false);
     for (const phantom::Tooth& tooth : patient.teeth()) {
         const QString fdi = QString::number(fdiNumber(tooth.number));
         landmarks.append({toothName(fdi), fdi, LandmarkKind::Tooth, tooth.occlusalPoint});
@@ -183,7 +268,10 @@ QList<Landmark> landmarksOf(const phantom::Patient& patient)
 
 QList<CanalLine> canalsOf(const phantom::Patient& patient)
 {
-    return {{true, patient.rightCanal().centreLine}, {false, patient.leftCanal().centreLine}};
+    const auto line = [](const phantom::NerveCanal& canal, bool right) {
+        return CanalLine{right, canal.centreLine, canal.radiusMm};
+    };
+    return {line(patient.rightCanal(), true), line(patient.leftCanal(), false)};
 }
 
 int fdiNumber(int universalNumber)

@@ -5,7 +5,10 @@
 #include <QList>
 #include <QMatrix4x4>
 #include <QString>
+#include <QStringList>
 #include <QVector3D>
+
+#include <optional>
 
 namespace phantom {
 class Patient;
@@ -32,37 +35,44 @@ inline constexpr char16_t kLeftMandibularForamen[] = u"mandibular foramen, left"
 inline constexpr char16_t kRightMentalForamen[] = u"mental foramen, right";
 inline constexpr char16_t kLeftMentalForamen[] = u"mental foramen, left";
 
-/// The landmark with the name, or null.
+/// Returns the landmark with the name, or null.
 const Landmark* findLandmark(const QList<Landmark>& landmarks, const QString& name);
-
-/// Reads a landmark file; Failure if it is not JSON, holds none of the known entries, or one that is not a
-/// position.
-///
-/// Known are: mandibularForamen and mentalForamen, each with right and left; teeth, by FDI number, each with
-/// occlusal and apex; lowerTeeth and upperTeeth, by FDI number; mandibleBodyMidline, a list. A position is
-/// three numbers, LPS mm, or an object with either these as "lps" or indices of the volume as "voxel". Other
-/// entries are passed over.
-QList<Landmark> readLandmarks(const QString& path, const QMatrix4x4& worldFromVoxel);
-
-/// Foramina, occlusal points and apices of the built-in patient.
-QList<Landmark> landmarksOf(const phantom::Patient& patient);
 
 /// The centre line of a mandibular canal, from the mandibular to the mental foramen.
 struct CanalLine
 {
     bool right = false;
-    QList<QVector3D> points; ///< LPS mm
+    QList<QVector3D> points;       ///< LPS mm; two or more, neighbors differ
+    std::optional<float> radiusMm; ///< nothing if it is not known
 };
 
-/// The entry canal of a landmark file: right and left, each with points, positions as above. Empty without one;
-/// Failure as above.
-QList<CanalLine> readCanals(const QString& path, const QMatrix4x4& worldFromVoxel);
-/// Those of the built-in patient.
+/// Returns "right" or "left".
+QString sideName(bool right);
+/// Returns the canal of a side, or null.
+const CanalLine* findCanal(const QList<CanalLine>& canals, bool right);
+
+/// What a landmark file holds.
+struct LandmarkFile
+{
+    QList<Landmark> landmarks;
+    QList<CanalLine> canals; ///< right before left
+    QStringList warnings;    ///< sentences about entries that are left out
+};
+
+/// Reads a landmark file, whose format docs/landmarks.md describes. `worldFromVoxel` maps positions that the file
+/// gives as voxels. Throws Failure if the file is not a JSON object, holds no landmark, holds a known entry that is
+/// no position, places two teeth at one point, or holds more points than an arch or a canal can have.
+LandmarkFile readLandmarks(const QString& path, const QMatrix4x4& worldFromVoxel);
+
+/// Returns foramina, occlusal points and apices of the built-in patient.
+QList<Landmark> landmarksOf(const phantom::Patient& patient);
+
+/// Returns both canals of the built-in patient, the right one first.
 QList<CanalLine> canalsOf(const phantom::Patient& patient);
 
-/// FDI number of a tooth in Universal numbering, 1 to 32: 1 is 18, 32 is 48.
+/// Returns the FDI number of a tooth in Universal numbering, 1 to 32: 1 is 18, 32 is 48.
 int fdiNumber(int universalNumber);
-/// The reverse; 0 for a number that is no permanent tooth's.
+/// Returns the Universal number of a tooth in FDI notation; 0 for a number that no permanent tooth has.
 int universalNumber(int fdiNumber);
 
 } // namespace planner

@@ -17,6 +17,8 @@ namespace planner {
 namespace {
 
 constexpr qsizetype kFewestPoints = 5;
+constexpr double kShortestArchMm = 20.0; // five teeth
+constexpr double kLongestArchMm = 600.0; // twice the way around a large jaw with both rami
 constexpr float kPixelMm = 0.2F;
 constexpr qsizetype kPixelsPerWideColumn = 25;
 constexpr float kThicknessMm = 30.0F; // of the slab: crowns, roots and canals of both jaws lie within
@@ -68,28 +70,68 @@ void extend(QList<QVector3D>& points, const Landmark* foramen, bool atTheFront)
     add(foramen->position + direction * kBehindMm);
 }
 
+// The points that lead the view, all at one height.
+struct Lead
+{
+    QList<QVector3D> points;
+    bool byArch = false;
+    QString problem; ///< a sentence if they lead nowhere
+};
+
+Lead leadOf(const Case& planned)
+{
+    Lead lead;
+    lead.points = archPoints(planned);
+    lead.byArch = lead.points.size() >= kFewestPoints;
+    if (!lead.byArch)
+        lead.points = lowerTeeth(planned);
+    if (lead.points.size() < kFewestPoints) {
+        lead.problem =
+            QStringLiteral("A panoramic view needs five arch points, or five of the lower teeth 47, 45, 43, "
+                           "41, 31, 33, 35 and 37; fewer are known, so there is none.");
+        return lead;
+    }
+    float height = 0.0F;
+    for (const QVector3D& point : std::as_const(lead.points))
+        height += point.z() / static_cast<float>(lead.points.size());
+    extend(lead.points, findLandmark(planned.landmarks, QString::fromUtf16(kRightMandibularForamen)), true);
+    extend(lead.points, findLandmark(planned.landmarks, QString::fromUtf16(kLeftMandibularForamen)), false);
+    double length = 0.0;
+    for (qsizetype i = 0; i < lead.points.size(); ++i) {
+        lead.points[i].setZ(height);
+        if (i > 0)
+            length += static_cast<double>((lead.points[i] - lead.points[i - 1]).length());
+    }
+    if (!(length >= kShortestArchMm && length <= kLongestArchMm))
+        lead.problem =
+            QStringLiteral(
+                "A panoramic view needs an arch of %1 to %2 mm; %3 make one of %4 mm, so there is none.")
+                .arg(kShortestArchMm)
+                .arg(kLongestArchMm)
+                .arg(lead.byArch ? QStringLiteral("the arch points") : QStringLiteral("the lower teeth"))
+                .arg(length, 0, 'f', 0);
+    return lead;
+}
+
 } // namespace
+
+QString whyNoPanorama(const Case& planned)
+{
+    return leadOf(planned).problem;
+}
 
 std::optional<Panorama> panorama(const Case& planned)
 {
-    QList<QVector3D> points = archPoints(planned);
-    const bool byArch = points.size() >= kFewestPoints;
-    if (!byArch)
-        points = lowerTeeth(planned);
-    if (points.size() < kFewestPoints)
+    const Lead lead = leadOf(planned);
+    if (!lead.problem.isEmpty())
         return std::nullopt;
-
-    float height = 0.0F;
-    for (const QVector3D& point : std::as_const(points))
-        height += point.z() / static_cast<float>(points.size());
-    extend(points, findLandmark(planned.landmarks, QString::fromUtf16(kRightMandibularForamen)), true);
-    extend(points, findLandmark(planned.landmarks, QString::fromUtf16(kLeftMandibularForamen)), false);
+    const float height = lead.points.first().z();
 
     Panorama view;
     view.arch = std::make_shared<GuidingSpline>();
     view.arch->setSampleDistance(kPixelMm);
-    for (const QVector3D& point : std::as_const(points))
-        view.arch->appendControlPoint({point.x(), point.y(), height});
+    for (const QVector3D& point : lead.points)
+        view.arch->appendControlPoint(point);
 
     const auto [lowest, highest] = std::minmax_element(
         planned.landmarks.cbegin(), planned.landmarks.cend(),
@@ -108,7 +150,7 @@ std::optional<Panorama> panorama(const Case& planned)
     view.reslice->setDimensions(QSizeF(static_cast<double>(path.size() - 1),
                                        std::ceil(static_cast<double>((range.max - range.min) / kPixelMm))));
     view.place = QStringLiteral("Along %1 at z = %2 mm, from the patient's right to the left.")
-                     .arg(byArch ? QStringLiteral("the arch points") : QStringLiteral("the lower teeth"))
+                     .arg(lead.byArch ? QStringLiteral("the arch points") : QStringLiteral("the lower teeth"))
                      .arg(static_cast<double>(height), 0, 'f', 1);
     return view;
 }

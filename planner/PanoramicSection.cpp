@@ -35,7 +35,6 @@ const QColor kNerveColour(0xff, 0xd2, 0x3f);
 const QColor kImplantColour(0x6c, 0xf0, 0xc2);
 const QColor kBeforeColour(0xff, 0x7a, 0x59);
 const QColor kArchColour(0x62, 0xd0, 0x72);
-const std::array<const char*, 2> kImplantSites = {"46", "36"};
 
 QString number(double value, int decimals)
 {
@@ -412,9 +411,7 @@ Section createPanoramicSection(const Case& planned, Progress& progress)
         for (const PlacedImplant& placed : implants)
             section.pictures.append(implantPicture(planned, placed, *view->arch, sampler, scale, told));
     } else {
-        told.say(QStringLiteral(
-            "A panoramic view needs five arch points or lower teeth among the landmarks; this CT has "
-            "fewer, so there is none."));
+        told.say(whyNoPanorama(planned));
         progress.step(QStringLiteral("Cutting views"));
     }
     const PlanarView axial = axialView(planned);

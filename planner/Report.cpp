@@ -40,6 +40,7 @@ p { margin: 6px 0; max-width: 78ch; }
 .notice { display: inline-block; margin: 10px 0 2px; padding: 3px 12px; border-radius: 999px; background: #fdeceb; color: #9b1c16;
           font-weight: 600; font-size: 0.92rem; }
 .remarks { margin: 12px 0 0; padding: 8px 14px; border-left: 4px solid #e0a100; background: #fff8e3; max-width: 78ch; }
+.warning { margin: 12px 0 0; padding: 8px 14px; border-left: 4px solid #c5221f; background: #fdeceb; max-width: 78ch; }
 nav { margin-top: 12px; }
 nav a { margin-right: 18px; }
 a { color: var(--accent); }
@@ -146,6 +147,8 @@ Report::Report(const Case& planned) : title(planned.title)
                            "superior. Letters at the edges of a picture: R right, L left, A anterior, "
                            "P posterior, S superior, I inferior of the patient."),
             QStringLiteral("facts"));
+    for (const QString& warning : planned.warnings)
+        headHtml += paragraph(warning, QStringLiteral("warning"));
     for (const QString& remark : planned.remarks)
         headHtml += paragraph(remark, QStringLiteral("remarks"));
 }

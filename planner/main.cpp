@@ -40,6 +40,9 @@ void run(const planner::Options& options)
     planner::Report::checkFolder(options.reportFolder); // before the long steps
     planner::Progress progress;
     const planner::Case planned = planner::openCase(options, progress);
+    progress.finish();
+    for (const QString& warning : planned.warnings)
+        std::fprintf(stderr, "planner: warning: %s\n", warning.toLocal8Bit().constData());
     planner::Report report(planned);
 
     for (const auto create : kSections) {

@@ -2,15 +2,18 @@
 // SPDX-License-Identifier: MIT
 #include <planner/Case.h>
 
-// Covered: openCase() with the built-in patient: its landmarks and its frame.
+// Covered: openCase() with the built-in patient: its landmarks and its frame; with a landmark file: what it warns of.
 
 #include <planner/CommandLine.h>
 #include <planner/Failure.h>
+#include <tests/planner/NiftiFiles.h>
 #include <tests/planner/SilentProgress.h>
 
 #include <phantom/Phantom.h>
 
 #include <gtest/gtest.h>
+
+#include <QTemporaryDir>
 
 #include <algorithm>
 
@@ -82,6 +85,62 @@ TEST_F(BuiltInCase, HasItsLandmarksWithinTheVolume)
 TEST_F(BuiltInCase, HasNothingToRemark)
 {
     EXPECT_TRUE(planned.remarks.isEmpty());
+}
+
+// A NIfTI of 2 by 2 by 2 voxels and a landmark file.
+class OpenedCase : public testing::Test
+{
+protected:
+    planner::Case openWith(const QByteArray& landmarks) const
+    {
+        const QString ct = folder.filePath(QStringLiteral("ct.nii"));
+        const QString file = folder.filePath(QStringLiteral("l.json"));
+        EXPECT_TRUE(niftifiles::writeBytes(ct, niftifiles::bytesOf(niftifiles::countingVolume())));
+        EXPECT_TRUE(niftifiles::writeBytes(file, landmarks));
+        return opened({ct, file, {}, kVoxelSizeMm});
+    }
+
+private:
+    QTemporaryDir folder;
+};
+
+TEST_F(OpenedCase, HasNoWarningForLandmarksInTheVolume)
+{
+    const planner::Case planned = openWith(R"({"mentalForamen": {"right": {"voxel": [1, 1, 1]}}})");
+    EXPECT_EQ(planned.landmarks.size(), 1);
+    EXPECT_TRUE(planned.warnings.isEmpty());
+}
+
+TEST_F(OpenedCase, WarnsOfLandmarksOutsideTheVolume)
+{
+    const planner::Case planned = openWith(
+        R"({"mentalForamen": {"right": {"voxel": [1, 1, 1]}}, "lowerTeeth": {"36": {"voxel": [1, 1, 9]}}})");
+    EXPECT_EQ(planned.landmarks.size(), 2);
+    ASSERT_EQ(planned.warnings.size(), 1);
+    EXPECT_TRUE(planned.warnings.first().startsWith(
+        QStringLiteral("1 of the 2 landmarks are outside the volume, the first is \"tooth 36\"")));
+}
+
+TEST_F(OpenedCase, LeavesLandmarksAndCanalsOutThatAreFarOutsideTheVolume)
+{
+    const planner::Case planned = openWith(R"({"mentalForamen": {"right": {"voxel": [1, 1, 1]}},
+        "lowerTeeth": {"36": {"voxel": [1, 1, 50000]}},
+        "canal": {"right": {"points": [{"voxel": [1, 1, 1]}, {"voxel": [1, 1, 0]}]},
+                  "left": {"points": [{"voxel": [1, 1, 50000]}, {"voxel": [1, 1, 50001]}]}}})");
+    EXPECT_EQ(planned.landmarks.size(), 1);
+    ASSERT_EQ(planned.canals.size(), 1);
+    EXPECT_TRUE(planned.canals.first().right);
+    ASSERT_EQ(planned.warnings.size(), 2);
+    EXPECT_TRUE(planned.warnings.last().startsWith(
+        QStringLiteral("2 landmarks or canals are more than 100 mm outside the volume")));
+}
+
+TEST_F(OpenedCase, CarriesTheWarningsOfItsLandmarkFile)
+{
+    const planner::Case planned = openWith(
+        R"({"mentalForamen": {"right": {"voxel": [1, 1, 1]}}, "lowerTeeth": {"99": {"voxel": [1, 1, 1]}}})");
+    ASSERT_EQ(planned.warnings.size(), 1);
+    EXPECT_TRUE(planned.warnings.first().startsWith(QStringLiteral("There is no tooth \"99\"")));
 }
 
 TEST(OpenCase, RefusesAFileThatIsNotThere)

@@ -1,6 +1,6 @@
-# Runs PLANNER with ARGUMENTS (separated by |) and checks the report in REPORT: exit status 0, nothing on standard error,
-# a page whose pictures are all there, PICTURES (separated by |) among them, and which names no other place, and no
-# unfinished folder.
+# Runs PLANNER with ARGUMENTS (separated by |) and checks the report in REPORT: exit status 0, nothing on standard error
+# but warnings that the page has too, WARNING in the first of them if it is given and no warning if not; a page whose
+# pictures are all there, PICTURES (separated by |) among them, and which names no other place, and no unfinished folder.
 get_filename_component(parent "${REPORT}" DIRECTORY)
 get_filename_component(name "${REPORT}" NAME)
 file(MAKE_DIRECTORY "${parent}")
@@ -15,13 +15,21 @@ execute_process(COMMAND "${CMAKE_COMMAND}" -E env --unset=DISPLAY --unset=XDG_RU
 if(NOT status STREQUAL "0")
     message(SEND_ERROR "exit status ${status}, not 0")
 endif()
-if(NOT error STREQUAL "")
+if(WARNING STREQUAL "" AND NOT error STREQUAL "")
     message(SEND_ERROR "standard error is not empty: '${error}'")
+elseif(NOT error MATCHES "^(planner: warning: [^\n]+\n)*$")
+    message(SEND_ERROR "standard error is not warnings alone: '${error}'")
 endif()
 if(NOT output MATCHES "\nReport written: [^\n]*/${name}/index\\.html\n$")
     message(SEND_ERROR "the last line does not say where the report is: '${output}'")
 endif()
 file(READ "${REPORT}/index.html" page)
+foreach(place IN ITEMS error page)
+    string(FIND "${${place}}" "${WARNING}" found)
+    if(found EQUAL -1)
+        message(SEND_ERROR "'${WARNING}' is not in the ${place}")
+    endif()
+endforeach()
 string(REPLACE "|" ";" pictures "${PICTURES}")
 foreach(picture IN LISTS pictures ITEMS axial.png oblique.png cephalogram.png)
     if(NOT page MATCHES "src=\"${picture}\"" OR NOT EXISTS "${REPORT}/${picture}")

@@ -51,6 +51,16 @@ TEST(DentalPlan, ArchesRunThroughTheTeethAtTheirMeanHeight)
     EXPECT_FALSE(plan.created) << "too few to leave one out";
 }
 
+TEST(DentalPlan, TeethAboveEachOtherLeaveNoneToBeCreated)
+{
+    Case planned;
+    for (const int fdi : {42, 43, 44, 45, 46, 47})
+        addTooth(planned, fdi, {5, 0, static_cast<float>(fdi)});
+    const auto plan = planner::planTeeth(planned);
+    EXPECT_EQ(plan.arches.size(), 1);
+    EXPECT_FALSE(plan.created);
+}
+
 TEST(DentalPlan, BuiltInPatientHasTwoArchesAndALabelForEveryTooth)
 {
     const auto plan = planner::planTeeth(builtInPatient());

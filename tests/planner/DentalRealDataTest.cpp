@@ -24,9 +24,10 @@ class ConeBeamCt : public testing::Test
 protected:
     ConeBeamCt()
     {
-        const QString file = QStringLiteral(REAL_DATA "/cbct-labels/landmarks.json");
-        planned.landmarks = planner::readLandmarks(file, {});
-        planned.canals = planner::readCanals(file, {});
+        const auto file = planner::readLandmarks(QStringLiteral(REAL_DATA "/cbct-labels/landmarks.json"), {});
+        EXPECT_TRUE(file.warnings.isEmpty());
+        planned.landmarks = file.landmarks;
+        planned.canals = file.canals;
     }
 
     QMap<ToothChart::Tooth, QVector3D> teethOf(ToothChart::ArchType arch) const
@@ -116,6 +117,15 @@ TEST_F(ConeBeamCt, ProposedNervesRunWithinTwoMillimetresOfTheCanalsSeenFromAbove
         EXPECT_LT(apart.largest, 20.5);
         EXPECT_LT(apart.mean, 12.5);
     }
+}
+
+TEST(LandmarksOfAnEdentulousJaw, GiveNoReasonForAWarning)
+{
+    QMatrix4x4 worldFromVoxel; // of the CT
+    worldFromVoxel.translate(128.0F, 112.0F, 1500.0F);
+    const auto file = planner::readLandmarks(
+        QStringLiteral(REAL_DATA "/visible-human-female-head/landmarks.json"), worldFromVoxel);
+    EXPECT_TRUE(file.warnings.isEmpty()) << file.warnings.join(u' ').toStdString();
 }
 
 } // namespace

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using planner::Case;
 
 namespace {
@@ -74,8 +76,41 @@ TEST_F(DentalSection, SaysThatTheCanalsAreNotKnownWhereTheyAreNot)
     planned.canals.clear();
     const auto made = section(planned);
     EXPECT_EQ(made.pictures.size(), 5);
-    EXPECT_TRUE(made.plainText.contains(QStringLiteral("the course of the canals is not known for this CT")));
+    EXPECT_TRUE(made.plainText.contains(
+        QStringLiteral("Nerves proposed from the foramina. The course of the canals is not known.\n")));
     EXPECT_FALSE(made.detailsHtml.contains(QStringLiteral("mean mm")));
+    for (const auto& picture : made.pictures) {
+        EXPECT_FALSE(picture.captionHtml.contains(QStringLiteral("otted"))) << "nothing dotted is drawn";
+        EXPECT_FALSE(picture.captionHtml.contains(QStringLiteral("sags")));
+    }
+}
+
+TEST_F(DentalSection, SaysOfEachSideWhetherItsCanalIsKnown)
+{
+    Case planned = patient();
+    planned.canals.removeIf([](const planner::CanalLine& canal) { return canal.right; });
+    const auto made = section(planned);
+    EXPECT_TRUE(made.plainText.contains(QStringLiteral("Proposed left nerve: mean")));
+    EXPECT_TRUE(made.plainText.contains(QStringLiteral("The course of the right canal is not known.\n")));
+    const auto caption = [&made](const char* fileName) {
+        return std::find_if(
+                   made.pictures.cbegin(), made.pictures.cend(),
+                   [fileName](const auto& picture) { return picture.fileName == QLatin1String(fileName); })
+            ->captionHtml;
+    };
+    EXPECT_TRUE(
+        caption("nerves-axial.png").contains(QStringLiteral("known center line. The course of the right")));
+    EXPECT_TRUE(caption("nerve-right.png").contains(QStringLiteral("The course of the canal is not known.")));
+    EXPECT_TRUE(caption("nerve-left.png").contains(QStringLiteral("The canal (dotted) sags up to")));
+}
+
+TEST_F(DentalSection, NeverSaysOfKnownCanalsThatTheyAreNot)
+{
+    const auto made = section(patient());
+    EXPECT_FALSE(made.plainText.contains(QStringLiteral("not known")));
+    for (const auto& picture : made.pictures)
+        EXPECT_FALSE(picture.captionHtml.contains(QStringLiteral("not known")))
+            << picture.fileName.toStdString();
 }
 
 TEST_F(DentalSection, SaysWhatIsNeededWhereThereIsNothingToDraw)

@@ -25,8 +25,17 @@ int main(int argc, char** argv)
     for (int axis = 1; axis <= 3; ++axis)
         good.header.dim[axis] = 16;
     write("good.nii", niftifiles::bytesOf(good));
-    write("good.json", "{\"mandibularForamen\": {\"right\": [-3, -4, 6], \"left\": [-12, -4, 6]},"
-                       " \"mentalForamen\": {\"right\": [-4, -12, 2], \"left\": [-11, -12, 2]}}");
+    write("good.json", R"({"mandibularForamen": {"right": [-12, -4, 6], "left": [-3, -4, 6]},
+                           "mentalForamen": {"right": [-11, -12, 2], "left": [-4, -12, 2]}})");
+    write("exchanged.json", R"({"mandibularForamen": {"right": [-3, -4, 6], "left": [-12, -4, 6]}})");
+    write("tooth99.json", R"({"lowerTeeth": {"41": [-8, -8, 6], "99": [-8, -9, 6]}})");
+    write("othergrid.json", R"({"lowerTeeth": {"41": [-8, -8, 6]},
+        "mandibleBodyMidline": {"voxel": [[2, 24, 4], [8, 10, 4], [16, 6, 4], [24, 10, 4], [30, 24, 4]]}})");
+    write("coinciding.json", R"({"lowerTeeth": {"35": [-8, -8, 6], "36": [-8, -8, 6], "37": [-8, -8, 6]}})");
+    write("crowded.json",
+          "{\"mandibleBodyMidline\": [" + QByteArray("[-8, -8, 6],").repeated(99999) + "[-8, -8, 6]]}");
+    write("zigzag.json", "{\"mandibleBodyMidline\": [" +
+                             QByteArray("[-14, -8, 6], [-1, -8, 6],").repeated(499) + "[-8, -8, 6]]}");
     write("elsewhere.json", "{\"mentalForamen\": {\"right\": [500, 0, 0], \"left\": [510, 0, 0]}}");
 
     const niftifiles::File counting = niftifiles::countingVolume();

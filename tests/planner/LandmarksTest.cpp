@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/Landmarks.h>
 
-// Covered: readLandmarks() and landmarksOf(): both ways to write a position, damaged files, tooth numbers.
+// Covered: readLandmarks() and landmarksOf(): both ways to write a position, canals, damaged files, tooth numbers,
+// warnings; the example in docs.
 
 #include <planner/Failure.h>
 
@@ -12,6 +13,9 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+
+#include <algorithm>
+#include <utility>
 
 using planner::findLandmark;
 using planner::Landmark;
@@ -31,9 +35,19 @@ protected:
         return path;
     }
 
-    QList<Landmark> read(const QByteArray& json, const QMatrix4x4& worldFromVoxel = {}) const
+    planner::LandmarkFile readFile(const QByteArray& json, const QMatrix4x4& worldFromVoxel = {}) const
     {
         return planner::readLandmarks(write(json), worldFromVoxel);
+    }
+
+    QList<Landmark> read(const QByteArray& json, const QMatrix4x4& worldFromVoxel = {}) const
+    {
+        return readFile(json, worldFromVoxel).landmarks;
+    }
+
+    std::string warnings(const QByteArray& json, const QMatrix4x4& worldFromVoxel = {}) const
+    {
+        return readFile(json, worldFromVoxel).warnings.join(u'\n').toStdString();
     }
 
     std::string refusal(const QByteArray& json) const
@@ -150,27 +164,208 @@ TEST_F(Landmarks, ConvertFdiToUniversalNumbersAndBack)
         EXPECT_EQ(planner::universalNumber(none), 0) << none;
 }
 
+constexpr char kTooth[] = R"("teeth": {"36": {"occlusal": [90, 50, 50]}})";
+
+QByteArray withTooth(const QByteArray& entries)
+{
+    return QByteArray("{") + kTooth + ", " + entries + "}";
+}
+
+QByteArray withLeftCanal(const QByteArray& course)
+{
+    return withTooth("\"canal\": {\"left\": " + course + "}");
+}
+
 TEST_F(Landmarks, CanalsAreReadFromRightToLeft)
 {
     QMatrix4x4 twice;
     twice.scale(2);
-    const auto canals =
-        planner::readCanals(write(R"({"canal": {"left": {"points": [[1, 2, 3], {"voxel": [4, 5, 6]}]},
-                                                                "right": {"points": [[7, 8, 9]]}}})"),
-                            twice);
+    const auto canals = readFile(withTooth(R"("canal": {
+        "left": {"points": [[1, 2, 3], {"voxel": [4, 5, 6]}], "meanRadiusMm": 1.25},
+        "right": {"points": [[7, 8, 9], [7, 8, 9], [7, 8, 10]]}})"),
+                                 twice)
+                            .canals;
     ASSERT_EQ(canals.size(), 2);
     EXPECT_TRUE(canals[0].right);
-    EXPECT_EQ(canals[0].points, (QList<QVector3D>{{7, 8, 9}}));
+    EXPECT_EQ(canals[0].points, (QList<QVector3D>{{7, 8, 9}, {7, 8, 10}})) << "without repetitions";
+    EXPECT_EQ(canals[0].radiusMm, std::nullopt);
     EXPECT_FALSE(canals[1].right);
     EXPECT_EQ(canals[1].points, (QList<QVector3D>{{1, 2, 3}, {8, 10, 12}}));
+    EXPECT_EQ(canals[1].radiusMm, 1.25F);
 }
 
 TEST_F(Landmarks, FileWithoutCanalsHasNone)
 {
-    EXPECT_TRUE(planner::readCanals(write(R"({"canal": 5})"), {}).isEmpty());
-    EXPECT_TRUE(planner::readCanals(write(R"({"canal": {"right": {"points": []}}})"), {}).isEmpty());
-    EXPECT_THROW(planner::readCanals(write(R"({"canal": {"right": {"points": [[1, 2]]}}})"), {}),
-                 planner::Failure);
+    EXPECT_TRUE(readFile(withTooth(R"("canal": 5)")).canals.isEmpty());
+    EXPECT_TRUE(readFile(withTooth(R"("canal": {"right": {"points": []}})")).canals.isEmpty());
+}
+
+TEST_F(Landmarks, CanalOfASinglePointIsLeftOutWithAWarning)
+{
+    const auto file = readFile(withTooth(R"("canal": {"right": {"points": [[1, 2, 3], [1, 2, 3]]}})"));
+    EXPECT_TRUE(file.canals.isEmpty());
+    ASSERT_EQ(file.warnings.size(), 1);
+    EXPECT_THAT(file.warnings.first().toStdString(), testing::HasSubstr("right canal has a single point"));
+}
+
+TEST_F(Landmarks, CanalsThatCannotBeAreRefused)
+{
+    EXPECT_THAT(refusal(withTooth(R"("canal": {"right": {"points": [[1, 2]]}})")),
+                testing::HasSubstr("\"right canal\" is not three numbers"));
+    EXPECT_THAT(refusal(withLeftCanal(R"({"points": [[0, 0, 0], [0, 0, 301]]})")),
+                testing::HasSubstr("the left canal is 301 mm long"));
+    for (const char* radius : {"0", "-1", "5.1", "\"1\"", "null"})
+        EXPECT_THAT(refusal(withLeftCanal(
+                        QByteArray(R"({"points": [[0, 0, 0], [0, 0, 1]], "meanRadiusMm": )") + radius + "}")),
+                    testing::HasSubstr("radius of the left canal"))
+            << radius;
+    EXPECT_THAT(
+        refusal(withLeftCanal("{\"points\": [" + QByteArray("[1,2,3],").repeated(10000) + "[1,2,3]]}")),
+        testing::HasSubstr("the left canal has 10001 points"));
+}
+
+TEST_F(Landmarks, MoreArchPointsThanAnArchHasAreRefused)
+{
+    EXPECT_THAT(refusal("{\"mandibleBodyMidline\": [" + QByteArray("[1,2,3],").repeated(99999) + "[1,2,3]]}"),
+                testing::HasSubstr("the arch has 100000 points, and at most 1000 are read"));
+}
+
+TEST_F(Landmarks, TeethAtOnePointAreRefused)
+{
+    EXPECT_THAT(refusal(R"({"lowerTeeth": {"35": [1, 2, 3], "36": [9, 2, 3], "37": [1, 2, 3.4]}})"),
+                testing::HasSubstr("\"tooth 35\" and \"tooth 37\" are at the same point"));
+    EXPECT_THAT(refusal(R"({"teeth": {"35": {"occlusal": [1, 2, 3], "apex": [1, 2, 3]}}})"),
+                testing::HasSubstr("\"tooth 35\" and \"tooth 35, apex\""));
+    EXPECT_EQ(read(R"({"lowerTeeth": {"35": [1, 2, 3]}, "teeth": {"35": {"occlusal": [1, 2, 3]}}})").size(),
+              2)
+        << "one tooth, given twice";
+}
+
+TEST_F(Landmarks, ToothNumbersThatDoNotExistAreLeftOutWithAWarning)
+{
+    for (const char* number : {"19", "99", "10", "0", "3", "51", "036", "+36", " 36", "36.0", "x", ""}) {
+        const auto file = readFile(withTooth(QByteArray("\"lowerTeeth\": {\"") + number + "\": [1, 2, 3]}"));
+        EXPECT_EQ(file.landmarks.size(), 1) << number;
+        ASSERT_EQ(file.warnings.size(), 1) << number;
+        EXPECT_TRUE(file.warnings.first().contains(
+            QStringLiteral("There is no tooth \"%1\"").arg(QLatin1String(number))));
+    }
+    EXPECT_THAT(warnings(R"({"mentalForamen": {"left": [1, 2, 3]}, "teeth": {"49": {"apex": [1, 2, 3]}}})"),
+                testing::HasSubstr("There is no tooth \"49\""));
+}
+
+TEST_F(Landmarks, WithLeftAndRightExchangedGetAWarning)
+{
+    EXPECT_THAT(warnings(R"({"mandibularForamen": {"right": [90, 0, 0], "left": [10, 0, 0]}})"),
+                testing::HasSubstr("exchanged (mandibular foramina)"));
+    EXPECT_THAT(warnings(R"({"mentalForamen": {"right": [90, 0, 0], "left": [10, 0, 0]}})"),
+                testing::HasSubstr("exchanged (mental foramina)"));
+    EXPECT_THAT(
+        warnings(R"({"upperTeeth": {"16": [90, 0, 0], "26": [10, 0, 0], "11": [40, 0, 0], "21": [60, 0, 0]},
+                             "lowerTeeth": {"47": [90, 0, 9], "37": [10, 0, 9]}})"),
+        testing::HasSubstr("exchanged (teeth 16 and 26, teeth 47 and 37)"));
+    EXPECT_THAT(
+        warnings(R"({"lowerTeeth": {"41": [90, 0, 0], "42": [80, 0, 0], "43": [70, 0, 0], "44": [60, 0, 0],
+                             "31": [9, 0, 0], "32": [8, 0, 0], "33": [7, 0, 0], "34": [6, 0, 0]}})"),
+        testing::HasSubstr("exchanged (4 pairs of teeth)"));
+    EXPECT_THAT(warnings(withTooth(R"("canal": {"right": {"points": [[90, 0, 0], [90, 9, 0]]},
+                                                "left": {"points": [[10, 0, 0], [10, 9, 0]]}})")),
+                testing::HasSubstr("exchanged (canals)"));
+    EXPECT_EQ(warnings(R"({"mandibularForamen": {"right": [10, 0, 0], "left": [90, 0, 0]},
+                           "mentalForamen": {"right": [20, 0, 0], "left": [80, 0, 0]},
+                           "upperTeeth": {"16": [10, 0, 0], "26": [90, 0, 0], "17": [99, 0, 0]}})"),
+              "");
+}
+
+TEST_F(Landmarks, WithACanalAwayFromItsForaminaGetAWarning)
+{
+    const char foramina[] =
+        R"({"mandibularForamen": {"right": [0, 60, 0]}, "mentalForamen": {"right": [0, 0, 0]},)";
+    const auto canal = [&foramina](const char* points) {
+        return QByteArray(foramina) + R"("canal": {"right": {"points": )" + points + "}}}";
+    };
+    EXPECT_EQ(warnings(canal("[[0, 69, 0], [0, -9, 0]]")), "");
+    EXPECT_EQ(warnings(canal("[[0, 71, 0], [0, -9, 0]]")),
+              "The right canal starts 11 mm from the \"mandibular foramen, right\", where it should start.");
+    EXPECT_EQ(warnings(canal("[[0, 69, 0], [0, -11, 0]]")),
+              "The right canal ends 11 mm from the \"mental foramen, right\", where it should end.");
+    EXPECT_THAT(warnings(canal("[[0, 0, 0], [0, 60, 0]]")), testing::HasSubstr("starts 60 mm")) << "reversed";
+}
+
+// An arch of 80 by 40 mm and the lower teeth and foramina outside it, all in voxels of 1 mm.
+QByteArray archInVoxels(double scale)
+{
+    QByteArray arch;
+    for (const auto& [x, y] :
+         {std::pair{40, 80}, {50, 60}, {65, 45}, {80, 40}, {95, 45}, {110, 60}, {120, 80}})
+        arch += (arch.isEmpty() ? "[" : ", [") + QByteArray::number(x * scale) + ", " +
+                QByteArray::number(y * scale) + ", 30]";
+    return R"({"lowerTeeth": {"45": {"voxel": [50, 55, 40]}, "41": {"voxel": [75, 36, 40]}, "35": {"voxel": [112, 58, 40]}},
+               "mentalForamen": {"right": {"voxel": [55, 48, 30]}, "left": {"voxel": [103, 49, 30]}},
+               "mandibleBodyMidline": {"voxel": [)" +
+           arch + "]}}";
+}
+
+TEST_F(Landmarks, WithAnArchInVoxelsOfAnotherGridGetAWarning)
+{
+    EXPECT_EQ(warnings(archInVoxels(1.0)), "");
+    EXPECT_THAT(warnings(archInVoxels(1.25)),
+                testing::HasSubstr("from the line of the arch points on average"));
+    EXPECT_THAT(warnings(archInVoxels(0.75)),
+                testing::HasSubstr("from the line of the arch points on average"));
+    EXPECT_THAT(warnings(archInVoxels(2.0)), testing::HasSubstr("span 160 mm from right to left"));
+    EXPECT_THAT(warnings(R"({"mandibleBodyMidline": [[10, 20, 0], [20, 10, 0], [30, 20, 0]]})"),
+                testing::HasSubstr("span 20 mm from right to left"));
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll();
+}
+
+TEST(LandmarkExample, DescribesTheBuiltInPatient)
+{
+    QMatrix4x4 halfMillimeters;
+    halfMillimeters.scale(0.5F);
+    const auto file = planner::readLandmarks(QStringLiteral(DOCS "/landmarks.json"), halfMillimeters);
+    EXPECT_TRUE(file.warnings.isEmpty());
+
+    const phantom::Patient patient;
+    const QList<Landmark> known = planner::landmarksOf(patient);
+    const auto& neckLine = patient.archCurve(ToothChart::LowerArch);
+    int archPoints = 0;
+    for (const Landmark& landmark : file.landmarks) {
+        if (landmark.kind == LandmarkKind::Arch) {
+            ++archPoints;
+            EXPECT_TRUE(std::any_of(neckLine.cbegin(), neckLine.cend(), [&landmark](const QVector3D& sample) {
+                return (sample - landmark.position).length() < 0.6F;
+            })) << landmark.name.toStdString();
+            continue;
+        }
+        const Landmark* truth = findLandmark(known, landmark.name);
+        ASSERT_TRUE(truth) << landmark.name.toStdString();
+        EXPECT_LT((truth->position - landmark.position).length(), 0.1F) << landmark.name.toStdString();
+    }
+    EXPECT_EQ(archPoints, 7);
+    EXPECT_EQ(file.landmarks.size(), 4 + 8 + 7) << "foramina, crowns and apices, arch";
+
+    ASSERT_EQ(file.canals.size(), 2);
+    for (const planner::CanalLine& canal : file.canals) {
+        const phantom::NerveCanal& truth = canal.right ? patient.rightCanal() : patient.leftCanal();
+        EXPECT_EQ(canal.radiusMm, truth.radiusMm);
+        for (const QVector3D& point : canal.points)
+            EXPECT_TRUE(std::any_of(truth.centreLine.cbegin(), truth.centreLine.cend(),
+                                    [&point](const QVector3D& s) { return (s - point).length() < 0.1F; }));
+    }
+}
+
+TEST(LandmarkExample, IsTheOneThatTheDocumentShows)
+{
+    const QByteArray example = contentOf(QStringLiteral(DOCS "/landmarks.json"));
+    EXPECT_FALSE(example.isEmpty());
+    EXPECT_TRUE(contentOf(QStringLiteral(DOCS "/landmarks.md")).contains("```json\n" + example + "```\n"));
 }
 
 TEST_F(Landmarks, CanalsOfTheBuiltInPatientRunFromForamenToForamen)

@@ -98,9 +98,28 @@ TEST(Panorama, FollowsTheLowerTeethAndTheForaminaOfTheBuiltInPatient)
 TEST(Panorama, NeedsFivePoints)
 {
     Case planned = withArchPoints(true);
+    EXPECT_EQ(planner::whyNoPanorama(planned), QString());
     planned.landmarks.removeLast();
     EXPECT_FALSE(planner::panorama(planned));
     EXPECT_FALSE(planner::panorama(Case()));
+    EXPECT_TRUE(planner::whyNoPanorama(planned).startsWith(
+        QStringLiteral("A panoramic view needs five arch points")));
+}
+
+TEST(Panorama, NeedsAnArchOfAPlausibleLength)
+{
+    Case tooLong = withArchPoints(true);
+    for (Landmark& landmark : tooLong.landmarks)
+        landmark.position *= 10.0F;
+    EXPECT_FALSE(planner::panorama(tooLong));
+    EXPECT_TRUE(planner::whyNoPanorama(tooLong).contains(
+        QStringLiteral("an arch of 20 to 600 mm; the arch points make one of 611 mm")));
+
+    Case atOnePoint = withArchPoints(true);
+    for (Landmark& landmark : atOnePoint.landmarks)
+        landmark.position = {30, 60, landmark.position.x()}; // one above the other
+    EXPECT_FALSE(planner::panorama(atOnePoint));
+    EXPECT_TRUE(planner::whyNoPanorama(atOnePoint).contains(QStringLiteral("make one of 0 mm")));
 }
 
 TEST(Panorama, EveryLandmarkOfTheBuiltInPatientComesBackToItsFoot)

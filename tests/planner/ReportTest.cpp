@@ -233,6 +233,18 @@ TEST_F(ReportFolder, ThatIsThereIsAsItWasAfterASignal)
     EXPECT_EQ(contentOf(path("old/index.html")), "an older report");
 }
 
+TEST_F(ReportFolder, HasAPageWithWarningsAndRemarks)
+{
+    planner::Case planned;
+    planned.warnings = {QStringLiteral("Left < right.")};
+    planned.remarks = {QStringLiteral("Nothing is marked.")};
+    test::SilentProgress progress;
+    Report(planned).write(path("new"), progress);
+    const QByteArray page = contentOf(path("new/index.html"));
+    EXPECT_TRUE(page.contains("<p class=\"warning\">Left &lt; right.</p>"));
+    EXPECT_TRUE(page.contains("<p class=\"remarks\">Nothing is marked.</p>"));
+}
+
 TEST_F(ReportFolder, HasAPageInWhichTextIsEscaped)
 {
     write(path("new"));
