@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/CollisionPictures.h>
 
+#include <planner/Case.h>
+#include <planner/DentalPlan.h>
 #include <planner/GreyScale.h>
 #include <planner/Meshes.h>
 #include <planner/PictureStyle.h>
@@ -23,6 +25,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <optional>
 
 namespace planner {
 
@@ -34,8 +37,10 @@ const QColor kBoneColour(0xe8, 0xdc, 0xc4);
 // The jaw.
 const QSize kJawPixels(1240, 880);
 constexpr double kJawMmPerPixel = 0.108;
-constexpr float kAroundJawMm = 13.0F;         // what is searched for bone around the canals and the arch
-constexpr double kBoneThreshold = 200.0;      // between soft tissue and cancellous bone
+constexpr float kAroundJawMm = 13.0F;    // what is searched for bone around the canals and the arch
+constexpr double kBoneThreshold = 200.0; // between soft tissue and cancellous bone
+constexpr double kLabelThreshold = 0.5;
+constexpr float kToothWidthMm = 10.0F;        // of a lower molar
 constexpr float kBelowNecksMm = 1.0F;         // the bone is cut here
 constexpr float kTeethBeforeArchEndMm = 3.0F; // no crown reaches farther back
 constexpr float kRamusBesideArchMm = 5.0F;
@@ -72,11 +77,48 @@ QColor colourOf(const QList<Finding>& findings, const PlanPart& part)
 
 // ---- the jaw in space
 
-ShownBone lowerJaw(const phantom::Patient& patient, const Sampler& sampler)
+// The arch at the necks of the lower teeth, from the patient's right to the left, reaching a tooth's width beyond them.
+QList<QVector3D> archAtNecks(const Case& planned, const Plan& plan)
 {
-    const auto& arch =
-        patient.archCurve(ToothChart::getArchTypeOfTooth(patient.teeth().last().number)); // the lower one
-    QList<QVector3D> points = arch + patient.rightCanal().centreLine + patient.leftCanal().centreLine;
+    if (planned.patient)
+        return planned.patient->archCurve(ToothChart::LowerArch);
+    QList<QVector3D> arch;
+    for (const Landmark& landmark : planned.landmarks) {
+        if (toothNumberOf(landmark) > ToothChart::LastUpperTooth)
+            arch.append(landmark.position);
+    }
+    std::sort(arch.begin(), arch.end(), [](const QVector3D& a, const QVector3D& b) { return a.x() < b.x(); });
+    float necks = 0.0F;
+    for (const PlannedImplant& implant : plan.implants)
+        necks += implant.object->getObjectTransform()(2, 3) / static_cast<float>(plan.implants.size());
+    const auto behind = [](const QVector3D& tooth) { return tooth + QVector3D(0.0F, kToothWidthMm, 0.0F); };
+    arch.prepend(behind(arch.first()));
+    arch.append(behind(arch.last()));
+    for (QVector3D& point : arch)
+        point.setZ(necks);
+    return arch;
+}
+
+// Between soft tissue and cancellous bone, or between nothing and any label; nothing where the values do not tell.
+std::optional<double> boneThreshold(const GreyScale& scale)
+{
+    switch (scale.kind()) {
+    case GreyValueKind::Hounsfield:
+        return kBoneThreshold;
+    case GreyValueKind::Labels:
+        return kLabelThreshold;
+    case GreyValueKind::Raw:
+        break;
+    }
+    return std::nullopt;
+}
+
+ShownBone lowerJaw(const Case& planned, const Plan& plan, const Sampler& sampler)
+{
+    const QList<QVector3D> arch = archAtNecks(planned, plan);
+    QList<QVector3D> points = arch;
+    for (const PlannedNerve& nerve : plan.nerves)
+        points += nerve.centreLine;
     ShownBone bone;
     bone.low = bone.high = points.first();
     for (const QVector3D& point : points) {
@@ -90,7 +132,6 @@ ShownBone lowerJaw(const phantom::Patient& patient, const Sampler& sampler)
     const float right = arch.first().x() - kRamusBesideArchMm;
     const float left = arch.last().x() + kRamusBesideArchMm;
     bone.sampler = &sampler;
-    bone.threshold = kBoneThreshold;
     // Without the teeth and all that is above them, but with the rami.
     bone.isShown = [=](const QVector3D& p) {
         return p.z() <= necks || (p.y() > behindTeeth && (p.x() < right || p.x() > left));
@@ -285,17 +326,24 @@ QString millimetres(double value)
 
 } // namespace
 
-QImage paintJaw(const phantom::Patient& patient, const Sampler& sampler, const Plan& plan,
+bool isBoneShown(const GreyScale& scale)
+{
+    return boneThreshold(scale).has_value();
+}
+
+QImage paintJaw(const Case& planned, const Sampler& sampler, const GreyScale& scale, const Plan& plan,
                 const QList<Finding>& findings, const std::function<void(double)>& progress)
 {
-    const ShownBone bone = lowerJaw(patient, sampler);
+    ShownBone bone = lowerJaw(planned, plan, sampler);
+    bone.threshold = boneThreshold(scale).value_or(0.0);
     Camera camera;
     camera.centre = (bone.low + bone.high) / 2.0F + QVector3D(5.0F, -4.0F, 2.0F);
     camera.direction = {-0.14F, 0.74F, -0.62F};
     camera.up = {0.0F, 0.0F, 1.0F};
     camera.mmPerPixel = kJawMmPerPixel;
     camera.pixels = kJawPixels;
-    QImage image = paintScene(camera, sceneOf(plan, findings), bone, progress);
+    QImage image = paintScene(camera, sceneOf(plan, findings),
+                              isBoneShown(scale) ? std::optional(bone) : std::nullopt, progress);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     paintNames(painter, camera, plan, findings);
@@ -308,7 +356,7 @@ QImage paintFindings(const Sampler& sampler, const GreyScale& scale, bool orient
     const QSize pixels(468, 540);
     constexpr int gap = 16;
     constexpr int titleHeight = 70;
-    constexpr int columns = 2;
+    const int columns = std::min(2, static_cast<int>(shown.size()));
     const auto rows = static_cast<int>((shown.size() + columns - 1) / columns);
     QImage image(columns * (pixels.width() + gap) + gap, rows * (pixels.height() + titleHeight + gap) + gap,
                  QImage::Format_RGB32);

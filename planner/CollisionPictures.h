@@ -10,14 +10,11 @@
 #include <QImage>
 #include <QList>
 
-namespace phantom {
-class Patient;
-}
-
 namespace planner {
 
 class GreyScale;
 class Sampler;
+struct Case;
 
 /// Colours of the objects in all pictures of collisions.
 namespace collisionColours {
@@ -28,9 +25,12 @@ inline constexpr QRgb kPin = 0xff8f7bff;
 inline constexpr QRgb kColliding = 0xffff3b30;
 } // namespace collisionColours
 
-/// The lower jaw as glass, seen from the front, from above and from the patient's left, without the crowns of its
-/// teeth; in it the plan. Needs a QGuiApplication, as all do.
-QImage paintJaw(const phantom::Patient& patient, const Sampler& sampler, const Plan& plan,
+/// Returns whether the grey values tell where bone is, so that paintJaw() shows it.
+bool isBoneShown(const GreyScale& scale);
+/// Paints the plan within the lower jaw, seen from the front, from above and from the patient's left. The bone is shown
+/// as glass without the crowns of its teeth, if the grey values tell where it is. The plan has an implant. Needs a
+/// QGuiApplication, as all do.
+QImage paintJaw(const Case& planned, const Sampler& sampler, const GreyScale& scale, const Plan& plan,
                 const QList<Finding>& findings, const std::function<void(double)>& progress = {});
 
 /// A cut through the CT for each finding, two beside each other: through the axis of the implant and the nearest point

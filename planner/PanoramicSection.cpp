@@ -14,8 +14,6 @@
 #include <CoreAlgorithms/reslice/ImageBoundingBoxCalculator.h>
 #include <CoreAlgorithms/reslice/IntersectionCalculator.h>
 
-#include <phantom/Phantom.h>
-
 #include <QVector4D>
 
 #include <algorithm>
@@ -208,6 +206,26 @@ struct Told
     }
 };
 
+void addNerve(PictureContent& content, const CanalLine* canal, bool right, const PanoramicReslice& reslice,
+              const PanoramicReslice& wide, Told& told)
+{
+    if (!canal) {
+        told.say(QStringLiteral("The course of the %1 mandibular nerve is not known, so it is not drawn.")
+                     .arg(sideName(right)));
+        return;
+    }
+    const QList<PictureCurve> nerve = bent(canal->points, reslice, kNerveColour, 2.0);
+    const QList<PictureCurve> near = nearSurface(canal->points, wide, kNerveColour, 3.0);
+    told.say(
+        QStringLiteral("The %1 mandibular nerve is %2 mm long in the view; within %3 mm of the surface, on "
+                       "%4 mm, it is drawn solid.")
+            .arg(sideName(right), number(lengthOf(nerve), 1))
+            .arg(static_cast<double>(wide.getSampleSize().x()))
+            .arg(number(lengthOf(near), 1)));
+    content.curves += nerve;
+    content.curves += near;
+}
+
 SectionPicture panoramicPicture(const Case& planned, const Panorama& view,
                                 const QList<PlacedImplant>& implants, const Sampler& sampler,
                                 const GreyScale& scale, Progress& progress, Told& told)
@@ -230,34 +248,23 @@ SectionPicture panoramicPicture(const Case& planned, const Panorama& view,
                  .arg(static_cast<double>(reslice.getThickness()))
                  .arg(errors.largest, 0, 'f', 4));
 
-    if (planned.patient) {
-        for (const phantom::NerveCanal* canal :
-             {&planned.patient->rightCanal(), &planned.patient->leftCanal()}) {
-            const bool right = canal == &planned.patient->rightCanal();
-            const QList<PictureCurve> nerve = bent(canal->centreLine, reslice, kNerveColour, 2.0);
-            const QList<PictureCurve> near = nearSurface(canal->centreLine, *wide, kNerveColour, 3.0);
-            told.say(
-                QStringLiteral(
-                    "The %1 mandibular nerve is %2 mm long in the view; within %3 mm of the surface, on "
-                    "%4 mm, it is drawn solid.")
-                    .arg(right ? QStringLiteral("right") : QStringLiteral("left"), number(lengthOf(nerve), 1))
-                    .arg(static_cast<double>(wide->getSampleSize().x()))
-                    .arg(number(lengthOf(near), 1)));
-            content.curves += nerve;
-            content.curves += near;
-        }
-    } else {
-        told.say(QStringLiteral(
-            "The course of the nerves is known of the built-in patient only, so none is drawn."));
-    }
+    for (const bool right : {true, false})
+        addNerve(content, findCanal(planned.canals, right), right, reslice, *wide, told);
     for (const PlacedImplant& placed : implants) {
         for (const QList<QVector3D>& line : linesOf(*placed.implant)) {
             content.curves += bent(line, reslice, kImplantColour, 2.0);
             content.curves += nearSurface(line, *wide, kImplantColour, 2.5);
         }
     }
-    if (implants.isEmpty())
-        told.say(QStringLiteral("No apex of a lower first molar is known, so no implant is placed."));
+    for (const char* site : kImplantSites) {
+        const bool isPlaced =
+            std::any_of(implants.cbegin(), implants.cend(),
+                        [site](const PlacedImplant& placed) { return placed.fdi == QLatin1String(site); });
+        if (!isPlaced)
+            told.say(QStringLiteral(
+                         "Of tooth %1, crown and apex are not both known, so no implant takes its place.")
+                         .arg(QLatin1String(site)));
+    }
 
     content.labelsAbove = true;
     const QImage whole = content.samples;
@@ -399,12 +406,12 @@ Section createPanoramicSection(const Case& planned, Progress& progress)
     Section section;
     section.id = QStringLiteral("panoramic");
     section.title = QStringLiteral("Panoramic view, cuts and implants");
-    section.introductionHtml =
-        QStringLiteral("<p>The arch unrolled: each pixel is mapped to its place on a surface that stands "
-                       "upright on the arch, and "
-                       "landmarks, nerves and implants are mapped from the world into the view.</p>\n");
     const auto view = panorama(planned);
     if (view) {
+        section.introductionHtml = QStringLiteral(
+            "<p>The arch unrolled: each pixel is mapped to its place on a surface that stands upright on the "
+            "arch. What is known of landmarks, nerves and implants is mapped from the world into the "
+            "view.</p>\n");
         const QList<PlacedImplant> implants = placeImplants(planned, *view->arch);
         section.pictures.append(panoramicPicture(planned, *view, implants, sampler, scale, progress, told));
         progress.step(QStringLiteral("Turning implants and cutting views"));

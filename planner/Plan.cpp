@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include <planner/Plan.h>
 
+#include <planner/Case.h>
 #include <planner/Landmarks.h>
 #include <planner/Meshes.h>
+#include <planner/Panorama.h>
 #include <planner/Vectors.h>
 
 #include <CoreAlgorithms/collision/ImplantSafetyZone.h>
@@ -34,7 +36,7 @@ struct ImplantSite
     double outwardTilt; // and to the cheek
 };
 
-constexpr ImplantSite kImplantSites[] = {
+constexpr ImplantSite kBuiltInSites[] = {
     {30, 4.8F, 10.0F, 0.5, 0.0, 12.0}, {28, 4.1F, 11.5F, 0.5, 0.0, 0.0},  {27, 4.1F, 11.5F, 0.5, 0.0, 0.0},
     {26, 3.3F, 11.5F, 0.5, 0.0, 0.0},  {23, 3.3F, 11.5F, 0.5, 0.0, 0.0},  {22, 4.1F, 13.0F, 0.5, 0.0, 0.0},
     {21, 4.1F, 13.0F, 0.5, 30.0, 0.0}, {19, 4.8F, 15.0F, 0.5, 0.0, 14.0},
@@ -126,10 +128,12 @@ PlannedImplant planImplant(const ImplantSite& site, const phantom::Patient& pati
     return planned;
 }
 
-PlannedNerve planNerve(const QString& name, const phantom::NerveCanal& canal)
+PlannedNerve planNerve(const CanalLine& canal)
 {
-    PlannedNerve planned{name, std::make_shared<dataobject::Nerve>(), canal.centreLine, canal.radiusMm};
-    planned.object->setMesh(tubeMesh(canal.centreLine, canal.radiusMm));
+    PlannedNerve planned{sideName(canal.right) + QStringLiteral(" nerve"),
+                         std::make_shared<dataobject::Nerve>(), canal.points,
+                         canal.radiusMm.value_or(kAssumedCanalRadiusMm)};
+    planned.object->setMesh(tubeMesh(planned.centreLine, planned.radiusMm));
     return planned;
 }
 
@@ -143,7 +147,7 @@ void raise(geometry::ShapeNode& node, float height)
 PlannedPin planPin(const QString& name, const PinSite& site, const phantom::Patient& patient)
 {
     const auto& arch =
-        patient.archCurve(ToothChart::getArchTypeOfTooth(ToothChart::Tooth(kImplantSites[0].tooth)));
+        patient.archCurve(ToothChart::getArchTypeOfTooth(ToothChart::Tooth(kBuiltInSites[0].tooth)));
     const double midline = toEigen(arch[arch.size() / 2]).x();
     const ArchPlace place = nearestPlace(
         arch, [&](const Eigen::Vector3d& p) { return std::abs(p.x() - midline - site.acrossMidline); });
@@ -269,12 +273,27 @@ Eigen::Vector3d nearest(const Cylinder& implant, const std::vector<Eigen::Vector
 Plan createPlan(const phantom::Patient& patient)
 {
     Plan plan;
-    for (const ImplantSite& site : kImplantSites)
+    for (const ImplantSite& site : kBuiltInSites)
         plan.implants.append(planImplant(site, patient));
-    plan.nerves = {planNerve(QStringLiteral("right nerve"), patient.rightCanal()),
-                   planNerve(QStringLiteral("left nerve"), patient.leftCanal())};
+    for (const CanalLine& canal : canalsOf(patient))
+        plan.nerves.append(planNerve(canal));
     for (const PinSite& site : kPinSites)
         plan.pins.append(planPin(QStringLiteral("pin %1").arg(plan.pins.size() + 1), site, patient));
+    return plan;
+}
+
+Plan createPlan(const Case& planned)
+{
+    if (planned.patient)
+        return createPlan(*planned.patient);
+    Plan plan;
+    for (const char* site : kImplantSites) {
+        const QString fdi = QLatin1String(site);
+        if (const auto implant = implantAt(planned, fdi))
+            plan.implants.append({fdi, implant});
+    }
+    for (const CanalLine& canal : planned.canals)
+        plan.nerves.append(planNerve(canal));
     return plan;
 }
 

@@ -17,6 +17,11 @@ class Patient;
 
 namespace planner {
 
+struct Case;
+
+/// The radius of a canal, in mm, where it is not known.
+inline constexpr float kAssumedCanalRadiusMm = 1.2F;
+
 struct PlannedImplant
 {
     QString name; ///< FDI number of the tooth that it replaces
@@ -52,6 +57,9 @@ struct Plan
 /// as tubes in their canals and four pins for the surgical template, from right to left. Not all is well with it: 36
 /// is too long and leans over the nerve, 34 leans into 33, and the third pin stands too near to 32.
 Plan createPlan(const phantom::Patient& patient);
+/// Plans in the built-in patient as above, and in another CT as far as its landmarks allow: an implant in the place of
+/// each tooth of kImplantSites and a tube along each known canal.
+Plan createPlan(const Case& planned);
 
 /// Surface of the implant's safety zone in the scene; of margin 0 the implant's envelope.
 geometry::Mesh zoneMesh(const PlannedImplant& implant, float margin);

@@ -271,9 +271,10 @@ Section createPlanSection(const Case& planned, Progress& progress)
     section.id = QStringLiteral("plan");
     section.title = QStringLiteral("A whole plan in a new scanner frame, and a bite with undo");
     if (!planned.patient) {
-        section.introductionHtml = QStringLiteral("<p>Left out: a plan with objects of every kind exists for "
-                                                  "the built-in patient only, whose teeth "
-                                                  "and canals are known.</p>\n");
+        const QString sentence = QStringLiteral(
+            "A plan with objects of every kind exists for the built-in patient only: none was moved.");
+        section.introductionHtml = QStringLiteral("<p>%1</p>\n").arg(sentence);
+        section.plainText = sentence + u'\n';
         return section;
     }
     const phantom::Patient& patient = *planned.patient;

@@ -302,10 +302,11 @@ Section createScansSection(const Case& planned, Progress& progress)
     section.id = QStringLiteral("scans");
     section.title = QStringLiteral("Jaw scans and bite");
     if (!planned.patient) {
-        section.introductionHtml = QStringLiteral(
-            "<p>No surface scans belong to this CT, so there is nothing to align. On the built-in patient "
-            "this section moves scans of the crowns through their placements and into the bite.</p>\n");
-        section.plainText = QStringLiteral("No surface scans belong to this CT: none was aligned.\n");
+        section.introductionHtml =
+            QStringLiteral("<p>The planner reads no surface scans, so none is aligned to this CT. On the "
+                           "built-in patient this section moves scans of the crowns through their placements "
+                           "and into the bite.</p>\n");
+        section.plainText = QStringLiteral("The planner reads no surface scans: none was aligned.\n");
         return section;
     }
     const phantom::Patient& patient = *planned.patient;

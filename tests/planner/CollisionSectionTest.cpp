@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include <planner/CollisionSection.h>
 
-// Covered: createCollisionSection(): table, pictures and text of the built-in patient, and a CT without nerves.
+// Covered: createCollisionSection(): table, pictures and text of the built-in patient, and of a CT whose canals are
+// known, known in part, or not known.
 
 #include <planner/CommandLine.h>
 #include <tests/planner/GuiTest.h>
 #include <tests/planner/SilentProgress.h>
+
+#include <phantom/Phantom.h>
 
 #include <gtest/gtest.h>
 
@@ -70,18 +73,89 @@ TEST_F(CollisionSection, OfTheBuiltInPatientSaysWhatCollides)
 {
     EXPECT_TRUE(builtIn().plainText.startsWith(QStringLiteral(
         "8 implants, 2 nerves and 4 anchor pins: 3 of 76 pairs collide (32 and pin 3; 33 and 34; 36 and "
-        "left nerve).\nImplant 46, pushed deeper in steps of 0.8 mm, collides with the nerve from 3.2 "
+        "left nerve).\nImplant 46, pushed deeper in steps of 0.8 mm, collides with the right nerve from 3.2 "
         "mm on")));
     EXPECT_TRUE(builtIn().plainText.endsWith(
-        QStringLiteral("In 6 steps the detector told its observer of a change once.\n")));
+        QStringLiteral("In 6 steps the detector notified its observer of a change once.\n")));
+}
+
+// A CT of few voxels with the built-in patient's landmarks and canals, as read from files.
+planner::Case readCt()
+{
+    const phantom::Patient known;
+    planner::Case planned;
+    planned.volume.image = VexelImage3D({32, 32, 32}, {5, 5, 5}, image::Int16);
+    planned.volume.worldFromVoxel.scale(5);
+    planned.landmarks = planner::landmarksOf(known);
+    planned.canals = planner::canalsOf(known);
+    return planned;
 }
 
 TEST_F(CollisionSection, OfACtWithoutKnownNervesSaysSo)
 {
-    const planner::Section section = sectionOf(planner::Case());
+    planner::Case planned = readCt();
+    planned.canals.clear();
+    const planner::Section section = sectionOf(planned);
     EXPECT_TRUE(section.pictures.isEmpty());
     EXPECT_TRUE(section.introductionHtml.contains(QStringLiteral("the course of the nerves is not known")));
-    EXPECT_TRUE(section.plainText.isEmpty());
+    EXPECT_EQ(section.plainText,
+              QStringLiteral("No collisions are tested: the course of the nerves is not known.\n"));
+}
+
+TEST_F(CollisionSection, OfACtWithoutAToothToReplaceSaysSo)
+{
+    planner::Case planned = readCt();
+    planned.landmarks.removeIf(
+        [](const planner::Landmark& landmark) { return landmark.kind == planner::LandmarkKind::Apex; });
+    const planner::Section section = sectionOf(planned);
+    EXPECT_TRUE(section.pictures.isEmpty());
+    EXPECT_TRUE(section.plainText.contains(QStringLiteral("of neither are crown and apex both known")));
+}
+
+TEST_F(CollisionSection, OfACtWithKnownCanalsTestsImplantsAgainstThem)
+{
+    const planner::Section section = sectionOf(readCt());
+    ASSERT_EQ(section.pictures.size(), 3);
+    for (const auto& picture : section.pictures)
+        EXPECT_FALSE(picture.image.isNull()) << picture.fileName.toStdString();
+    EXPECT_TRUE(section.plainText.startsWith(QStringLiteral("2 implants and 2 nerves: ")));
+    EXPECT_EQ(section.detailsHtml.count(QStringLiteral(">clear ")) +
+                  section.detailsHtml.count(QStringLiteral(">collision ")),
+              5)
+        << "a pair of implants, four with a nerve";
+    EXPECT_FALSE(section.introductionHtml.contains(QStringLiteral("not known")));
+    EXPECT_FALSE(section.introductionHtml.contains(QStringLiteral("eight implants")));
+    EXPECT_FALSE(section.introductionHtml.contains(QStringLiteral("anchor pin</li>")));
+}
+
+TEST_F(CollisionSection, OfACtSaysWhichCanalAndWhichRadiusIsNotKnown)
+{
+    planner::Case planned = readCt();
+    planned.canals.removeFirst();
+    planned.canals.first().radiusMm.reset();
+    const planner::Section section = sectionOf(planned);
+    EXPECT_TRUE(section.plainText.startsWith(QStringLiteral("2 implants and 1 nerve: ")));
+    EXPECT_TRUE(section.introductionHtml.contains(
+        QStringLiteral("The course of the right nerve is not known: nothing is tested against it.")));
+    EXPECT_TRUE(section.introductionHtml.contains(
+        QStringLiteral("The radius of the left canal is not known: 1.2 mm are assumed.")));
+}
+
+// The canals are moved up to the implants, or far below them.
+TEST_F(CollisionSection, OfACtTellsWhereTheDragCollides)
+{
+    const auto textWithCanalsRaisedBy = [](float heightMm) {
+        planner::Case planned = readCt();
+        for (planner::CanalLine& canal : planned.canals) {
+            for (QVector3D& point : canal.points)
+                point += QVector3D(0.0F, 0.0F, heightMm);
+        }
+        return sectionOf(planned).plainText;
+    };
+    EXPECT_TRUE(textWithCanalsRaisedBy(8.0F).contains(
+        QStringLiteral("Implant 46 collides with the right nerve already where it is planned")));
+    EXPECT_TRUE(textWithCanalsRaisedBy(-20.0F).contains(
+        QStringLiteral("Implant 46, pushed deeper in steps of 0.8 mm, stays clear of the right nerve")));
 }
 
 } // namespace

@@ -24,10 +24,10 @@ TEST_F(ScansSection, WithoutThePatientSaysThatThereAreNoScansAndShowsNothing)
 {
     test::SilentProgress progress;
     const planner::Section section = planner::createScansSection(planner::Case(), progress);
-    EXPECT_TRUE(section.introductionHtml.contains(QStringLiteral("No surface scans belong to this CT")));
+    EXPECT_TRUE(section.introductionHtml.contains(QStringLiteral("The planner reads no surface scans")));
     EXPECT_TRUE(section.pictures.isEmpty());
     EXPECT_TRUE(section.detailsHtml.isEmpty());
-    EXPECT_EQ(section.plainText, QStringLiteral("No surface scans belong to this CT: none was aligned.\n"));
+    EXPECT_EQ(section.plainText, QStringLiteral("The planner reads no surface scans: none was aligned.\n"));
 }
 
 TEST_F(ScansSection, TakesTheScanThroughAllPlacementsAndIntoTheBite)

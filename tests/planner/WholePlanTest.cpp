@@ -86,9 +86,9 @@ TEST_F(PlanSection, SaysThatItIsLeftOutForAnotherCt)
     test::SilentProgress progress;
     const Section section = createPlanSection(Case(), progress);
     EXPECT_EQ(section.id, QStringLiteral("plan"));
-    EXPECT_TRUE(section.introductionHtml.contains(QStringLiteral("Left out")));
+    EXPECT_TRUE(section.introductionHtml.contains(QStringLiteral("exists for the built-in patient only")));
     EXPECT_TRUE(section.pictures.isEmpty());
-    EXPECT_TRUE(section.plainText.isEmpty());
+    EXPECT_TRUE(section.plainText.contains(QStringLiteral("none was moved")));
 }
 
 TEST_F(PlanSection, ShowsTheWayBackAndABiteThatIsUndoneAndRedone)
