@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <optional>
 
 namespace {
@@ -139,6 +140,18 @@ TEST_F(CollisionSection, OfACtSaysWhichCanalAndWhichRadiusIsNotKnown)
         QStringLiteral("The course of the right nerve is not known: nothing is tested against it.")));
     EXPECT_TRUE(section.introductionHtml.contains(
         QStringLiteral("The radius of the left canal is not known: 1.2 mm are assumed.")));
+}
+
+TEST_F(CollisionSection, OfACtShowsTheBoneWhereTheValuesTellIt)
+{
+    const auto captionWithValue = [](std::int16_t value) {
+        planner::Case planned = readCt();
+        *static_cast<std::int16_t*>(planned.volume.image.dataPtr()) = value;
+        return sectionOf(planned).pictures.first().captionHtml;
+    };
+    EXPECT_TRUE(captionWithValue(-1000).contains(QStringLiteral("the bone as glass"))) << "Hounsfield units";
+    EXPECT_TRUE(captionWithValue(5).contains(QStringLiteral("the bone as glass"))) << "labels";
+    EXPECT_TRUE(captionWithValue(2000).contains(QStringLiteral("without the bone"))) << "a scanner's own";
 }
 
 // The canals are moved up to the implants, or far below them.
