@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <planner/Plan.h>
 
-// Covered: createPlan() on the built-in patient, clearances and nearest points.
+// Covered: createPlan() on the built-in patient and on a CT that was read, clearances and nearest points.
 
+#include <planner/Case.h>
 #include <planner/Meshes.h>
 #include <tests/planner/PlanBuilders.h>
 
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 
 using planner::clearance;
 using test::implantAt;
@@ -139,6 +141,25 @@ TEST(NearestPoint, LiesOnTheLineOfTheOtherObject)
               1e-5F);
     const QVector3D onAxis = nearestPoint(implantAt({0, 0, 0}), implantAt({9, 0, 13}));
     EXPECT_LT((onAxis - QVector3D(9, 0, 3)).length(), 1e-5F);
+}
+
+TEST(PlanOfACt, HasImplantsAtFirstMolarsAndTubesOfTheCanalsRadius)
+{
+    planner::Case planned;
+    planned.landmarks = planner::landmarksOf(patient());
+    planned.canals = {{true, {{0, 0, 0}, {0, 50, 0}}, 2.0F},
+                      {false, {{90, 0, 0}, {90, 50, 0}}, std::nullopt}};
+    const planner::Plan plan = planner::createPlan(planned);
+    ASSERT_EQ(plan.implants.size(), 2);
+    EXPECT_EQ(plan.implants[0].name, QStringLiteral("46"));
+    EXPECT_EQ(plan.implants[1].name, QStringLiteral("36"));
+    EXPECT_TRUE(plan.pins.isEmpty());
+    ASSERT_EQ(plan.nerves.size(), 2);
+    EXPECT_EQ(plan.nerves[0].name, QStringLiteral("right nerve"));
+    EXPECT_EQ(plan.nerves[0].radiusMm, 2.0F);
+    EXPECT_NEAR(plan.nerves[0].object->getMesh().getBoundingBox().max().z(), 2.0F, 0.05F);
+    EXPECT_EQ(plan.nerves[1].name, QStringLiteral("left nerve"));
+    EXPECT_EQ(plan.nerves[1].radiusMm, 1.2F) << "assumed";
 }
 
 TEST(ZoneMesh, StandsInTheScene)
