@@ -24,9 +24,12 @@ constexpr std::size_t kLaneAlignment = 32;
 
 #if defined(__GNUC__) && !defined(COREALGORITHMS_PORTABLE_LANES)
 
-// Always inlined: how a vector is passed depends on the target of the function, and callers differ in that.
+// Always inlined: how a vector is passed depends on the target of the function, and callers differ in
+// that. -Wpsabi warns of just that. The pragma covers the functions below. Sources that call them are
+// compiled without the warning, since it comes at their end (see CMakeLists.txt).
 #define COREALGORITHMS_INLINE_LANES inline __attribute__((always_inline))
-#pragma GCC diagnostic ignored "-Wpsabi" // which warns of just that
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wpsabi"
 
 using Lanes = float __attribute__((vector_size(32)));
 using LaneMask = std::int32_t __attribute__((vector_size(32))); // -1 where true, 0 where false
@@ -66,6 +69,8 @@ COREALGORITHMS_INLINE_LANES unsigned bitsOf(const LaneMask& mask)
     return bits;
 #endif
 }
+
+#pragma GCC diagnostic pop
 
 #else
 
