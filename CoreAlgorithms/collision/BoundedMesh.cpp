@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/BoundedMesh_p.h>
 
+#include <CoreAlgorithms/collision/CellGrid_p.h>
 #include <CoreAlgorithms/collision/CellTree_p.h>
 #include <CoreAlgorithms/model/Finite_p.h>
 #include <CoreAlgorithms/model/data/Shapes.h>
@@ -10,17 +11,33 @@
 #include <QMatrix4x4>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
+#include <limits>
+#include <memory>
+#include <numeric>
+#include <utility>
 #include <vector>
 
 namespace collision {
 namespace {
 
 constexpr float kSurfaceCellSize = 5.0F; // mm; a nerve is long and thin
-constexpr float kLargestGrid = 1 << 20;  // cells
-constexpr std::int64_t kMostEntries = 1 << 26;
+
+// At most this many cells have triangles, one more for every triangle of the mesh, and their lists
+// have at most this many entries, some more for every triangle. So their cost is that of the
+// triangles and a few milliseconds, whatever the extent.
+constexpr std::int64_t kMostCells = 1 << 16;
+constexpr std::int64_t kMostEntries = 1 << 20;
+constexpr std::int64_t kFurtherEntriesPerTriangle = 16;
+
+// A triangle in more cells than meet in one corner is wide: see CellTrees.
+constexpr std::int64_t kMostCellsOfNarrow = 8;
+
+// Intended: the exponent of the default cell size is 2/3 rounded to single precision, though the
+// power is computed in double precision. The cells of existing plans rely on it.
+constexpr double kTwoThirdsInFloat = 0.6666666865348816;
+static_assert(kTwoThirdsInFloat == static_cast<double>(2.0F / 3.0F));
 
 bool hasFiniteVertices(const geometry::Mesh& mesh)
 {
@@ -57,168 +74,107 @@ bool isUsable(const geometry::Mesh& mesh)
     return hasFiniteVertices(mesh);
 }
 
-// ---- the grid
-
-// One axis of a grid.
-struct Axis
-{
-    float start;
-    float cellExtent;
-    int count;
-
-    // The cell of a coordinate, the first or last beyond the ends. A flat box has cells without extent; whatever
-    // cannot be divided by it is in the first.
-    int cellOf(float coordinate) const
-    {
-        const float cell = (coordinate - start) / cellExtent;
-        if (!std::isfinite(cell) || cell < 0.0F)
-            return 0;
-        return cell >= static_cast<float>(count) ? count - 1 : static_cast<int>(cell);
-    }
-    float startOf(int cell) const { return start + static_cast<float>(cell) * cellExtent; }
-};
-
-struct Grid
-{
-    std::array<Axis, 3> axes;
-
-    int numCells() const { return axes[0].count * axes[1].count * axes[2].count; }
-    int numberOf(int x, int y, int z) const { return (z * axes[1].count + y) * axes[0].count + x; }
-    primitives::BoundingBox boxOf(int x, int y, int z) const
-    {
-        const QVector3D corner(axes[0].startOf(x), axes[1].startOf(y), axes[2].startOf(z));
-        return {corner, corner + QVector3D(axes[0].cellExtent, axes[1].cellExtent, axes[2].cellExtent)};
-    }
-};
-
-Grid oneCell(const primitives::BoundingBox& box)
-{
-    const QVector3D start = box.min();
-    return {{{{start.x(), box.deltaX(), 1}, {start.y(), box.deltaY(), 1}, {start.z(), box.deltaZ(), 1}}}};
-}
-
-Grid divide(const primitives::BoundingBox& box, float cellSize)
-{
-    const std::array<float, 3> extents{box.deltaX(), box.deltaY(), box.deltaZ()};
-    Grid grid = oneCell(box);
-    if (!std::isfinite(cellSize) || cellSize <= 0.0F)
-        return grid;
-    float numCells = 1.0F;
-    for (int axis = 0; axis < 3; ++axis) {
-        const float count = std::ceil(extents[axis] / cellSize);
-        if (count >= 2.0F)
-            numCells *= count;
-        if (!(numCells <= kLargestGrid) || !std::isfinite(extents[axis]))
-            return oneCell(box);
-        grid.axes[axis].count = count >= 2.0F ? static_cast<int>(count) : 1;
-        grid.axes[axis].cellExtent = extents[axis] / static_cast<float>(grid.axes[axis].count);
-    }
-    return grid;
-}
-
-// First and last cell along each axis that a triangle's box touches.
-struct CellRange
-{
-    std::array<int, 3> first;
-    std::array<int, 3> last;
-
-    std::int64_t numCells() const
-    {
-        std::int64_t count = 1;
-        for (int axis = 0; axis < 3; ++axis)
-            count *= std::max(0, last[axis] - first[axis] + 1);
-        return count;
-    }
-    template <typename Visit>
-    void visitCells(const Grid& grid, Visit visit) const
-    {
-        for (int z = first[2]; z <= last[2]; ++z) {
-            for (int y = first[1]; y <= last[1]; ++y) {
-                for (int x = first[0]; x <= last[0]; ++x)
-                    visit(grid.numberOf(x, y, z));
-            }
-        }
-    }
-};
+// ---- the cells
 
 constexpr int kNoCell = -1;
 constexpr int kSeveralCells = -2;
+
+struct Division
+{
+    QList<geometry::BoundedTriangles> cells;
+    CellPlaces places;
+};
 
 // Sorts the triangles of a mesh into the cells of a grid.
 class GridFiller
 {
 public:
-    GridFiller(const geometry::Mesh& meshToDivide, const Grid& gridOverMesh)
+    GridFiller(const geometry::Mesh& meshToDivide, const CellGrid& gridOverMesh)
         : vertices(meshToDivide.getVertices()),
           indices(meshToDivide.getIndices()),
           grid(gridOverMesh),
-          cellOfTriangle(static_cast<std::size_t>(numTriangles(meshToDivide))),
-          entriesOfCell(static_cast<std::size_t>(gridOverMesh.numCells()), 0)
+          cellOfTriangle(collision::numTriangles(meshToDivide)),
+          entriesOfCell(gridOverMesh.numCells(), 0)
     {
         findCells();
     }
 
-    bool hasTooManyEntries() const { return numEntries > kMostEntries; }
+    bool isTooLarge() const { return hasTooManyEntries() || numFilledCells() > kMostCells + numTriangles(); }
 
-    QList<geometry::BoundedTriangles> cells() const
+    Division division() const
     {
-        QList<geometry::BoundedTriangles> filled;
+        Division result{{}, {grid, {}, wideTriangles}};
+        result.cells.reserve(numFilledCells());
         std::vector<int*> nextEntry(entriesOfCell.size(), nullptr);
         for (int z = 0; z < grid.axes[2].count; ++z) {
             for (int y = 0; y < grid.axes[1].count; ++y) {
                 for (int x = 0; x < grid.axes[0].count; ++x) {
-                    const auto number = static_cast<std::size_t>(grid.numberOf(x, y, z));
+                    const int number = grid.numberOf(x, y, z);
                     if (entriesOfCell[number] == 0)
                         continue;
-                    filled.append({grid.boxOf(x, y, z), QList<int>(entriesOfCell[number])});
-                    nextEntry[number] = filled.last().triangles.data();
+                    result.cells.append({grid.boxOf(x, y, z), QList<int>(entriesOfCell[number])});
+                    result.places.numbers.push_back(number);
+                    nextEntry[number] = result.cells.last().triangles.data();
                 }
             }
         }
         for (int triangle = 0; triangle < static_cast<int>(cellOfTriangle.size()); ++triangle) {
-            const int cell = cellOfTriangle[static_cast<std::size_t>(triangle)];
-            if (cell == kSeveralCells) {
-                rangeOf(triangle).visitCells(
-                    grid, [&](int touched) { *nextEntry[static_cast<std::size_t>(touched)]++ = triangle; });
-            } else if (cell != kNoCell) {
-                *nextEntry[static_cast<std::size_t>(cell)]++ = triangle;
-            }
+            const int cell = cellOfTriangle[triangle];
+            if (cell == kSeveralCells)
+                visitCells(rangeOf(triangle), [&](int touched) { *nextEntry[touched]++ = triangle; });
+            else if (cell != kNoCell)
+                *nextEntry[cell]++ = triangle;
         }
-        return filled;
+        return result;
     }
 
 private:
+    std::int64_t numTriangles() const { return static_cast<std::int64_t>(cellOfTriangle.size()); }
+
+    bool hasTooManyEntries() const
+    {
+        return numEntries > kMostEntries + kFurtherEntriesPerTriangle * numTriangles();
+    }
+
+    std::int64_t numFilledCells() const
+    {
+        const auto numEmpty = std::count(entriesOfCell.begin(), entriesOfCell.end(), 0);
+        return static_cast<std::int64_t>(entriesOfCell.size()) - numEmpty;
+    }
+
     void findCells()
     {
-        // Least and largest coordinate of a triangle are those of vertices: if these share a cell, it is the only one.
+        // The least and the greatest coordinates of a triangle are those of vertices: a cell that
+        // all three vertices share is the only one.
         const std::vector<int> cellOfVertex = cellsOfVertices();
         for (int triangle = 0; triangle < static_cast<int>(cellOfTriangle.size()); ++triangle) {
             const int* entries = entriesOf(indices, triangle);
-            int& cell = cellOfTriangle[static_cast<std::size_t>(triangle)];
+            int& cell = cellOfTriangle[triangle];
             if (!namesVertices(entries, vertices.size())) {
                 cell = kNoCell;
                 continue;
             }
-            cell = cellOfVertex[static_cast<std::size_t>(entries[0])];
-            if (cell == cellOfVertex[static_cast<std::size_t>(entries[1])] &&
-                cell == cellOfVertex[static_cast<std::size_t>(entries[2])]) {
-                ++entriesOfCell[static_cast<std::size_t>(cell)];
+            cell = cellOfVertex[entries[0]];
+            if (cell == cellOfVertex[entries[1]] && cell == cellOfVertex[entries[2]]) {
+                ++entriesOfCell[cell];
                 ++numEntries;
                 continue;
             }
             cell = kSeveralCells;
             const CellRange range = rangeOf(triangle);
-            numEntries += range.numCells();
+            const std::int64_t numTouched = numCells(range);
+            numEntries += numTouched;
             if (hasTooManyEntries())
                 return;
-            range.visitCells(grid,
-                             [this](int touched) { ++entriesOfCell[static_cast<std::size_t>(touched)]; });
+            if (numTouched > kMostCellsOfNarrow)
+                wideTriangles.append(triangle);
+            visitCells(range, [this](int touched) { ++entriesOfCell[touched]; });
         }
     }
 
     std::vector<int> cellsOfVertices() const
     {
-        std::vector<int> numbers(static_cast<std::size_t>(vertices.size()), 0);
+        std::vector<int> numbers(vertices.size(), 0);
         if (grid.numCells() == 1)
             return numbers;
         std::transform(vertices.begin(), vertices.end(), numbers.begin(), [this](const QVector3D& vertex) {
@@ -231,43 +187,64 @@ private:
     CellRange rangeOf(int triangle) const
     {
         const int* entries = entriesOf(indices, triangle);
-        CellRange range{};
-        for (int axis = 0; axis < 3; ++axis) {
-            const float a = vertices[entries[0]][axis];
-            const float b = vertices[entries[1]][axis];
-            const float c = vertices[entries[2]][axis];
-            range.first[axis] = grid.axes[axis].cellOf(std::min(std::min(a, b), c));
-            range.last[axis] = grid.axes[axis].cellOf(std::max(std::max(a, b), c));
+        return grid.rangeOf(vertices[entries[0]], vertices[entries[1]], vertices[entries[2]]);
+    }
+
+    template <typename Visit>
+    void visitCells(const CellRange& range, Visit visit) const
+    {
+        for (int z = range[2].first; z <= range[2].last; ++z) {
+            for (int y = range[1].first; y <= range[1].last; ++y) {
+                for (int x = range[0].first; x <= range[0].last; ++x)
+                    visit(grid.numberOf(x, y, z));
+            }
         }
-        return range;
     }
 
     const QList<QVector3D>& vertices;
     const QList<int>& indices;
-    Grid grid;
+    CellGrid grid;
     std::vector<int> cellOfTriangle;
     std::vector<int> entriesOfCell;
+    QList<int> wideTriangles;
     std::int64_t numEntries = 0;
 };
 
-// ---- objects
-
-float defaultCellSize(const geometry::Mesh& mesh, const primitives::BoundingBox& box)
+Division divideMesh(const geometry::Mesh& mesh, const primitives::BoundingBox& box, float cellSize)
 {
-    const auto share =
-        static_cast<float>(std::pow(static_cast<double>(numTriangles(mesh)), 0.6666666865348816));
-    return std::cbrt(box.depth() * (box.height() * box.width()) / share);
+    if (numTriangles(mesh) < 1)
+        return {{}, {oneCell(box), {}, {}}};
+    const CellGrid grid = hasFiniteVertices(mesh) ? divide(box, cellSize) : oneCell(box);
+    const GridFiller filler(mesh, grid);
+    if (!filler.isTooLarge())
+        return filler.division();
+    // All triangles are wide ones of the grid, so that the verdicts are those of its cells.
+    Division division = GridFiller(mesh, oneCell(box)).division();
+    division.places.grid = grid;
+    division.places.wideTriangles.resize(numTriangles(mesh));
+    std::iota(division.places.wideTriangles.begin(), division.places.wideTriangles.end(), 0);
+    return division;
+}
+
+BoundedMesh makeBoundedMesh(const geometry::Mesh& mesh, const primitives::BoundingBox& box, float cellSize)
+{
+    Division division = divideMesh(mesh, box, cellSize);
+    auto trees = std::make_shared<const CellTrees>(mesh, division.cells, std::move(division.places));
+    return {mesh, box, division.cells, std::move(trees)};
 }
 
 } // namespace
 
+float defaultCellSize(int numTriangles, const primitives::BoundingBox& box)
+{
+    const auto share = static_cast<float>(std::pow(static_cast<double>(numTriangles), kTwoThirdsInFloat));
+    return std::cbrt(box.depth() * (box.height() * box.width()) / share);
+}
+
 QList<geometry::BoundedTriangles> makeBoundedTriangles(const geometry::Mesh& mesh,
                                                        const primitives::BoundingBox& box, float cellSize)
 {
-    if (numTriangles(mesh) < 1)
-        return {};
-    const GridFiller filler(mesh, hasFiniteVertices(mesh) ? divide(box, cellSize) : oneCell(box));
-    return filler.hasTooManyEntries() ? GridFiller(mesh, oneCell(box)).cells() : filler.cells();
+    return divideMesh(mesh, box, cellSize).cells;
 }
 
 BoundedObject makeBoundedObject(const geometry::ShapeNode& root, const QMatrix4x4& transform,
@@ -277,6 +254,8 @@ BoundedObject makeBoundedObject(const geometry::ShapeNode& root, const QMatrix4x
     object.box = root.getBoundingBox().transformed(transform);
     const auto end = root.cend();
     for (auto node = root.cbeginNodesWithShape(); node != end; ++node) {
+        // Intended: the root's own transform is left out, since cumulative transforms start at its
+        // children. The object's transform stands in its place; placed plans rely on that.
         const QMatrix4x4 sceneFromNode = transform * node.getCumulativeTransform();
         geometry::Mesh mesh = node->getShape()->getMesh();
         mesh.applyTransformation(sceneFromNode);
@@ -284,23 +263,22 @@ BoundedObject makeBoundedObject(const geometry::ShapeNode& root, const QMatrix4x
             return {};
         const primitives::BoundingBox box = node->getBoundingBox().transformed(sceneFromNode);
         object.meshes.append(
-            {mesh, box, makeBoundedTriangles(mesh, box, cellSize ? *cellSize : defaultCellSize(mesh, box)),
-             std::make_shared<CellTrees>()});
+            makeBoundedMesh(mesh, box, cellSize ? *cellSize : defaultCellSize(numTriangles(mesh), box)));
     }
     return object;
 }
 
 BoundedObject makeBoundedObject(const Surface3DModel& model)
 {
+    // The host is asked for the box first, also if the mesh turns out to be unusable.
+    const primitives::BoundingBox box = model.getSceneBoundingBox();
     geometry::Mesh mesh = model.getMesh();
     mesh.applyTransformation(model.getObjectTransform());
     if (!isUsable(mesh))
         return {};
-    const primitives::BoundingBox box = model.getSceneBoundingBox();
     BoundedObject object;
     object.box = box;
-    object.meshes.append(
-        {mesh, box, makeBoundedTriangles(mesh, box, kSurfaceCellSize), std::make_shared<CellTrees>()});
+    object.meshes.append(makeBoundedMesh(mesh, box, kSurfaceCellSize));
     return object;
 }
 

@@ -7,6 +7,9 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
+#include <memory>
+#include <utility>
 
 namespace collision {
 namespace {
@@ -197,15 +200,72 @@ CellTree::CellTree(const geometry::Mesh& mesh, const QList<int>& triangles)
     }
 }
 
-const CellTree& CellTrees::ofCell(const geometry::Mesh& mesh, const QList<geometry::BoundedTriangles>& cells,
-                                  qsizetype number)
+// ---- the trees of a mesh
+
+template <typename Make>
+const CellTree& CellTrees::LazyTree::get(Make make) const
 {
-    if (trees.empty())
-        trees.resize(static_cast<std::size_t>(cells.size()));
-    auto& tree = trees[static_cast<std::size_t>(number)];
-    if (!tree)
-        tree = std::make_unique<const CellTree>(mesh, cells[number].triangles);
+    const CellTree* tree = made.load(std::memory_order_acquire);
+    if (tree)
+        return *tree;
+    auto own = std::make_unique<const CellTree>(make());
+    // Another thread may have been faster; its tree is equal.
+    if (made.compare_exchange_strong(tree, own.get(), std::memory_order_acq_rel))
+        tree = own.release();
     return *tree;
+}
+
+CellTrees::CellTrees(const geometry::Mesh& sourceMesh, const QList<geometry::BoundedTriangles>& sourceCells)
+    : mesh(sourceMesh), cells(sourceCells), trees(sourceCells.size())
+{
+    narrowCells.reserve(cells.size());
+    for (int place = 0; place < static_cast<int>(cells.size()); ++place)
+        narrowCells.push_back({place, place});
+}
+
+CellTrees::CellTrees(const geometry::Mesh& sourceMesh, const QList<geometry::BoundedTriangles>& sourceCells,
+                     CellPlaces placesOfCells)
+    : mesh(sourceMesh), cells(sourceCells), places(std::move(placesOfCells)), isOfGrid(true)
+{
+    std::vector<bool> isWide(mesh.getNumIndices() / 4, false);
+    for (const int triangle : places.wideTriangles)
+        isWide[triangle] = true;
+    const auto isNarrow = [&isWide](int triangle) { return !isWide[triangle]; };
+    for (int place = 0; place < static_cast<int>(cells.size()); ++place) {
+        const QList<int>& triangles = cells.at(place).triangles;
+        if (std::any_of(triangles.begin(), triangles.end(), isNarrow))
+            narrowCells.push_back({places.numbers[place], place});
+    }
+    trees = std::vector<LazyTree>(narrowCells.size());
+}
+
+bool CellTrees::areOf(const geometry::Mesh& otherMesh,
+                      const QList<geometry::BoundedTriangles>& otherCells) const
+{
+    // Data that these trees share cannot change in place.
+    const auto isSame = [](const auto& a, const auto& b) {
+        return a.constData() == b.constData() && a.size() == b.size();
+    };
+    return isSame(mesh.getVertices(), otherMesh.getVertices()) &&
+           isSame(mesh.getIndices(), otherMesh.getIndices()) && isSame(cells, otherCells);
+}
+
+const CellTree& CellTrees::treeOf(int cell) const
+{
+    return trees[cell].get([&] {
+        const QList<int>& triangles = cells.at(narrowCells[cell].place).triangles;
+        if (!hasWideTriangles())
+            return CellTree(mesh, triangles);
+        QList<int> narrow;
+        std::set_difference(triangles.begin(), triangles.end(), places.wideTriangles.begin(),
+                            places.wideTriangles.end(), std::back_inserter(narrow));
+        return CellTree(mesh, narrow);
+    });
+}
+
+const CellTree& CellTrees::wideTree() const
+{
+    return treeOfWide.get([&] { return CellTree(mesh, places.wideTriangles); });
 }
 
 } // namespace collision

@@ -9,6 +9,7 @@
 #include <bit>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 namespace collision {
 namespace {
@@ -164,22 +165,76 @@ COREALGORITHMS_INLINE_LANES LaneVerdicts intervalsOverlapInLanes(const TriangleB
     return {~((a.to < b.from) | (b.to < a.from)), a.coplanar | b.coplanar};
 }
 
-bool laneIntersects(const TriangleBlock& block, int lane, const Opponent& u)
+Triangle triangleIn(const TriangleBlock& block, int lane)
 {
     Triangle t;
     for (int vertex = 0; vertex < 3; ++vertex) {
         const auto& corner = block.vertex[vertex];
-        t[static_cast<std::size_t>(vertex)] = {corner[0][lane], corner[1][lane], corner[2][lane]};
+        t[vertex] = {corner[0][lane], corner[1][lane], corner[2][lane]};
     }
+    return t;
+}
+
+bool laneIntersects(const TriangleBlock& block, int lane, const Opponent& u)
+{
+    const Triangle t = triangleIn(block, lane);
     const TrianglePlane plane{{block.normal[0][lane], block.normal[1][lane], block.normal[2][lane]},
                               block.offset[lane]};
     return intervalsOverlap(t, plane, distancesFrom(u.plane, t), u.corners, u.plane,
                             distancesFrom(plane, u.corners));
 }
 
-// Whether a triangle of the block whose box touches the cell of u intersects u.
+// Which pairs of triangles the cells of two meshes let through: computed from their grids, where the
+// cells themselves are not visited.
+class CellPairs
+{
+public:
+    CellPairs(const CellGrid& gridOfA, const CellGrid& gridOfB, const primitives::BoundingBox& boxOfB)
+        : gridA(gridOfA), gridB(gridOfB), cellsNearB(gridOfA.rangeTouching(boxOfB))
+    {}
+
+    // Whether there is a cell of t that touches the box of the mesh of u, and a cell of u that
+    // touches that cell and the box of t. A grid and a box are products of their axes, and so is
+    // this.
+    bool include(const Triangle& t, const Triangle& u) const
+    {
+        const CellRange cellsOfT = rangeOf(gridA, t);
+        const CellRange cellsOfU = rangeOf(gridB, u);
+        const CellRange cellsNearT = gridB.rangeTouching(boxOf(t));
+        for (int axis = 0; axis < 3; ++axis) {
+            if (!touchAlong(gridA.axes[axis], intersection(cellsOfT[axis], cellsNearB[axis]),
+                            gridB.axes[axis], intersection(cellsOfU[axis], cellsNearT[axis])))
+                return false;
+        }
+        return true;
+    }
+
+private:
+    static QVector3D vector(const Point& p) { return {p.x, p.y, p.z}; }
+    static CellRange rangeOf(const CellGrid& grid, const Triangle& triangle)
+    {
+        return grid.rangeOf(vector(triangle[0]), vector(triangle[1]), vector(triangle[2]));
+    }
+    static primitives::BoundingBox boxOf(const Triangle& t)
+    {
+        return {std::min({t[0].x, t[1].x, t[2].x}), std::min({t[0].y, t[1].y, t[2].y}),
+                std::min({t[0].z, t[1].z, t[2].z}), std::max({t[0].x, t[1].x, t[2].x}),
+                std::max({t[0].y, t[1].y, t[2].y}), std::max({t[0].z, t[1].z, t[2].z})};
+    }
+    static CellSpan intersection(const CellSpan& a, const CellSpan& b)
+    {
+        return {std::max(a.first, b.first), std::min(a.last, b.last)};
+    }
+
+    const CellGrid& gridA;
+    const CellGrid& gridB;
+    CellRange cellsNearB;
+};
+
+// Whether a triangle of the block whose box touches the cell of u intersects u. With `pairs`, it
+// must be one of these with u.
 COREALGORITHMS_INLINE_LANES bool blockIntersects(const TriangleBlock& block, const BoxBlock& cell,
-                                                 const Opponent& u)
+                                                 const Opponent& u, const CellPairs* pairs)
 {
     const auto& v = block.vertex;
     LaneTriple fromU;
@@ -197,17 +252,24 @@ COREALGORITHMS_INLINE_LANES bool blockIntersects(const TriangleBlock& block, con
         left = left & (low <= cell.high[axis]) & (cell.low[axis] <= high);
     }
     const LaneVerdicts verdicts = intervalsOverlapInLanes(block, fromU, u, fromV);
-    if (bitsOf(left & verdicts.overlap & ~verdicts.undecided) != 0)
-        return true;
+    const auto isLetThrough = [&](int lane) {
+        return !pairs || pairs->include(triangleIn(block, lane), u.corners);
+    };
+    for (LaneSet lanes(bitsOf(left & verdicts.overlap & ~verdicts.undecided)); !lanes.isEmpty();) {
+        if (isLetThrough(lanes.takeFirst()))
+            return true;
+    }
     for (LaneSet lanes(bitsOf(left & verdicts.undecided)); !lanes.isEmpty();) {
-        if (laneIntersects(block, lanes.takeFirst(), u))
+        const int lane = lanes.takeFirst();
+        if (laneIntersects(block, lane, u) && isLetThrough(lane))
             return true;
     }
     return false;
 }
 
 // Descends to the blocks that u's plane passes and that reach the cell of u.
-COREALGORITHMS_INLINE_LANES bool treeIntersects(const CellTree& tree, const BoxBlock& cell, const Opponent& u)
+COREALGORITHMS_INLINE_LANES bool treeIntersects(const CellTree& tree, const BoxBlock& cell, const Opponent& u,
+                                                const CellPairs* pairs)
 {
     struct Place
     {
@@ -240,7 +302,7 @@ COREALGORITHMS_INLINE_LANES bool treeIntersects(const CellTree& tree, const BoxB
                 break;
             if (place.level > 0)
                 stack[static_cast<std::size_t>(++depth)] = {place.level - 1, child};
-            else if (blockIntersects(tree.blocks[static_cast<std::size_t>(child)], cell, u))
+            else if (blockIntersects(tree.blocks[static_cast<std::size_t>(child)], cell, u, pairs))
                 return true;
         }
     }
@@ -265,7 +327,8 @@ COREALGORITHMS_INLINE_LANES LaneSet planesThrough(const TriangleBlock& block, co
     return LaneSet(bitsOf(~((sum < kLargestSum) & ((least > margin) | (largest < -margin)))));
 }
 
-COREALGORITHMS_INLINE_LANES bool cellsIntersect(const CellTree& a, const CellTree& b, const BoxBlock& cellB)
+COREALGORITHMS_INLINE_LANES bool cellsIntersect(const CellTree& a, const CellTree& b, const BoxBlock& cellB,
+                                                const CellPairs* pairs)
 {
     if (a.numTriangles == 0)
         return false;
@@ -278,7 +341,10 @@ COREALGORITHMS_INLINE_LANES bool cellsIntersect(const CellTree& a, const CellTre
             const int lane = lanes.takeFirst();
             if (number + lane >= b.numTriangles)
                 break;
-            if (treeIntersects(a, cellB, opponentIn(block, lane, reach)))
+            // Intended: the box of u is compared with nothing but itself, which it always touches.
+            // A test with the box of t would be expected here, but it would change verdicts where
+            // rounding decides, on which existing plans rely.
+            if (treeIntersects(a, cellB, opponentIn(block, lane, reach), pairs))
                 return true;
         }
         number += kLanes;
@@ -288,18 +354,19 @@ COREALGORITHMS_INLINE_LANES bool cellsIntersect(const CellTree& a, const CellTre
 
 // ---- the widest registers that the machine has
 
-using CellsIntersect = bool (*)(const CellTree&, const CellTree&, const BoxBlock&);
+using CellsIntersect = bool (*)(const CellTree&, const CellTree&, const BoxBlock&, const CellPairs*);
 
-bool cellsIntersectAnywhere(const CellTree& a, const CellTree& b, const BoxBlock& cellB)
+bool cellsIntersectAnywhere(const CellTree& a, const CellTree& b, const BoxBlock& cellB,
+                            const CellPairs* pairs)
 {
-    return cellsIntersect(a, b, cellB);
+    return cellsIntersect(a, b, cellB, pairs);
 }
 
 #if defined(__GNUC__) && defined(__x86_64__)
 __attribute__((target("avx2"))) bool cellsIntersectWithAvx2(const CellTree& a, const CellTree& b,
-                                                            const BoxBlock& cellB)
+                                                            const BoxBlock& cellB, const CellPairs* pairs)
 {
-    return cellsIntersect(a, b, cellB);
+    return cellsIntersect(a, b, cellB, pairs);
 }
 
 CellsIntersect cellsIntersectOfThisMachine()
@@ -325,28 +392,82 @@ BoxBlock eightfold(const primitives::BoundingBox& box)
     return boxes;
 }
 
+// The trees of a mesh, or some that are made for it here.
+const CellTrees& treesOf(const BoundedMesh& mesh, std::optional<CellTrees>& own)
+{
+    if (mesh.trees && mesh.trees->areOf(mesh.mesh, mesh.cells))
+        return *mesh.trees;
+    return own.emplace(mesh.mesh, mesh.cells);
+}
+
+// One test of two meshes. The pairs of a triangle of a and one of b fall into four groups, narrow
+// and wide ones of each; see CellTrees.
+class MeshTest
+{
+public:
+    MeshTest(const CellTrees& treesOfA, const CellTrees& treesOfB, const primitives::BoundingBox& boxOfB,
+             CellsIntersect cellsIntersect)
+        : a(treesOfA), b(treesOfB), boxB(boxOfB), intersect(cellsIntersect)
+    {
+        if (a.hasWideTriangles() || b.hasWideTriangles())
+            pairs.emplace(a.grid(), b.grid(), boxB);
+    }
+
+    bool anyIntersect() const
+    {
+        for (int cell = 0; cell < a.numCells(); ++cell) {
+            if (a.boxOf(cell).intersects(boxB) && narrowIntersect(cell))
+                return true;
+        }
+        return a.hasWideTriangles() && a.grid().hull().intersects(boxB) && wideIntersect();
+    }
+
+private:
+    bool narrowIntersect(int cellA) const
+    {
+        const primitives::BoundingBox& boxA = a.boxOf(cellA);
+        if (b.anyCellNear(boxA, [&](int cellB) {
+                return b.boxOf(cellB).intersects(boxA) &&
+                       intersect(a.treeOf(cellA), b.treeOf(cellB), eightfold(b.boxOf(cellB)), nullptr);
+            }))
+            return true;
+        return b.hasWideTriangles() && b.grid().hull().intersects(boxA) &&
+               intersect(a.treeOf(cellA), b.wideTree(), eightfold(b.grid().hull()), &*pairs);
+    }
+
+    bool wideIntersect() const
+    {
+        const primitives::BoundingBox hullA = a.grid().hull();
+        if (b.anyCellNear(hullA, [&](int cellB) {
+                return b.boxOf(cellB).intersects(hullA) &&
+                       intersect(a.wideTree(), b.treeOf(cellB), eightfold(b.boxOf(cellB)), &*pairs);
+            }))
+            return true;
+        return b.hasWideTriangles() && b.grid().hull().intersects(hullA) &&
+               intersect(a.wideTree(), b.wideTree(), eightfold(b.grid().hull()), &*pairs);
+    }
+
+    const CellTrees& a;
+    const CellTrees& b;
+    const primitives::BoundingBox& boxB;
+    std::optional<CellPairs> pairs;
+    CellsIntersect intersect;
+};
+
 bool meshesOverlap(const BoundedMesh& a, const BoundedMesh& b, CellsIntersect intersect)
 {
     if (!a.box.intersects(b.box))
         return false;
-    CellTrees temporaryA;
-    CellTrees temporaryB;
-    CellTrees& treesA = a.trees ? *a.trees : temporaryA;
-    CellTrees& treesB = b.trees ? *b.trees : temporaryB;
-    for (qsizetype numberA = 0; numberA < a.cells.size(); ++numberA) {
-        const primitives::BoundingBox& boxA = a.cells[numberA].box;
-        if (!boxA.intersects(b.box))
-            continue;
-        for (qsizetype numberB = 0; numberB < b.cells.size(); ++numberB) {
-            const primitives::BoundingBox& boxB = b.cells[numberB].box;
-            if (!boxB.intersects(boxA))
-                continue;
-            if (intersect(treesA.ofCell(a.mesh, a.cells, numberA), treesB.ofCell(b.mesh, b.cells, numberB),
-                          eightfold(boxB)))
-                return true;
-        }
-    }
-    return false;
+    std::optional<CellTrees> ownA;
+    std::optional<CellTrees> ownB;
+    const CellTrees* treesA = &treesOf(a, ownA);
+    const CellTrees* treesB = &treesOf(b, ownB);
+    // Wide triangles need the grids of both.
+    if (treesA->hasWideTriangles() && !treesB->hasGrid())
+        treesA = &ownA.emplace(a.mesh, a.cells);
+    if (treesB->hasWideTriangles() && !treesA->hasGrid())
+        treesB = &ownB.emplace(b.mesh, b.cells);
+    return MeshTest(*treesA, *treesB, b.box, intersect).anyIntersect();
 }
 
 } // namespace

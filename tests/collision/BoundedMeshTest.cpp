@@ -9,12 +9,15 @@
 
 #include <tests/support/CollisionBuilders.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -162,13 +165,14 @@ TEST(BoundedTriangles, OneCellForACellSizeWithoutSense)
     }
 }
 
-TEST(BoundedTriangles, OneCellForMoreThanAMillionCells)
+TEST(BoundedTriangles, OneCellForMoreThanTwoToTheTwentiethCells)
 {
     const geometry::Mesh mesh = dots({{1.0F, 1.0F, 1.0F}, {9.0F, 9.0F, 9.0F}});
-    const BoundingBox box(0.0F, 0.0F, 0.0F, 10.0F, 10.0F, 10.0F);
-    EXPECT_EQ(makeBoundedTriangles(mesh, box, 10.0F / 101.0F).size(), 2); // 102^3 or 101^3 cells, below 2^20
-    EXPECT_EQ(makeBoundedTriangles(mesh, box, 0.09F).size(), 1);          // 112^3 cells, above
-    EXPECT_EQ(makeBoundedTriangles(mesh, box, 1e-30F).size(), 1);
+    EXPECT_EQ(makeBoundedTriangles(mesh, {0.0F, 0.0F, 0.0F, 128.0F, 128.0F, 64.0F}, 1.0F).size(), 2); // 2^20
+    EXPECT_EQ(makeBoundedTriangles(mesh, {0.0F, 0.0F, 0.0F, 128.0F, 128.0F, 64.5F}, 1.0F).size(), 1);
+    EXPECT_EQ(makeBoundedTriangles(mesh, kTen, 10.0F / 101.0F).size(), 2); // 101^3 cells, below 2^20
+    EXPECT_EQ(makeBoundedTriangles(mesh, kTen, 10.0F / 102.0F).size(), 1); // 102^3 cells, above
+    EXPECT_EQ(makeBoundedTriangles(mesh, kTen, 1e-30F).size(), 1);
     EXPECT_EQ(makeBoundedTriangles(mesh, {0.0F, 0.0F, 0.0F, 3e38F, 1.0F, 1.0F}, 1.0F).size(), 1);
 }
 
@@ -182,13 +186,32 @@ TEST(BoundedTriangles, OneCellForABoxOrVertexThatIsNotFinite)
     EXPECT_EQ(triangles(makeBoundedTriangles(withNan, kTen, 5.0F)), (QList<QList<int>>{{0, 1, 2}}));
 }
 
-TEST(BoundedTriangles, OneCellIfTheListsWouldGrowBeyondMeasure)
+// 40 * 40 * 41 cells of 1 mm.
+const BoundingBox kManyCells(0.0F, 0.0F, 0.0F, 40.0F, 40.0F, 41.0F);
+
+// Triangles that touch all of these cells, then points in the first.
+geometry::Mesh wideTrianglesAndPoints(int numWide, int numPoints)
 {
-    // A million cells, and 100 triangles that touch all of them.
-    geometry::Mesh mesh({{0.0F, 0.0F, 0.0F}, {10.0F, 0.0F, 10.0F}, {0.0F, 10.0F, 10.0F}}, {});
-    for (int i = 0; i < 100; ++i)
+    geometry::Mesh mesh({{0.0F, 0.0F, 0.0F}, {40.0F, 0.0F, 41.0F}, {0.0F, 40.0F, 41.0F}}, {});
+    for (int i = 0; i < numWide; ++i)
         mesh.addTriangle(0, 1, 2);
-    EXPECT_EQ(makeBoundedTriangles(mesh, kTen, 0.1F).size(), 1);
+    for (int i = 0; i < numPoints; ++i)
+        mesh.addTriangle(0, 0, 0);
+    return mesh;
+}
+
+// 65,600 = 2^16 + 64.
+TEST(BoundedTriangles, OneCellInsteadOfMoreFilledOnesThanTrianglesAndTwoToTheSixteenth)
+{
+    EXPECT_EQ(makeBoundedTriangles(wideTrianglesAndPoints(1, 62), kManyCells, 1.0F).size(), 1);
+    EXPECT_EQ(makeBoundedTriangles(wideTrianglesAndPoints(1, 63), kManyCells, 1.0F).size(), 65600);
+}
+
+// 19 * 65,600 + 13,168 = 2^20 + 16 * (19 + 13,168).
+TEST(BoundedTriangles, OneCellInsteadOfMoreThan16EntriesATriangleAndTwoToTheTwentieth)
+{
+    EXPECT_EQ(makeBoundedTriangles(wideTrianglesAndPoints(19, 13167), kManyCells, 1.0F).size(), 1);
+    EXPECT_EQ(makeBoundedTriangles(wideTrianglesAndPoints(19, 13168), kManyCells, 1.0F).size(), 65600);
 }
 
 TEST(BoundedTriangles, WhoseEntriesNameNoVertexAreInNoCell)
@@ -201,7 +224,7 @@ TEST(BoundedTriangles, WhoseEntriesNameNoVertexAreInNoCell)
 
 // ---- objects from trees
 
-TEST(BoundedObjectOfATree, PlacesEveryShapeByObjectThenCumulativeTransform)
+TEST(BoundedObjectOfATree, PlacesEveryShapeByObjectThenCumulativeTransformWithoutTheRootsByDesign)
 {
     geometry::ShapeNode root(QStringLiteral("root"));
     root.setTransform(test::translation(1000.0F, 0.0F, 0.0F)); // left out
@@ -248,6 +271,20 @@ TEST(BoundedObjectOfATree, WithoutCellSizeGetsAboutCountToTheTwoThirdsCells)
               BoundingBox(0.0F, 0.0F, 0.0F, 8.0F / 3.0F, 8.0F / 3.0F, 8.0F / 3.0F));
     EXPECT_EQ(bounded.meshes[0].cells.size(), 27);
     EXPECT_EQ(makeBoundedObject(root, {}, 100.0F).meshes[0].cells.size(), 1);
+}
+
+// Each literal is one unit in the last place away from what another precision or order gives: the first from an
+// exponent of 2/3 in double precision and from depth * height * width and depth * width * height, the second from a
+// power in single precision, the third from a product and from a quotient in double precision.
+TEST(DefaultCellSize, IsAPowerInDoublePrecisionAndTheRestInSingle)
+{
+    using collision::defaultCellSize;
+    EXPECT_EQ(defaultCellSize(231256, {0.0F, 0.0F, 0.0F, 0x1.3f32p+5F, 0x1.86014p+6F, 0x1.9303p+4F}),
+              0x1.7b3d6ap+1F);
+    EXPECT_EQ(defaultCellSize(295123, {0.0F, 0.0F, 0.0F, 0x1.1c84p+7F, 0x1.8c272p+7F, 0x1.514ecp+6F}),
+              0x1.03f286p+3F);
+    EXPECT_EQ(defaultCellSize(4352, {0.0F, 0.0F, 0.0F, 0x1.4607p+5F, 0x1.71412p+7F, 0x1.1745cp+7F}),
+              0x1.f97b34p+3F);
 }
 
 TEST(BoundedObjectOfATree, WithoutShapesOrTrianglesIsEmpty)
@@ -329,6 +366,41 @@ TEST(BoundedObjectOfASurface, OfABrokenSurfaceIsEmpty)
     EXPECT_TRUE(makeBoundedObject(surface).meshes.isEmpty());
 }
 
+class RecordingSurface : public Surface3DModel
+{
+public:
+    const geometry::Mesh& getMesh() const override
+    {
+        log.emplace_back("getMesh");
+        return Surface3DModel::getMesh();
+    }
+    const QMatrix4x4& getObjectTransform() const override
+    {
+        log.emplace_back("getObjectTransform");
+        return Surface3DModel::getObjectTransform();
+    }
+    BoundingBox getSceneBoundingBox() const override
+    {
+        log.emplace_back("getSceneBoundingBox");
+        return kTen;
+    }
+    mutable std::vector<std::string> log;
+};
+
+TEST(BoundedObjectOfASurface, QueriesBoxThenMeshThenTransformAlsoOfABrokenSurface)
+{
+    const auto inOrder = testing::ElementsAre("getSceneBoundingBox", "getMesh", "getObjectTransform");
+    RecordingSurface surface;
+    surface.setMesh(dots({{1.0F, 1.0F, 1.0F}}));
+    surface.log.clear();
+    makeBoundedObject(surface);
+    EXPECT_THAT(surface.log, inOrder);
+    surface.setMesh(dots({{1.0F, kNan, 1.0F}}));
+    surface.log.clear();
+    EXPECT_TRUE(makeBoundedObject(surface).meshes.isEmpty());
+    EXPECT_THAT(surface.log, inOrder);
+}
+
 TEST(BoundedObject, IsEmptyAtFirst)
 {
     const BoundedObject object;
@@ -342,10 +414,11 @@ qsizetype bytesOf(const collision::BoundedMesh& mesh)
 {
     qsizetype bytes = mesh.mesh.getVertices().capacity() * qsizetype(sizeof(QVector3D)) +
                       mesh.mesh.getIndices().capacity() * qsizetype(sizeof(int));
-    for (qsizetype i = 0; i < mesh.cells.size(); ++i) {
-        const collision::CellTree& tree = mesh.trees->ofCell(mesh.mesh, mesh.cells, i);
-        bytes += mesh.cells[i].triangles.capacity() * qsizetype(sizeof(int)) +
-                 qsizetype(tree.blocks.capacity() * sizeof(collision::TriangleBlock)) +
+    for (const geometry::BoundedTriangles& cell : mesh.cells)
+        bytes += cell.triangles.capacity() * qsizetype(sizeof(int));
+    for (int cell = 0; cell < mesh.trees->numCells(); ++cell) {
+        const collision::CellTree& tree = mesh.trees->treeOf(cell);
+        bytes += qsizetype(tree.blocks.capacity() * sizeof(collision::TriangleBlock)) +
                  qsizetype(tree.nodes.capacity() * sizeof(collision::BoxBlock)) + qsizetype(sizeof(tree)) +
                  1000;
     }

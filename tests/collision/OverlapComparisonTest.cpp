@@ -271,6 +271,95 @@ TEST(OverlapComparison, SoupsHaveThePlainVerdict)
     EXPECT_GT(pairs, 200000L * rounds());
 }
 
+// Triangles of 1 to 30 mm in cells of 5 mm: some touch a few cells, some many. All are in one tilted plane or near it,
+// where triangles are reported across gaps and the cells decide which of these count.
+TEST(OverlapComparison, NarrowAndWideTrianglesHaveThePlainVerdictInBothOrders)
+{
+    test::RandomGeometry random(17);
+    long hits = 0;
+    long sideways = 0;
+    constexpr int pairs = 6000;
+    for (int i = 0; i < pairs * rounds(); ++i) {
+        const QMatrix4x4 frame = i % 5 == 0 ? QMatrix4x4() : random.rigidPlacement();
+        const float thickness = i % 3 == 0 ? 1.0F : 0.0F;
+        const auto surfaceAt = [&](float shift) {
+            geometry::Mesh mesh;
+            QList<QVector3D> vertices;
+            const int count = 1 + static_cast<int>(random.number(0.0F, 4.0F));
+            for (int n = 0; n < count; ++n) {
+                const float size = random.number(0.0F, 2.0F) < 1.0F ? 2.0F : 15.0F;
+                const QVector3D centre = random.point(12.0F);
+                for (int corner = 0; corner < 3; ++corner) {
+                    const QVector3D p = centre + random.point(size);
+                    vertices.append({p.x() + shift, p.y(), p.z() * thickness});
+                }
+            }
+            mesh.setVertices(vertices);
+            for (int n = 0; n < count; ++n)
+                mesh.addTriangle(3 * n, 3 * n + 1, 3 * n + 2);
+            Surface3DModel surface;
+            surface.setMesh(mesh);
+            surface.setObjectTransform(frame);
+            return std::pair(collision::makeBoundedObject(surface), plain::makeBoundedObject(surface));
+        };
+        const auto [a, plainA] = surfaceAt(0.0F);
+        const auto [b, plainB] = surfaceAt(random.number(0.0F, 40.0F));
+        const bool expected = plain::overlaps(plainA, plainB);
+        const bool turned = plain::overlaps(plainB, plainA);
+        ASSERT_EQ(collision::overlaps(a, b), expected) << "pair " << i;
+        ASSERT_EQ(collision::overlaps(b, a), turned) << "pair " << i;
+        ASSERT_EQ(collision::overlapsWithPlainRegisters(a.meshes[0], b.meshes[0]),
+                  plain::overlaps(plainA.meshes[0], plainB.meshes[0]))
+            << "pair " << i;
+        hits += expected ? 1 : 0;
+        sideways += expected != turned ? 1 : 0;
+    }
+    EXPECT_GT(hits, pairs * rounds() / 10);
+    EXPECT_LT(hits, pairs * rounds() * 9 / 10);
+    EXPECT_GT(sideways, 0) << "no pair whose verdict depends on the order";
+}
+
+// Meshes whose cells would be too many have the verdict of these cells though they keep one.
+TEST(OverlapComparison, MeshesBeyondTheLargestListsHaveThePlainVerdict)
+{
+    test::RandomGeometry random(18);
+    long hits = 0;
+    int beyond = 0;
+    for (int i = 0; i < 8 * rounds(); ++i) {
+        const QMatrix4x4 frame = i % 4 == 0 ? QMatrix4x4() : random.rigidPlacement();
+        const auto flatSurface = [&](int count, float reach, float size) {
+            QList<QVector3D> vertices;
+            geometry::Mesh mesh;
+            for (int n = 0; n < count; ++n) {
+                const QVector3D centre = random.point(reach);
+                for (int corner = 0; corner < 3; ++corner) {
+                    const QVector3D p = centre + random.point(size);
+                    vertices.append({p.x(), p.y(), 0.0F});
+                }
+            }
+            mesh.setVertices(vertices);
+            for (int n = 0; n < count; ++n)
+                mesh.addTriangle(3 * n, 3 * n + 1, 3 * n + 2);
+            Surface3DModel surface;
+            surface.setMesh(mesh);
+            surface.setObjectTransform(frame);
+            return std::pair(collision::makeBoundedObject(surface), plain::makeBoundedObject(surface));
+        };
+        const auto [large, plainLarge] = flatSurface(12, 60.0F, 170.0F);
+        beyond += large.meshes[0].cells.size() == 1 && plainLarge.meshes[0].cells.size() > 1 ? 1 : 0;
+        for (int n = 0; n < 20; ++n) {
+            const auto [other, plainOther] = flatSurface(1, 200.0F, 8.0F);
+            const bool expected = plain::overlaps(plainLarge, plainOther);
+            const bool turned = plain::overlaps(plainOther, plainLarge);
+            ASSERT_EQ(collision::overlaps(large, other), expected) << "mesh " << i << ", other " << n;
+            ASSERT_EQ(collision::overlaps(other, large), turned) << "mesh " << i << ", other " << n;
+            hits += expected ? 1 : 0;
+        }
+    }
+    EXPECT_GE(beyond, 4 * rounds());
+    EXPECT_GT(hits, 0);
+}
+
 bool sameCells(const QList<geometry::BoundedTriangles>& a, const QList<geometry::BoundedTriangles>& b)
 {
     if (a.size() != b.size())

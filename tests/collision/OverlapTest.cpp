@@ -5,6 +5,7 @@
 // The cascade of objects, meshes, cells and triangles: touching boxes, objects inside others, which triangles a cell
 // lets through, which do not count, and meshes without sense.
 
+#include <CoreAlgorithms/collision/CellTree_p.h>
 #include <CoreAlgorithms/collision/ImplantSafetyZone.h>
 
 #include <tests/support/CollisionBuilders.h>
@@ -170,7 +171,7 @@ TEST_F(OverlapTest, CellsMustTouchEachOther)
 // Intended: the box of the first's triangle is compared with the second's cell, the box of the second's triangle with
 // nothing but itself. So a pair counts although the second's triangle lies outside its cell, and does not count if the
 // first's does.
-TEST_F(OverlapTest, TheFirstsTriangleMustTouchTheSecondsCellButNotTheOtherWayRound)
+TEST_F(OverlapTest, OnlyTheFirstsTriangleMustTouchTheOthersCellByDesign)
 {
     const BoundingBox corner(50.0F, 50.0F, 50.0F, 60.0F, 60.0F, 60.0F);
     BoundedMesh a = inOneCell(floor, everywhere);
@@ -226,7 +227,7 @@ TEST_F(OverlapTest, TrianglesThatDoNotExistOrAreNotFiniteAreLeftOut)
     EXPECT_TRUE(overlaps(inOneCell(floor, everywhere), mended));
 }
 
-TEST_F(OverlapTest, KeepsTreesWithTheMeshOrNotWithTheSameVerdict)
+TEST_F(OverlapTest, MeshesWithoutTreesHaveTheSameVerdict)
 {
     const BoundedObject a = cylinder(1.0F, 10.0F);
     const BoundedObject b = cylinder(1.0F, 10.0F, test::translation(1.5F, 0.0F, 0.0F));
@@ -235,6 +236,116 @@ TEST_F(OverlapTest, KeepsTreesWithTheMeshOrNotWithTheSameVerdict)
     EXPECT_NE(a.meshes[0].trees, nullptr);
     EXPECT_TRUE(overlaps(a.meshes[0], b.meshes[0]));
     EXPECT_TRUE(overlaps(withoutTrees, b.meshes[0]));
+    EXPECT_TRUE(overlaps(b.meshes[0], withoutTrees));
+}
+
+// As ACellOfTheFirstMustTouchTheMeshOfTheSecond, for triangles in many cells.
+TEST_F(OverlapTest, ACellOfAWideTriangleMustTouchTheMeshOfTheSecond)
+{
+    const auto inCellsOfFive = [](const geometry::Mesh& mesh) {
+        Surface3DModel surface;
+        surface.setMesh(mesh);
+        return collision::makeBoundedObject(surface).meshes[0];
+    };
+    const BoundedMesh a =
+        inCellsOfFive(oneTriangle({0.0F, 0.0F, 0.0F}, {30.0F, 0.0F, 0.0F}, {0.0F, 30.0F, 0.0F}));
+    BoundedMesh b =
+        inCellsOfFive(oneTriangle({12.0F, 2.0F, -15.0F}, {12.0F, 2.0F, 15.0F}, {12.0F, 14.0F, 15.0F}));
+    EXPECT_TRUE(overlaps(a, b));
+    b.box = {0.0F, 0.0F, -15.0F, 4.0F, 14.0F, 15.0F}; // away from the cells where they meet
+    EXPECT_FALSE(overlaps(a, b));
+}
+
+// ---- copies, which share what the first test has made
+
+struct CopiesTest : OverlapTest
+{
+    CopiesTest()
+    {
+        EXPECT_TRUE(overlaps(a, b));
+        EXPECT_TRUE(overlaps(b, a));
+    }
+
+    const BoundedMesh a = cylinder(1.0F, 10.0F).meshes[0];
+    const BoundedMesh b = cylinder(1.0F, 10.0F, test::translation(1.5F, 0.0F, 0.0F)).meshes[0];
+    BoundedMesh copy = a;
+};
+
+TEST_F(CopiesTest, WithMovedVerticesHaveTheVerdictOfTheirPlace)
+{
+    copy.mesh.applyTransformation(test::translation(-1.0F, 0.0F, 0.0F)); // still in reach of its cell
+    EXPECT_FALSE(overlaps(copy, b));
+    EXPECT_FALSE(overlaps(b, copy));
+    EXPECT_TRUE(overlaps(a, b));
+    copy.mesh.applyTransformation(test::translation(1.0F, 0.0F, 0.0F));
+    EXPECT_TRUE(overlaps(copy, b));
+    EXPECT_TRUE(overlaps(b, copy));
+}
+
+TEST_F(CopiesTest, WithOtherIndicesHaveTheVerdictOfTheirTriangles)
+{
+    copy.mesh.setIndices({0, 0, 0, -1});
+    EXPECT_FALSE(overlaps(copy, b));
+    EXPECT_FALSE(overlaps(b, copy));
+}
+
+TEST_F(CopiesTest, WithOtherCellsHaveTheVerdictOfTheirCells)
+{
+    const QList<geometry::BoundedTriangles> cells = copy.cells;
+    for (int more = 0; more < 100; ++more)
+        copy.cells.prepend({{-1.0F, -1.0F, -5.0F, -0.5F, 1.0F, 5.0F}, {0}});
+    EXPECT_TRUE(overlaps(copy, b)); // by the last cell
+    EXPECT_TRUE(overlaps(b, copy));
+    copy.cells.last().triangles.clear();
+    EXPECT_FALSE(overlaps(copy, b));
+    EXPECT_FALSE(overlaps(b, copy));
+    copy.cells = cells;
+    EXPECT_TRUE(overlaps(copy, b));
+}
+
+// ---- objects of any extent
+
+// One triangle whose box touches all 40^3 cells of 5 mm.
+BoundedObject throughManyCells(float height)
+{
+    Surface3DModel surface;
+    surface.setMesh(
+        oneTriangle({0.0F, 0.0F, height}, {200.0F, 0.0F, 200.0F + height}, {0.0F, 200.0F, 200.0F + height}));
+    return collision::makeBoundedObject(surface);
+}
+
+TEST_F(OverlapTest, MeshesOfManyCellsAreComparedByTheirTriangles)
+{
+    const BoundedObject mesh = throughManyCells(0.0F);
+    ASSERT_EQ(mesh.meshes[0].cells.size(), 64000);
+    EXPECT_EQ(mesh.meshes[0].trees->numCells(), 0); // no cell is compared with those of another mesh
+    EXPECT_FALSE(overlaps(mesh, throughManyCells(1.0F)));
+    EXPECT_FALSE(overlaps(throughManyCells(1.0F), mesh));
+    EXPECT_TRUE(overlaps(mesh, throughManyCells(0.0F)));
+}
+
+TEST_F(OverlapTest, NarrowAndWideTrianglesOfAnOutstretchedMeshAreFound)
+{
+    // A canal with one vertex 5 m away: its six triangles touch cells all along the way.
+    geometry::Mesh mesh = test::makeCanal(2000);
+    QList<QVector3D> vertices = mesh.getVertices();
+    const qsizetype middle = vertices.size() / 2;
+    const QVector3D narrow = vertices[10];
+    vertices[middle] = {5000.0F, 0.0F, 0.0F};
+    const QVector3D wide = (vertices[middle] + vertices[middle + 1]) * 0.5F;
+    mesh.setVertices(vertices);
+    Surface3DModel surface;
+    surface.setMesh(mesh);
+    const BoundedObject canal = collision::makeBoundedObject(surface);
+    ASSERT_GT(canal.meshes[0].cells.size(), 1000);
+    for (const QVector3D& place : {narrow, wide}) {
+        const auto at = test::translation(place.x(), place.y(), place.z());
+        EXPECT_TRUE(overlaps(canal, cylinder(1.0F, 4.0F, at)));
+        EXPECT_TRUE(overlaps(cylinder(1.0F, 4.0F, at), canal));
+        const auto beside = at * test::translation(0.0F, 0.0F, 20.0F);
+        EXPECT_FALSE(overlaps(canal, cylinder(1.0F, 4.0F, beside)));
+        EXPECT_FALSE(overlaps(cylinder(1.0F, 4.0F, beside), canal));
+    }
 }
 
 } // namespace
