@@ -30,6 +30,13 @@ bool isPositive(float measure)
     return std::isfinite(measure) && measure > 0.0F;
 }
 
+// Without this test, a margin would give a body even to an implant without extent.
+bool hasBody(const Implant3D& implant)
+{
+    const dataobject::ImplantDimensions& dimensions = implant.getDimensions();
+    return isPositive(dimensions.diameter) && isPositive(dimensions.length);
+}
+
 // An entry of a cache, or an empty object.
 template <typename Cache>
 const BoundedObject& cached(const Cache& cache, const typename Cache::key_type& key)
@@ -122,6 +129,8 @@ ImplantCollisionDetector::calculateUpdatedCollisions(const ImplantPairs& implant
         return cached(implantSafetyZoneBoundedMeshes, {implant, margin});
     };
     ImplantCollisions updated = implantCollisions;
+    // Intended: the order of the operands, on which a verdict can depend: the implant at the lower
+    // address, the nerve and the pin come first. The verdicts of existing plans rely on it.
     for (const auto& pair : implantPairs) {
         const bool colliding = overlaps(zone(pair.first, kImplantMargin), zone(pair.second, kImplantMargin));
         setColliding(updated.implantImplantCollisions, pair, colliding);
@@ -165,11 +174,11 @@ void ImplantCollisionDetector::updateImplantSafetyZoneBoundedMeshes(const std::s
     const std::pair key(implant, margin);
     if (implantSafetyZoneBoundedMeshes.contains(key))
         return;
-    const auto safetyZone = generateSafetyZone(shapeFactory, *implant, margin);
-    BoundedObject object = makeBoundedObject(*safetyZone, implant->getObjectTransform(), kShapeCellSize);
-    // A margin would give even an implant without extent a body.
-    if (!isPositive(implant->getDimensions().diameter) || !isPositive(implant->getDimensions().length))
-        object = {};
+    BoundedObject object;
+    if (hasBody(*implant)) {
+        const auto safetyZone = generateSafetyZone(shapeFactory, *implant, margin);
+        object = makeBoundedObject(*safetyZone, implant->getObjectTransform(), kShapeCellSize);
+    }
     implantSafetyZoneBoundedMeshes.insert(key, object);
 }
 
@@ -271,6 +280,11 @@ bool ImplantCollisionDetector::isCollidingWithNerve(const Implant3D& implant) co
 bool ImplantCollisionDetector::isCollidingWithAnchorPin(const Implant3D& implant) const
 {
     return anyPairWithFirst(implantCollisions.implantAnchorPinCollisions, &implant);
+}
+
+const ImplantCollisions& ImplantCollisionDetector::getImplantCollisions() const
+{
+    return implantCollisions;
 }
 
 QSet<std::shared_ptr<const Implant3D>> ImplantCollisionDetector::getCollidingImplants() const

@@ -101,7 +101,8 @@ public:
     QSet<std::shared_ptr<dataobject::Implant3D>>
     getCollidingImplants(const dataobject::Implant3D& implant) const;
 
-    const ImplantCollisions& getImplantCollisions() const { return implantCollisions; }
+    /// Returns the current verdicts. The reference stays valid as long as the detector.
+    const ImplantCollisions& getImplantCollisions() const;
 
     /// Translation in the context "collision::ImplantCollisionDetector".
     static QString tr(const char* sourceText, const char* disambiguation = nullptr, int n = -1);

@@ -30,8 +30,10 @@ void addPlaced(geometry::ShapeNode& root, geometry::ShapeNode* node, const QMatr
 void addBody(geometry::ShapeNode& root, const geometry::ShapeFactory& factory,
              const dataobject::Implant3D& implant, float margin)
 {
-    geometry::ShapeNode* body =
-        factory.generateCylinder(zoneRadius(implant, margin), implant.getDimensions().length, false, false);
+    // The arguments of a call are evaluated in the compiler's order; the host sees one order.
+    const float radius = zoneRadius(implant, margin);
+    const float height = implant.getDimensions().length;
+    geometry::ShapeNode* body = factory.generateCylinder(radius, height, false, false);
     QMatrix4x4 placement;
     placement.translate(QVector3D(0.0F, 0.0F, -implant.getDimensions().length * 0.5F));
     addPlaced(root, body, placement);

@@ -641,6 +641,25 @@ TEST_F(ImplantCollisionDetectorTest, RemoveOfAPinTakesOutItsPairsAndMeshes)
     EXPECT_EQ(Access::zones(detector).size(), 6);
 }
 
+TEST_F(ImplantCollisionDetectorTest, RemoveErasesTheCacheOfTheObjectBeforeItNotifies)
+{
+    detectAll();
+    std::vector<qsizetype> zones;
+    std::vector<qsizetype> nerveMeshes;
+    std::vector<qsizetype> pinMeshes;
+    listener.onChange = [&] {
+        zones.push_back(Access::zones(detector).size());
+        nerveMeshes.push_back(Access::nerves(detector).size());
+        pinMeshes.push_back(Access::pins(detector).size());
+    };
+    detector.remove(a);
+    detector.remove(nerve);
+    detector.remove(pin);
+    EXPECT_THAT(zones, ElementsAre(4, 4, 4));
+    EXPECT_THAT(nerveMeshes, ElementsAre(1, 0, 0));
+    EXPECT_THAT(pinMeshes, ElementsAre(1, 1, 0));
+}
+
 // The pointers that are handed over stand in the sets that they are taken out of.
 TEST_F(ImplantCollisionDetectorTest, RemoveTakesAPointerOfTheVerdictsThemselves)
 {
@@ -836,6 +855,43 @@ TEST_F(HostCalls, ImplantPairsThenNervesThenPins)
     EXPECT_THAT(objectsAsked(), ElementsAre("high")); // the rest is cached
 }
 
+// Of an implant the measures, six times for every zone: to see that it has a body, then radius, length and half the
+// length of the body, radius and length of the cap.
+TEST_F(HostCalls, OfEachObjectComeInOrder)
+{
+    implants = {low};
+    detect({low});
+    Log zone(6, "low.getDimensions");
+    zone.emplace_back("low.getObjectTransform");
+    Log expected = zone;
+    expected.insert(expected.end(), {"nerve.getSceneBoundingBox", "nerve.getMesh", "nerve.getObjectTransform",
+                                     "pin.getShapeNode", "pin.getObjectTransform"});
+    EXPECT_EQ(log, expected);
+
+    log.clear();
+    implants = {low, high};
+    Log bodies = zone;
+    for (std::string call : zone)
+        bodies.push_back(call.replace(0, 3, "high"));
+    nerves.clear();
+    pins.clear();
+    detect({high});
+    EXPECT_EQ(log, bodies);
+}
+
+TEST_F(HostCalls, AnImplantWithoutABodyIsAskedForItsMeasuresAlone)
+{
+    low->setDimensions({4.0F, 0.0F});
+    implants = {low};
+    log.clear();
+    detect({low});
+    EXPECT_EQ(std::count(log.begin(), log.end(), "low.getDimensions"), 1);
+    EXPECT_EQ(std::count(log.begin(), log.end(), "low.getObjectTransform"), 0);
+    log.clear();
+    detect({low});
+    EXPECT_TRUE(log.empty()); // that it has none is cached
+}
+
 TEST_F(HostCalls, ZoneIsMadeBeforeTheNerveOrPinOfThePair)
 {
     implants = {low};
@@ -905,7 +961,7 @@ QMatrix4x4 lyingDown()
     return {1, 0, 0, 0, 0, 0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1};
 }
 
-TEST_F(ImplantCollisionDetectorTest, NerveIsTheFirstOperand)
+TEST_F(ImplantCollisionDetectorTest, NerveIsTheFirstOperandByDesign)
 {
     nerve->setMesh(segmentInTheLid(false));
     detectAll();
@@ -918,7 +974,7 @@ TEST_F(ImplantCollisionDetectorTest, NerveIsTheFirstOperand)
     EXPECT_TRUE(detector.isCollidingWithNerve(*a));
 }
 
-TEST_F(ImplantCollisionDetectorTest, PinIsTheFirstOperand)
+TEST_F(ImplantCollisionDetectorTest, PinIsTheFirstOperandByDesign)
 {
     pin->setShapeNode(treeOf(segmentInTheLid(false)));
     pin->setObjectTransform({});
@@ -933,7 +989,7 @@ TEST_F(ImplantCollisionDetectorTest, PinIsTheFirstOperand)
 }
 
 // Two level implants in a tilted frame, 1.5 mm apart, that are reported in one order only: a known limit.
-TEST_F(ImplantCollisionDetectorTest, ImplantAtTheLowerAddressIsTheFirstOperand)
+TEST_F(ImplantCollisionDetectorTest, ImplantAtTheLowerAddressIsTheFirstOperandByDesign)
 {
     const QMatrix4x4 aboutY(0.8F, 0, 0.6F, 10, 0, 1, 0, 20, -0.6F, 0, 0.8F, 30, 0, 0, 0, 1);
     const QMatrix4x4 aboutX(1, 0, 0, 0, 0, 0.6F, -0.8F, 0, 0, 0.8F, 0.6F, 0, 0, 0, 0, 1);
@@ -1014,14 +1070,64 @@ TEST_F(ImplantCollisionDetectorTest, ImplantOfOddMeasuresCollidesWithNothingAndT
     }
 }
 
-TEST_F(ImplantCollisionDetectorTest, HugeAndTinyImplantsGetSomeVerdict)
+// Its lid is in one plane with theirs, which lie inside it. It reaches through the nerve and the pin, too, but their
+// surfaces do not meet its own.
+TEST_F(ImplantCollisionDetectorTest, AnImplantOfAKilometerCollidesWithThoseWhoseLidsAreInItsLid)
 {
-    for (const float measure : {std::numeric_limits<float>::max(), std::numeric_limits<float>::min(), 1e6F}) {
-        a->setDimensions({measure, measure});
-        detector.shapeHasChanged(a);
-        detectAll();
-        EXPECT_FALSE(detector.isColliding(*c) && !detector.isColliding(*a));
-    }
+    a->setDimensions({1e6F, 1e6F});
+    detectAll();
+    EXPECT_EQ(detector.getCollidingImplants(*a), (QSet<ImplantPointer>{b, c}));
+    EXPECT_FALSE(detector.isCollidingWithNerve(*a));
+    EXPECT_FALSE(detector.isCollidingWithAnchorPin(*a));
+}
+
+// The distances from its planes are infinite or no numbers, which rule nothing out.
+TEST_F(ImplantCollisionDetectorTest, AnImplantOfTheLargestFloatCollidesWithEverythingInItsBox)
+{
+    a->setDimensions({std::numeric_limits<float>::max(), std::numeric_limits<float>::max()});
+    detectAll();
+    EXPECT_EQ(detector.getCollidingImplants(*a), (QSet<ImplantPointer>{b, c}));
+    EXPECT_TRUE(detector.isCollidingWithNerve(*a));
+    EXPECT_TRUE(detector.isCollidingWithAnchorPin(*a));
+    EXPECT_FALSE(detector.isColliding(*b) && detector.getCollidingImplants(*b).contains(c));
+}
+
+// Its body is a point for all that matters, here inside another implant. Its zone is as large as the margin: 1.5 mm to
+// the sides of the cone.
+TEST_F(ImplantCollisionDetectorTest, AnImplantOfTheSmallestFloatHasAZoneButMeetsNoBodyAroundIt)
+{
+    a->setDimensions({std::numeric_limits<float>::min(), std::numeric_limits<float>::min()});
+    b->setObjectTransform(at(1.0F, 0.0F, 5.0F));
+    nerve->setMesh(triangleThroughAll());
+    nerve->setObjectTransform(at(0.0F, 0.0F, 4.0F)); // to z = -1, through the cone
+    detectAll();
+    EXPECT_FALSE(detector.isColliding(*a));
+    EXPECT_TRUE(detector.isCollidingWithNerve(*a));
+}
+
+// Bodies of 10 km are in 100,000 cells, a nerve of 20 m is in 4,000.
+TEST_F(ImplantCollisionDetectorTest, ImplantsOfKilometersAreTestedWithEachOtherAndWithNerves)
+{
+    a->setDimensions({4.0F, 1e7F});
+    b->setDimensions({4.0F, 1e7F});
+    b->setObjectTransform(at(8.0F)); // the zones end at x = 3.5 and start at 4.5
+    geometry::Mesh between({QVector3D(3.75F, 0, -5), QVector3D(4.25F, 0, -5), QVector3D(4, 0, -20000)}, {});
+    between.addTriangle(0, 1, 2);
+    nerve->setMesh(between);
+    detectAll();
+    EXPECT_FALSE(detector.isColliding(*a));
+    EXPECT_FALSE(detector.isCollidingWithNerve(*a));
+    EXPECT_FALSE(detector.isCollidingWithNerve(*b));
+    b->setObjectTransform(at(7.5F));
+    detector.shapeHasChanged(b);
+    detect({b});
+    EXPECT_FALSE(detector.isColliding(*a));
+    EXPECT_FALSE(detector.isCollidingWithNerve(*a));
+    EXPECT_TRUE(detector.isCollidingWithNerve(*b));
+    b->setObjectTransform(at(3.0F));
+    detector.shapeHasChanged(b);
+    detect({b});
+    EXPECT_TRUE(detector.isColliding(*a));
 }
 
 TEST_F(ImplantCollisionDetectorTest, PlacementThatIsNotFiniteCollidesWithNothing)

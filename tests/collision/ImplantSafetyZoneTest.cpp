@@ -194,6 +194,30 @@ TEST_F(SafetyZoneTest, EveryStepReadsTheMeasuresAfresh)
     EXPECT_EQ(implant.reads, 5); // radius, length, half length; radius, length
 }
 
+// Has other measures at every reading: 1 and 10 mm, then 2 and 20 mm and so on.
+class GrowingImplant : public dataobject::Implant3D
+{
+public:
+    const dataobject::ImplantDimensions& getDimensions() const override
+    {
+        measures = {measures.diameter + 1.0F, measures.length + 10.0F};
+        return measures;
+    }
+
+private:
+    mutable dataobject::ImplantDimensions measures;
+};
+
+TEST_F(SafetyZoneTest, ReadsDiameterThenLengthForTheBodyThenForTheCap)
+{
+    GrowingImplant growing;
+    const auto root = generateSafetyZone(factory, growing, 0.0F);
+    EXPECT_EQ(requests, (std::vector<Request>{{"cylinder", {0.5F, 20.0F}, {false, false}},
+                                              {"cone", {2.0F, 0.0F}, {false}}}));
+    EXPECT_EQ(root->getChild(0)->getTransform().column(3).z(), -15.0F); // half of the third reading
+    EXPECT_EQ(root->getChild(1)->getTransform().column(3).z(), -50.0F);
+}
+
 TEST_F(SafetyZoneTest, OddMeasuresGoToTheFactoryAsTheyAre)
 {
     zone(0.0F, 0.0F, 0.0F);
