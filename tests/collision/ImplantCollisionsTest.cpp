@@ -21,6 +21,12 @@ using dataobject::Nerve;
 
 static_assert(std::is_nothrow_move_constructible_v<ImplantCollisions>);
 
+// The implant comes first in a mixed pair, whatever the addresses.
+static_assert(std::is_same_v<decltype(makePair(std::shared_ptr<Implant3D>(), std::shared_ptr<Nerve>())),
+                             std::pair<std::shared_ptr<Implant3D>, std::shared_ptr<Nerve>>>);
+static_assert(std::is_same_v<decltype(makePair(std::shared_ptr<Implant3D>(), std::shared_ptr<AnchorPin3D>())),
+                             std::pair<std::shared_ptr<Implant3D>, std::shared_ptr<AnchorPin3D>>>);
+
 struct ImplantCollisionsTest : testing::Test
 {
     std::shared_ptr<Implant3D> a = std::make_shared<Implant3D>();
@@ -53,12 +59,10 @@ TEST_F(ImplantCollisionsTest, PairOfAnImplantWithItselfHoldsItTwice)
     EXPECT_EQ(makePair(a, a), std::pair(a, a));
 }
 
-TEST_F(ImplantCollisionsTest, MixedPairsKeepTheImplantFirstWhateverTheAddresses)
+TEST_F(ImplantCollisionsTest, MixedPairsHoldBothObjects)
 {
-    for (const auto& implant : {a, b, c}) {
-        EXPECT_EQ(makePair(implant, nerve), std::pair(implant, nerve));
-        EXPECT_EQ(makePair(implant, pin), std::pair(implant, pin));
-    }
+    EXPECT_EQ(makePair(a, nerve), std::pair(a, nerve));
+    EXPECT_EQ(makePair(a, pin), std::pair(a, pin));
 }
 
 TEST_F(ImplantCollisionsTest, PairsHoldStrongReferences)
