@@ -6,6 +6,7 @@
 // and tell the same observers as often.
 
 #include <CoreAlgorithms/collision/ImplantSafetyZone.h>
+#include <tests/support/CollisionBuilders.h>
 #include <tests/support/PlainOverlap.h>
 
 #include <gtest/gtest.h>
@@ -18,6 +19,7 @@
 #include <optional>
 #include <random>
 #include <set>
+#include <string>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -29,13 +31,21 @@ using dataobject::AnchorPin3D;
 using dataobject::Implant3D;
 using dataobject::Nerve;
 
-constexpr int kSequences = 1000;
+constexpr int kSequences = 400;
 constexpr int kOperations = 300;
 constexpr int kImplants = 4;
 constexpr int kNerves = 2;
 constexpr int kPins = 2;
 constexpr int kObservers = 3;
 constexpr int kPlaces = 6;
+
+// COREALGORITHMS_FUZZ_ROUNDS multiplies the number of sequences; the label fuzz runs many.
+int rounds()
+{
+    bool given = false;
+    const int number = qEnvironmentVariableIntValue("COREALGORITHMS_FUZZ_ROUNDS", &given);
+    return given && number > 0 ? number : 1;
+}
 
 // ---- shapes and places
 
@@ -70,9 +80,16 @@ dataobject::ImplantDimensions dimensionsOf(int implant)
                             : dataobject::ImplantDimensions{4.0F, 10.0F};
 }
 
-geometry::Mesh nerveMesh(int place)
+// Within some zones: a tetrahedron below the bodies, or a tube of 21 mm across the row, in cells of 5 mm.
+geometry::Mesh nerveMesh(int nerve, int place)
 {
-    geometry::Mesh mesh = tetrahedron(12.0F); // below the bodies, within some zones
+    geometry::Mesh mesh = tetrahedron(12.0F);
+    if (nerve % 2 == 1) {
+        QList<QVector3D> axis;
+        for (int step = 0; step <= 12; ++step)
+            axis.append({0.25F * static_cast<float>(step), 1.75F * static_cast<float>(step) - 9.0F, -10.0F});
+        mesh = test::makeTube(axis, 1.0F, 6);
+    }
     mesh.applyTransformation(placementAt(place));
     return mesh;
 }
@@ -97,11 +114,11 @@ public:
             return test::plain::overlaps(zone(first, firstPlace, 0.0F), zone(second, secondPlace, 0.0F));
         });
     }
-    bool nerve(int nervePlace, int implant, int implantPlace)
+    bool nerve(int nerve, int nervePlace, int implant, int implantPlace)
     {
-        return remembered({1, 0, nervePlace, implant % 2, implantPlace}, [&] {
+        return remembered({1, nerve % 2, nervePlace, implant % 2, implantPlace}, [&] {
             Surface3DModel surface;
-            surface.setMesh(nerveMesh(nervePlace));
+            surface.setMesh(nerveMesh(nerve, nervePlace));
             return test::plain::overlaps(test::plain::makeBoundedObject(surface),
                                          zone(implant, implantPlace, 3.0F));
         });
@@ -289,23 +306,38 @@ public:
     }
     const std::array<int, kObservers>& modelTold() const { return model.told; }
 
-    // The questions about single objects, answered from the model's pairs.
-    void expectSameAnswers() const
+    // The first question to the detector that the model answers otherwise from its pairs; none if all agree.
+    std::string otherAnswer() const
     {
+        QSet<std::shared_ptr<const Implant3D>> colliding;
         for (int i = 0; i < kImplants; ++i) {
             QSet<std::shared_ptr<Implant3D>> others;
             for (const auto& [a, b] : model.verdicts.implants) {
                 if (a == i)
-                    others.insert(implants[static_cast<std::size_t>(b)]);
+                    others.insert(implants[b]);
                 if (b == i)
-                    others.insert(implants[static_cast<std::size_t>(a)]);
+                    others.insert(implants[a]);
             }
-            const Implant3D& implant = *implants[static_cast<std::size_t>(i)];
-            EXPECT_EQ(detector.getCollidingImplants(implant), others);
-            EXPECT_EQ(detector.isColliding(implant), !others.isEmpty());
-            EXPECT_EQ(detector.isCollidingWithNerve(implant), anyWith(model.verdicts.nerves, i));
-            EXPECT_EQ(detector.isCollidingWithAnchorPin(implant), anyWith(model.verdicts.pins, i));
+            const Implant3D& implant = *implants[i];
+            if (!others.isEmpty())
+                colliding.insert(implants[i]);
+            if (detector.getCollidingImplants(implant) != others)
+                return "getCollidingImplants of implant " + std::to_string(i);
+            if (detector.isColliding(implant) == others.isEmpty())
+                return "isColliding of implant " + std::to_string(i);
+            if (detector.isCollidingWithNerve(implant) != anyWith(model.verdicts.nerves, i))
+                return "isCollidingWithNerve of implant " + std::to_string(i);
+            if (detector.isCollidingWithAnchorPin(implant) != anyWith(model.verdicts.pins, i))
+                return "isCollidingWithAnchorPin of implant " + std::to_string(i);
         }
+        for (int i = 0; i < kPins; ++i) {
+            const bool expected =
+                std::any_of(model.verdicts.pins.begin(), model.verdicts.pins.end(),
+                            [i](const std::pair<int, int>& pair) { return pair.second == i; });
+            if (detector.isColliding(*pins[i]) != expected)
+                return "isColliding of pin " + std::to_string(i);
+        }
+        return detector.getCollidingImplants() == colliding ? "" : "getCollidingImplants";
     }
 
 private:
@@ -340,7 +372,7 @@ private:
     {
         const auto i = static_cast<std::size_t>(number);
         model.nervePlace[i] = any(kPlaces);
-        nerves[i]->setMesh(nerveMesh(model.nervePlace[i]));
+        nerves[i]->setMesh(nerveMesh(number, model.nervePlace[i]));
         if (any(4) == 0)
             return;
         detector.shapeHasChanged(nerves[i]);
@@ -455,7 +487,7 @@ private:
     {
         const int at = seen(model.zoneSeen, implant, model.implantPlace[static_cast<std::size_t>(implant)]);
         const int nerveAt = seen(model.nerveSeen, nerve, model.nervePlace[static_cast<std::size_t>(nerve)]);
-        setVerdict(updated.nerves, {implant, nerve}, plain.nerve(nerveAt, implant, at));
+        setVerdict(updated.nerves, {implant, nerve}, plain.nerve(nerve, nerveAt, implant, at));
     }
 
     void testPin(Verdicts& updated, int implant, int pin)
@@ -516,40 +548,45 @@ TEST(ImplantCollisionDetectorModel, HasTheVerdictsAndNotificationsOfTheDetector)
     PlainVerdicts plain;
     int withCollisions = 0;
     int told = 0;
-    for (unsigned seed = 1; seed <= kSequences; ++seed) {
-        SideBySide both(seed, plain);
+    const int sequences = kSequences * rounds();
+    for (int seed = 1; seed <= sequences; ++seed) {
+        SideBySide both(static_cast<unsigned>(seed), plain);
         for (int operation = 0; operation < kOperations; ++operation) {
             both.doAnything();
             ASSERT_TRUE(both.detectorsVerdicts() == both.modelsVerdicts())
                 << "seed " << seed << ", operation " << operation;
             ASSERT_EQ(both.detectorTold(), both.modelTold())
                 << "seed " << seed << ", operation " << operation;
+            ASSERT_EQ(both.otherAnswer(), "") << "seed " << seed << ", operation " << operation;
             withCollisions += both.modelsVerdicts() == Verdicts() ? 0 : 1;
         }
-        both.expectSameAnswers();
-        ASSERT_FALSE(HasFailure()) << "seed " << seed;
         for (const int count : both.modelTold())
             told += count;
     }
     // Much happens: far from all plans are free of collisions, and observers are told often.
-    EXPECT_GT(withCollisions, kSequences * kOperations / 2);
-    EXPECT_GT(told, kSequences * 20);
+    EXPECT_GT(withCollisions, sequences * kOperations / 2);
+    EXPECT_GT(told, sequences * 20);
 }
 
 // All three kinds of pairs collide at some places and not at others.
 TEST(ImplantCollisionDetectorModel, PlacesGiveBothVerdictsForEveryKindOfPair)
 {
     PlainVerdicts plain;
-    std::array<std::set<bool>, 3> verdicts;
+    std::array<std::set<bool>, 4> verdicts;
     for (int a = 0; a < kPlaces; ++a) {
         for (int b = 0; b < kPlaces; ++b) {
             verdicts[0].insert(plain.implants(0, a, 1, b));
-            verdicts[1].insert(plain.nerve(a, 0, b));
-            verdicts[2].insert(plain.pin(a, 1, b));
+            verdicts[1].insert(plain.nerve(0, a, 0, b));
+            verdicts[2].insert(plain.nerve(1, a, 0, b));
+            verdicts[3].insert(plain.pin(a, 1, b));
         }
     }
     for (const auto& both : verdicts)
         EXPECT_EQ(both.size(), 2U);
+    // The long nerve has several cells.
+    Surface3DModel surface;
+    surface.setMesh(nerveMesh(1, 2));
+    EXPECT_GT(test::plain::makeBoundedObject(surface).meshes[0].cells.size(), 4);
 }
 
 } // namespace
