@@ -174,16 +174,27 @@ TEST(DegenerateTriangles, ThatArePointsMeetNothingTheyDoNotTouch)
     EXPECT_FALSE(intersect(point, kFloor));
 }
 
-TEST(DegenerateTriangles, OfAnyKindGiveSomeVerdict)
+// The plane of the first passes half of the largest float above the floor, but its normal overflows: distances that are
+// no numbers rule nothing out. The plane of the second can still tell that all of the first is above it.
+TEST(DegenerateTriangles, OfTheLargestFloatsAreReportedUnlessTheOthersPlaneRulesThemOut)
 {
     const float huge = std::numeric_limits<float>::max();
-    const float tiny = std::numeric_limits<float>::denorm_min();
     const TestTriangle wide{{{-huge, -huge, 0.0F}, {huge, -huge, 0.0F}, {0.0F, huge, huge}}};
-    const TestTriangle narrow{{{tiny, 0.0F, 0.0F}, {0.0F, tiny, 0.0F}, {0.0F, 0.0F, tiny}}};
-    for (const TestTriangle& v : {wide, narrow, kFloor}) {
-        for (const TestTriangle& u : {wide, narrow, kFloor})
-            intersect(v, u);
-    }
+    const TestTriangle below{{{0.0F, 0.0F, -9.0F}, {4.0F, 0.0F, -9.0F}, {0.0F, 4.0F, -9.0F}}};
+    expectInAllOrders(true, wide, kFloor);
+    expectInAllOrders(true, wide, wide);
+    expectInAllOrders(false, wide, below);
+}
+
+// Where all products underflow, a triangle has neither a plane nor edges, and does not even meet itself.
+TEST(DegenerateTriangles, OfTheSmallestFloatsDoNotMeetThemselves)
+{
+    const auto atTheCorner = [](float size) {
+        return TestTriangle{{{size, 0.0F, 0.0F}, {0.0F, size, 0.0F}, {0.0F, 0.0F, size}}};
+    };
+    const TestTriangle narrow = atTheCorner(std::numeric_limits<float>::denorm_min());
+    expectInAllOrders(false, narrow, narrow);
+    expectInAllOrders(true, atTheCorner(1e-18F), atTheCorner(1e-18F));
 }
 
 // ---- what rounding does
