@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 /// The elements of an image, whose type is known only when the program runs: for readers, which scale them, and
 /// for sampling.
@@ -49,7 +51,16 @@ struct Scaling
     double intercept = 0.0;
 
     double scaled(double stored) const { return slope * stored + intercept; }
+    bool isIdentity() const { return slope == 1.0 && intercept == 0.0; }
 };
+
+/// Returns the scaling that a header states. A slope of 0, or numbers that are not finite, mean that values are not
+/// scaled: NIfTI says so, and in DICOM, too, it is how careless programs say it.
+inline Scaling usableScaling(double slope, double intercept)
+{
+    return std::isfinite(slope) && std::isfinite(intercept) && slope != 0.0 ? Scaling{slope, intercept}
+                                                                            : Scaling{};
+}
 
 /// The type for scaled values, whose originals are of the given type and lie between the two limits: 16-bit
 /// integers if these hold every such value exactly, else single precision.
@@ -61,6 +72,31 @@ inline image::DataType scaledType(const Scaling& scaling, image::DataType type, 
     const bool fits = isInteger(type) && isWhole(scaling.slope) && isWhole(scaling.intercept) &&
                       low >= -32768.0 && high <= 32767.0;
     return fits ? image::Int16 : image::Float32;
+}
+
+/// Writes `count` stored values, scaled, into the image from voxel number `first` on. In an image of 16-bit integers,
+/// values beyond these become the nearest of them.
+template <typename Element>
+void storeScaled(const Element* stored, std::size_t count, const Scaling& scaling, VexelImage3D& image,
+                 std::size_t first)
+{
+    visitElementType(image.dataType(), [&](auto zero) {
+        using Target = decltype(zero);
+        auto* target = static_cast<Target*>(image.dataPtr()) + first;
+        if constexpr (std::is_same_v<Element, Target>) {
+            if (scaling.isIdentity()) {
+                std::copy(stored, stored + count, target);
+                return;
+            }
+        }
+        for (std::size_t i = 0; i < count; ++i) {
+            const double value = scaling.scaled(static_cast<double>(stored[i]));
+            if constexpr (std::is_same_v<Target, std::int16_t>)
+                target[i] = static_cast<Target>(std::clamp(value, -32768.0, 32767.0));
+            else if constexpr (std::is_floating_point_v<Target>)
+                target[i] = static_cast<Target>(value);
+        }
+    });
 }
 
 } // namespace planner

@@ -2,32 +2,38 @@
 // SPDX-License-Identifier: MIT
 #include <planner/NiftiReader.h>
 
+#include <planner/ByteSource.h>
 #include <planner/Elements.h>
 #include <planner/Failure.h>
+#include <planner/VolumeLimits.h>
 
 #include <QFile>
 #include <QFileInfo>
+#include <QtEndian>
 
 #include <nifti/nifti1_io.h>
-#include <zlib.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
-#include <cstdint>
-#include <cstdlib>
 #include <cstring>
+#include <limits>
 #include <memory>
 #include <optional>
-#include <utility>
+#include <type_traits>
 #include <vector>
 
 namespace planner {
 
 namespace {
 
+// The voxels lie behind the header and its extensions, of which no file has megabytes.
+constexpr qint64 kSmallestOffset = sizeof(nifti_1_header);
+constexpr float kLargestOffset = 16'777'216.0F;
+
 struct FreeNifti
 {
     void operator()(nifti_image* nifti) const { nifti_image_free(nifti); }
-    void operator()(nifti_1_header* header) const { std::free(header); }
 };
 
 std::optional<image::DataType> elementType(int niftiType)
@@ -54,73 +60,117 @@ std::optional<image::DataType> elementType(int niftiType)
     }
 }
 
-// Reads and checks the header before the library interprets it, as that prints its own complaints.
-image::DataType checkHeader(const QString& path)
+template <typename Element>
+bool isNoNumber(Element value)
 {
-    int swapped = 0;
-    const std::unique_ptr<nifti_1_header, FreeNifti> header(
-        nifti_read_header(QFile::encodeName(path).constData(), &swapped, 0));
-    if (!header || (std::memcmp(header->magic, "n+1", 4) != 0 && std::memcmp(header->magic, "ni1", 4) != 0) ||
-        header->sizeof_hdr != 348)
+    if constexpr (std::is_floating_point_v<Element>)
+        return !std::isfinite(value);
+    else
+        return false;
+}
+
+struct Header
+{
+    nifti_1_header native{}; ///< in this machine's byte order
+    bool swapped = false;    ///< the file is in the other one
+    image::DataType type = image::UInt8;
+    std::array<qint64, 3> counts{};
+    qint64 offset = 0; ///< of the voxels
+};
+
+ByteSource sourceOf(const QString& path)
+{
+    const bool mayBeCompressed = path.endsWith(QLatin1String(".gz"), Qt::CaseInsensitive);
+    return {path, mayBeCompressed ? ByteSource::codingOf(path) : ByteSource::Coding::Plain};
+}
+
+// Reads and checks the header before the library interprets it, as that prints its own complaints.
+Header readHeader(const QString& path)
+{
+    Header header;
+    nifti_1_header& read = header.native;
+    const qint64 bytes = sourceOf(path).read(reinterpret_cast<char*>(&read), sizeof read);
+    if (bytes == sizeof read && read.sizeof_hdr == qbswap<qint32>(sizeof read)) {
+        swap_nifti_header(&read, 1);
+        header.swapped = true;
+    }
+    if (bytes < qint64{sizeof read} || read.sizeof_hdr != int{sizeof read} ||
+        (std::memcmp(read.magic, "n+1", 4) != 0 && std::memcmp(read.magic, "ni1", 4) != 0))
         throw Failure(path, QStringLiteral("this is not a NIfTI-1 file"));
-    if (header->magic[1] == 'i')
+    if (read.magic[1] == 'i')
         throw Failure(
             path, QStringLiteral(
                       "header and voxels are in two files, which is not supported; make it one .nii file"));
-    if (header->dim[0] < 3 || header->dim[0] > 7)
-        throw Failure(path,
-                      QStringLiteral("a volume has 3 dimensions, the header says %1").arg(header->dim[0]));
-    for (int axis = 1; axis <= 3; ++axis) {
-        if (header->dim[axis] < 2)
-            throw Failure(
-                path,
-                QStringLiteral("a volume has at least 2 voxels along each axis, the header says %1 x %2 x %3")
-                    .arg(header->dim[1])
-                    .arg(header->dim[2])
-                    .arg(header->dim[3]));
-    }
-    for (int axis = 4; axis <= header->dim[0]; ++axis) {
-        if (header->dim[axis] > 1)
+    if (read.dim[0] < 3 || read.dim[0] > 7)
+        throw Failure(path, QStringLiteral("a volume has 3 dimensions, the header says %1").arg(read.dim[0]));
+    header.counts = {read.dim[1], read.dim[2], read.dim[3]};
+    checkVoxelCounts(path, header.counts);
+    for (int axis = 4; axis <= read.dim[0]; ++axis) {
+        if (read.dim[axis] > 1)
             throw Failure(
                 path, QStringLiteral(
                           "this holds more than one volume (%1 along dimension %2), which is not supported")
-                          .arg(header->dim[axis])
+                          .arg(read.dim[axis])
                           .arg(axis));
     }
-    if (!std::isfinite(header->vox_offset) || header->vox_offset < 0.0F || header->vox_offset > 1e9F)
+    if (!(read.vox_offset >= 0.0F && read.vox_offset <= kLargestOffset))
         throw Failure(path, QStringLiteral("the header's offset of the voxels makes no sense"));
-    const auto type = elementType(header->datatype);
+    header.offset = std::max(kSmallestOffset, static_cast<qint64>(read.vox_offset));
+    const auto type = elementType(read.datatype);
     if (!type)
         throw Failure(
             path, QStringLiteral("voxels of the type %1 are not supported, only integers up to 32 bits and "
                                  "floating-point numbers up to 64 bits")
-                      .arg(QString::fromLatin1(nifti_datatype_string(header->datatype))));
-    return *type;
+                      .arg(QString::fromLatin1(nifti_datatype_string(read.datatype))));
+    header.type = *type;
+    return header;
 }
 
-// Refuses a file whose voxels end before or after the place that the header announces; reads all of it.
-void checkLength(const QString& path, qint64 expectedBytes)
+// Calls the visitor with the voxels as the file holds them, in this machine's byte order, some at a time, and with the
+// index of the first of them. Refuses a file whose voxels end before or after the place that the header announces, or
+// whose compressed bytes do not have the checksum that they should.
+template <typename Visitor>
+void visitVoxels(const QString& path, const Header& header, const Visitor& visitor)
 {
-    // gzopen() reads files that are not compressed as they are.
-    const gzFile file = gzopen(QFile::encodeName(path).constData(), "rb");
-    if (!file)
-        throw Failure(path, QStringLiteral("the file cannot be read"));
-    std::vector<char> buffer(1 << 20);
+    const std::size_t size = image::elementSize(header.type);
+    const std::size_t voxels =
+        static_cast<std::size_t>(header.counts[0] * header.counts[1] * header.counts[2]);
+    const qint64 expected = header.offset + static_cast<qint64>(voxels * size);
+    ByteSource source = sourceOf(path);
+    std::vector<char> chunk(std::size_t{1} << 17);
     qint64 bytes = 0;
-    int count = 0;
-    while (bytes <= expectedBytes &&
-           (count = gzread(file, buffer.data(), static_cast<unsigned>(buffer.size()))) > 0)
-        bytes += count;
-    gzclose(file);
-    if (count < 0 || bytes < expectedBytes)
+    const auto read = [&](qint64 count) {
+        const qint64 done = source.read(chunk.data(), count);
+        bytes += done;
+        if (done < count)
+            throw Failure(path,
+                          QStringLiteral("the file is damaged or cut off: the header announces %1 bytes, "
+                                         "%2 can be read")
+                              .arg(expected)
+                              .arg(bytes));
+    };
+    while (bytes < header.offset)
+        read(std::min(static_cast<qint64>(chunk.size()), header.offset - bytes));
+    for (std::size_t done = 0; done < voxels;) {
+        const std::size_t count = std::min(chunk.size() / size, voxels - done);
+        read(static_cast<qint64>(count * size));
+        if (header.swapped && size > 1)
+            nifti_swap_Nbytes(count, static_cast<int>(size), chunk.data());
+        visitElementType(header.type, [&](auto zero) {
+            auto* elements = reinterpret_cast<decltype(zero)*>(chunk.data());
+            std::replace_if(elements, elements + count, isNoNumber<decltype(zero)>, zero);
+            visitor(elements, count, done);
+        });
+        done += count;
+    }
+    char more = 0;
+    if (source.read(&more, 1) > 0)
         throw Failure(
             path,
-            QStringLiteral("the file is damaged or cut off: the header announces %1 bytes, %2 can be read")
-                .arg(expectedBytes)
-                .arg(bytes));
-    if (bytes > expectedBytes)
-        throw Failure(path, QStringLiteral("the file is longer than the %1 bytes that its header announces")
-                                .arg(expectedBytes));
+            QStringLiteral("the file is longer than the %1 bytes that its header announces").arg(expected));
+    if (!source.endsHere())
+        throw Failure(path,
+                      QStringLiteral("the file is damaged or cut off: its checksum is wrong or missing"));
 }
 
 float millimetresPerUnit(int unit)
@@ -156,45 +206,19 @@ QVector3D spacing(const QMatrix4x4& matrix)
             matrix.column(2).toVector3D().length()};
 }
 
-void checkMatrix(const QString& path, const QMatrix4x4& matrix)
+// The type of the voxels in memory: the file's, unless they are scaled.
+image::DataType storedType(const QString& path, const Header& header, const Scaling& scaling)
 {
-    bool usable = std::isfinite(matrix.determinant()) && std::abs(matrix.determinant()) > 1e-12;
-    for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 4; ++column)
-            usable = usable && std::isfinite(matrix(row, column)) && std::abs(matrix(row, column)) < 1e6F;
-    }
-    if (!usable)
-        throw Failure(path, QStringLiteral("the header's orientation matrix is not usable"));
-}
-
-template <typename Target>
-void copyScaled(const VexelImage3D& from, VexelImage3D& to, const Scaling& scaling)
-{
-    visitElementType(from.dataType(), [&](auto zero) {
-        const auto* source = static_cast<const decltype(zero)*>(from.dataPtr());
-        auto* target = static_cast<Target*>(to.dataPtr());
-        for (std::size_t i = 0; i < from.voxelCount(); ++i)
-            target[i] = static_cast<Target>(scaling.scaled(static_cast<double>(source[i])));
+    if (scaling.isIdentity())
+        return header.type;
+    double smallest = std::numeric_limits<double>::max();
+    double largest = std::numeric_limits<double>::lowest();
+    visitVoxels(path, header, [&](const auto* elements, std::size_t count, std::size_t) {
+        const auto [low, high] = std::minmax_element(elements, elements + count);
+        smallest = std::min(smallest, static_cast<double>(*low));
+        largest = std::max(largest, static_cast<double>(*high));
     });
-}
-
-VexelImage3D scaled(VexelImage3D original, const Scaling& scaling)
-{
-    // As the format says: a slope of 0 means that values are not scaled.
-    if (!std::isfinite(scaling.slope) || !std::isfinite(scaling.intercept) || scaling.slope == 0.0 ||
-        (scaling.slope == 1.0 && scaling.intercept == 0.0))
-        return original;
-    const math::Range<float> range = original.getValueRange();
-    const image::DataType type = scaledType(scaling, original.dataType(), static_cast<double>(range.min),
-                                            static_cast<double>(range.max));
-    VexelImage3D result(original.imageSize(), original.voxelSize(), type);
-    if (result.isEmpty())
-        return result;
-    if (type == image::Int16)
-        copyScaled<std::int16_t>(original, result, scaling);
-    else
-        copyScaled<float>(original, result, scaling);
-    return result;
+    return scaledType(scaling, header.type, smallest, largest);
 }
 
 } // namespace
@@ -202,28 +226,30 @@ VexelImage3D scaled(VexelImage3D original, const Scaling& scaling)
 Volume readNifti(const QString& path)
 {
     nifti_set_debug_level(0); // its complaints are replaced by sentences
-    const image::DataType type = checkHeader(path);
+    const Header header = readHeader(path);
     const std::unique_ptr<nifti_image, FreeNifti> nifti(
-        nifti_image_read(QFile::encodeName(path).constData(), 0));
+        nifti_convert_nhdr2nim(header.native, QFile::encodeName(path).constData()));
     if (!nifti)
         throw Failure(path, QStringLiteral("the NIfTI header is damaged"));
-    const qint64 voxelBytes = qint64{nifti->nx} * nifti->ny * nifti->nz * nifti->nbyper;
-    checkLength(path, qint64{nifti->iname_offset} + voxelBytes);
 
     Volume volume;
     volume.worldFromVoxel = worldFromVoxel(*nifti);
-    checkMatrix(path, volume.worldFromVoxel);
+    checkGeometry(path, volume.worldFromVoxel, header.counts);
+    const qint64 voxels = header.counts[0] * header.counts[1] * header.counts[2];
+    const auto checkBytes = [&](image::DataType type) {
+        checkExpansion(path, voxels * static_cast<qint64>(image::elementSize(type)), QFileInfo(path).size());
+    };
+    checkBytes(header.type);
+    const Scaling scaling =
+        usableScaling(static_cast<double>(nifti->scl_slope), static_cast<double>(nifti->scl_inter));
+    const image::DataType type = storedType(path, header, scaling);
+    checkBytes(type);
     volume.image = VexelImage3D({nifti->nx, nifti->ny, nifti->nz}, spacing(volume.worldFromVoxel), type);
     if (volume.image.isEmpty())
         throw Failure(path, QStringLiteral("there is not enough memory for its voxels"));
-    if (nifti_image_load(nifti.get()) != 0)
-        throw Failure(path, QStringLiteral("the voxels cannot be read"));
-    std::memcpy(volume.image.dataPtr(), nifti->data, static_cast<std::size_t>(voxelBytes));
-    nifti_image_unload(nifti.get());
-    volume.image = scaled(std::move(volume.image),
-                          {static_cast<double>(nifti->scl_slope), static_cast<double>(nifti->scl_inter)});
-    if (volume.image.isEmpty())
-        throw Failure(path, QStringLiteral("there is not enough memory for its scaled voxels"));
+    visitVoxels(path, header, [&](const auto* elements, std::size_t count, std::size_t first) {
+        storeScaled(elements, count, scaling, volume.image, first);
+    });
 
     volume.orientationKnown = nifti->sform_code > 0 || nifti->qform_code > 0;
     volume.description = QStringLiteral("NIfTI file %1").arg(QFileInfo(path).fileName());
