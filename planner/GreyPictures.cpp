@@ -4,6 +4,7 @@
 
 #include <planner/PictureStyle.h>
 #include <planner/Sampling.h>
+#include <planner/Vectors.h>
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -13,12 +14,15 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 namespace planner {
 
 namespace {
 
-constexpr int kGap = 18; // pixels between tiles
+constexpr float kMostPixels = 1000.0F; // along a side of a cut
+constexpr int kTallestTile = 2;        // times its width
+constexpr int kGap = 18;               // pixels between tiles
 constexpr int kCaptionHeight = 34;
 constexpr int kCaptionPixels = 16;
 constexpr int kScalePixels = 15;
@@ -33,13 +37,13 @@ primitives::BoundingBox extentOf(const Volume& volume)
     return primitives::BoundingBox(-half, counts - half).transformed(volume.worldFromVoxel);
 }
 
-// An empty raster over the extent, seen along the axis.
+// An empty raster over the extent, seen along the axis; its spacing is wider than asked if it would have more than
+// kMostPixels along a side.
 GreyCut rasterAcross(const primitives::BoundingBox& extent, int axis, float at, float spacingMm)
 {
     GreyCut cut;
     cut.axis = axis;
     cut.at = at;
-    cut.spacingMm = spacingMm;
     const QVector3D min = extent.min();
     const QVector3D max = extent.max();
     float width = extent.width();
@@ -59,8 +63,9 @@ GreyCut rasterAcross(const primitives::BoundingBox& extent, int axis, float at, 
         cut.down = {0.0F, 0.0F, -1.0F};
         width = extent.depth();
     }
-    cut.columns = std::max(1, static_cast<int>(width / spacingMm));
-    cut.rows = std::max(1, static_cast<int>(height / spacingMm));
+    cut.spacingMm = std::max(spacingMm, std::max(width, height) / kMostPixels);
+    cut.columns = std::max(1, static_cast<int>(width / cut.spacingMm));
+    cut.rows = std::max(1, static_cast<int>(height / cut.spacingMm));
     return cut;
 }
 
@@ -96,17 +101,19 @@ GreyCut maximumIntensity(const Volume& volume, const Sampler& sampler, float spa
 {
     const primitives::BoundingBox extent = extentOf(volume);
     GreyCut cut = rasterAcross(extent, 1, extent.min().y(), spacingMm);
-    const int steps = static_cast<int>(extent.depth() / spacingMm);
+    const Eigen::Vector3d backwards = Eigen::Vector3d::UnitY();
+    const double stepMm = std::max(static_cast<double>(spacingMm),
+                                   sampler.rayStepMm(backwards, qint64{cut.columns} * cut.rows));
+    const Eigen::Vector3d step =
+        sampler.voxelFromWorld(backwards * stepMm) - sampler.voxelFromWorld(Eigen::Vector3d::Zero());
+    std::vector<double> values;
     cut.values.reserve(qsizetype(cut.columns) * cut.rows);
     for (int row = 0; row < cut.rows; ++row) {
         for (int column = 0; column < cut.columns; ++column) {
-            float largest = std::numeric_limits<float>::lowest();
-            for (int step = 0; step < steps; ++step) {
-                const QVector3D behind(0.0F, (static_cast<float>(step) + 0.5F) * spacingMm, 0.0F);
-                const auto grey = static_cast<float>(sampler.valueAt(worldOf(cut, column, row) + behind));
-                largest = grey > largest ? grey : largest; // not for NaN
-            }
-            cut.values.append(largest);
+            sampler.valuesAlongRay(sampler.voxelFromWorld(toEigen(worldOf(cut, column, row))), step, values);
+            const auto largest = std::max_element(values.cbegin(), values.cend());
+            cut.values.append(largest != values.cend() ? static_cast<float>(*largest)
+                                                       : std::numeric_limits<float>::lowest());
         }
         progress(static_cast<double>(row + 1) / cut.rows);
     }
@@ -180,7 +187,8 @@ QImage montage(const QList<Tile>& tiles, int columns, int tileWidth)
     QList<QImage> scaled;
     QList<int> heights(rows, 0);
     for (int i = 0; i < tiles.size(); ++i) {
-        scaled.append(tiles[i].image.scaledToWidth(tileWidth, Qt::SmoothTransformation));
+        scaled.append(tiles[i].image.scaled(tileWidth, kTallestTile * tileWidth, Qt::KeepAspectRatio,
+                                            Qt::SmoothTransformation));
         heights[i / columns] = std::max(heights[i / columns], scaled[i].height());
     }
     int height = kGap;

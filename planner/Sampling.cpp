@@ -3,6 +3,7 @@
 #include <planner/Sampling.h>
 
 #include <planner/Elements.h>
+#include <planner/Failure.h>
 #include <planner/GreyScale.h>
 #include <planner/Vectors.h>
 
@@ -24,6 +25,8 @@ namespace {
 constexpr double kWhiteFraction = 0.002; // of the pixels that show matter: metal does not darken the rest
 constexpr double kGamma = 0.9;           // lifts soft tissue, the profile of the face
 constexpr float kDepthStepMm = 0.5F;     // across the surface of a panoramic view
+constexpr double kMostPixels = 4096;     // along a side of a picture
+constexpr double kMostRaySteps = 1e8;    // of a projection; they take about a second
 constexpr double kAirSum = 4.0;          // mm of water; less is air with noise
 
 Eigen::Affine3d affine(const QMatrix4x4& matrix)
@@ -47,9 +50,9 @@ struct Place
 Place placeOf(double index, int count)
 {
     const double clamped = std::clamp(index, 0.0, static_cast<double>(count - 1));
-    const auto lower = static_cast<std::size_t>(clamped);
-    return {lower, std::min(lower + 1, static_cast<std::size_t>(count - 1)),
-            clamped - static_cast<double>(lower)};
+    const int lower = static_cast<int>(clamped);
+    return {static_cast<std::size_t>(lower), static_cast<std::size_t>(std::min(lower + 1, count - 1)),
+            clamped - lower};
 }
 
 template <typename Element>
@@ -58,20 +61,29 @@ double interpolate(const void* data, const math::Ivec3& size, const Place& x, co
     const auto* elements = static_cast<const Element*>(data);
     const auto row = static_cast<std::size_t>(size.x);
     const std::size_t slice = row * static_cast<std::size_t>(size.y);
+    const auto between = [](double lower, double upper, double fraction) {
+        return lower +
+               fraction * (upper - lower); // std::lerp() is exact at both ends, and takes thrice the time
+    };
     const auto alongX = [&](std::size_t yIndex, std::size_t zIndex) {
         const Element* line = elements + zIndex * slice + yIndex * row;
-        return std::lerp(static_cast<double>(line[x.lower]), static_cast<double>(line[x.upper]), x.fraction);
+        return between(static_cast<double>(line[x.lower]), static_cast<double>(line[x.upper]), x.fraction);
     };
     const auto alongY = [&](std::size_t zIndex) {
-        return std::lerp(alongX(y.lower, zIndex), alongX(y.upper, zIndex), y.fraction);
+        return between(alongX(y.lower, zIndex), alongX(y.upper, zIndex), y.fraction);
     };
-    return std::lerp(alongY(z.lower), alongY(z.upper), z.fraction);
+    return between(alongY(z.lower), alongY(z.upper), z.fraction);
 }
 
 QSize pixelCount(const Reslice& reslice)
 {
-    return {static_cast<int>(reslice.getDimensions().width()),
-            static_cast<int>(reslice.getDimensions().height())};
+    const QSizeF samples = reslice.getDimensions();
+    if (!(samples.width() <= kMostPixels && samples.height() <= kMostPixels))
+        throw Failure(
+            QStringLiteral("A view of %1 x %2 samples is too large; the landmarks lie too far apart")
+                .arg(samples.width())
+                .arg(samples.height()));
+    return {static_cast<int>(samples.width()), static_cast<int>(samples.height())};
 }
 
 void tell(const std::function<void(double)>& progress, int row, int rows)
@@ -161,6 +173,36 @@ double Sampler::valueAtVoxel(const Eigen::Vector3d& index) const
     });
 }
 
+void Sampler::valuesAlongRay(const Eigen::Vector3d& start, const Eigen::Vector3d& step,
+                             std::vector<double>& values) const
+{
+    values.clear();
+    if (image->isEmpty())
+        return;
+    const math::Ivec3 size = image->imageSize();
+    const Span span = within(start, step, size);
+    const double count = std::max(0.0, std::round(span.last - span.first));
+    values.resize(static_cast<std::size_t>(count));
+    visitElementType(image->dataType(), [&](auto zero) {
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const Eigen::Vector3d index = start + (span.first + static_cast<double>(i) + 0.5) * step;
+            values[i] = interpolate<decltype(zero)>(image->dataPtr(), size, placeOf(index.x(), size.x),
+                                                    placeOf(index.y(), size.y), placeOf(index.z(), size.z));
+        }
+    });
+}
+
+double Sampler::rayStepMm(const Eigen::Vector3d& direction, qint64 rays) const
+{
+    const math::Ivec3 size = image->imageSize();
+    const QVector3D spacing = image->voxelSize();
+    const Eigen::Vector3d along = (inverse.linear() * direction.normalized()).cwiseAbs(); // voxels per mm
+    const double longestMm = std::min({size.x / along.x(), size.y / along.y(), size.z / along.z()});
+    const double allowed = std::max(1.0, kMostRaySteps / static_cast<double>(rays));
+    return std::max(static_cast<double>(std::min({spacing.x(), spacing.y(), spacing.z()})),
+                    longestMm / allowed);
+}
+
 QPointF pixelCentre(const Reslice& reslice, const QPoint& pixel)
 {
     return {(pixel.x() + 0.5) * static_cast<double>(reslice.getSampleSize().x()),
@@ -190,28 +232,26 @@ QImage cutOut(const Sampler& sampler, const GreyScale& scale, const PlanarReslic
     return picture;
 }
 
-QImage project(const Sampler& sampler, const Volume& volume, const GreyScale& scale,
-               const CephReslice& reslice, const std::function<void(double)>& progress)
+QImage project(const Sampler& sampler, const GreyScale& scale, const CephReslice& reslice,
+               const std::function<void(double)>& progress)
 {
     const QSize size = pixelCount(reslice);
-    const QVector3D spacing = volume.image.voxelSize();
-    const double stepMm = static_cast<double>(std::min({spacing.x(), spacing.y(), spacing.z()}));
-    const Eigen::Vector3d ray =
-        toEigen(reslice.getTransformation().column(2).toVector3D().normalized()) * stepMm;
+    const Eigen::Vector3d direction =
+        toEigen(reslice.getTransformation().column(2).toVector3D().normalized());
+    const double stepMm = sampler.rayStepMm(direction, qint64{size.width()} * size.height());
     const Eigen::Vector3d step =
-        sampler.voxelFromWorld(ray) - sampler.voxelFromWorld(Eigen::Vector3d::Zero());
+        sampler.voxelFromWorld(direction * stepMm) - sampler.voxelFromWorld(Eigen::Vector3d::Zero());
+    std::vector<double> values;
     std::vector<float> sums(static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()));
     auto sum = sums.begin();
     for (int row = 0; row < size.height(); ++row) {
         for (int column = 0; column < size.width(); ++column, ++sum) {
             const QVector3D world =
                 CoordinateMapper::_2D_To_3D_Ceph(&reslice, pixelCentre(reslice, {column, row}));
-            const Eigen::Vector3d start = sampler.voxelFromWorld(toEigen(world));
-            const Span span = within(start, step, volume.image.imageSize());
+            sampler.valuesAlongRay(sampler.voxelFromWorld(toEigen(world)), step, values);
             double total = 0.0;
-            const auto count = static_cast<int>(std::max(0.0, std::round(span.last - span.first)));
-            for (int i = 0; i < count; ++i) // at the middle of each step
-                total += scale.attenuation(sampler.valueAtVoxel(start + (span.first + i + 0.5) * step));
+            for (const double value : values)
+                total += scale.attenuation(value);
             *sum = static_cast<float>(total * stepMm);
         }
         tell(progress, row, size.height());

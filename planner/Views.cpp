@@ -21,7 +21,7 @@ constexpr float kAxialSlabMm = 3.0F;
 constexpr float kObliqueSlabMm = 4.0F;
 constexpr float kMarginMm = 25.0F;    // of a planar view around the landmarks
 constexpr int kPlanarSamples = 800;   // at most, along the longer side
-constexpr int kCephSamples = 640;     // each of them is a ray through the whole head
+constexpr int kCephSamples = 640;     // likewise; each of them is a ray through the whole head
 constexpr float kDefaultTilt = 30.0F; // degrees, for the oblique view without foramina
 
 struct Interval
@@ -235,6 +235,11 @@ CephView lateralView(const Case& planned)
     frame.direction0 = {0.0F, -1.0F, 0.0F};
     frame.direction1 = {0.0F, 0.0F, 1.0F};
     coverVolume(frame, planned.volume);
+    // Between voxels, a projection shows nothing more.
+    const QVector3D voxel = planned.volume.image.voxelSize();
+    const float side = std::max(frame.along0.high - frame.along0.low, frame.along1.high - frame.along1.low);
+    const float voxels = std::ceil(side / std::min({voxel.x(), voxel.y(), voxel.z()}));
+    const int samples = static_cast<int>(std::min(static_cast<float>(kCephSamples), voxels));
 
     CephView view;
     view.id = QStringLiteral("cephalogram");
@@ -244,7 +249,7 @@ CephView lateralView(const Case& planned)
             "Parallel rays along x through the whole volume; points are mapped onto the plane x = %1 mm.")
             .arg(static_cast<double>(frame.point.x()), 0, 'f', 1);
     view.reslice = std::make_shared<CephReslice>();
-    view.reslice->setTransformation(rasterFrame(*view.reslice, frame, 1.0F, kCephSamples));
+    view.reslice->setTransformation(rasterFrame(*view.reslice, frame, 1.0F, samples));
     view.reslice->setPointOfView(meta::FromRight);
     return view;
 }

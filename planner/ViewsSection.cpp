@@ -286,7 +286,7 @@ Section createViewsSection(const Case& planned, Progress& progress)
     }
     const CephView ceph = lateralView(planned);
     progress.step(QStringLiteral("Projecting the %1").arg(ceph.title.toLower()));
-    PictureContent content{project(sampler, planned.volume, scale, *ceph.reslice, tell),
+    PictureContent content{project(sampler, scale, *ceph.reslice, tell),
                            ceph.reslice->getSampleSize(),
                            cephEdges(*ceph.reslice, known),
                            mapOntoCeph(planned.landmarks, *ceph.reslice),

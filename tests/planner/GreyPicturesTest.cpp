@@ -131,6 +131,27 @@ TEST_F(GreyPictures, TilesStandInRowsScaledToOneWidth)
         << "there is no fourth tile";
 }
 
+TEST_F(GreyPictures, TilesAreAtMostTwiceAsHighAsWide)
+{
+    const QImage sliver(1, 3000, QImage::Format_RGB32);
+    EXPECT_EQ(planner::montage({{{}, sliver}}, 1, 50).height(), 18 + 34 + 100 + 18);
+}
+
+TEST_F(GreyPictures, CutsOfALargeVolumeHaveAtMost1000PixelsAlongASide)
+{
+    Volume large;
+    large.image = VexelImage3D({10, 2, 100}, {10, 10, 10}, image::UInt8);
+    large.worldFromVoxel.scale(10);
+    const Sampler values(large);
+    const GreyCut cut = planner::cutAcross(large, values, 0, 0.0F, 0.4F);
+    EXPECT_EQ(cut.spacingMm, 1.0F);
+    EXPECT_EQ(cut.columns, 20);
+    EXPECT_EQ(cut.rows, 1000);
+    const GreyCut projection = planner::maximumIntensity(large, values, 0.05F, [](double) {});
+    EXPECT_EQ(projection.rows, 1000);
+    EXPECT_EQ(projection.spacingMm, 1.0F);
+}
+
 TEST_F(GreyPictures, PlotShowsBinsAndPeaks)
 {
     const TissueEstimationHistogram histogram({0, 0, 0, 500, 500, 900}, 50);

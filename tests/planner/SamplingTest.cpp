@@ -4,6 +4,7 @@
 
 // Covered: Sampler, cutOut() and project(): trilinear values, the pixel rule, the faces of the volume.
 
+#include <planner/Failure.h>
 #include <planner/GreyScale.h>
 
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
@@ -12,6 +13,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <vector>
 
 using planner::Sampler;
 using planner::Volume;
@@ -89,6 +91,27 @@ TEST(Sampler, OfNoVolumeHasNoValues)
     EXPECT_TRUE(std::isnan(Sampler(volume).valueAt({0, 0, 0})));
 }
 
+TEST(Sampler, HasTheValuesInTheMiddlesOfStepsAlongARayFromFaceToFace)
+{
+    const Volume volume = countingVolume<std::int16_t>({4, 3, 3}, image::Int16);
+    std::vector<double> values;
+    Sampler(volume).valuesAlongRay({-100, 1, 1}, {0.5, 0, 0}, values); // x faces at -0.5 and 3.5
+    EXPECT_EQ(values, (std::vector<double>{16, 16.25, 16.75, 17.25, 17.75, 18.25, 18.75, 19}));
+    Sampler(volume).valuesAlongRay({-100, 2.6, 1}, {0.5, 0, 0}, values);
+    EXPECT_TRUE(values.empty()) << "the ray passes by";
+}
+
+TEST(Sampler, SkipsNoVoxelAlongARayUnlessThereAreTooManySteps)
+{
+    Volume volume;
+    volume.image = VexelImage3D({500, 40, 40}, {2, 0.5F, 1}, image::UInt8);
+    volume.worldFromVoxel.scale(2, 0.5F, 1);
+    const Sampler sampler(volume);
+    EXPECT_DOUBLE_EQ(sampler.rayStepMm({1, 0, 0}, 50'000), 0.5); // 2000 steps a ray
+    EXPECT_DOUBLE_EQ(sampler.rayStepMm({1, 0, 0}, 100'000), 1.0);
+    EXPECT_DOUBLE_EQ(sampler.rayStepMm({0, 1, 0}, 100'000), 0.5);
+}
+
 // Four voxels of 1 mm in a row along x, seen as 4 x 1 samples of 1 mm whose centres are those of the voxels.
 struct RowOfVoxels
 {
@@ -157,6 +180,18 @@ TEST(CutOut, HasTheLocalYAxisPointingUpUnlessMirrored)
     EXPECT_EQ(qGray(planner::cutOut(Sampler(row.volume), scale, row.reslice).pixel(0, 0)), 0);
 }
 
+TEST(CutOut, RefusesMoreThan4096SamplesAlongASide)
+{
+    RowOfVoxels row;
+    const planner::GreyScale scale(row.volume.image);
+    row.reslice.setDimensions({4096, 1});
+    EXPECT_EQ(planner::cutOut(Sampler(row.volume), scale, row.reslice).width(), 4096);
+    row.reslice.setDimensions({4097, 1});
+    EXPECT_THROW(planner::cutOut(Sampler(row.volume), scale, row.reslice), planner::Failure);
+    row.reslice.setDimensions({1, 1e9});
+    EXPECT_THROW(planner::cutOut(Sampler(row.volume), scale, row.reslice), planner::Failure);
+}
+
 TEST(Project, AddsUpAlongTheNormal)
 {
     // 2 x 2 columns of 8 voxels along z: none, half of them and all of them dense, and none.
@@ -174,15 +209,13 @@ TEST(Project, AddsUpAlongTheNormal)
     reslice.setTransformation(matrix);
     reslice.setDimensions({2, 2});
     reslice.setSampleSize({10, 10, 1});
-    const QImage picture =
-        planner::project(Sampler(volume), volume, planner::GreyScale(volume.image), reslice);
+    const QImage picture = planner::project(Sampler(volume), planner::GreyScale(volume.image), reslice);
     EXPECT_EQ(qGray(picture.pixel(0, 1)), 0);   // local y grows upwards
     EXPECT_EQ(qGray(picture.pixel(1, 1)), 255); // 40 mm: of the two dense pixels the lower rank is white
     EXPECT_EQ(qGray(picture.pixel(0, 0)), 255); // 80 mm
     EXPECT_EQ(qGray(picture.pixel(1, 0)), 0);
     reslice.setPointOfView(meta::FromLeft);
-    const QImage fromLeft =
-        planner::project(Sampler(volume), volume, planner::GreyScale(volume.image), reslice);
+    const QImage fromLeft = planner::project(Sampler(volume), planner::GreyScale(volume.image), reslice);
     EXPECT_EQ(qGray(fromLeft.pixel(1, 0)), 255);
     EXPECT_EQ(qGray(fromLeft.pixel(0, 0)), 0);
 }

@@ -112,6 +112,30 @@ TEST(LateralView, LiesMidwayBetweenTheForaminaAndShowsTheWholeVolume)
     EXPECT_EQ(view.reslice->getPointOfView(), meta::FromRight);
 }
 
+TEST(LateralView, HasNoMoreSamplesThanVoxelsNorThan640)
+{
+    Case planned = head();
+    EXPECT_EQ(planner::lateralView(planned).reslice->getSampleSize().x(), 2.0F);
+    planned.volume.image = VexelImage3D({100, 1000, 50}, {2, 0.2F, 2}, image::UInt8);
+    planned.volume.worldFromVoxel.setToIdentity();
+    planned.volume.worldFromVoxel.scale(2, 0.2F, 2);
+    EXPECT_EQ(planner::lateralView(planned).reslice->getDimensions().width(), 400.0);
+}
+
+TEST(Views, OfTheLargestVolumeHaveFewSamples)
+{
+    Case planned;
+    planned.volume.image = VexelImage3D({100, 100, 100}, {10, 10, 10}, image::UInt8);
+    planned.volume.worldFromVoxel.scale(10);
+    planned.volume.worldFromVoxel.rotate(45, 0, 0, 1);
+    for (const QSizeF& samples : {planner::axialView(planned).reslice->getDimensions(),
+                                  planner::obliqueView(planned).reslice->getDimensions(),
+                                  planner::lateralView(planned).reslice->getDimensions()}) {
+        EXPECT_LE(samples.width(), 800.0);
+        EXPECT_LE(samples.height(), 800.0);
+    }
+}
+
 TEST(DirectionLetters, NameTheStrongestDirectionFirst)
 {
     EXPECT_EQ(planner::directionLetters({1, 0, 0}, true), QStringLiteral("L"));
