@@ -58,14 +58,17 @@ Case paintBuiltInPatient(float voxelSizeMm, Progress& progress)
     return built;
 }
 
-Volume readVolume(const QString& path, Progress& progress)
+Volume readVolume(const QString& path, const QString& series, Progress& progress)
 {
     const QFileInfo info(path);
     if (!info.exists())
         throw Failure(path, QStringLiteral("there is no such file or folder"));
     progress.step(QStringLiteral("Reading %1").arg(info.fileName().isEmpty() ? path : info.fileName()));
-    if (info.isDir())
-        return readDicomFolder(path, [&progress](double done) { progress.fraction(done); });
+    if (info.isDir() || isDicomFile(path))
+        return readDicom(path, series, [&progress](double done) { progress.fraction(done); });
+    if (!series.isEmpty())
+        throw Failure(path,
+                      QStringLiteral("--series chooses a DICOM series, and this is no DICOM file or folder"));
     const QString name = info.fileName().toLower();
     if (!name.endsWith(u".nii") && !name.endsWith(u".nii.gz"))
         throw Failure(path,
@@ -162,7 +165,7 @@ Case openCase(const Options& options, Progress& progress)
         return built;
     }
     Case opened;
-    opened.volume = readVolume(options.ctPath, progress);
+    opened.volume = readVolume(options.ctPath, options.series, progress);
     opened.volume.description += QStringLiteral(", ") + sizeAndSpacing(opened.volume.image);
     opened.title = QFileInfo(QDir::cleanPath(options.ctPath)).fileName();
     opened.source = QStringLiteral("A CT that was given to the program.");

@@ -28,6 +28,7 @@ std::optional<Options> parseCommandLine(int argumentCount, const char* const* ar
     std::string ctPath;
     std::string landmarksPath;
     std::string reportFolder;
+    std::string series;
     float voxelSizeMm = 0.5F;
 
     CLI::App app{
@@ -41,10 +42,17 @@ std::optional<Options> parseCommandLine(int argumentCount, const char* const* ar
         ->required()
         ->type_name("DIR");
     CLI::Option* ct =
-        app.add_option("--ct", ctPath,
-                       "The CT: a NIfTI file (.nii, .nii.gz), or a folder with the files of a DICOM series "
-                       "(of several series the one with the most slices is taken)")
+        app.add_option(
+               "--ct", ctPath,
+               "The CT: a NIfTI file (.nii, .nii.gz), a DICOM file with all slices, or a folder with the "
+               "files of a DICOM series, in subfolders too")
             ->type_name("FILE|DIR");
+    app.add_option(
+           "--series", series,
+           "Which DICOM series, if there are several: its number in the list that is printed without this "
+           "option, or its UID")
+        ->type_name("NUMBER|UID")
+        ->needs(ct);
     CLI::Option* landmarks =
         app.add_option(
                "--landmarks", landmarksPath,
@@ -82,7 +90,8 @@ std::optional<Options> parseCommandLine(int argumentCount, const char* const* ar
         throw Failure(QStringLiteral("--ct needs the name of a file or a folder"));
     if (landmarks->count() > 0 && landmarksPath.empty())
         throw Failure(QStringLiteral("--landmarks needs the name of a file"));
-    return Options{pathFrom(ctPath), pathFrom(landmarksPath), pathFrom(reportFolder), voxelSizeMm};
+    return Options{pathFrom(ctPath), pathFrom(landmarksPath), pathFrom(reportFolder), voxelSizeMm,
+                   QString::fromStdString(series)};
 }
 
 } // namespace planner

@@ -2,157 +2,148 @@
 // SPDX-License-Identifier: MIT
 #include <planner/DicomReader.h>
 
+#include <planner/DicomSlices.h>
 #include <planner/Elements.h>
 #include <planner/Failure.h>
+#include <planner/Rehearsal.h>
+#include <planner/VolumeLimits.h>
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
+#include <QHash>
 #include <QList>
-#include <QMap>
 #include <QVector3D>
-#include <QtEndian>
+#include <QVector4D>
 
-#include <gdcmByteValue.h>
 #include <gdcmImageReader.h>
-#include <gdcmReader.h>
 #include <gdcmTrace.h>
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cmath>
-#include <cstdint>
-#include <cstring>
+#include <cstddef>
 #include <exception>
+#include <iterator>
 #include <optional>
-#include <set>
 #include <utility>
 #include <vector>
-
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace planner {
 
 namespace {
 
-// Of unit length and right angles; the tags are written with 4 to 6 digits.
-constexpr double kOrientationTolerance = 1e-3;
-constexpr double kSpacingTolerance = 0.1; // of the distance between slices; a missing slice makes it 1
-constexpr double kTiltTolerance = 0.01;   // sine of the angle between the stack's axis and the normal
+constexpr double kSpacingTolerance = 0.1;    // of the distance between slices; a missing slice makes it 1
+constexpr double kTiltTolerance = 0.01;      // sine of the angle between the stack's axis and the normal
+constexpr double kEqualSpacingMm = 1e-4;     // of pixels
+constexpr qsizetype kMostFiles = 50'000;     // in a folder; a study of a whole body has some thousands
+constexpr qsizetype kNamedFiles = 3;         // of those left out
+constexpr qsizetype kListedSeries = 20;      // in a message
+constexpr qint64 kMemoryAnyway = 64'000'000; // that libraries take for the pixels of any file
 
-struct Slice
+// All of a folder and its subfolders, by path, or the file itself.
+QStringList filesAt(const QString& path)
 {
-    QString file;
-    QVector3D position; // of the centre of the first voxel
-    QVector3D rowDirection;
-    QVector3D columnDirection;
-    double columnSpacingMm = 0.0; // between neighbours in a row
-    double rowSpacingMm = 0.0;    // between rows
-    Scaling scaling;
-};
-
-QByteArray text(const gdcm::DataSet& dataSet, const gdcm::Tag& tag)
-{
-    if (!dataSet.FindDataElement(tag))
-        return {};
-    const gdcm::ByteValue* bytes = dataSet.GetDataElement(tag).GetByteValue();
-    if (!bytes)
-        return {};
-    QByteArray value(bytes->GetPointer(), static_cast<qsizetype>(bytes->GetLength()));
-    while (value.endsWith('\0') || value.endsWith(' '))
-        value.chop(1);
-    return value;
-}
-
-// The decimal numbers of a tag, nothing if there are not exactly `count`.
-template <std::size_t count>
-std::optional<std::array<double, count>> numbers(const gdcm::DataSet& dataSet, const gdcm::Tag& tag)
-{
-    const QList<QByteArray> parts = text(dataSet, tag).split('\\');
-    if (parts.size() != static_cast<qsizetype>(count))
-        return std::nullopt;
-    std::array<double, count> values{};
-    for (std::size_t i = 0; i < count; ++i) {
-        bool isNumber = false;
-        values[i] = parts[static_cast<qsizetype>(i)].trimmed().toDouble(&isNumber);
-        if (!isNumber || !std::isfinite(values[i]))
-            return std::nullopt;
+    if (!QFileInfo(path).isDir())
+        return {path};
+    QStringList files;
+    QDirIterator entries(path, QDir::Files | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        files.append(entries.next());
+        if (files.size() > kMostFiles)
+            throw Failure(
+                path, QStringLiteral("the folder and its subfolders hold more than %1 files; name the one "
+                                     "with the DICOM series")
+                          .arg(kMostFiles));
     }
-    return values;
+    files.sort();
+    return files;
 }
 
-QVector3D vectorFrom(double x, double y, double z)
+QString listed(const QList<DicomStack>& stacks)
 {
-    return {static_cast<float>(x), static_cast<float>(y), static_cast<float>(z)};
-}
-
-bool areUnitAndPerpendicular(const QVector3D& a, const QVector3D& b)
-{
-    return std::abs(static_cast<double>(a.length()) - 1.0) < kOrientationTolerance &&
-           std::abs(static_cast<double>(b.length()) - 1.0) < kOrientationTolerance &&
-           std::abs(static_cast<double>(QVector3D::dotProduct(a, b))) < kOrientationTolerance;
-}
-
-// The slice in a file by its tags, and the key of the stack it belongs to; nothing if it is none.
-std::optional<std::pair<QByteArray, Slice>> readTags(const QString& file)
-{
-    gdcm::Reader reader;
-    reader.SetFileName(QFile::encodeName(file).constData());
-    const std::set<gdcm::Tag> none;
-    if (!reader.CanRead() || !reader.ReadUpToTag(gdcm::Tag(0x7fe0, 0x0010), none))
-        return std::nullopt;
-    const gdcm::DataSet& dataSet = reader.GetFile().GetDataSet();
-    const auto position = numbers<3>(dataSet, gdcm::Tag(0x0020, 0x0032));
-    const auto orientation = numbers<6>(dataSet, gdcm::Tag(0x0020, 0x0037));
-    const auto spacing = numbers<2>(dataSet, gdcm::Tag(0x0028, 0x0030));
-    if (!position || !orientation || !spacing || (*spacing)[0] <= 0.0 || (*spacing)[1] <= 0.0)
-        return std::nullopt;
-
-    Slice slice;
-    slice.file = file;
-    slice.position = vectorFrom((*position)[0], (*position)[1], (*position)[2]);
-    slice.rowDirection = vectorFrom((*orientation)[0], (*orientation)[1], (*orientation)[2]);
-    slice.columnDirection = vectorFrom((*orientation)[3], (*orientation)[4], (*orientation)[5]);
-    if (!areUnitAndPerpendicular(slice.rowDirection, slice.columnDirection))
-        return std::nullopt;
-    slice.rowSpacingMm = (*spacing)[0];
-    slice.columnSpacingMm = (*spacing)[1];
-    slice.scaling.slope = numbers<1>(dataSet, gdcm::Tag(0x0028, 0x1053)).value_or(std::array{1.0})[0];
-    slice.scaling.intercept = numbers<1>(dataSet, gdcm::Tag(0x0028, 0x1052)).value_or(std::array{0.0})[0];
-
-    QByteArray key = text(dataSet, gdcm::Tag(0x0020, 0x000e));
-    for (const double component : *orientation)
-        key += ' ' + QByteArray::number(std::round(component * 1000.0) + 0.0); // + 0.0: no negative zero
-    return std::pair(key, slice);
-}
-
-// The largest stack of slices in the folder; of equal ones that with the first key.
-QList<Slice> findSlices(const QString& folder, QStringList& remarks)
-{
-    QMap<QByteArray, QList<Slice>> stacks;
-    for (const QString& name : QDir(folder).entryList(QDir::Files, QDir::Name)) {
-        if (auto found = readTags(QDir(folder).filePath(name)))
-            stacks[found->first].append(found->second);
+    QStringList lines;
+    for (const DicomStack& stack : stacks) {
+        if (lines.size() == kListedSeries) {
+            lines.append(QStringLiteral("..."));
+            break;
+        }
+        const DicomSlice& first = stack.slices.first();
+        lines.append(QStringLiteral("%1 = \"%2\" (%3 slices, %4 x %5)")
+                         .arg(lines.size() + 1)
+                         .arg(stack.description.isEmpty() ? stack.seriesUid : stack.description)
+                         .arg(stack.slices.size())
+                         .arg(first.columns)
+                         .arg(first.rows));
     }
-    if (stacks.isEmpty())
-        throw Failure(folder, QStringLiteral("the folder holds no DICOM slice with a position"));
-    const auto largest = std::max_element(stacks.cbegin(), stacks.cend(),
-                                          [](const auto& a, const auto& b) { return a.size() < b.size(); });
-    if (largest->size() < 2)
-        throw Failure(folder,
-                      QStringLiteral("the folder holds no two DICOM slices of one series, so no volume"));
-    if (stacks.size() > 1)
-        remarks.append(QStringLiteral("The folder holds %1 DICOM series or orientations; the one with the "
-                                      "most slices, %2, was taken.")
-                           .arg(stacks.size())
-                           .arg(largest->size()));
-    return *largest;
+    return lines.join(QStringLiteral(", "));
 }
 
-double alongNormal(const Slice& slice, const QVector3D& normal)
+// The stack that is asked for, by its number in the list or by its series' UID; the only one if none is.
+const DicomStack& chosen(const QString& path, const QList<DicomStack>& stacks, const QString& series)
+{
+    if (series.isEmpty()) {
+        if (stacks.size() > 1)
+            throw Failure(path, QStringLiteral("there are %1 DICOM series; choose one with --series: %2")
+                                    .arg(stacks.size())
+                                    .arg(listed(stacks)));
+        return stacks.first();
+    }
+    bool isNumber = false;
+    const qlonglong number = series.toLongLong(&isNumber);
+    if (isNumber && number >= 1 && number <= stacks.size())
+        return stacks[number - 1];
+    const auto byUid = std::find_if(stacks.cbegin(), stacks.cend(),
+                                    [&series](const DicomStack& stack) { return stack.seriesUid == series; });
+    if (byUid == stacks.cend())
+        throw Failure(path, QStringLiteral("there is no DICOM series %1; --series takes one of: %2")
+                                .arg(series, listed(stacks)));
+    return *byUid;
+}
+
+QString withFirst(const QStringList& skipped)
+{
+    QStringList named = skipped.mid(0, kNamedFiles);
+    if (skipped.size() > kNamedFiles)
+        named.append(QStringLiteral("..."));
+    return named.join(QStringLiteral("; "));
+}
+
+QList<DicomSlice> findSlices(const QString& path, const QString& series, QStringList& remarks)
+{
+    const DicomStacks found = readDicomStacks(filesAt(path));
+    if (found.stacks.isEmpty() && found.skipped.isEmpty())
+        throw Failure(path, QStringLiteral("there is no DICOM picture"));
+    if (found.stacks.isEmpty())
+        throw Failure(
+            path,
+            QStringLiteral("no DICOM picture is a slice of a volume (%1)").arg(withFirst(found.skipped)));
+    QList<DicomStack> volumes;
+    std::copy_if(found.stacks.cbegin(), found.stacks.cend(), std::back_inserter(volumes),
+                 [](const DicomStack& stack) { return stack.slices.size() > 1; });
+    if (volumes.isEmpty())
+        throw Failure(path, QStringLiteral("there are no two DICOM slices of one series, so no volume%1")
+                                .arg(found.skipped.isEmpty()
+                                         ? QString()
+                                         : QStringLiteral("; left out: %1").arg(withFirst(found.skipped))));
+    const DicomStack& stack = chosen(path, volumes, series);
+    if (volumes.size() > 1)
+        remarks.append(QStringLiteral("Of %1 DICOM series, \"%2\" with %3 slices was chosen.")
+                           .arg(volumes.size())
+                           .arg(stack.description.isEmpty() ? stack.seriesUid : stack.description)
+                           .arg(stack.slices.size()));
+    if (!found.skipped.isEmpty())
+        remarks.append(QStringLiteral("DICOM pictures that are not slices were left out (%1).")
+                           .arg(withFirst(found.skipped)));
+    for (const DicomSlice& slice : stack.slices) {
+        if (!slice.damage.isEmpty())
+            throw Failure(slice.file, slice.damage);
+    }
+    return stack.slices;
+}
+
+double alongNormal(const DicomSlice& slice, const QVector3D& normal)
 {
     return static_cast<double>(slice.position.x()) * static_cast<double>(normal.x()) +
            static_cast<double>(slice.position.y()) * static_cast<double>(normal.y()) +
@@ -160,11 +151,11 @@ double alongNormal(const Slice& slice, const QVector3D& normal)
 }
 
 // Orders the slices along their normal and returns the step from each to the next.
-QVector3D orderSlices(const QString& folder, QList<Slice>& slices)
+QVector3D orderSlices(const QString& folder, QList<DicomSlice>& slices)
 {
     const QVector3D normal =
         QVector3D::crossProduct(slices.first().rowDirection, slices.first().columnDirection);
-    std::sort(slices.begin(), slices.end(), [&normal](const Slice& a, const Slice& b) {
+    std::sort(slices.begin(), slices.end(), [&normal](const DicomSlice& a, const DicomSlice& b) {
         return alongNormal(a, normal) < alongNormal(b, normal);
     });
     const auto gaps = static_cast<double>(slices.size() - 1);
@@ -180,7 +171,31 @@ QVector3D orderSlices(const QString& folder, QList<Slice>& slices)
                                       .arg(gap, 0, 'f', 2)
                                       .arg(mean, 0, 'f', 2));
     }
-    return (slices.last().position - slices.first().position) / static_cast<float>(gaps);
+    const QVector3D step = (slices.last().position - slices.first().position) / static_cast<float>(gaps);
+    for (qsizetype i = 1; i < slices.size(); ++i) {
+        const QVector3D aside = slices[i].position - slices.first().position - step * static_cast<float>(i);
+        const QVector3D within = aside - normal * QVector3D::dotProduct(aside, normal);
+        if (static_cast<double>(within.length()) > slices.first().columnSpacingMm)
+            throw Failure(folder,
+                          QStringLiteral("the slices of the DICOM series do not lie in a straight row"));
+    }
+    return step;
+}
+
+// Refuses slices of which one is not like the first.
+void checkAlike(const QList<DicomSlice>& slices)
+{
+    const DicomSlice& first = slices.first();
+    for (const DicomSlice& slice : slices) {
+        if (slice.columns != first.columns || slice.rows != first.rows)
+            throw Failure(slice.file,
+                          QStringLiteral("this DICOM slice has another size than the first of its series"));
+        if (std::abs(slice.columnSpacingMm - first.columnSpacingMm) > kEqualSpacingMm ||
+            std::abs(slice.rowSpacingMm - first.rowSpacingMm) > kEqualSpacingMm)
+            throw Failure(slice.file,
+                          QStringLiteral("this DICOM slice has another pixel spacing than the first of "
+                                         "its series"));
+    }
 }
 
 std::optional<image::DataType> elementType(const gdcm::PixelFormat& format)
@@ -208,101 +223,138 @@ std::optional<image::DataType> elementType(const gdcm::PixelFormat& format)
 }
 
 // The type that holds every value that the slices may hold, once scaled.
-image::DataType storedType(const QList<Slice>& slices, const gdcm::PixelFormat& format, image::DataType type)
+image::DataType storedType(const QList<DicomSlice>& slices, const gdcm::PixelFormat& format,
+                           image::DataType type)
 {
-    const bool fitInt16 = std::all_of(slices.cbegin(), slices.cend(), [&](const Slice& slice) {
+    const bool fitInt16 = std::all_of(slices.cbegin(), slices.cend(), [&](const DicomSlice& slice) {
         return scaledType(slice.scaling, type, static_cast<double>(format.GetMin()),
                           static_cast<double>(format.GetMax())) == image::Int16;
     });
     return fitInt16 ? image::Int16 : image::Float32;
 }
 
-void store(image::DataType type, const std::vector<char>& pixels, const Scaling& scaling,
-           VexelImage3D& target, std::size_t firstVoxel)
+// The slices of a file by their numbers in the stack.
+struct PixelFile
 {
-    visitElementType(type, [&](auto raw) {
-        const std::size_t count = pixels.size() / sizeof raw;
-        for (std::size_t i = 0; i < count; ++i) {
-            std::memcpy(&raw, pixels.data() + i * sizeof raw, sizeof raw);
-            const double value = scaling.scaled(static_cast<double>(raw));
-            if (target.dataType() == image::Int16) // bits beyond those stored may be set
-                static_cast<std::int16_t*>(target.dataPtr())[firstVoxel + i] =
-                    static_cast<std::int16_t>(std::clamp(value, -32768.0, 32767.0));
-            else
-                static_cast<float*>(target.dataPtr())[firstVoxel + i] = static_cast<float>(value);
-        }
-    });
-}
+    QString path;
+    QList<qsizetype> slices;
+};
 
-// Whether the file ends before its pixels do, which GDCM lets pass: looks for the head of the pixel element,
-// its tag and its length, and whether so many bytes follow. Compressed pixels do not state a length; what is
-// not found passes.
-bool isCutOff(const Slice& slice, std::size_t pixelBytes)
+QList<PixelFile> filesOf(const QList<DicomSlice>& slices)
 {
-    QFile file(slice.file);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray bytes = file.readAll();
-    const QByteArray tag("\xe0\x7f\x10\x00", 4);
-    for (qsizetype at = bytes.indexOf(tag); at >= 0 && at + 12 <= bytes.size();
-         at = bytes.indexOf(tag, at + 1)) {
-        const bool explicitType = bytes[at + 4] == 'O'; // OB or OW, two empty bytes, then the length
-        const qsizetype lengthAt = at + (explicitType ? 8 : 4);
-        const auto length = qFromLittleEndian<quint32>(bytes.constData() + lengthAt);
-        if (length == pixelBytes || length == pixelBytes + 1)
-            return lengthAt + 4 + static_cast<qsizetype>(pixelBytes) > bytes.size();
-    }
-    return false;
-}
-
-// Reads the pixels of all slices into the volume's image, which it creates for the first one.
-void readPixels(const QList<Slice>& slices, const QVector3D& spacingMm, VexelImage3D& image,
-                const std::function<void(double)>& progress)
-{
+    QList<PixelFile> files;
+    QHash<QString, qsizetype> places;
     for (qsizetype k = 0; k < slices.size(); ++k) {
-        const Slice& slice = slices[k];
+        const auto known = places.constFind(slices[k].file);
+        if (known == places.cend()) {
+            places.insert(slices[k].file, files.size());
+            files.append({slices[k].file, {k}});
+        } else {
+            files[*known].slices.append(k);
+        }
+    }
+    return files;
+}
+
+// Reads the pixels of all slices into an image, which it creates when it has seen the first file.
+class PixelReader
+{
+public:
+    PixelReader(const QList<DicomSlice>& stack, const QVector3D& voxelSizeMm)
+        : slices(stack), files(filesOf(stack)), spacingMm(voxelSizeMm)
+    {
+        for (const PixelFile& file : files)
+            fileBytes += QFileInfo(file.path).size();
+    }
+
+    VexelImage3D read(const std::function<void(double)>& progress)
+    {
+        for (qsizetype done = 0; done < files.size(); ++done) {
+            readFile(files[done]);
+            if (progress)
+                progress(static_cast<double>(done + 1) / static_cast<double>(files.size()));
+        }
+        return std::move(image);
+    }
+
+private:
+    void readFile(const PixelFile& file)
+    {
+        const DicomSlice& first = slices[file.slices.first()];
+        const std::size_t pixelCount =
+            static_cast<std::size_t>(first.columns) * static_cast<std::size_t>(first.rows);
+        const auto frames = static_cast<std::size_t>(first.framesInFile);
+        // GDCM holds the file, its decoded pixels and, of some codecs, 32 bits of each; the image has its own limit.
+        allowMemory(kMemoryAnyway + 2 * QFileInfo(file.path).size() +
+                    8 * static_cast<qint64>(pixelCount * frames) +
+                    (image.isEmpty() ? std::max(kFreeVoxelBytes, kMostExpansion * fileBytes) : 0));
         gdcm::ImageReader reader;
-        reader.SetFileName(QFile::encodeName(slice.file).constData());
+        reader.SetFileName(QFile::encodeName(file.path).constData());
+        const Failure unreadable(
+            file.path, QStringLiteral("the pixels of this DICOM picture cannot be read; they are damaged "
+                                      "or compressed in a way that is not supported"));
         if (!reader.Read())
-            throw Failure(slice.file, QStringLiteral("the pixels of this DICOM slice cannot be read"));
+            throw unreadable;
         const gdcm::Image& picture = reader.GetImage();
         const gdcm::PixelFormat& format = picture.GetPixelFormat();
-        const auto type = elementType(format);
-        if (!type || format.GetSamplesPerPixel() != 1)
-            throw Failure(slice.file, QStringLiteral("this DICOM slice does not hold plain grey values"));
-        if (picture.GetNumberOfDimensions() > 2 && picture.GetDimension(2) > 1)
+        const auto found = elementType(format);
+        if (!found || format.GetSamplesPerPixel() != 1)
+            throw Failure(file.path, QStringLiteral("this DICOM picture does not hold plain grey values"));
+        if (image.isEmpty())
+            createImage(format, *found);
+        if (*found != type)
             throw Failure(
-                slice.file,
-                QStringLiteral("this DICOM file holds many slices at once, which is not supported"));
-        const auto columns = static_cast<int>(picture.GetColumns());
-        const auto rows = static_cast<int>(picture.GetRows());
-        if (k == 0) {
-            const image::DataType stored = storedType(slices, format, *type);
-            image = VexelImage3D({columns, rows, static_cast<int>(slices.size())}, spacingMm, stored);
-            if (image.isEmpty())
-                throw Failure(slice.file, QStringLiteral("there is not enough memory for the series"));
-        }
-        const std::size_t pixelCount = static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows);
-        std::vector<char> pixels(picture.GetBufferLength());
-        if (columns != image.imageSize().x || rows != image.imageSize().y)
-            throw Failure(slice.file,
-                          QStringLiteral("this DICOM slice has another size than the first of its series"));
-        if (isCutOff(slice, pixels.size()))
-            throw Failure(slice.file, QStringLiteral("this DICOM slice is cut off"));
-        if (pixels.size() != pixelCount * image::elementSize(*type) || !picture.GetBuffer(pixels.data()))
-            throw Failure(slice.file, QStringLiteral("the pixels of this DICOM slice cannot be read"));
-        store(*type, pixels, slice.scaling, image, pixelCount * static_cast<std::size_t>(k));
-        if (progress)
-            progress(static_cast<double>(k + 1) / static_cast<double>(slices.size()));
+                file.path,
+                QStringLiteral("this DICOM slice has pixels of another type than the first of its series"));
+        const std::size_t frameBytes = pixelCount * image::elementSize(type);
+        if (picture.GetColumns() != static_cast<unsigned>(first.columns) ||
+            picture.GetRows() != static_cast<unsigned>(first.rows) ||
+            picture.GetBufferLength() != frameBytes * frames)
+            throw unreadable;
+        std::vector<char> pixels(frameBytes * frames);
+        if (!picture.GetBuffer(pixels.data()))
+            throw unreadable;
+        for (const qsizetype k : file.slices)
+            store(pixels.data() + frameBytes * static_cast<std::size_t>(slices[k].frame), pixelCount, k);
     }
-}
 
-Volume readLargestSeries(const QString& folder, const std::function<void(double)>& progress)
+    void createImage(const gdcm::PixelFormat& format, image::DataType found)
+    {
+        type = found;
+        const DicomSlice& first = slices.first();
+        const image::DataType stored = storedType(slices, format, type);
+        checkExpansion(first.file,
+                       static_cast<qint64>(image::elementSize(stored)) * first.columns * first.rows *
+                           slices.size(),
+                       fileBytes);
+        image = VexelImage3D({first.columns, first.rows, static_cast<int>(slices.size())}, spacingMm, stored);
+        if (image.isEmpty())
+            throw Failure(first.file, QStringLiteral("there is not enough memory for the series"));
+    }
+
+    void store(const char* pixels, std::size_t count, qsizetype k)
+    {
+        visitElementType(type, [&](auto zero) { // bits beyond those that are in use may be set
+            storeScaled(reinterpret_cast<const decltype(zero)*>(pixels), count, slices[k].scaling, image,
+                        count * static_cast<std::size_t>(k));
+        });
+    }
+
+    const QList<DicomSlice>& slices;
+    const QList<PixelFile> files;
+    const QVector3D spacingMm;
+    qint64 fileBytes = 0;
+    VexelImage3D image;
+    image::DataType type = image::UInt8; ///< of the pixels
+};
+
+Volume readSeries(const QString& path, const QString& series, const std::function<void(double)>& progress)
 {
     Volume volume;
-    QList<Slice> slices = findSlices(folder, volume.remarks);
-    const QVector3D step = orderSlices(folder, slices);
-    const Slice& first = slices.first();
+    QList<DicomSlice> slices = findSlices(path, series, volume.remarks);
+    const QVector3D step = orderSlices(path, slices);
+    checkAlike(slices);
+    const DicomSlice& first = slices.first();
     const QVector3D normal = QVector3D::crossProduct(first.rowDirection, first.columnDirection);
 
     volume.worldFromVoxel.setColumn(
@@ -311,54 +363,40 @@ Volume readLargestSeries(const QString& folder, const std::function<void(double)
         1, QVector4D(first.columnDirection * static_cast<float>(first.rowSpacingMm), 0.0F));
     volume.worldFromVoxel.setColumn(2, QVector4D(step, 0.0F));
     volume.worldFromVoxel.setColumn(3, QVector4D(first.position, 1.0F));
-    readPixels(
-        slices,
-        {static_cast<float>(first.columnSpacingMm), static_cast<float>(first.rowSpacingMm), step.length()},
-        volume.image, progress);
+    const std::array<qint64, 3> counts = {first.columns, first.rows, slices.size()};
+    checkVoxelCounts(path, counts);
+    checkGeometry(path, volume.worldFromVoxel, counts);
+    volume.image = PixelReader(slices, {static_cast<float>(first.columnSpacingMm),
+                                        static_cast<float>(first.rowSpacingMm), step.length()})
+                       .read(progress);
     if (static_cast<double>(QVector3D::crossProduct(step.normalized(), normal).length()) > kTiltTolerance)
         volume.remarks.append(
             QStringLiteral("The gantry was tilted: the slices are shifted against each other, which is "
                            "accounted for."));
-    volume.description = QStringLiteral("DICOM series in the folder %1").arg(QDir(folder).dirName());
+    volume.description = (QFileInfo(path).isDir() ? QStringLiteral("DICOM series in the folder %1")
+                                                  : QStringLiteral("DICOM file %1"))
+                             .arg(QFileInfo(QDir::cleanPath(path)).fileName());
     return volume;
-}
-
-// Whether reading comes to an end, good or bad. GDCM as packaged checks assertions, and some damaged files
-// fail them, which ends the program. So reading is first tried in a child process, whose end does no harm.
-bool comesToAnEnd(const QString& folder)
-{
-    const pid_t child = fork();
-    if (child < 0)
-        return true; // no process to be had; it may still go well
-    if (child == 0) {
-        const rlimit noCore{0, 0};
-        setrlimit(RLIMIT_CORE, &noCore);
-        const int nowhere = open("/dev/null", O_WRONLY);
-        dup2(nowhere, STDERR_FILENO);
-        try {
-            readLargestSeries(folder, {});
-        } catch (...) { // the parent finds out what
-        }
-        _exit(0);
-    }
-    int status = 0;
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
-    }
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
 } // namespace
 
-Volume readDicomFolder(const QString& folder, const std::function<void(double)>& progress)
+bool isDicomFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.seek(128) && file.read(4) == "DICM";
+}
+
+Volume readDicom(const QString& path, const QString& series, const std::function<void(double)>& progress)
 {
     gdcm::Trace::DebugOff(); // its complaints are replaced by sentences
     gdcm::Trace::WarningOff();
     gdcm::Trace::ErrorOff();
-    const Failure damaged(folder, QStringLiteral("the DICOM files are damaged"));
-    if (!comesToAnEnd(folder))
-        throw damaged;
+    const Failure damaged(path, QStringLiteral("the DICOM files are damaged"));
+    // GDCM as packaged checks assertions, and some damaged files fail them, which ends the program.
+    rehearse([&] { readSeries(path, series, {}); }, damaged);
     try {
-        return readLargestSeries(folder, progress);
+        return readSeries(path, series, progress);
     } catch (const Failure&) {
         throw;
     } catch (const std::exception&) { // GDCM throws for some damaged files

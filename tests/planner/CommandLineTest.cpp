@@ -39,6 +39,13 @@ TEST(CommandLine, NamesCtAndLandmarks)
     EXPECT_EQ(options->landmarksPath, QStringLiteral("l.json"));
 }
 
+TEST(CommandLine, TakesASeriesForACtOnly)
+{
+    EXPECT_EQ(parse({"--report", "out", "--ct", "disc", "--series", "2"})->series, QStringLiteral("2"));
+    EXPECT_TRUE(parse({"--report", "out", "--ct", "disc"})->series.isEmpty());
+    EXPECT_THROW(parse({"--report", "out", "--series", "2"}), planner::Failure);
+}
+
 TEST(CommandLine, KeepsPathsWithSpacesAndUmlauts)
 {
     const auto options = parse({"--report", "Köpfe und Kiefer"});

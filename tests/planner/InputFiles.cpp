@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
 // Writes the files that the planner's runs read, good and damaged ones, into the folder that it is given.
+#include <tests/planner/DicomFiles.h>
 #include <tests/planner/NiftiFiles.h>
 
 #include <QDir>
@@ -11,7 +12,7 @@ int main(int argc, char** argv)
         return 1;
     const QDir folder(QFile::decodeName(argv[1]));
     bool written = folder.mkpath(QStringLiteral("."));
-    const auto write = [&folder, &written](const char* name, const QByteArray& bytes) {
+    const auto write = [&folder, &written](const QByteArray& name, const QByteArray& bytes) {
         written = niftifiles::writeBytes(folder.filePath(QString::fromLatin1(name)), bytes) && written;
     };
 
@@ -60,6 +61,24 @@ int main(int argc, char** argv)
     write("frames.nii", niftifiles::bytesOf(frames));
 
     write("colour.nii", niftifiles::bytesOf(niftifiles::volumeOf(DT_RGB24, 24, QByteArray(24, '\1'))));
+
+    // Two series in subfolders, and one of them as frames of a file.
+    for (const char* name : {"plain", "dicom/head", "dicom/jaw", "damaged"})
+        written = folder.mkpath(QString::fromLatin1(name)) && written;
+    write("plain/readme.txt", "no DICOM");
+    for (int k = 0; k < 8; ++k) {
+        const QByteArray number = QByteArray::number(k);
+        const dicomfiles::Slice slice{.series = k < 5 ? "1.2.3.4" : "1.2.3.5",
+                                      .description = k < 5 ? "Head" : "Jaw",
+                                      .position = {{0.0, 0.0, static_cast<double>(k)}}};
+        write((k < 5 ? "dicom/head/" : "dicom/jaw/") + number, bytesOf(slice));
+        dicomfiles::Slice damaged = slice;
+        if (k == 3)
+            damaged.statedPixelBytes = 0x7ffffffe;
+        if (k < 5)
+            write("damaged/" + number, bytesOf(damaged));
+    }
+    write("frames.dcm", bytesOf(dicomfiles::Frames()));
 
     niftifiles::File zero = counting;
     zero.header.dim[2] = 0;
