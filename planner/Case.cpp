@@ -5,7 +5,9 @@
 #include <planner/CommandLine.h>
 #include <planner/DicomReader.h>
 #include <planner/Failure.h>
+#include <planner/MetaImageReader.h>
 #include <planner/NiftiReader.h>
+#include <planner/NrrdReader.h>
 #include <planner/Progress.h>
 
 #include <phantom/Phantom.h>
@@ -14,6 +16,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -69,13 +72,24 @@ Volume readVolume(const QString& path, const QString& series, Progress& progress
     if (!series.isEmpty())
         throw Failure(path,
                       QStringLiteral("--series chooses a DICOM series, and this is no DICOM file or folder"));
-    const QString name = info.fileName().toLower();
-    if (!name.endsWith(u".nii") && !name.endsWith(u".nii.gz"))
-        throw Failure(path,
-                      QStringLiteral("a CT is a NIfTI file (.nii, .nii.gz) or a folder with DICOM files"));
+    struct Format
+    {
+        const char* suffix;
+        Volume (*read)(const QString&);
+    };
+    static constexpr Format formats[] = {{".nii", readNifti},     {".nii.gz", readNifti},
+                                         {".mha", readMetaImage}, {".mhd", readMetaImage},
+                                         {".nrrd", readNrrd},     {".nhdr", readNrrd}};
+    const auto* format = std::find_if(std::begin(formats), std::end(formats), [&path](const Format& known) {
+        return path.endsWith(QLatin1String(known.suffix), Qt::CaseInsensitive);
+    });
+    if (format == std::end(formats))
+        throw Failure(
+            path, QStringLiteral("a CT is a NIfTI file (.nii, .nii.gz), a MetaImage file (.mha, .mhd), an "
+                                 "NRRD file (.nrrd, .nhdr), or a DICOM file or folder"));
     if (!info.isFile() || !info.isReadable())
         throw Failure(path, QStringLiteral("the file cannot be read"));
-    return readNifti(path);
+    return format->read(path);
 }
 
 // The largest distance in mm, along one axis of the volume, by which the position is outside; 0 inside.

@@ -44,7 +44,7 @@ std::optional<Options> parseCommandLine(int argumentCount, const char* const* ar
     CLI::Option* ct =
         app.add_option(
                "--ct", ctPath,
-               "The CT: a NIfTI file (.nii, .nii.gz), a DICOM file with all slices, or a folder with the "
+               "The CT: a NIfTI, MetaImage or NRRD file, a DICOM file with all slices, or a folder with the "
                "files of a DICOM series, in subfolders too")
             ->type_name("FILE|DIR");
     app.add_option(

@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <planner/NiftiReader.h>
 
-#include <planner/ByteSource.h>
-#include <planner/Elements.h>
 #include <planner/Failure.h>
 #include <planner/VolumeLimits.h>
+#include <planner/VoxelFile.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -14,14 +13,10 @@
 #include <nifti/nifti1_io.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstring>
-#include <limits>
 #include <memory>
 #include <optional>
-#include <type_traits>
-#include <vector>
 
 namespace planner {
 
@@ -60,39 +55,25 @@ std::optional<image::DataType> elementType(int niftiType)
     }
 }
 
-template <typename Element>
-bool isNoNumber(Element value)
-{
-    if constexpr (std::is_floating_point_v<Element>)
-        return !std::isfinite(value);
-    else
-        return false;
-}
-
 struct Header
 {
     nifti_1_header native{}; ///< in this machine's byte order
-    bool swapped = false;    ///< the file is in the other one
-    image::DataType type = image::UInt8;
-    std::array<qint64, 3> counts{};
-    qint64 offset = 0; ///< of the voxels
+    VoxelFile voxels;
 };
-
-ByteSource sourceOf(const QString& path)
-{
-    const bool mayBeCompressed = path.endsWith(QLatin1String(".gz"), Qt::CaseInsensitive);
-    return {path, mayBeCompressed ? ByteSource::codingOf(path) : ByteSource::Coding::Plain};
-}
 
 // Reads and checks the header before the library interprets it, as that prints its own complaints.
 Header readHeader(const QString& path)
 {
     Header header;
+    VoxelFile& voxels = header.voxels;
+    voxels.path = path;
+    if (path.endsWith(QLatin1String(".gz"), Qt::CaseInsensitive))
+        voxels.coding = ByteSource::codingOf(path);
     nifti_1_header& read = header.native;
-    const qint64 bytes = sourceOf(path).read(reinterpret_cast<char*>(&read), sizeof read);
+    const qint64 bytes = ByteSource(path, voxels.coding).read(reinterpret_cast<char*>(&read), sizeof read);
     if (bytes == sizeof read && read.sizeof_hdr == qbswap<qint32>(sizeof read)) {
         swap_nifti_header(&read, 1);
-        header.swapped = true;
+        voxels.swapped = true;
     }
     if (bytes < qint64{sizeof read} || read.sizeof_hdr != int{sizeof read} ||
         (std::memcmp(read.magic, "n+1", 4) != 0 && std::memcmp(read.magic, "ni1", 4) != 0))
@@ -103,8 +84,8 @@ Header readHeader(const QString& path)
                       "header and voxels are in two files, which is not supported; make it one .nii file"));
     if (read.dim[0] < 3 || read.dim[0] > 7)
         throw Failure(path, QStringLiteral("a volume has 3 dimensions, the header says %1").arg(read.dim[0]));
-    header.counts = {read.dim[1], read.dim[2], read.dim[3]};
-    checkVoxelCounts(path, header.counts);
+    voxels.counts = {read.dim[1], read.dim[2], read.dim[3]};
+    checkVoxelCounts(path, voxels.counts);
     for (int axis = 4; axis <= read.dim[0]; ++axis) {
         if (read.dim[axis] > 1)
             throw Failure(
@@ -115,62 +96,15 @@ Header readHeader(const QString& path)
     }
     if (!(read.vox_offset >= 0.0F && read.vox_offset <= kLargestOffset))
         throw Failure(path, QStringLiteral("the header's offset of the voxels makes no sense"));
-    header.offset = std::max(kSmallestOffset, static_cast<qint64>(read.vox_offset));
+    voxels.skip = std::max(kSmallestOffset, static_cast<qint64>(read.vox_offset));
     const auto type = elementType(read.datatype);
     if (!type)
         throw Failure(
             path, QStringLiteral("voxels of the type %1 are not supported, only integers up to 32 bits and "
                                  "floating-point numbers up to 64 bits")
                       .arg(QString::fromLatin1(nifti_datatype_string(read.datatype))));
-    header.type = *type;
+    voxels.type = *type;
     return header;
-}
-
-// Calls the visitor with the voxels as the file holds them, in this machine's byte order, some at a time, and with the
-// index of the first of them. Refuses a file whose voxels end before or after the place that the header announces, or
-// whose compressed bytes do not have the checksum that they should.
-template <typename Visitor>
-void visitVoxels(const QString& path, const Header& header, const Visitor& visitor)
-{
-    const std::size_t size = image::elementSize(header.type);
-    const std::size_t voxels =
-        static_cast<std::size_t>(header.counts[0] * header.counts[1] * header.counts[2]);
-    const qint64 expected = header.offset + static_cast<qint64>(voxels * size);
-    ByteSource source = sourceOf(path);
-    std::vector<char> chunk(std::size_t{1} << 17);
-    qint64 bytes = 0;
-    const auto read = [&](qint64 count) {
-        const qint64 done = source.read(chunk.data(), count);
-        bytes += done;
-        if (done < count)
-            throw Failure(path,
-                          QStringLiteral("the file is damaged or cut off: the header announces %1 bytes, "
-                                         "%2 can be read")
-                              .arg(expected)
-                              .arg(bytes));
-    };
-    while (bytes < header.offset)
-        read(std::min(static_cast<qint64>(chunk.size()), header.offset - bytes));
-    for (std::size_t done = 0; done < voxels;) {
-        const std::size_t count = std::min(chunk.size() / size, voxels - done);
-        read(static_cast<qint64>(count * size));
-        if (header.swapped && size > 1)
-            nifti_swap_Nbytes(count, static_cast<int>(size), chunk.data());
-        visitElementType(header.type, [&](auto zero) {
-            auto* elements = reinterpret_cast<decltype(zero)*>(chunk.data());
-            std::replace_if(elements, elements + count, isNoNumber<decltype(zero)>, zero);
-            visitor(elements, count, done);
-        });
-        done += count;
-    }
-    char more = 0;
-    if (source.read(&more, 1) > 0)
-        throw Failure(
-            path,
-            QStringLiteral("the file is longer than the %1 bytes that its header announces").arg(expected));
-    if (!source.endsHere())
-        throw Failure(path,
-                      QStringLiteral("the file is damaged or cut off: its checksum is wrong or missing"));
 }
 
 float millimetresPerUnit(int unit)
@@ -200,27 +134,6 @@ QMatrix4x4 worldFromVoxel(const nifti_image& nifti)
     return matrix;
 }
 
-QVector3D spacing(const QMatrix4x4& matrix)
-{
-    return {matrix.column(0).toVector3D().length(), matrix.column(1).toVector3D().length(),
-            matrix.column(2).toVector3D().length()};
-}
-
-// The type of the voxels in memory: the file's, unless they are scaled.
-image::DataType storedType(const QString& path, const Header& header, const Scaling& scaling)
-{
-    if (scaling.isIdentity())
-        return header.type;
-    double smallest = std::numeric_limits<double>::max();
-    double largest = std::numeric_limits<double>::lowest();
-    visitVoxels(path, header, [&](const auto* elements, std::size_t count, std::size_t) {
-        const auto [low, high] = std::minmax_element(elements, elements + count);
-        smallest = std::min(smallest, static_cast<double>(*low));
-        largest = std::max(largest, static_cast<double>(*high));
-    });
-    return scaledType(scaling, header.type, smallest, largest);
-}
-
 } // namespace
 
 Volume readNifti(const QString& path)
@@ -234,22 +147,11 @@ Volume readNifti(const QString& path)
 
     Volume volume;
     volume.worldFromVoxel = worldFromVoxel(*nifti);
-    checkGeometry(path, volume.worldFromVoxel, header.counts);
-    const qint64 voxels = header.counts[0] * header.counts[1] * header.counts[2];
-    const auto checkBytes = [&](image::DataType type) {
-        checkExpansion(path, voxels * static_cast<qint64>(image::elementSize(type)), QFileInfo(path).size());
-    };
-    checkBytes(header.type);
-    const Scaling scaling =
-        usableScaling(static_cast<double>(nifti->scl_slope), static_cast<double>(nifti->scl_inter));
-    const image::DataType type = storedType(path, header, scaling);
-    checkBytes(type);
-    volume.image = VexelImage3D({nifti->nx, nifti->ny, nifti->nz}, spacing(volume.worldFromVoxel), type);
-    if (volume.image.isEmpty())
-        throw Failure(path, QStringLiteral("there is not enough memory for its voxels"));
-    visitVoxels(path, header, [&](const auto* elements, std::size_t count, std::size_t first) {
-        storeScaled(elements, count, scaling, volume.image, first);
-    });
+    checkGeometry(path, volume.worldFromVoxel, header.voxels.counts);
+    volume.image = readVoxels(
+        header.voxels,
+        usableScaling(static_cast<double>(nifti->scl_slope), static_cast<double>(nifti->scl_inter)),
+        voxelSizeMm(volume.worldFromVoxel));
 
     volume.orientationKnown = nifti->sform_code > 0 || nifti->qform_code > 0;
     volume.description = QStringLiteral("NIfTI file %1").arg(QFileInfo(path).fileName());
@@ -258,9 +160,7 @@ Volume readNifti(const QString& path)
     if (!statement.isEmpty())
         volume.description += QStringLiteral(" (\"%1\")").arg(statement);
     if (!volume.orientationKnown)
-        volume.remarks.append(
-            QStringLiteral("The file does not state its orientation: right and left, front and back are "
-                           "assumed, not known."));
+        volume.remarks.append(unknownOrientationRemark());
     return volume;
 }
 

@@ -24,4 +24,11 @@ struct Volume
     QStringList remarks;          ///< sentences about what had to be assumed or chosen
 };
 
+/// Returns the remark of a volume whose orientation is not known.
+inline QString unknownOrientationRemark()
+{
+    return QStringLiteral("The file does not state its orientation: right and left, front and back are "
+                          "assumed, not known.");
+}
+
 } // namespace planner
