@@ -8,12 +8,14 @@
 
 namespace {
 
-// Intended: the number of matrices decides, whichever they are; a bite of whole jaws has exactly the two of the jaws.
+// Intended: the number of matrices decides, whichever they are; a bite of whole jaws has exactly
+// the two of the jaws.
 constexpr std::size_t kSegmentalCount = 3;
 
 utility::Optional<QMatrix4x4> finite(const QMatrix4x4& move)
 {
-    return finiteness::isFinite(move) ? utility::Optional<QMatrix4x4>(move) : utility::Optional<QMatrix4x4>();
+    return transforms::isFinite(move) ? utility::Optional<QMatrix4x4>(move)
+                                      : utility::Optional<QMatrix4x4>();
 }
 
 } // namespace

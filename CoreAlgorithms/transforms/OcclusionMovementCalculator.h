@@ -16,13 +16,14 @@
 /// With O the matrices of the bite and Tmax, Tmand the current total transforms of the two scans:
 ///     maxilla    Tmand * O[Mandibula]^-1 * O[Maxilla] * Tmax^-1
 ///     mandible   Tmax * O[Maxilla]^-1 * O[Mandibula] * Tmand^-1
-/// Products are taken from the left, inverses are QMatrix4x4::inverted(), which gives the identity for a singular
-/// matrix.
+/// Products are taken from the left, inverses are QMatrix4x4::inverted(), which gives the identity
+/// for a singular matrix.
 ///
-/// A bite with fewer than three matrices is one of whole jaws and fills the first two fields; without the matrix of
-/// either jaw it fills none. With three or more, the upper jaw is cut into segments, and the other two fields are
-/// filled, be it by empty maps, after the rules of OcclusionTransformCalculator, with its warning
-/// "getUpperReferenceSegmentTypeId: reference segment not found". A move that is not finite is left out.
+/// A bite with fewer than three matrices is one of whole jaws and fills the first two fields;
+/// without the matrix of either jaw it fills none. With three or more, the upper jaw is cut into
+/// segments, and the other two fields are filled, be it by empty maps, after the rules of
+/// OcclusionTransformCalculator, with its warning "getUpperReferenceSegmentTypeId: reference
+/// segment not found". A move that is not finite is left out.
 class COREALGORITHMS_EXPORT OcclusionMovementCalculator
 {
 public:

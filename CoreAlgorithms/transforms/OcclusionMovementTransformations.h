@@ -9,8 +9,9 @@
 
 #include <map>
 
-/// What a bite asks of the four occlusion movements of a surgery: matrices of planning space onto itself. A movement
-/// without a value is left as it is. The maps are keyed by the class type identifier of the jaw part that moves.
+/// What a bite asks of the four occlusion movements of a surgery: matrices of planning space onto
+/// itself. A movement without a value is left as it is. The maps are keyed by the class type
+/// identifier of the jaw part that moves.
 struct OcclusionMovementTransformations
 {
     utility::Optional<QMatrix4x4> maxillaryTransformation;

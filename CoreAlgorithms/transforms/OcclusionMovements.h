@@ -19,7 +19,8 @@ struct OcclusionMovements
 
 namespace utility {
 
-/// Looks the four up by their types. A movement that has the type but is of another class gives null.
+/// Looks the four up by their types. A movement that has the type but is of another class gives
+/// null.
 COREALGORITHMS_EXPORT OcclusionMovements getOcclusionMovements(const MaxillofacialSurgery& surgery);
 
 } // namespace utility

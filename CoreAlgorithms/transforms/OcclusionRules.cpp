@@ -16,7 +16,8 @@ void insertFinite(JawPartMatrices& moves, const QString& typeId, const QMatrix4x
         moves.emplace(typeId, move);
 }
 
-// The upper segment that stands while the others and the lower jaw come to it; empty if there is none.
+// The upper segment that stands while the others and the lower jaw come to it; empty if there is
+// none.
 QString upperReferenceSegment(const JawPartMatrices& bite)
 {
     for (const QString& typeId : {FrontSegment::getClassTypeId(), RightSegment::getClassTypeId()}) {
@@ -45,15 +46,16 @@ QMatrix4x4 moveIntoBite(const QMatrix4x4& standingScan, const QMatrix4x4& standi
 JawPartMatrices upperSegments(const JawPartMatrices& bite)
 {
     JawPartMatrices segments;
-    for (const QString& typeId :
-         {FrontSegment::getClassTypeId(), RightSegment::getClassTypeId(), LeftSegment::getClassTypeId()}) {
+    for (const QString& typeId : {FrontSegment::getClassTypeId(), RightSegment::getClassTypeId(),
+                                  LeftSegment::getClassTypeId()}) {
         if (const auto matrix = findMatrix(bite, typeId))
             segments.emplace(typeId, *matrix);
     }
     return segments;
 }
 
-JawPartMatrices segmentalMandibulaToMaxilla(const JawPartMatrices& bite, const QMatrix4x4& maxillaScan,
+JawPartMatrices segmentalMandibulaToMaxilla(const JawPartMatrices& bite,
+                                            const QMatrix4x4& maxillaScan,
                                             const QMatrix4x4& mandibulaScan)
 {
     const auto mandibula = findMatrix(bite, Mandibula::getClassTypeId());
@@ -66,7 +68,8 @@ JawPartMatrices segmentalMandibulaToMaxilla(const JawPartMatrices& bite, const Q
         return {};
 
     JawPartMatrices others = upperSegments(bite);
-    others.erase(referenceId); // Intended: no entry for it; callers move what is listed and it must stay.
+    others.erase(
+        referenceId); // Intended: no entry for it; callers move what is listed and it must stay.
     JawPartMatrices moves;
     for (const auto& [typeId, segment] : others)
         insertFinite(moves, typeId, moveIntoBite(maxillaScan, *reference, segment, maxillaScan));
@@ -75,7 +78,8 @@ JawPartMatrices segmentalMandibulaToMaxilla(const JawPartMatrices& bite, const Q
     return moves;
 }
 
-JawPartMatrices segmentalMaxillaToMandibula(const JawPartMatrices& bite, const QMatrix4x4& maxillaScan,
+JawPartMatrices segmentalMaxillaToMandibula(const JawPartMatrices& bite,
+                                            const QMatrix4x4& maxillaScan,
                                             const QMatrix4x4& mandibulaScan)
 {
     const auto mandibula = findMatrix(bite, Mandibula::getClassTypeId());

@@ -12,8 +12,9 @@
 namespace {
 
 // The move of a whole jaw, under its identifier; empty if the bite lacks one of the jaws.
-transforms::JawPartMatrices moveWholeJaw(const transforms::JawPartMatrices& bite, const QString& movingId,
-                                         const QString& standingId, const QMatrix4x4& movingScan,
+transforms::JawPartMatrices moveWholeJaw(const transforms::JawPartMatrices& bite,
+                                         const QString& movingId, const QString& standingId,
+                                         const QMatrix4x4& movingScan,
                                          const QMatrix4x4& standingScan)
 {
     const auto moving = transforms::findMatrix(bite, movingId);
@@ -39,10 +40,9 @@ OcclusionTransformCalculator::OcclusionTransformCalculator(const Occlusion& occl
       segmental(occlusion.isSegmental())
 {}
 
-OcclusionTransformCalculator::OcclusionTransformCalculator(const dataobject::VirtualOcclusion& occlusion,
-                                                           const DentalScan& maxillaScan,
-                                                           const DentalScan& mandibulaScan,
-                                                           QMatrix4x4 planningTransform)
+OcclusionTransformCalculator::OcclusionTransformCalculator(
+    const dataobject::VirtualOcclusion& occlusion, const DentalScan& maxillaScan,
+    const DentalScan& mandibulaScan, QMatrix4x4 planningTransform)
     : maxilla(&maxillaScan),
       mandibula(&mandibulaScan),
       planning(planningTransform),
@@ -52,14 +52,16 @@ OcclusionTransformCalculator::OcclusionTransformCalculator(const dataobject::Vir
 
 OcclusionTransformCalculator::~OcclusionTransformCalculator() = default;
 
-std::map<QString, QMatrix4x4> OcclusionTransformCalculator::calculateTransformations(TransformationType type)
+std::map<QString, QMatrix4x4>
+OcclusionTransformCalculator::calculateTransformations(TransformationType type)
 {
     // Intended: whatever is not 0 moves the upper jaw; callers pass stored numbers.
     return type == MandibulaToMaxilla ? calculateMandibulaToMaxillaTransformations()
                                       : calculateMaxillaToMandibulaTransformations();
 }
 
-std::map<QString, QMatrix4x4> OcclusionTransformCalculator::calculateMandibulaToMaxillaTransformations()
+std::map<QString, QMatrix4x4>
+OcclusionTransformCalculator::calculateMandibulaToMaxillaTransformations()
 {
     const Registrations scans = getRegistrations();
     return segmental ? transforms::segmentalMandibulaToMaxilla(bite, scans.maxilla, scans.mandibula)
@@ -67,7 +69,8 @@ std::map<QString, QMatrix4x4> OcclusionTransformCalculator::calculateMandibulaTo
                                     scans.mandibula, scans.maxilla);
 }
 
-std::map<QString, QMatrix4x4> OcclusionTransformCalculator::calculateMaxillaToMandibulaTransformations()
+std::map<QString, QMatrix4x4>
+OcclusionTransformCalculator::calculateMaxillaToMandibulaTransformations()
 {
     const Registrations scans = getRegistrations();
     return segmental ? transforms::segmentalMaxillaToMandibula(bite, scans.maxilla, scans.mandibula)

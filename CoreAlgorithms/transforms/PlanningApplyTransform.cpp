@@ -64,8 +64,9 @@ void placeAnew(Placed& object, const QMatrix4x4& matrix, Reason... reason)
 
 DentalScan* scanOfJaw(const QList<DentalScan*>& scans, JawType jaw)
 {
-    const auto found = std::find_if(scans.begin(), scans.end(),
-                                    [jaw](const DentalScan* scan) { return scan->getJawType() == jaw; });
+    const auto found = std::find_if(scans.begin(), scans.end(), [jaw](const DentalScan* scan) {
+        return scan->getJawType() == jaw;
+    });
     return found == scans.end() ? nullptr : *found;
 }
 
@@ -114,7 +115,8 @@ void PlanningApplyTransform::setNewScannerTransform(const QMatrix4x4& transform)
 
 QList<DataObject*> PlanningApplyTransform::applyTransform(const QMatrix4x4& M)
 {
-    const QMatrix4x4 matrix = M; // a copy: M may be a placement of the plan, which changes on the way
+    const QMatrix4x4 matrix =
+        M; // a copy: M may be a placement of the plan, which changes on the way
     changedObjects.clear();
     if (!finiteness::isFinite(matrix))
         return {};
@@ -158,8 +160,9 @@ QList<DataObject*> PlanningApplyTransform::applyTransform(const QMatrix4x4& M)
     return changedObjects;
 }
 
-// A plan has many objects of few classes, and whether a class is of a kind is asked 40 times: classes that were found
-// not to be are remembered while the list is searched, which takes a third of the time of casting every object.
+// A plan has many objects of few classes, and whether a class is of a kind is asked 40 times:
+// classes that were found not to be are remembered while the list is searched, which takes a third
+// of the time of casting every object.
 template <typename Kind>
 QList<Kind*> PlanningApplyTransform::objectsOfKind() const
 {
@@ -209,8 +212,9 @@ void PlanningApplyTransform::transformPlanarDentalSpline(const QMatrix4x4& matri
 void PlanningApplyTransform::transformToothAnnotations(const QMatrix4x4& matrix)
 {
     for (ToothAnnotation3D* annotation : objectsOfKind<ToothAnnotation3D>()) {
-        // Intended: labels of creation type 0 follow the dental splines, from which the application makes them anew.
-        if (annotation->getCreationType() == CreationType(hostvalues::kAutomaticallyCreated))
+        // Intended: labels of creation type 0 follow the dental splines, from which the application
+        // makes them anew.
+        if (annotation->getCreationType() == CreationType(0))
             continue;
         annotation->applyTransform(matrix);
         changedObjects.append(annotation);
@@ -225,7 +229,8 @@ void PlanningApplyTransform::transformAttachablePoint(const QMatrix4x4& matrix)
 
 void PlanningApplyTransform::transformPointAnnotations(const QMatrix4x4& matrix)
 {
-    changeEach<PointAnnotation>([&matrix](PointAnnotation& annotation) { mapPosition(annotation, matrix); });
+    changeEach<PointAnnotation>(
+        [&matrix](PointAnnotation& annotation) { mapPosition(annotation, matrix); });
 }
 
 void PlanningApplyTransform::transformLineAnnotations(const QMatrix4x4& matrix)
@@ -246,7 +251,9 @@ void PlanningApplyTransform::transformPencilAnnotation3D(const QMatrix4x4& matri
 void PlanningApplyTransform::transformPointBasedAnnotation3D(const QMatrix4x4& matrix)
 {
     changeEach<dataobject::PointBased3DAnnotationBase>(
-        [&matrix](dataobject::PointBased3DAnnotationBase& annotation) { annotation.applyTransform(matrix); });
+        [&matrix](dataobject::PointBased3DAnnotationBase& annotation) {
+            annotation.applyTransform(matrix);
+        });
 }
 
 void PlanningApplyTransform::transformArrowAnnotation3D(const QMatrix4x4& matrix)
@@ -331,7 +338,8 @@ void PlanningApplyTransform::transformOriginalSurgeryModels(const QMatrix4x4& ma
 void PlanningApplyTransform::transformDistractor(const QMatrix4x4& matrix)
 {
     changeEach<Distractor>([&matrix](Distractor& distractor) {
-        const QVector3D position = distractor.getTransform().column(3).toVector3D(); // before its tree moves
+        const QVector3D position =
+            distractor.getTransform().column(3).toVector3D(); // before its tree moves
         if (const auto tree = distractor.getSurfaceTree())
             tree->setObjectTransform(matrix);
         distractor.moveTo(matrix.map(position));
@@ -340,7 +348,8 @@ void PlanningApplyTransform::transformDistractor(const QMatrix4x4& matrix)
 
 void PlanningApplyTransform::transformSoftTissueModel(const QMatrix4x4& matrix)
 {
-    changeEach<SoftTissueModel>([&matrix](SoftTissueModel& surface) { moveSurface(surface, matrix); });
+    changeEach<SoftTissueModel>(
+        [&matrix](SoftTissueModel& surface) { moveSurface(surface, matrix); });
 }
 
 void PlanningApplyTransform::transformSkin(const QMatrix4x4& matrix)
@@ -350,7 +359,8 @@ void PlanningApplyTransform::transformSkin(const QMatrix4x4& matrix)
 
 void PlanningApplyTransform::transformOsteotomySurface(const QMatrix4x4& matrix)
 {
-    changeEach<OsteotomySurface>([&matrix](OsteotomySurface& surface) { moveSurface(surface, matrix); });
+    changeEach<OsteotomySurface>(
+        [&matrix](OsteotomySurface& surface) { moveSurface(surface, matrix); });
 }
 
 void PlanningApplyTransform::transformSurgery(const QMatrix4x4& /*matrix*/)
@@ -360,11 +370,13 @@ void PlanningApplyTransform::transformSurgery(const QMatrix4x4& /*matrix*/)
     if (surgeries.isEmpty() || scans.isEmpty())
         return;
     for (const Occlusion* occlusion : objectsOfKind<Occlusion>())
-        transformMovements(surgeries.first(), scans, newScannerTransform, occlusion->getTransformations(),
+        transformMovements(surgeries.first(), scans, newScannerTransform,
+                           occlusion->getTransformations(),
                            MovementModes::OCCLUSION_PLASTER_CAST_MODE);
-    for (const dataobject::VirtualOcclusion* occlusion : objectsOfKind<dataobject::VirtualOcclusion>())
-        transformMovements(surgeries.first(), scans, newScannerTransform, occlusion->getTransformations(),
-                           MovementModes::OCCLUSION_VIRTUAL_MODE);
+    for (const dataobject::VirtualOcclusion* occlusion :
+         objectsOfKind<dataobject::VirtualOcclusion>())
+        transformMovements(surgeries.first(), scans, newScannerTransform,
+                           occlusion->getTransformations(), MovementModes::OCCLUSION_VIRTUAL_MODE);
 }
 
 void PlanningApplyTransform::transformTempShell(const QMatrix4x4& matrix)
@@ -374,15 +386,17 @@ void PlanningApplyTransform::transformTempShell(const QMatrix4x4& matrix)
 
 void PlanningApplyTransform::transformTemporomandibularJoints(const QMatrix4x4& matrix)
 {
-    changeEach<dataobject::TemporomandibularJoint>([&matrix](dataobject::TemporomandibularJoint& joint) {
-        if (const auto line = joint.getGuidingLine())
-            line->transformAndCreateNewPoints(matrix);
-    });
+    changeEach<dataobject::TemporomandibularJoint>(
+        [&matrix](dataobject::TemporomandibularJoint& joint) {
+            if (const auto line = joint.getGuidingLine())
+                line->transformAndCreateNewPoints(matrix);
+        });
 }
 
 void PlanningApplyTransform::transformAirway(const QMatrix4x4& matrix)
 {
-    changeEach<dataobject::Airway>([&matrix](dataobject::Airway& surface) { moveSurface(surface, matrix); });
+    changeEach<dataobject::Airway>(
+        [&matrix](dataobject::Airway& surface) { moveSurface(surface, matrix); });
 }
 
 void PlanningApplyTransform::transformShowObjects(const QMatrix4x4& matrix)
@@ -398,7 +412,8 @@ void PlanningApplyTransform::transformPatientSurfaceModel(const QMatrix4x4& matr
 
 void PlanningApplyTransform::transformCephPlanes(const QMatrix4x4& matrix)
 {
-    // Intended: not recorded; the planes follow from landmarks and are no part of the plan that is saved.
+    // Intended: not recorded; the planes follow from landmarks and are no part of the plan that is
+    // saved.
     for (CephPlaneBase* plane : objectsOfKind<CephPlaneBase>())
         plane->applyTransform(matrix);
 }
@@ -411,14 +426,16 @@ void PlanningApplyTransform::transformLockedImplantPlan(const QMatrix4x4& matrix
 
 void PlanningApplyTransform::transformAnchorPin3D(const QMatrix4x4& matrix)
 {
-    changeEach<dataobject::AnchorPin3D>(
-        [&matrix](dataobject::AnchorPin3D& pin) { placeAnew(pin, matrix, kScannerTransformation); });
+    changeEach<dataobject::AnchorPin3D>([&matrix](dataobject::AnchorPin3D& pin) {
+        placeAnew(pin, matrix, kScannerTransformation);
+    });
 }
 
 void PlanningApplyTransform::transformImplant3D(const QMatrix4x4& matrix)
 {
-    changeEach<dataobject::Implant3D>(
-        [&matrix](dataobject::Implant3D& implant) { placeAnew(implant, matrix, kScannerTransformation); });
+    changeEach<dataobject::Implant3D>([&matrix](dataobject::Implant3D& implant) {
+        placeAnew(implant, matrix, kScannerTransformation);
+    });
 }
 
 void PlanningApplyTransform::transformPreviewSurgicalTemplates(const QMatrix4x4& matrix)
@@ -430,13 +447,17 @@ void PlanningApplyTransform::transformPreviewSurgicalTemplates(const QMatrix4x4&
 void PlanningApplyTransform::transformSurgicalTemplate3D(const QMatrix4x4& matrix)
 {
     changeEach<dataobject::SurgicalTemplate3D>(
-        [&matrix](dataobject::SurgicalTemplate3D& surgicalTemplate) { placeAnew(surgicalTemplate, matrix); });
+        [&matrix](dataobject::SurgicalTemplate3D& surgicalTemplate) {
+            placeAnew(surgicalTemplate, matrix);
+        });
 }
 
 void PlanningApplyTransform::transformPlannedToPostOpCollection(const QMatrix4x4& matrix)
 {
     changeEach<dataobject::PlannedToPostOpCollection>(
-        [&matrix](dataobject::PlannedToPostOpCollection& collection) { moveCollection(collection, matrix); });
+        [&matrix](dataobject::PlannedToPostOpCollection& collection) {
+            moveCollection(collection, matrix);
+        });
 }
 
 void PlanningApplyTransform::transformApexPoints(const QMatrix4x4& matrix)
@@ -484,23 +505,24 @@ void PlanningApplyTransform::transformPolyLine(PolyLine& line, const QMatrix4x4&
     }
 }
 
-void PlanningApplyTransform::transformMovements(MaxillofacialSurgery* surgery,
-                                                const QList<DentalScan*>& scans,
-                                                const QMatrix4x4& planningTransform,
-                                                const std::map<QString, QMatrix4x4>& occlusionTransformations,
-                                                const QString& movementMode)
+void PlanningApplyTransform::transformMovements(
+    MaxillofacialSurgery* surgery, const QList<DentalScan*>& scans,
+    const QMatrix4x4& planningTransform,
+    const std::map<QString, QMatrix4x4>& occlusionTransformations, const QString& movementMode)
 {
-    const DentalScan* upper = scanOfJaw(scans, JawType(hostvalues::kUpperJaw));
-    const DentalScan* lower = scanOfJaw(scans, JawType(hostvalues::kLowerJaw));
-    // A total that is not finite is returned as the identity: the movements computed from it would look right.
-    if (!surgery || !upper || !lower || !finiteness::isFinite(planningTransform))
+    const DentalScan* upper = scanOfJaw(scans, JawType(2));
+    const DentalScan* lower = scanOfJaw(scans, JawType(1));
+    // A total that is not finite is returned as the identity: the movements computed from it would
+    // look right.
+    if (!surgery || !upper || !lower || !transforms::isFinite(planningTransform))
         return;
     const OcclusionMovementCalculator::Data data{
-        occlusionTransformations, SurfaceScanTransformations::getTotalTransform(upper, planningTransform),
+        occlusionTransformations,
+        SurfaceScanTransformations::getTotalTransform(upper, planningTransform),
         SurfaceScanTransformations::getTotalTransform(lower, planningTransform), movementMode};
-    SetOcclusionMovementTransformationsUndoCommand command(OcclusionMovementCalculator(data).calculate(),
-                                                           utility::getOcclusionMovements(*surgery),
-                                                           movementMode, nullptr);
+    SetOcclusionMovementTransformationsUndoCommand command(
+        OcclusionMovementCalculator(data).calculate(), utility::getOcclusionMovements(*surgery),
+        movementMode, nullptr);
     command.redo(); // once, on no stack: whoever undoes the new frame moves the plan back
 }
 
@@ -531,7 +553,8 @@ void PlanningApplyTransform::updateOcclusalPlanePositionTransformation(Mandibula
     mandibula->setOcclusalPlanePositions(positions);
 }
 
-void PlanningApplyTransform::updateRotationPosition(SurgeryPlanningPart* part, const QMatrix4x4& matrix)
+void PlanningApplyTransform::updateRotationPosition(SurgeryPlanningPart* part,
+                                                    const QMatrix4x4& matrix)
 {
     if (auto* rotatable = dynamic_cast<RotatableSurgeryPlanningPart*>(part))
         rotatable->setRotationPosition(matrix.map(rotatable->getRotationPosition()));

@@ -19,23 +19,26 @@ class Surface3DModel;
 class SurfaceScan;
 class SurgeryPlanningPart;
 
-/// Carries a whole plan into a new scanner frame: every planned object follows the matrix M in the way that fits its
-/// kind. docs/transforms.md has the table of the kinds.
+/// Carries a whole plan into a new scanner frame: every planned object follows the matrix M in the
+/// way that fits its kind. docs/transforms.md has the table of the kinds.
 ///
-/// Positions are mapped. Surfaces are moved relatively, in an editing bracket each; trees are moved relatively without
-/// a bracket. Implants, pins and templates, whose placement is absolute, get M times their placement. The kinds are
-/// taken in the order of the private steps below, in each the objects in the order of the list; an object of several
-/// kinds is treated as each of them.
+/// Positions are mapped. Surfaces are moved relatively, in an editing bracket each; trees are moved
+/// relatively without a bracket. Implants, pins and templates, whose placement is absolute, get M
+/// times their placement. The kinds are taken in the order of the private steps below, in each the
+/// objects in the order of the list; an object of several kinds is treated as each of them.
 ///
-/// Null entries and objects of other kinds are passed over, and so are parts that an object lacks: a line without
-/// points, an anatomy without models, a surgery without scans of both jaws. A matrix M that is not finite changes
-/// nothing and gives an empty list.
+/// Null entries and objects of other kinds are passed over, and so are parts that an object lacks:
+/// a line without points, an anatomy without models, a surgery without scans of both jaws. A matrix
+/// M that is not finite changes nothing and gives an empty list.
 ///
-/// Dental splines (the arches) need the CT for their occlusal index. Unless the first CTDataVolumeObject of the list
-/// holds a CT, they stay behind, unmoved and not returned, while all other objects move.
+/// Dental splines (the arches) need the CT for their occlusal index. Unless the first
+/// CTDataVolumeObject of the list holds a CT, they stay behind, unmoved and not returned, while all
+/// other objects move.
 ///
-/// (1) A rigid M followed by its inverse brings every coordinate back, and M * N in one call equals N, then M, within
-///     single-precision rounding: for coordinates and shifts up to 100 mm along each axis, within 2^-12 mm.
+/// (1) A rigid M followed by its inverse brings every coordinate back, and M * N in one call equals
+/// N, then M, within
+///     single-precision rounding: for coordinates and shifts up to 100 mm along each axis, within
+///     2^-12 mm.
 /// Linear in the number of objects and of their positions and vertices.
 class COREALGORITHMS_EXPORT PlanningApplyTransform
 {
@@ -47,12 +50,14 @@ public:
 
     /// The plan. Not owned; the objects must be there during applyTransform().
     void setDataObjects(const QList<DataObject*>& objects);
-    /// The planning transform with which the occlusion movements of a surgery are computed anew; identity at first.
-    /// Nothing else uses it. With one that is not finite, the occlusion movements are left unchanged.
+    /// The planning transform with which the occlusion movements of a surgery are computed anew;
+    /// identity at first. Nothing else uses it. With one that is not finite, the occlusion
+    /// movements are left unchanged.
     void setNewScannerTransform(const QMatrix4x4& transform);
 
-    /// Moves the plan and returns the objects that were changed, in the order in which they were, each as often as it
-    /// was treated. Cephalometric planes and surgeries are not among them. M may be a placement of the plan itself.
+    /// Moves the plan and returns the objects that were changed, in the order in which they were,
+    /// each as often as it was treated. Cephalometric planes and surgeries are not among them. M
+    /// may be a placement of the plan itself.
     QList<DataObject*> applyTransform(const QMatrix4x4& M);
 
 private:
@@ -107,8 +112,10 @@ private:
                                    const std::map<QString, QMatrix4x4>& occlusionTransformations,
                                    const QString& movementMode);
     static void updateCondylePositionTransformation(Mandibula* mandibula, const QMatrix4x4& matrix);
-    static void updateAutorotationPositionTransformation(Mandibula* mandibula, const QMatrix4x4& matrix);
-    static void updateOcclusalPlanePositionTransformation(Mandibula* mandibula, const QMatrix4x4& matrix);
+    static void updateAutorotationPositionTransformation(Mandibula* mandibula,
+                                                         const QMatrix4x4& matrix);
+    static void updateOcclusalPlanePositionTransformation(Mandibula* mandibula,
+                                                          const QMatrix4x4& matrix);
     static void updateRotationPosition(SurgeryPlanningPart* part, const QMatrix4x4& matrix);
 
     /// Those of the plan that are of the kind, in order.

@@ -12,7 +12,8 @@ using primitives::BoundingBox;
 
 namespace {
 
-// Kept between the jaws in a bite that is made up, in mm: enough to see the chewing surfaces of both.
+// Kept between the jaws in a bite that is made up, in mm: enough to see the chewing surfaces of
+// both.
 constexpr float kGapBetweenJaws = 20.0F;
 
 BoundingBox sixZeros()
@@ -40,7 +41,8 @@ Surfaces& jawOf(ToothChart::Tooth tooth, Surfaces& first, Surfaces& second)
 
 } // namespace
 
-OcclusionTransformation ScanSetupTransformationHelper::getOcclusionTransformation(const ScanSetup* setup)
+OcclusionTransformation
+ScanSetupTransformationHelper::getOcclusionTransformation(const ScanSetup* setup)
 {
     OcclusionTransformation bite;
     if (!setup || getOcclusionScanTransformations(setup, bite))
@@ -49,12 +51,14 @@ OcclusionTransformation ScanSetupTransformationHelper::getOcclusionTransformatio
     BoundingBox lower = sixZeros();
     BoundingBox combined = sixZeros();
     getJawBoundingBoxes(*setup, upper, lower, combined);
-    bite.upperTransformation = calculateFakeOcclusionTransformationForUpperJaw(upper, lower, combined);
+    bite.upperTransformation =
+        calculateFakeOcclusionTransformationForUpperJaw(upper, lower, combined);
     return bite;
 }
 
-OcclusionTransformation ScanSetupTransformationHelper::getOcclusionTransformation(const SurfaceTree* tree,
-                                                                                  const ScanSetup* setup)
+OcclusionTransformation
+ScanSetupTransformationHelper::getOcclusionTransformation(const SurfaceTree* tree,
+                                                          const ScanSetup* setup)
 {
     OcclusionTransformation bite;
     if (!tree || !setup || getOcclusionScanTransformations(setup, bite))
@@ -63,34 +67,39 @@ OcclusionTransformation ScanSetupTransformationHelper::getOcclusionTransformatio
     BoundingBox lower = sixZeros();
     BoundingBox combined = sixZeros();
     getJawBoundingBoxes(*setup, upper, lower, combined);
-    // Intended: the combined box stays as it is, the upper jaw turns about the surfaces of the setup alone; previews of
-    // the tree rely on it.
+    // Intended: the combined box stays as it is, the upper jaw turns about the surfaces of the
+    // setup alone; previews of the tree rely on it.
     if (upper.isNull() || !upper.isValid())
         upper = tree->getSceneBoundingBox();
-    bite.upperTransformation = calculateFakeOcclusionTransformationForUpperJaw(upper, lower, combined);
+    bite.upperTransformation =
+        calculateFakeOcclusionTransformationForUpperJaw(upper, lower, combined);
     return bite;
 }
 
-QMatrix4x4 ScanSetupTransformationHelper::getFakeOcclusionTransformationForUpperJaw(const BoundingBox& upper,
-                                                                                    const BoundingBox& lower)
+QMatrix4x4
+ScanSetupTransformationHelper::getFakeOcclusionTransformationForUpperJaw(const BoundingBox& upper,
+                                                                         const BoundingBox& lower)
 {
-    // Intended: the union starts from six zeros; a host whose boxes of zeros are not null relies on the origin being
-    // part of it.
+    // Intended: the union starts from six zeros; a host whose boxes of zeros are not null relies on
+    // the origin being part of it.
     const BoundingBox combined =
         BoundingBox::createUnionOf(BoundingBox::createUnionOf(sixZeros(), upper), lower);
     return calculateFakeOcclusionTransformationForUpperJaw(upper, lower, combined);
 }
 
-QMatrix4x4 ScanSetupTransformationHelper::getAntagonistExportTransformation(ToothChart::ArchType archType,
-                                                                            const ScanSetup* setup)
+QMatrix4x4
+ScanSetupTransformationHelper::getAntagonistExportTransformation(ToothChart::ArchType archType,
+                                                                 const ScanSetup* setup)
 {
     if (!setup || !setup->getOcclusionScan())
         return {};
     const OcclusionTransformation bite = getOcclusionTransformation(setup);
-    if (static_cast<int>(archType) == hostvalues::kUpperArch)
-        return finiteness::finiteOrIdentity(bite.lowerTransformation.inverted() * bite.upperTransformation);
-    if (static_cast<int>(archType) == hostvalues::kLowerArch)
-        return finiteness::finiteOrIdentity(bite.upperTransformation.inverted() * bite.lowerTransformation);
+    if (static_cast<int>(archType) == kUpperArch)
+        return transforms::finiteOrIdentity(bite.lowerTransformation.inverted() *
+                                            bite.upperTransformation);
+    if (static_cast<int>(archType) == kLowerArch)
+        return transforms::finiteOrIdentity(bite.upperTransformation.inverted() *
+                                            bite.lowerTransformation);
     return {};
 }
 
@@ -119,15 +128,18 @@ void ScanSetupTransformationHelper::collectJawSurfaces(const ScanSetup& setup, S
         if (data->hasOnlyIntermediateMesh())
             surface = data->getIntermediateSurface();
         const QList<ToothChart::Tooth> teeth = data->getScannedTeeth();
-        // Intended: what was scanned of no known tooth counts as the lower jaw's, which stays where it is.
+        // Intended: what was scanned of no known tooth counts as the lower jaw's, which stays where
+        // it is.
         Surfaces& jaw = teeth.isEmpty() ? second : jawOf(teeth.first(), first, second);
         if (surface)
             jaw.append(surface);
     }
 }
 
-bool ScanSetupTransformationHelper::getJawBoundingBoxes(const ScanSetup& setup, BoundingBox& firstBox,
-                                                        BoundingBox& secondBox, BoundingBox& combinedBox)
+bool ScanSetupTransformationHelper::getJawBoundingBoxes(const ScanSetup& setup,
+                                                        BoundingBox& firstBox,
+                                                        BoundingBox& secondBox,
+                                                        BoundingBox& combinedBox)
 {
     if (setup.getScannableRegions().isEmpty() && setup.getQuarnRawScanData(true).isEmpty())
         return false;

@@ -4,10 +4,9 @@
 
 #include <CoreAlgorithms/model/dataobjects/Movements.h>
 
-SetMovementTransformationUndoCommand::SetMovementTransformationUndoCommand(OcclusionMovement& movementToSet,
-                                                                           const QMatrix4x4& transformation,
-                                                                           const QString& movementMode,
-                                                                           QUndoCommand* parent)
+SetMovementTransformationUndoCommand::SetMovementTransformationUndoCommand(
+    OcclusionMovement& movementToSet, const QMatrix4x4& transformation, const QString& movementMode,
+    QUndoCommand* parent)
     : QUndoCommand(parent),
       movement(&movementToSet),
       previousTransformation(movementToSet.getOcclusionModeTransformation(movementMode)),

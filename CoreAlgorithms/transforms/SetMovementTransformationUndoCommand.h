@@ -13,18 +13,21 @@ class OcclusionMovement;
 
 /// Gives an occlusion movement its transformation for a mode.
 ///
-/// The first time that the movement gets one for this mode, it is put into the mode too; undo then takes both away.
-/// Otherwise undo puts the earlier transformation back, bit for bit. What was there before is read when the command is
-/// made. During redo and undo, after the children have run, the movement is marked by a MovementUndoLock.
+/// The first time that the movement gets one for this mode, it is put into the mode too; undo then
+/// takes both away. Otherwise undo puts the earlier transformation back, bit for bit. What was
+/// there before is read when the command is made. During redo and undo, after the children have
+/// run, the movement is marked by a MovementUndoLock.
 ///
-/// (1) redo, undo leaves transformations and modes of the movement as they were before redo, if the movement was not
+/// (1) redo, undo leaves transformations and modes of the movement as they were before redo, if the
+/// movement was not
 ///     in a mode for which it had no transformation.
 /// (2) redo, undo, redo leaves the movement as the first redo did.
 class COREALGORITHMS_EXPORT SetMovementTransformationUndoCommand : public QUndoCommand
 {
 public:
     /// The movement is not owned and must outlive the command.
-    SetMovementTransformationUndoCommand(OcclusionMovement& movementToSet, const QMatrix4x4& transformation,
+    SetMovementTransformationUndoCommand(OcclusionMovement& movementToSet,
+                                         const QMatrix4x4& transformation,
                                          const QString& movementMode, QUndoCommand* parent);
     ~SetMovementTransformationUndoCommand() override;
 

@@ -27,11 +27,13 @@ std::unique_ptr<OcclusionMovement> createMovementFor(const CompositeMovement& co
     const MovementTypes types(nullptr);
     std::unique_ptr<OcclusionMovement> movement;
     if (composite.getMovementType() == types.getMaxillarySegmentalOcclusionMovement()) {
-        movement = std::make_unique<OcclusionMovement>(MovementTypes::m_maxillary_occlusion_movement);
-        movement->setAffectedTreatmentType(JawType(hostvalues::kUpperJaw));
+        movement =
+            std::make_unique<OcclusionMovement>(MovementTypes::m_maxillary_occlusion_movement);
+        movement->setAffectedTreatmentType(JawType(2));
     } else if (composite.getMovementType() == types.getMandibularSegmentalOcclusionMovement()) {
-        movement = std::make_unique<OcclusionMovement>(MovementTypes::m_mandibular_occlusion_movement);
-        movement->setAffectedTreatmentType(JawType(hostvalues::kLowerJaw));
+        movement =
+            std::make_unique<OcclusionMovement>(MovementTypes::m_mandibular_occlusion_movement);
+        movement->setAffectedTreatmentType(JawType(1));
     }
     return movement;
 }
@@ -43,9 +45,11 @@ SetOcclusionMovementTransformationsUndoCommand::SetOcclusionMovementTransformati
     const QString& mode, QUndoCommand* parent)
     : QUndoCommand(parent)
 {
-    const auto addChild = [&](OcclusionMovement* movement, const utility::Optional<QMatrix4x4>& matrix) {
+    const auto addChild = [&](OcclusionMovement* movement,
+                              const utility::Optional<QMatrix4x4>& matrix) {
         if (movement && matrix)
-            new SetMovementTransformationUndoCommand(*movement, matrix.value(), mode, this); // Qt owns it
+            new SetMovementTransformationUndoCommand(*movement, matrix.value(), mode,
+                                                     this); // Qt owns it
     };
     addChild(movements.maxillaryMovement, transformations.maxillaryTransformation);
     addChild(movements.mandibularMovement, transformations.mandibularTransformation);
@@ -54,14 +58,18 @@ SetOcclusionMovementTransformationsUndoCommand::SetOcclusionMovementTransformati
         if (composite && matrices)
             createSegmentedUndoCommands(composite, matrices.value(), mode);
     };
-    addSegments(movements.maxillarySegmentalMovement, transformations.maxillarySegmentalTransformations);
-    addSegments(movements.mandibularSegmentalMovement, transformations.mandibularSegmentalTransformations);
+    addSegments(movements.maxillarySegmentalMovement,
+                transformations.maxillarySegmentalTransformations);
+    addSegments(movements.mandibularSegmentalMovement,
+                transformations.mandibularSegmentalTransformations);
 }
 
-SetOcclusionMovementTransformationsUndoCommand::~SetOcclusionMovementTransformationsUndoCommand() = default;
+SetOcclusionMovementTransformationsUndoCommand::~SetOcclusionMovementTransformationsUndoCommand() =
+    default;
 
 void SetOcclusionMovementTransformationsUndoCommand::createSegmentedUndoCommands(
-    CompositeMovement* composite, const std::map<QString, QMatrix4x4>& transformations, const QString& mode)
+    CompositeMovement* composite, const std::map<QString, QMatrix4x4>& transformations,
+    const QString& mode)
 {
     const MovementUndoLock lock(composite);
     for (const auto& [segmentTypeId, matrix] : transformations) {
@@ -70,11 +78,12 @@ void SetOcclusionMovementTransformationsUndoCommand::createSegmentedUndoCommands
         } else if (auto created = createMovementFor(*composite)) {
             created->setPrimaryAffectedType(segmentTypeId);
             new SetMovementTransformationUndoCommand(*created, matrix, mode, this);
-            // Intended: the movement joins the composite here and now, not on redo, and stays on undo; the user's
-            // later bites of this segment find it there.
+            // Intended: the movement joins the composite here and now, not on redo, and stays on
+            // undo; the user's later bites of this segment find it there.
             composite->addMovement(created.release());
         }
     }
-    // Intended: also for an empty map, and not taken back by undo: the composite shows the mode that was asked for.
+    // Intended: also for an empty map, and not taken back by undo: the composite shows the mode
+    // that was asked for.
     composite->setMovementMode(mode);
 }

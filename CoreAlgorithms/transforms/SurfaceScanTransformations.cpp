@@ -46,8 +46,8 @@ struct Chain
 
     QMatrix4x4 registrationTotal(const QMatrix4x4& m) const
     {
-        // Intended: a scan that was never placed stays where the scanner had it, whatever the planning transform is;
-        // the reference is not looked at, as it is set for such a scan too.
+        // Intended: a scan that was never placed stays where the scanner had it, whatever the
+        // planning transform is; the reference is not looked at, as it is set for such a scan too.
         if (initial.isIdentity() && freehand.isIdentity() && registration.isIdentity())
             return {};
         return m * registration * reference.inverted() * freehand * initial;
@@ -65,8 +65,8 @@ struct Chain
     bool freehandAligned;
 };
 
-// False for a matrix that is not finite: then the caller leaves the flag unchanged too, since flag and record say where
-// the mesh stands.
+// False for a matrix that is not finite: then the caller leaves the flag unchanged too, since flag
+// and record say where the mesh stands.
 bool move(AlignableSurface& surface, const QMatrix4x4& matrix)
 {
     if (!isFinite(matrix))
@@ -79,10 +79,12 @@ bool move(AlignableSurface& surface, const QMatrix4x4& matrix)
     return true;
 }
 
-// Third coordinates of vectors rotated by a quaternion q, with the bits of QQuaternion::rotatedVector(), the sign of
-// zero aside. Qt multiplies q * (0, v) * conjugate(q), each product by its scheme of nine multiplications in place of
-// sixteen; the same sums and products stand below, those of q alone worked out once. Vertices are taken in blocks of a
-// fixed size, by coordinates, which compilers turn into vector code: the largest of many is the same in any order.
+// Third coordinates of vectors rotated by a quaternion q, with the bits of
+// QQuaternion::rotatedVector(), the sign of zero aside. Qt multiplies q * (0, v) * conjugate(q),
+// each product by its scheme of nine multiplications in place of sixteen; the same sums and
+// products stand below, those of q alone worked out once. Vertices are taken in blocks of a fixed
+// size, by coordinates, which compilers turn into vector code: the largest of many is the same in
+// any order.
 class RotatedHeights
 {
 public:
@@ -169,8 +171,9 @@ private:
 
 SurfaceScanTransformations::~SurfaceScanTransformations() = default;
 
-QMatrix4x4 SurfaceScanTransformations::getTotalFreehandTransform(const SurfaceScanAlignment& alignment,
-                                                                 const QMatrix4x4& m)
+QMatrix4x4
+SurfaceScanTransformations::getTotalFreehandTransform(const SurfaceScanAlignment& alignment,
+                                                      const QMatrix4x4& m)
 {
     return finiteOrIdentity(Chain(alignment).freehandTotal(m));
 }
@@ -181,14 +184,16 @@ QMatrix4x4 SurfaceScanTransformations::getTotalFreehandTransform(const Alignable
     return surface ? finiteOrIdentity(Chain(*surface).freehandTotal(m)) : QMatrix4x4();
 }
 
-QMatrix4x4 SurfaceScanTransformations::getTotalRegistrationTransform(const SurfaceScanAlignment& alignment,
-                                                                     const QMatrix4x4& m)
+QMatrix4x4
+SurfaceScanTransformations::getTotalRegistrationTransform(const SurfaceScanAlignment& alignment,
+                                                          const QMatrix4x4& m)
 {
     return finiteOrIdentity(Chain(alignment).registrationTotal(m));
 }
 
-QMatrix4x4 SurfaceScanTransformations::getTotalRegistrationTransform(const AlignableSurface* surface,
-                                                                     const QMatrix4x4& m)
+QMatrix4x4
+SurfaceScanTransformations::getTotalRegistrationTransform(const AlignableSurface* surface,
+                                                          const QMatrix4x4& m)
 {
     return surface ? finiteOrIdentity(Chain(*surface).registrationTotal(m)) : QMatrix4x4();
 }
@@ -199,7 +204,8 @@ QMatrix4x4 SurfaceScanTransformations::getTotalTransform(const SurfaceScanAlignm
     return finiteOrIdentity(Chain(alignment).total(m));
 }
 
-QMatrix4x4 SurfaceScanTransformations::getTotalTransform(const AlignableSurface* surface, const QMatrix4x4& m)
+QMatrix4x4 SurfaceScanTransformations::getTotalTransform(const AlignableSurface* surface,
+                                                         const QMatrix4x4& m)
 {
     return surface ? finiteOrIdentity(Chain(*surface).total(m)) : QMatrix4x4();
 }
@@ -210,7 +216,8 @@ void SurfaceScanTransformations::applyTransform(AlignableSurface* surface, QMatr
         move(*surface, matrix);
 }
 
-void SurfaceScanTransformations::applyTotalFreehandTransform(AlignableSurface* surface, const QMatrix4x4& m)
+void SurfaceScanTransformations::applyTotalFreehandTransform(AlignableSurface* surface,
+                                                             const QMatrix4x4& m)
 {
     if (!surface)
         return;
@@ -245,16 +252,19 @@ void SurfaceScanTransformations::initialToFreehand(AlignableSurface* surface, co
         surface->setFreehandAligned(true);
 }
 
-void SurfaceScanTransformations::initialToRegistrated(AlignableSurface* surface, const QMatrix4x4& m)
+void SurfaceScanTransformations::initialToRegistrated(AlignableSurface* surface,
+                                                      const QMatrix4x4& m)
 {
     if (!surface)
         return;
     const Chain chain(*surface);
-    // Intended: the flag stays as it is; callers that show a registration before it is accepted rely on it.
+    // Intended: the flag stays as it is; callers that show a registration before it is accepted
+    // rely on it.
     move(*surface, chain.registrationTotal(m) * chain.initial.inverted());
 }
 
-void SurfaceScanTransformations::freehandToRegistration(AlignableSurface* surface, const QMatrix4x4& m)
+void SurfaceScanTransformations::freehandToRegistration(AlignableSurface* surface,
+                                                        const QMatrix4x4& m)
 {
     if (!surface)
         return;
@@ -265,7 +275,8 @@ void SurfaceScanTransformations::freehandToRegistration(AlignableSurface* surfac
         surface->setFreehandAligned(false);
 }
 
-void SurfaceScanTransformations::registratedToFreehand(AlignableSurface* surface, const QMatrix4x4& m)
+void SurfaceScanTransformations::registratedToFreehand(AlignableSurface* surface,
+                                                       const QMatrix4x4& m)
 {
     if (!surface)
         return;
@@ -285,26 +296,29 @@ void SurfaceScanTransformations::freehandOrRegistratedToInitial(AlignableSurface
     const QMatrix4x4 toInitial = chain.initial * chain.total(m).inverted();
     if (!isFinite(toInitial))
         return;
-    // Intended: the flag is cleared before the move, so that whoever is told of the move finds it cleared. The total is
-    // the one from before.
+    // Intended: the flag is cleared before the move, so that whoever is told of the move finds it
+    // cleared. The total is the one from before.
     surface->setFreehandAligned(false);
     move(*surface, toInitial);
 }
 
 void SurfaceScanTransformations::setAlignment(AlignableSurface* surface,
-                                              const SurfaceScanAlignment& alignment, const QMatrix4x4& m)
+                                              const SurfaceScanAlignment& alignment,
+                                              const QMatrix4x4& m)
 {
     if (!surface)
         return;
-    // Copies: either argument may be the surface's own record or a part of it, which changes on the way.
+    // Copies: either argument may be the surface's own record or a part of it, which changes on the
+    // way.
     const SurfaceScanAlignment next = alignment;
     const QMatrix4x4 planning = m;
-    // Both moves are checked before anything is changed: a mesh that made only one of them would not stand where its
-    // record says.
-    if (!isFinite(Chain(*surface).total(planning).inverted()) || !isFinite(Chain(next).total(planning)))
+    // Both moves are checked before anything is changed: a mesh that made only one of them would
+    // not stand where its record says.
+    if (!isFinite(Chain(*surface).total(planning).inverted()) ||
+        !isFinite(Chain(next).total(planning)))
         return;
-    // Intended: refreshed before anything else, so that a move still pending in the model is not mixed into the new
-    // placement.
+    // Intended: refreshed before anything else, so that a move still pending in the model is not
+    // mixed into the new placement.
     if (Surface3DModel* model = surface->getSurfaceModel())
         model->refresh();
     removeTotalFreehandOrRegistrated(surface, planning);
@@ -321,8 +335,8 @@ float SurfaceScanTransformations::computeInitialHeightOffset(const AlignableSurf
     const Surface3DModel* model = surface ? surface->getSurfaceModel() : nullptr;
     if (!model)
         return 0.0F;
-    const QQuaternion rotation =
-        math::Operations::getRotationTo(QVector3D(0.0F, 0.0F, 1.0F), direction, QVector3D(1.0F, 0.0F, 0.0F));
+    const QQuaternion rotation = math::Operations::getRotationTo(
+        QVector3D(0.0F, 0.0F, 1.0F), direction, QVector3D(1.0F, 0.0F, 0.0F));
     const float highest = RotatedHeights(rotation).highest(model->getMesh().getVertices());
     const float centre = rotation.rotatedVector(model->getCenterOfMass()).z();
     return std::abs(highest - centre) + margin;

@@ -9,7 +9,8 @@
 
 namespace {
 
-// A lower jaw scan is put this far behind the landmarks' middle, in mm: its landmarks lie on the front teeth.
+// A lower jaw scan is put this far behind the landmarks' middle, in mm: its landmarks lie on the
+// front teeth.
 constexpr float kShiftOfLowerJaw = 5.0F;
 
 // The bracket of this protocol: by the scan's own operations, and closed also if the host throws.
@@ -49,10 +50,9 @@ void Trelo3DProtocolTransformations::calculateAndApplyInitialSurfaceScanTransfor
     applyFreehandAlignmentTransform(scan, freehand);
 }
 
-QMatrix4x4 Trelo3DProtocolTransformations::calculateInitialTransform(const SurfaceScan* scan, JawType jaw,
-                                                                     const QVector3D& a, const QVector3D& b,
-                                                                     const QVector3D& c,
-                                                                     const QMatrix4x4& initial)
+QMatrix4x4 Trelo3DProtocolTransformations::calculateInitialTransform(
+    const SurfaceScan* scan, JawType jaw, const QVector3D& a, const QVector3D& b,
+    const QVector3D& c, const QMatrix4x4& initial)
 {
     QMatrix4x4 matrix;
     if (!scan)
@@ -69,16 +69,19 @@ QVector3D Trelo3DProtocolTransformations::toTargetPosition(const SurfaceScan* sc
     QVector3D target(b.x(), (a.y() + c.y()) * 0.5F, (a.z() + b.z() + c.z()) / 3.0F);
     if (static_cast<int>(jaw) == hostvalues::kLowerJaw) {
         target.setY(target.y() + kShiftOfLowerJaw);
-        target.setZ(target.z() - SurfaceScanTransformations::computeInitialHeightOffset(
-                                     scan, QVector3D(0.0F, 0.0F, 1.0F), INITIAL_HEIGHT_OFFSET_MARGIN_LOWER));
-    } else if (static_cast<int>(jaw) == hostvalues::kUpperJaw) {
-        target.setZ(target.z() + SurfaceScanTransformations::computeInitialHeightOffset(
-                                     scan, QVector3D(0.0F, 0.0F, -1.0F), INITIAL_HEIGHT_OFFSET_MARGIN_UPPER));
+        target.setZ(target.z() -
+                    SurfaceScanTransformations::computeInitialHeightOffset(
+                        scan, QVector3D(0.0F, 0.0F, 1.0F), INITIAL_HEIGHT_OFFSET_MARGIN_LOWER));
+    } else if (static_cast<int>(jaw) == kUpperJaw) {
+        target.setZ(target.z() +
+                    SurfaceScanTransformations::computeInitialHeightOffset(
+                        scan, QVector3D(0.0F, 0.0F, -1.0F), INITIAL_HEIGHT_OFFSET_MARGIN_UPPER));
     }
     return target;
 }
 
-void Trelo3DProtocolTransformations::applyInitialTransform(SurfaceScan* scan, const QMatrix4x4& matrix)
+void Trelo3DProtocolTransformations::applyInitialTransform(SurfaceScan* scan,
+                                                           const QMatrix4x4& matrix)
 {
     scan->setInitialTransform(matrix);
     move(*scan, matrix);

@@ -18,13 +18,16 @@ struct SurgeryWithMovements
 {
     SurgeryWithMovements()
     {
-        for (Movement* movement : QList<Movement*>{maxillary, mandibular, maxillaryParts, mandibularParts})
+        for (Movement* movement :
+             QList<Movement*>{maxillary, mandibular, maxillaryParts, mandibularParts})
             surgery.addMovement(movement);
     }
 
     MaxillofacialSurgery surgery;
-    OcclusionMovement* maxillary = new OcclusionMovement(MovementTypes::m_maxillary_occlusion_movement);
-    OcclusionMovement* mandibular = new OcclusionMovement(MovementTypes::m_mandibular_occlusion_movement);
+    OcclusionMovement* maxillary =
+        new OcclusionMovement(MovementTypes::m_maxillary_occlusion_movement);
+    OcclusionMovement* mandibular =
+        new OcclusionMovement(MovementTypes::m_mandibular_occlusion_movement);
     CompositeMovement* maxillaryParts =
         new CompositeMovement(MovementTypes::m_maxillary_segmental_occlusion_movement);
     CompositeMovement* mandibularParts =
@@ -43,8 +46,8 @@ inline QString bitsOf(const QMatrix4x4& matrix)
 /// All that a movement holds, with those inside it, as lines: equal if nothing differs by a bit.
 inline QStringList stateOf(const Movement& movement, const QStringList& modes)
 {
-    QStringList lines = {movement.getMovementType() + u'/' + movement.getPrimaryAffectedType() + u'/' +
-                         movement.getMovementModes().join(u',')};
+    QStringList lines = {movement.getMovementType() + u'/' + movement.getPrimaryAffectedType() +
+                         u'/' + movement.getMovementModes().join(u',')};
     if (const auto* occlusion = dynamic_cast<const OcclusionMovement*>(&movement)) {
         lines << QString::number(occlusion->getAffectedTreatmentType());
         for (const QString& mode : modes) {
@@ -98,7 +101,10 @@ public:
     }
 
 protected:
-    void write(const QString& call) { calls << (name.isEmpty() ? call : name + QStringLiteral(": ") + call); }
+    void write(const QString& call)
+    {
+        calls << (name.isEmpty() ? call : name + QStringLiteral(": ") + call);
+    }
 
 private:
     QStringList& calls;
@@ -115,7 +121,8 @@ public:
         ++reads;
         return RecordingMovement::getOcclusionModeTransformation(mode);
     }
-    void addOcclusionModeTransformation(const QString& mode, const QMatrix4x4& transformation) override
+    void addOcclusionModeTransformation(const QString& mode,
+                                        const QMatrix4x4& transformation) override
     {
         write(QStringLiteral("add ") + mode);
         RecordingMovement::addOcclusionModeTransformation(mode, transformation);

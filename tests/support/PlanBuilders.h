@@ -29,8 +29,9 @@
 #include <memory>
 #include <utility>
 
-/// A plan that holds one object of every kind that a new scanner frame moves, each of which writes its name into one
-/// log when it is moved. Every position of the plan is (1, 2, 3) at first, every placement the shift there.
+/// A plan that holds one object of every kind that a new scanner frame moves, each of which writes
+/// its name into one log when it is moved. Every position of the plan is (1, 2, 3) at first, every
+/// placement the shift there.
 namespace test {
 
 inline const QVector3D kStart{1.0F, 2.0F, 3.0F};
@@ -117,7 +118,8 @@ class LoggingPlaced : public Logging<Kind>
 {
 public:
     using Logging<Kind>::Logging;
-    void setObjectTransform(const QMatrix4x4& matrix, TransformManipulationType manipulation) override
+    void setObjectTransform(const QMatrix4x4& matrix,
+                            TransformManipulationType manipulation) override
     {
         this->write();
         Kind::setObjectTransform(matrix, manipulation);
@@ -209,7 +211,8 @@ public:
                                                        const Transformations& toPostOp) override
     {
         write();
-        PlannedToPostOpCollection::setFromPreOpToPlannedAndPostOpTransformations(toPlanned, toPostOp);
+        PlannedToPostOpCollection::setFromPreOpToPlannedAndPostOpTransformations(toPlanned,
+                                                                                 toPostOp);
     }
 };
 
@@ -282,8 +285,8 @@ struct WholePlan
         distractor->setTransform(startPlacement());
         maxillaryMovement = new OcclusionMovement(MovementTypes::m_maxillary_occlusion_movement);
         surgery->addMovement(maxillaryMovement);
-        occlusion->setTransformations(
-            {{Maxilla::getClassTypeId(), startPlacement()}, {Mandibula::getClassTypeId(), QMatrix4x4()}});
+        occlusion->setTransformations({{Maxilla::getClassTypeId(), startPlacement()},
+                                       {Mandibula::getClassTypeId(), QMatrix4x4()}});
         shell->SurfaceTree::setObjectTransform(startPlacement());
         joint->setGuidingLine(jointLine);
         jointLine->setOriginalPath({kStart});
@@ -293,15 +296,17 @@ struct WholePlan
         implant->Implant3D::setObjectTransform(startPlacement(), TransformManipulationType(0));
         preview->PreviewSurgicalTemplate::setObjectTransform(startPlacement());
         surgicalTemplate->SurgicalTemplate3D::setObjectTransform(startPlacement());
-        collection->dataobject::PlannedToPostOpCollection::setFromPreOpToPlannedAndPostOpTransformations(
-            {{Maxilla::getClassTypeId(), startPlacement()}}, {});
+        collection
+            ->dataobject::PlannedToPostOpCollection::setFromPreOpToPlannedAndPostOpTransformations(
+                {{Maxilla::getClassTypeId(), startPlacement()}}, {});
         collection->setPreOpRotationPoint(Maxilla::getClassTypeId(), kStart);
         apex->dataobject::Apex::setPosition(kStart);
         canal->dataobject::RootCanal::setBasePosition(kStart);
         for (Surface3DModel* surface : QList<Surface3DModel*>{
-                 splint.get(), nerve.get(), upperScan.get(), lowerScan.get(), mandibula.get(), cranium.get(),
-                 mandible.get(), softTissue.get(), skin.get(), osteotomy.get(), airway.get(),
-                 showObject.get(), patientSurface.get(), preview.get(), surgicalTemplate.get()})
+                 splint.get(), nerve.get(), upperScan.get(), lowerScan.get(), mandibula.get(),
+                 cranium.get(), mandible.get(), softTissue.get(), skin.get(), osteotomy.get(),
+                 airway.get(), showObject.get(), patientSurface.get(), preview.get(),
+                 surgicalTemplate.get()})
             surface->setMesh(startMesh());
         log.names.clear();
     }
@@ -376,11 +381,13 @@ struct WholePlan
     std::shared_ptr<PointAnnotation> pointAnnotation =
         make<LoggingPositioned<PointAnnotation>>("point annotation");
     std::shared_ptr<LineAnnotation> lineAnnotation = make<LoggingLineAnnotation>("line annotation");
-    std::shared_ptr<PencilAnnotation3D> pencil = make<LoggingTransformed<PencilAnnotation3D>>("pencil");
+    std::shared_ptr<PencilAnnotation3D> pencil =
+        make<LoggingTransformed<PencilAnnotation3D>>("pencil");
     std::shared_ptr<dataobject::PointBased3DAnnotationBase> pointBased =
         make<LoggingTransformed<dataobject::PointBased3DAnnotationBase>>("point based");
     std::shared_ptr<ArrowAnnotation3D> arrow = make<LoggingTransformed<ArrowAnnotation3D>>("arrow");
-    std::shared_ptr<CircleAnnotation3D> circle = make<LoggingTransformed<CircleAnnotation3D>>("circle");
+    std::shared_ptr<CircleAnnotation3D> circle =
+        make<LoggingTransformed<CircleAnnotation3D>>("circle");
     std::shared_ptr<TextAnnotation3D> text = make<LoggingTransformed<TextAnnotation3D>>("text");
     std::shared_ptr<CustomResliceAnnotation> reslice =
         make<LoggingTransformed<CustomResliceAnnotation>>("custom reslice");
@@ -394,12 +401,16 @@ struct WholePlan
     std::shared_ptr<DentalScan> lowerScan = make<LoggingSurface<DentalScan>>("scan");
     std::shared_ptr<Mandibula> mandibula = make<LoggingSurface<Mandibula>>("jaw part");
     std::shared_ptr<Anatomy> anatomy = std::make_shared<Anatomy>();
-    std::shared_ptr<Surface3DModel> cranium = make<LoggingSurface<Surface3DModel>>("original models");
-    std::shared_ptr<Surface3DModel> mandible = make<LoggingSurface<Surface3DModel>>("original models");
+    std::shared_ptr<Surface3DModel> cranium =
+        make<LoggingSurface<Surface3DModel>>("original models");
+    std::shared_ptr<Surface3DModel> mandible =
+        make<LoggingSurface<Surface3DModel>>("original models");
     std::shared_ptr<Distractor> distractor = make<LoggingDistractor>("distractor");
-    std::shared_ptr<SoftTissueModel> softTissue = make<LoggingSurface<SoftTissueModel>>("soft tissue");
+    std::shared_ptr<SoftTissueModel> softTissue =
+        make<LoggingSurface<SoftTissueModel>>("soft tissue");
     std::shared_ptr<Skin> skin = make<LoggingSurface<Skin>>("skin");
-    std::shared_ptr<OsteotomySurface> osteotomy = make<LoggingSurface<OsteotomySurface>>("osteotomy");
+    std::shared_ptr<OsteotomySurface> osteotomy =
+        make<LoggingSurface<OsteotomySurface>>("osteotomy");
     std::shared_ptr<LoggingSurgery> surgery = make<LoggingSurgery>("surgery");
     std::shared_ptr<TempShell> shell = make<LoggingSurface<TempShell>>("shell");
     std::shared_ptr<dataobject::TemporomandibularJoint> joint =
@@ -411,13 +422,16 @@ struct WholePlan
         make<LoggingSurface<dataobject::PatientSurfaceModel>>("patient surface");
     std::shared_ptr<CephPlaneBase> ceph = make<LoggingTransformed<CephPlaneBase>>("ceph plane");
     std::shared_ptr<dataobject::LockedImplantPlan> locked = make<LoggingLockedPlan>("locked plan");
-    std::shared_ptr<dataobject::AnchorPin3D> pin = make<LoggingPlaced<dataobject::AnchorPin3D>>("pin");
-    std::shared_ptr<dataobject::Implant3D> implant = make<LoggingPlaced<dataobject::Implant3D>>("implant");
+    std::shared_ptr<dataobject::AnchorPin3D> pin =
+        make<LoggingPlaced<dataobject::AnchorPin3D>>("pin");
+    std::shared_ptr<dataobject::Implant3D> implant =
+        make<LoggingPlaced<dataobject::Implant3D>>("implant");
     std::shared_ptr<dataobject::PreviewSurgicalTemplate> preview =
         make<LoggingSurface<dataobject::PreviewSurgicalTemplate>>("preview template");
     std::shared_ptr<dataobject::SurgicalTemplate3D> surgicalTemplate =
         make<LoggingSurface<dataobject::SurgicalTemplate3D>>("surgical template");
-    std::shared_ptr<dataobject::PlannedToPostOpCollection> collection = make<LoggingCollection>("collection");
+    std::shared_ptr<dataobject::PlannedToPostOpCollection> collection =
+        make<LoggingCollection>("collection");
     std::shared_ptr<dataobject::Apex> apex = make<LoggingApex>("apex");
     std::shared_ptr<dataobject::RootCanal> canal = make<LoggingRootCanal>("root canal");
 };

@@ -17,19 +17,19 @@ namespace test {
 /// A quarter turn, exact: (x, y, z) becomes (-y, x, z).
 inline QMatrix4x4 quarterTurnAboutZ()
 {
-    return QMatrix4x4(0.0F, -1.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F,
-                      0.0F, 1.0F);
+    return QMatrix4x4(0.0F, -1.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F,
+                      0.0F, 0.0F, 1.0F);
 }
 
 /// A quarter turn, exact: (x, y, z) becomes (x, -z, y).
 inline QMatrix4x4 quarterTurnAboutX()
 {
-    return QMatrix4x4(1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 0.0F, -1.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F, 0.0F,
-                      0.0F, 1.0F);
+    return QMatrix4x4(1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 0.0F, -1.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F,
+                      0.0F, 0.0F, 1.0F);
 }
 
-/// A scan that writes down what is called on it, in order. With `throwing`, refresh() of the model throws
-/// after it was written down.
+/// A scan that writes down what is called on it, in order. With `throwing`, refresh() of the model
+/// throws after it was written down.
 template <typename Scan>
 class Recording : public Scan
 {

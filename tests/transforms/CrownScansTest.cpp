@@ -3,8 +3,9 @@
 #include <CoreAlgorithms/transforms/OcclusionTransformCalculator.h>
 #include <CoreAlgorithms/transforms/SurfaceScanTransformations.h>
 
-// Covered: crowns of a real dentition, cut out of the teeth's surfaces and moved away by known matrices. The
-// alignment chain must bring them back onto the teeth, the occlusion calculator the jaws onto each other.
+// Covered: crowns of a real dentition, cut out of the teeth's surfaces and moved away by known
+// matrices. The alignment chain must bring them back onto the teeth, the occlusion calculator the
+// jaws onto each other.
 
 #include <CoreAlgorithms/model/dataobjects/JawParts.h>
 #include <CoreAlgorithms/model/dataobjects/Occlusions.h>
@@ -96,7 +97,8 @@ QMatrix4x4 rigid(float degrees, const QVector3D& axis, const QVector3D& shift)
     return matrix;
 }
 
-// Distances from vertices to the nearest vertex of the true teeth, in mm; 1 if there is none that near.
+// Distances from vertices to the nearest vertex of the true teeth, in mm; 1 if there is none that
+// near.
 class Teeth
 {
 public:
@@ -136,7 +138,8 @@ private:
 struct Jaw
 {
     QString name;
-    int verticesOfTheTeeth; // those of the scan that are vertices of the teeth too, counted in double precision
+    int verticesOfTheTeeth; // those of the scan that are vertices of the teeth too, counted in
+                            // double precision
     int vertices;
 };
 
@@ -168,8 +171,8 @@ double distanceFromTheTruth(const QList<QVector3D>& vertices, const QString& jaw
     return largest;
 }
 
-// Every vertex lies within 1e-3 mm of its true place. So do nearly all of those that are the teeth's own of a vertex
-// of the teeth, and the rest, from the cut, lie on their surface.
+// Every vertex lies within 1e-3 mm of its true place. So do nearly all of those that are the
+// teeth's own of a vertex of the teeth, and the rest, from the cut, lie on their surface.
 void expectOnTheTeeth(const SurfaceScan& scan, const Jaw& jaw)
 {
     const Teeth teeth(jaw.name);
@@ -190,8 +193,8 @@ void expectOnTheTeeth(const SurfaceScan& scan, const Jaw& jaw)
 
 const QMatrix4x4 kPlanning = rigid(25.0F, {1.0F, -2.0F, 0.5F}, {12.0F, -30.0F, 8.0F});
 
-// The hand leaves the scan 3 mm and 4 degrees off, and the registration takes it to the teeth: with M = P and the
-// error K of the hand, G = P^-1 * K^-1 * P.
+// The hand leaves the scan 3 mm and 4 degrees off, and the registration takes it to the teeth: with
+// M = P and the error K of the hand, G = P^-1 * K^-1 * P.
 SurfaceScanAlignment recordedAlignment(const QString& jaw)
 {
     const QMatrix4x4 error = rigid(4.0F, {0.3F, 1.0F, -0.2F}, {2.0F, -1.0F, 2.0F});
@@ -242,8 +245,9 @@ void place(DentalScan& scan, const Jaw& jaw, bool atItsPlace)
 Occlusion& biteOf(Occlusion& occlusion)
 {
     const QMatrix4x4 articulator = rigid(110.0F, {1.0F, 1.0F, 0.0F}, {-50.0F, 20.0F, 5.0F});
-    occlusion.setTransformations({{Maxilla::getClassTypeId(), articulator * ctFromScan(kUpper.name)},
-                                  {Mandibula::getClassTypeId(), articulator * ctFromScan(kLower.name)}});
+    occlusion.setTransformations(
+        {{Maxilla::getClassTypeId(), articulator * ctFromScan(kUpper.name)},
+         {Mandibula::getClassTypeId(), articulator * ctFromScan(kLower.name)}});
     return occlusion;
 }
 
@@ -256,8 +260,9 @@ TEST(CrownScansInTheBite, LowerCrownsComeUnderTheUpperOnesAsInThePatient)
     Occlusion occlusion;
     OcclusionTransformCalculator calculator(biteOf(occlusion), maxilla, mandibula, kPlanning);
     Operations::applyTransform(
-        &mandibula, calculator.calculateTransformations(OcclusionTransformCalculator::MandibulaToMaxilla)
-                        .at(Mandibula::getClassTypeId()));
+        &mandibula,
+        calculator.calculateTransformations(OcclusionTransformCalculator::MandibulaToMaxilla)
+            .at(Mandibula::getClassTypeId()));
     expectOnTheTeeth(mandibula, kLower);
 
     // and the occlusal points of the lower teeth lie on the scan's surface
@@ -287,8 +292,9 @@ TEST(CrownScansInTheBite, UpperCrownsComeOntoTheLowerOnesAsInThePatient)
     Occlusion occlusion;
     OcclusionTransformCalculator calculator(biteOf(occlusion), maxilla, mandibula, kPlanning);
     Operations::applyTransform(
-        &maxilla, calculator.calculateTransformations(OcclusionTransformCalculator::MaxillaToMandibula)
-                      .at(Maxilla::getClassTypeId()));
+        &maxilla,
+        calculator.calculateTransformations(OcclusionTransformCalculator::MaxillaToMandibula)
+            .at(Maxilla::getClassTypeId()));
     expectOnTheTeeth(maxilla, kUpper);
 }
 

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/OcclusionMovementCalculator.h>
 
-// The movements that a bite asks for: whole jaws, segments, the count that tells them apart, missing keys.
+// The movements that a bite asks for: whole jaws, segments, the count that tells them apart,
+// missing keys.
 
 #include <CoreAlgorithms/model/dataobjects/JawParts.h>
 #include <CoreAlgorithms/model/dataobjects/Occlusions.h>
@@ -73,8 +74,8 @@ public:
     Log()
     {
         messages().clear();
-        former = qInstallMessageHandler(
-            [](QtMsgType, const QMessageLogContext&, const QString& message) { messages() << message; });
+        former = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&,
+                                           const QString& message) { messages() << message; });
     }
     Log(const Log&) = delete;
     Log& operator=(const Log&) = delete;
@@ -120,21 +121,23 @@ TEST(OcclusionMovementCalculator, StoresUnderThePatientScanModeUnlessTold)
     EXPECT_TRUE(Data().mandibulaRegistration.isIdentity());
 }
 
-// Maxilla, from the right: (1, 2, 8) minus (0, 0, 5) is (1, 2, 3); turned (-2, 1, 3); minus (0, 2, 0) is
-// (-2, -1, 3); plus (10, 0, 0). Mandible: (11, 2, 3) minus (10, 0, 0) is (1, 2, 3); plus (0, 2, 0) is (1, 4, 3);
-// turned back, (x, y) to (y, -x), (4, -1, 3); plus (0, 0, 5).
+// Maxilla, from the right: (1, 2, 8) minus (0, 0, 5) is (1, 2, 3); turned (-2, 1, 3); minus (0, 2,
+// 0) is
+// (-2, -1, 3); plus (10, 0, 0). Mandible: (11, 2, 3) minus (10, 0, 0) is (1, 2, 3); plus (0, 2, 0)
+// is (1, 4, 3); turned back, (x, y) to (y, -x), (4, -1, 3); plus (0, 0, 5).
 TEST(OcclusionMovementCalculator, BiteOfTwoJawsGivesTheTwoWholeJawMovementsOnly)
 {
     const auto result = calculate(wholeJaws());
-    expectVector(result.maxillaryTransformation.value().map(QVector3D(1.0F, 2.0F, 8.0F)), 8.0F, -1.0F, 3.0F);
-    expectVector(result.mandibularTransformation.value().map(QVector3D(11.0F, 2.0F, 3.0F)), 4.0F, -1.0F,
-                 8.0F);
+    expectVector(result.maxillaryTransformation.value().map(QVector3D(1.0F, 2.0F, 8.0F)), 8.0F,
+                 -1.0F, 3.0F);
+    expectVector(result.mandibularTransformation.value().map(QVector3D(11.0F, 2.0F, 3.0F)), 4.0F,
+                 -1.0F, 8.0F);
     EXPECT_FALSE(result.maxillarySegmentalTransformations);
     EXPECT_FALSE(result.mandibularSegmentalTransformations);
 }
 
-// As above, with the right segment shifted by (3, 0, 0) and the left by (0, 0, 7) in the bite; the front stands still
-// when the lower jaw comes to the upper.
+// As above, with the right segment shifted by (3, 0, 0) and the left by (0, 0, 7) in the bite; the
+// front stands still when the lower jaw comes to the upper.
 TEST(OcclusionMovementCalculator, BiteWithSegmentsGivesTheTwoSegmentalMovementsOnly)
 {
     const auto result = calculate(segments());
@@ -187,10 +190,12 @@ TEST(OcclusionMovementCalculator, SegmentalRulesAreThoseOfTheOcclusionTransformC
 
         OcclusionTransformCalculator reference(occlusion, upper, lower, {});
         const auto result = calculate(data);
-        EXPECT_EQ(result.maxillarySegmentalTransformations.value(),
-                  reference.calculateTransformations(OcclusionTransformCalculator::MaxillaToMandibula));
-        EXPECT_EQ(result.mandibularSegmentalTransformations.value(),
-                  reference.calculateTransformations(OcclusionTransformCalculator::MandibulaToMaxilla));
+        EXPECT_EQ(
+            result.maxillarySegmentalTransformations.value(),
+            reference.calculateTransformations(OcclusionTransformCalculator::MaxillaToMandibula));
+        EXPECT_EQ(
+            result.mandibularSegmentalTransformations.value(),
+            reference.calculateTransformations(OcclusionTransformCalculator::MandibulaToMaxilla));
     }
 }
 
@@ -200,7 +205,8 @@ TEST(OcclusionMovementCalculator, CountOfThreeDecidesDeliberatelyWhateverTheKeys
     data.occlusionTransformations[QStringLiteral("neither jaw nor segment")] = {};
     const Log log;
     const auto result = calculate(data);
-    EXPECT_FALSE(result.maxillaryTransformation) << "three entries: segmental, though both jaws are there";
+    EXPECT_FALSE(result.maxillaryTransformation)
+        << "three entries: segmental, though both jaws are there";
     EXPECT_TRUE(result.maxillarySegmentalTransformations.value().empty());
     EXPECT_TRUE(result.mandibularSegmentalTransformations.value().empty());
 
@@ -226,12 +232,14 @@ TEST(OcclusionMovementCalculator, SegmentalFieldsAreEngagedAlsoWhenTheirMapsAreE
 TEST(OcclusionMovementCalculator, WarnsWithoutAReferenceSegment)
 {
     Data data;
-    data.occlusionTransformations = {
-        {mandibula(), QMatrix4x4()}, {left(), translation(1.0F, 0.0F, 0.0F)}, {maxilla(), QMatrix4x4()}};
+    data.occlusionTransformations = {{mandibula(), QMatrix4x4()},
+                                     {left(), translation(1.0F, 0.0F, 0.0F)},
+                                     {maxilla(), QMatrix4x4()}};
     const Log log;
     const auto result = calculate(data);
     EXPECT_EQ(Log::messages(),
-              QStringList({QStringLiteral("getUpperReferenceSegmentTypeId: reference segment not found")}));
+              QStringList(
+                  {QStringLiteral("getUpperReferenceSegmentTypeId: reference segment not found")}));
     EXPECT_TRUE(result.mandibularSegmentalTransformations.value().empty());
     EXPECT_EQ(keys(result.maxillarySegmentalTransformations.value()), QStringList({left()}));
 }
@@ -267,7 +275,8 @@ TEST(OcclusionMovementCalculator, SingularMatrixIsInvertedToTheIdentity)
     data.occlusionTransformations[mandibula()] = singular;
     const auto result = calculate(data);
     // (1, 2, 8) minus (0, 0, 5), turned (-2, 1, 3), nothing undone, plus (10, 0, 0).
-    expectVector(result.maxillaryTransformation.value().map(QVector3D(1.0F, 2.0F, 8.0F)), 8.0F, 1.0F, 3.0F);
+    expectVector(result.maxillaryTransformation.value().map(QVector3D(1.0F, 2.0F, 8.0F)), 8.0F,
+                 1.0F, 3.0F);
 }
 
 TEST(OcclusionMovementCalculator, LeavesOutMovesThatAreNotFinite)
@@ -280,11 +289,12 @@ TEST(OcclusionMovementCalculator, LeavesOutMovesThatAreNotFinite)
 
     Data cut = segments();
     cut.occlusionTransformations[right()] = bad;
-    EXPECT_EQ(keys(calculate(cut).maxillarySegmentalTransformations.value()), QStringList({front(), left()}));
+    EXPECT_EQ(keys(calculate(cut).maxillarySegmentalTransformations.value()),
+              QStringList({front(), left()}));
 }
 
-// Scans shifted by 1 and a bite of shifts by 1e8: the left association gives ((1 - 1e8) + 1e8) - 1 = -1, as 1 - 1e8
-// rounds to -1e8. Every other association gives 0 or 1.
+// Scans shifted by 1 and a bite of shifts by 1e8: the left association gives ((1 - 1e8) + 1e8) - 1
+// = -1, as 1 - 1e8 rounds to -1e8. Every other association gives 0 or 1.
 TEST(OcclusionMovementCalculator, ProductsAssociateFromTheLeftInEveryMove)
 {
     const QMatrix4x4 near = translation(1.0F, 0.0F, 0.0F);
@@ -293,8 +303,8 @@ TEST(OcclusionMovementCalculator, ProductsAssociateFromTheLeftInEveryMove)
     EXPECT_EQ(whole.maxillaryTransformation.value()(0, 3), -1.0F);
     EXPECT_EQ(whole.mandibularTransformation.value()(0, 3), -1.0F);
 
-    const auto cut =
-        calculate({{{mandibula(), far}, {front(), far}, {left(), far}, {right(), far}}, near, near});
+    const auto cut = calculate(
+        {{{mandibula(), far}, {front(), far}, {left(), far}, {right(), far}}, near, near});
     for (const auto& moves :
          {cut.maxillarySegmentalTransformations, cut.mandibularSegmentalTransformations}) {
         EXPECT_EQ(moves.value().size(), 3U);
@@ -303,8 +313,8 @@ TEST(OcclusionMovementCalculator, ProductsAssociateFromTheLeftInEveryMove)
     }
 }
 
-// The maxilla, moved, bites with the standing mandible as the bite records: seen from the mandible's scan, it stands
-// where O[Mandibula]^-1 * O[Maxilla] puts it; and the other way round.
+// The maxilla, moved, bites with the standing mandible as the bite records: seen from the
+// mandible's scan, it stands where O[Mandibula]^-1 * O[Maxilla] puts it; and the other way round.
 TEST(OcclusionMovementCalculator, MovedJawStandsToTheOtherAsRecorded)
 {
     test::RandomGeometry random(11);

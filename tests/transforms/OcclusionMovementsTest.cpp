@@ -62,7 +62,8 @@ TEST(OcclusionMovements, OfAnotherClassAreNull)
 {
     MaxillofacialSurgery surgery;
     surgery.addMovement(new FixedMovement(MovementTypes::m_maxillary_occlusion_movement));
-    surgery.addMovement(new OcclusionMovement(MovementTypes::m_mandibular_segmental_occlusion_movement));
+    surgery.addMovement(
+        new OcclusionMovement(MovementTypes::m_mandibular_segmental_occlusion_movement));
     const OcclusionMovements movements = utility::getOcclusionMovements(surgery);
     EXPECT_EQ(movements.maxillaryMovement, nullptr);
     EXPECT_EQ(movements.mandibularSegmentalMovement, nullptr);
@@ -104,8 +105,10 @@ TEST(OcclusionMovementTransformations, CopiesAndMovesTakeEachField)
     const auto expectFields = [](const OcclusionMovementTransformations& record) {
         EXPECT_EQ(record.maxillaryTransformation.value(), shift(1.0F));
         EXPECT_EQ(record.mandibularTransformation.value(), shift(2.0F));
-        EXPECT_EQ(record.maxillarySegmentalTransformations.value().at(QStringLiteral("a")), shift(3.0F));
-        EXPECT_EQ(record.mandibularSegmentalTransformations.value().at(QStringLiteral("b")), shift(4.0F));
+        EXPECT_EQ(record.maxillarySegmentalTransformations.value().at(QStringLiteral("a")),
+                  shift(3.0F));
+        EXPECT_EQ(record.mandibularSegmentalTransformations.value().at(QStringLiteral("b")),
+                  shift(4.0F));
     };
     OcclusionMovementTransformations copy(source);
     expectFields(copy);

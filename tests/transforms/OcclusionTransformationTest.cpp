@@ -55,8 +55,8 @@ TEST(OcclusionTransformation, EqualityNeedsEveryMatrixAndInequalityIsItsNegation
     OcclusionTransformation other = bite;
     EXPECT_TRUE(bite == other);
     EXPECT_FALSE(bite != other);
-    for (QMatrix4x4* matrix :
-         {&other.upperTransformation, &other.lowerTransformation, &other.vestibularTransformation}) {
+    for (QMatrix4x4* matrix : {&other.upperTransformation, &other.lowerTransformation,
+                               &other.vestibularTransformation}) {
         other = bite;
         (*matrix)(2, 3) = std::numeric_limits<float>::denorm_min();
         EXPECT_FALSE(bite == other);

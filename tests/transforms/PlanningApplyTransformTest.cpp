@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/PlanningApplyTransform.h>
 
-// A plan in a new scanner frame: every step, their order, what is recorded, what is left alone, the way back.
+// A plan in a new scanner frame: every step, their order, what is recorded, what is left alone, the
+// way back.
 
 #include <tests/support/ModelRecorders.h>
 #include <tests/support/MovementBuilders.h>
@@ -34,7 +35,8 @@ struct PlanningApplyTransformTestAccess
     static void transformMovements(MaxillofacialSurgery* surgery, const QList<DentalScan*>& scans,
                                    const std::map<QString, QMatrix4x4>& bite)
     {
-        PlanningApplyTransform::transformMovements(surgery, scans, {}, bite, QStringLiteral("mode"));
+        PlanningApplyTransform::transformMovements(surgery, scans, {}, bite,
+                                                   QStringLiteral("mode"));
     }
 };
 
@@ -51,7 +53,8 @@ static_assert(std::has_virtual_destructor_v<PlanningApplyTransform>);
 static_assert(std::is_copy_constructible_v<PlanningApplyTransform>);
 static_assert(std::is_copy_assignable_v<PlanningApplyTransform>);
 
-QList<DataObject*> moved(const QList<DataObject*>& objects, const QMatrix4x4& matrix = quarterTurnAndShift())
+QList<DataObject*> moved(const QList<DataObject*>& objects,
+                         const QMatrix4x4& matrix = quarterTurnAndShift())
 {
     PlanningApplyTransform applyTransform;
     applyTransform.setDataObjects(objects);
@@ -73,8 +76,8 @@ QVector3D firstVertex(const Surface3DModel& surface)
 struct Step
 {
     int number;
-    const char* name;                                    // in the log of moves
-    int recordedAt;                                      // place among the changed objects, -1 for none
+    const char* name; // in the log of moves
+    int recordedAt;   // place among the changed objects, -1 for none
     std::function<DataObject*(const WholePlan&)> object; // which is moved
     std::function<QVector3D(const WholePlan&)> position; // (1, 2, 3) before, (8, 21, 33) after
 };
@@ -86,9 +89,10 @@ void PrintTo(const Step& step, std::ostream* stream)
 
 QVector3D biteShift(const WholePlan& plan)
 {
-    const auto matrix =
-        plan.maxillaryMovement->getOcclusionModeTransformation(MovementModes::OCCLUSION_PLASTER_CAST_MODE);
-    // The bite shifts the maxilla by (1, 2, 3), whatever the new frame is; the rest is added to tell it from none.
+    const auto matrix = plan.maxillaryMovement->getOcclusionModeTransformation(
+        MovementModes::OCCLUSION_PLASTER_CAST_MODE);
+    // The bite shifts the maxilla by (1, 2, 3), whatever the new frame is; the rest is added to
+    // tell it from none.
     return matrix ? positionOf(matrix.value()) + QVector3D(7.0F, 19.0F, 30.0F) : kStart;
 }
 
@@ -276,7 +280,8 @@ TEST(PlanningApplyTransform, PassesOverNullAndUnknownObjectsAndMovesAllOthers)
     DataObject unknown;
     PointAnnotation annotation;
     annotation.changePosition(kStart);
-    EXPECT_EQ(moved({nullptr, &unknown, nullptr, &annotation, nullptr}), QList<DataObject*>({&annotation}));
+    EXPECT_EQ(moved({nullptr, &unknown, nullptr, &annotation, nullptr}),
+              QList<DataObject*>({&annotation}));
     expectVector(annotation.getPosition(), 8.0F, 21.0F, 33.0F);
 }
 
@@ -318,8 +323,9 @@ TEST(PlanningApplyTransform, CopiesHoldTheSamePlanAndFrame)
     plan.maxillaryMovement->removeOcclusionModeTransformation(plaster);
     EXPECT_EQ(PlanningApplyTransform(copy).applyTransform({}).size(), 36);
     // The way back out of the frame takes the origin to (-20, 10, -30); the bite adds (1, 2, 3).
-    expectVector(positionOf(plan.maxillaryMovement->getOcclusionModeTransformation(plaster).value()), -19.0F,
-                 12.0F, -27.0F);
+    expectVector(
+        positionOf(plan.maxillaryMovement->getOcclusionModeTransformation(plaster).value()), -19.0F,
+        12.0F, -27.0F);
 }
 
 TEST(PlanningApplyTransform, MatrixThatIsNotFiniteChangesNothing)
@@ -356,7 +362,8 @@ TEST(PlanningApplyTransform, SingularMatrixIsTakenAsItIs)
     expectVector(plan.pointAnnotation->getPosition(), 1.0F, 2.0F, 0.0F);
     // M * T * M^-1 with M^-1 the identity, as QMatrix4x4::inverted() gives.
     expectVector(
-        positionOf(plan.collection->getFromPreOpToPlannedTransformation(Maxilla::getClassTypeId()).value()),
+        positionOf(plan.collection->getFromPreOpToPlannedTransformation(Maxilla::getClassTypeId())
+                       .value()),
         1.0F, 2.0F, 0.0F);
 }
 
@@ -420,8 +427,10 @@ TEST_F(DentalSplineStep, MovesPointsAndTagsAndTakesTheOcclusalIndexOfTheScan)
 {
     EXPECT_EQ(moved({&spline, volume.get()}), QList<DataObject*>({&spline}));
     expectVector(spline.getControlPoints().last()->getPosition(), 8.0F, 21.0F, 33.0F);
-    expectVector(spline.getObjects().value(ToothChart::Tooth(5))->getPosition(), 10.0F, 20.0F, 30.0F);
-    EXPECT_EQ(spline.getOcclusalIndex(), 5) << "the occlusal centre is deliberately not mapped by the matrix";
+    expectVector(spline.getObjects().value(ToothChart::Tooth(5))->getPosition(), 10.0F, 20.0F,
+                 30.0F);
+    EXPECT_EQ(spline.getOcclusalIndex(), 5)
+        << "the occlusal centre is deliberately not mapped by the matrix";
     EXPECT_EQ(spline.getArchType(), ToothChart::LowerArch);
     EXPECT_EQ(spline.getCreationType(), ManuallyCreated);
 }
@@ -437,10 +446,12 @@ TEST_F(DentalSplineStep, OcclusalCentreFollowsThePlaneDefinition)
 TEST_F(DentalSplineStep, WithoutACtSplinesStayBehindWhileAllOtherObjectsMoveByDesign)
 {
     CTDataVolumeObject empty;
-    for (CTDataVolumeObject* volumeWithoutCt : {static_cast<CTDataVolumeObject*>(nullptr), &empty}) {
+    for (CTDataVolumeObject* volumeWithoutCt :
+         {static_cast<CTDataVolumeObject*>(nullptr), &empty}) {
         PointAnnotation annotation;
         annotation.changePosition(kStart);
-        EXPECT_EQ(moved({&spline, volumeWithoutCt, &annotation}), QList<DataObject*>({&annotation}));
+        EXPECT_EQ(moved({&spline, volumeWithoutCt, &annotation}),
+                  QList<DataObject*>({&annotation}));
         expectVector(spline.getControlPoints().last()->getPosition(), 1.0F, 2.0F, 3.0F);
         EXPECT_EQ(spline.getOcclusalIndex(), 77);
         expectVector(annotation.getPosition(), 8.0F, 21.0F, 33.0F);
@@ -492,8 +503,9 @@ TEST(PlanningApplyTransform, EveryPositionOfALineAnnotationIsMappedOnce)
     LineAnnotation line;
     line.setPositions({{}, kStart, {2.0F, 0.0F, 0.0F}});
     EXPECT_EQ(moved({&line}), QList<DataObject*>({&line}));
-    EXPECT_EQ(line.getPositions(),
-              QList<QVector3D>({{10.0F, 20.0F, 30.0F}, {8.0F, 21.0F, 33.0F}, {10.0F, 22.0F, 30.0F}}));
+    EXPECT_EQ(
+        line.getPositions(),
+        QList<QVector3D>({{10.0F, 20.0F, 30.0F}, {8.0F, 21.0F, 33.0F}, {10.0F, 22.0F, 30.0F}}));
     LineAnnotation empty;
     EXPECT_EQ(moved({&empty}), QList<DataObject*>({&empty}));
 }
@@ -611,7 +623,10 @@ TEST(PolyLineStep, OtherPointsAndPointsWithoutPositionAreNotChanged)
     {
     public:
         std::shared_ptr<DataObject> getLinkedObject() const override { return {}; }
-        utility::Optional<QVector3D> getPosition(Context /*context*/) const override { return kStart; }
+        utility::Optional<QVector3D> getPosition(Context /*context*/) const override
+        {
+            return kStart;
+        }
     };
     RecordedPolyLine line;
     line.addPoint(std::make_shared<Other>());
@@ -660,9 +675,10 @@ template <typename Kind>
 class SurfaceStep : public testing::Test
 {};
 
-using SurfaceKinds = testing::Types<dataobject::SurgicalSplint, dataobject::Nerve, SurfaceScan,
-                                    SurgeryPlanningPart, SoftTissueModel, Skin, OsteotomySurface,
-                                    dataobject::Airway, ShowObject, dataobject::PatientSurfaceModel>;
+using SurfaceKinds =
+    testing::Types<dataobject::SurgicalSplint, dataobject::Nerve, SurfaceScan, SurgeryPlanningPart,
+                   SoftTissueModel, Skin, OsteotomySurface, dataobject::Airway, ShowObject,
+                   dataobject::PatientSurfaceModel>;
 TYPED_TEST_SUITE(SurfaceStep, SurfaceKinds);
 
 TYPED_TEST(SurfaceStep, MovesByTheMatrixAndRefreshesInOneEditingBracket)
@@ -768,7 +784,8 @@ TEST(JawPartStep, MandibulaIsUpdatedAfterItsMoveInOrderAndWithoutAutorotationPoi
 {
     MandibulaRecorder mandibula;
     EXPECT_EQ(moved({&mandibula}), QList<DataObject*>({&mandibula}));
-    EXPECT_EQ(mandibula.calls, QStringList({"refresh", "condyles", "left", "right", "occlusal plane"}));
+    EXPECT_EQ(mandibula.calls,
+              QStringList({"refresh", "condyles", "left", "right", "occlusal plane"}));
 }
 
 TEST(JawPartStep, OtherPartsGetTheirRotationPosition)
@@ -807,7 +824,8 @@ TEST(OriginalModelsStep, SkullIsMovedBeforeTheMandible)
 {
     test::MoveLog log;
     const auto logging = [&log](const char* name) {
-        return std::make_shared<test::LoggingSurface<Surface3DModel>>(log, QString::fromLatin1(name));
+        return std::make_shared<test::LoggingSurface<Surface3DModel>>(log,
+                                                                      QString::fromLatin1(name));
     };
     Anatomy anatomy;
     anatomy.setOriginalModels(logging("skull"), logging("mandible"));
@@ -921,8 +939,9 @@ TEST_F(SurgeryStep, LastOfSeveralBitesOfAKindStays)
     EXPECT_EQ(maxillaX(plaster), 7.0F);
 }
 
-// With the initial placement (0, 0, 1) of the upper scan, its total transform is P * (0, 0, 1); the lower scan was
-// never placed, and its total the identity whatever P is. The maxilla's movement is O * Tmax^-1.
+// With the initial placement (0, 0, 1) of the upper scan, its total transform is P * (0, 0, 1); the
+// lower scan was never placed, and its total the identity whatever P is. The maxilla's movement is
+// O * Tmax^-1.
 TEST_F(SurgeryStep, ScansStandInTheNewScannerTransformAndNotInTheMatrixOfTheMove)
 {
     occlusion.setTransformations(biteShifting(0.0F));
@@ -940,8 +959,8 @@ TEST_F(SurgeryStep, NewScannerTransformIsTheIdentityUnlessSet)
     occlusion.setTransformations(biteShifting(0.0F));
     upper.setInitialTransform(translation(0.0F, 0.0F, 1.0F));
     moved({&occlusion, &made.surgery, &upper, &lower});
-    expectVector(positionOf(made.maxillary->getOcclusionModeTransformation(plaster).value()), 0.0F, 0.0F,
-                 -1.0F);
+    expectVector(positionOf(made.maxillary->getOcclusionModeTransformation(plaster).value()), 0.0F,
+                 0.0F, -1.0F);
 }
 
 TEST_F(SurgeryStep, NewScannerTransformThatIsNotFiniteLeavesTheOcclusionMovementsUnchanged)
@@ -958,7 +977,8 @@ TEST_F(SurgeryStep, NewScannerTransformThatIsNotFiniteLeavesTheOcclusionMovement
         QMatrix4x4 frame;
         frame(0, 3) = bad;
         PlanningApplyTransform applyTransform;
-        applyTransform.setDataObjects({&occlusion, &virtualOcclusion, &made.surgery, &upper, &lower});
+        applyTransform.setDataObjects(
+            {&occlusion, &virtualOcclusion, &made.surgery, &upper, &lower});
         applyTransform.setNewScannerTransform(frame);
         EXPECT_EQ(applyTransform.applyTransform({}), QList<DataObject*>({&upper, &lower}))
             << "all other objects are moved";
@@ -1002,7 +1022,8 @@ TEST_F(SurgeryStep, OnlyTheFirstSurgeryIsTaken)
 {
     const test::SurgeryWithMovements second;
     occlusion.setTransformations(biteShifting(5.0F));
-    moved({&occlusion, &made.surgery, const_cast<MaxillofacialSurgery*>(&second.surgery), &upper, &lower});
+    moved({&occlusion, &made.surgery, const_cast<MaxillofacialSurgery*>(&second.surgery), &upper,
+           &lower});
     EXPECT_EQ(maxillaX(plaster), 5.0F);
     EXPECT_EQ(second.maxillary->getMovementModes(), QStringList());
 }
@@ -1099,7 +1120,8 @@ template <typename Kind>
 class PlacedRecorder : public Kind
 {
 public:
-    void setObjectTransform(const QMatrix4x4& matrix, TransformManipulationType manipulation) override
+    void setObjectTransform(const QMatrix4x4& matrix,
+                            TransformManipulationType manipulation) override
     {
         placements << matrix;
         manipulations << int(manipulation);
@@ -1120,9 +1142,11 @@ TYPED_TEST_SUITE(PlacedStep, PlacedKinds);
 TYPED_TEST(PlacedStep, IsSetToTheMatrixTimesItsPlacementForReason3)
 {
     PlacedRecorder<TypeParam> object;
-    object.TypeParam::setObjectTransform(translation(0.0F, 0.0F, 5.0F), TransformManipulationType(1));
+    object.TypeParam::setObjectTransform(translation(0.0F, 0.0F, 5.0F),
+                                         TransformManipulationType(1));
     EXPECT_EQ(moved({&object}), QList<DataObject*>({&object}));
-    EXPECT_EQ(object.placements, QList<QMatrix4x4>({quarterTurnAndShift() * translation(0.0F, 0.0F, 5.0F)}));
+    EXPECT_EQ(object.placements,
+              QList<QMatrix4x4>({quarterTurnAndShift() * translation(0.0F, 0.0F, 5.0F)}));
     EXPECT_EQ(object.manipulations, QList<int>({3}));
 }
 
@@ -1130,7 +1154,8 @@ template <typename Kind>
 class TemplateStep : public testing::Test
 {};
 
-using TemplateKinds = testing::Types<dataobject::PreviewSurgicalTemplate, dataobject::SurgicalTemplate3D>;
+using TemplateKinds =
+    testing::Types<dataobject::PreviewSurgicalTemplate, dataobject::SurgicalTemplate3D>;
 TYPED_TEST_SUITE(TemplateStep, TemplateKinds);
 
 TYPED_TEST(TemplateStep, IsSetToTheMatrixTimesItsOwnTransformAndItsMeshStays)
@@ -1158,7 +1183,8 @@ public:
         for (const auto& [part, matrix] : toPostOp)
             parts << QStringLiteral("post-op ") + part;
         calls << parts.join(QStringLiteral(", "));
-        PlannedToPostOpCollection::setFromPreOpToPlannedAndPostOpTransformations(toPlanned, toPostOp);
+        PlannedToPostOpCollection::setFromPreOpToPlannedAndPostOpTransformations(toPlanned,
+                                                                                 toPostOp);
     }
     void setPreOpRotationPoint(const QString& partType, const QVector3D& pointMm) override
     {
@@ -1178,15 +1204,18 @@ TEST(CollectionStep, MovesAreSeenFromTheNewFrame)
         {{QStringLiteral("a"), translation(4.0F, 0.0F, 0.0F)},
          {QStringLiteral("b"), test::startPlacement()}});
     EXPECT_EQ(moved({&collection}), QList<DataObject*>({&collection}));
-    EXPECT_EQ(collection.calls, QStringList({"planned a, post-op a, post-op b"})) << "written back together";
-    const auto planned = collection.getFromPreOpToPlannedTransformation(QStringLiteral("a")).value();
+    EXPECT_EQ(collection.calls, QStringList({"planned a, post-op a, post-op b"}))
+        << "written back together";
+    const auto planned =
+        collection.getFromPreOpToPlannedTransformation(QStringLiteral("a")).value();
     EXPECT_EQ(planned, translation(-2.0F, 1.0F, 3.0F));
     const auto postOp = collection.getFromPreOpToPostOpTransformation(QStringLiteral("a")).value();
     EXPECT_EQ(postOp, translation(0.0F, 4.0F, 0.0F));
     EXPECT_FALSE(collection.getFromPreOpToPlannedTransformation(QStringLiteral("b")));
 }
 
-// (M * T) * M^-1 is exact: 2^24 - (2^24 - 1) = 1, and 1 - 2^24. T * M^-1 would round to -2^25, and the whole to -2^24.
+// (M * T) * M^-1 is exact: 2^24 - (2^24 - 1) = 1, and 1 - 2^24. T * M^-1 would round to -2^25, and
+// the whole to -2^24.
 TEST(CollectionStep, ProductsAssociateFromTheLeft)
 {
     dataobject::PlannedToPostOpCollection collection;
@@ -1201,16 +1230,19 @@ TEST(CollectionStep, ProductsAssociateFromTheLeft)
 TEST(CollectionStep, EachPartOfEitherListIsTreatedOnce)
 {
     CollectionRecorder collection;
-    collection.setComparedSurgeryPartTypes({QStringLiteral("c"), QStringLiteral("a"), QStringLiteral("c")});
+    collection.setComparedSurgeryPartTypes(
+        {QStringLiteral("c"), QStringLiteral("a"), QStringLiteral("c")});
     collection.PlannedToPostOpCollection::setFromPreOpToPlannedAndPostOpTransformations(
         {{QStringLiteral("a"), QMatrix4x4()}}, {});
     for (const char* part : {"a", "c", "not listed"})
-        collection.PlannedToPostOpCollection::setPreOpRotationPoint(QString::fromLatin1(part), kStart);
+        collection.PlannedToPostOpCollection::setPreOpRotationPoint(QString::fromLatin1(part),
+                                                                    kStart);
     moved({&collection});
     EXPECT_EQ(collection.calls, QStringList({"planned a", "point a", "point c"}));
     expectVector(collection.getPreOpRotationPoint(QStringLiteral("a")).value(), 8.0F, 21.0F, 33.0F);
     expectVector(collection.getPreOpRotationPoint(QStringLiteral("c")).value(), 8.0F, 21.0F, 33.0F);
-    expectVector(collection.getPreOpRotationPoint(QStringLiteral("not listed")).value(), 1.0F, 2.0F, 3.0F);
+    expectVector(collection.getPreOpRotationPoint(QStringLiteral("not listed")).value(), 1.0F, 2.0F,
+                 3.0F);
 }
 
 TEST(CollectionStep, NothingStoredIsNotWrittenBackButRecorded)
@@ -1244,8 +1276,8 @@ QList<QVector3D> coordinatesOf(const WholePlan& plan)
 {
     QList<QVector3D> all;
     const auto addPlacement = [&all](const QMatrix4x4& placement) {
-        for (const QVector3D& point : {QVector3D(), QVector3D(1.0F, 0.0F, 0.0F), QVector3D(0.0F, 1.0F, 0.0F),
-                                       QVector3D(0.0F, 0.0F, 1.0F)})
+        for (const QVector3D& point : {QVector3D(), QVector3D(1.0F, 0.0F, 0.0F),
+                                       QVector3D(0.0F, 1.0F, 0.0F), QVector3D(0.0F, 0.0F, 1.0F)})
             all << placement.map(point);
     };
     for (const Step& step : kSteps) {
@@ -1260,7 +1292,8 @@ QList<QVector3D> coordinatesOf(const WholePlan& plan)
     addPlacement(plan.implant->getObjectTransform());
     addPlacement(plan.preview->getObjectTransform());
     addPlacement(plan.surgicalTemplate->getObjectTransform());
-    addPlacement(plan.collection->getFromPreOpToPlannedTransformation(Maxilla::getClassTypeId()).value());
+    addPlacement(
+        plan.collection->getFromPreOpToPlannedTransformation(Maxilla::getClassTypeId()).value());
     all << plan.circle->getNormal() << plan.ceph->getPlane().getNormal()
         << plan.mandibula->getCondylePositions().first
         << plan.mandibula->getLeftAutoRotationPoint()->getPosition()
@@ -1280,8 +1313,8 @@ float largestDistance(const QList<QVector3D>& a, const QList<QVector3D>& b)
 // Rigid with shifts up to 180 mm along each axis.
 QMatrix4x4 randomFrame(test::RandomGeometry& random)
 {
-    QMatrix4x4 frame =
-        translation(random.number(-80.0F, 80.0F), random.number(-80.0F, 80.0F), random.number(-80.0F, 80.0F));
+    QMatrix4x4 frame = translation(random.number(-80.0F, 80.0F), random.number(-80.0F, 80.0F),
+                                   random.number(-80.0F, 80.0F));
     return frame * random.rigidPlacement();
 }
 
@@ -1294,8 +1327,9 @@ TEST(PlanningApplyTransform, Law1RigidMoveAndItsInverseBringThePlanBack)
     float largest = 0.0F;
     for (int i = 0; i < 300; ++i) {
         WholePlan plan;
-        moved(plan.objects(), translation(random.number(-100.0F, 100.0F), random.number(-100.0F, 100.0F),
-                                          random.number(-100.0F, 100.0F)));
+        moved(plan.objects(),
+              translation(random.number(-100.0F, 100.0F), random.number(-100.0F, 100.0F),
+                          random.number(-100.0F, 100.0F)));
         const QList<QVector3D> before = coordinatesOf(plan);
         const QMatrix4x4 frame = randomFrame(random);
         moved(plan.objects(), frame);

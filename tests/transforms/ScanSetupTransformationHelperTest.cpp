@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/ScanSetupTransformationHelper.h>
 
-// Covered: the recorded bite, the one that is made up from the boxes of the jaws, the sorting of the surfaces, and
-// the matrix for exporting a jaw with its antagonist.
+// Covered: the recorded bite, the one that is made up from the boxes of the jaws, the sorting of
+// the surfaces, and the matrix for exporting a jaw with its antagonist.
 
 #include <CoreAlgorithms/model/dataobjects/ScanSetups.h>
 
@@ -26,12 +26,13 @@ struct ScanSetupTransformationHelperTestAccess
     {
         Helper::collectJawSurfaces(setup, first, second);
     }
-    static bool boxes(const ScanSetup& setup, primitives::BoundingBox& first, primitives::BoundingBox& second,
-                      primitives::BoundingBox& combined)
+    static bool boxes(const ScanSetup& setup, primitives::BoundingBox& first,
+                      primitives::BoundingBox& second, primitives::BoundingBox& combined)
     {
         return Helper::getJawBoundingBoxes(setup, first, second, combined);
     }
-    static QMatrix4x4 fake(const primitives::BoundingBox& upper, const primitives::BoundingBox& lower,
+    static QMatrix4x4 fake(const primitives::BoundingBox& upper,
+                           const primitives::BoundingBox& lower,
                            const primitives::BoundingBox& combined)
     {
         return Helper::calculateFakeOcclusionTransformationForUpperJaw(upper, lower, combined);
@@ -52,16 +53,17 @@ void expectMatrix(const QMatrix4x4& matrix, const QMatrix4x4& expected)
 {
     for (int row = 0; row < 4; ++row) {
         for (int column = 0; column < 4; ++column)
-            EXPECT_EQ(matrix(row, column), expected(row, column)) << "row " << row << ", column " << column;
+            EXPECT_EQ(matrix(row, column), expected(row, column))
+                << "row " << row << ", column " << column;
     }
 }
 
-// The half turn about the line along y through (x, *, z), after a lift by dz: a point goes from (px, py, pz) to
-// (2x - px, py, 2z - (pz + dz)).
+// The half turn about the line along y through (x, *, z), after a lift by dz: a point goes from
+// (px, py, pz) to (2x - px, py, 2z - (pz + dz)).
 QMatrix4x4 turned(float x, float z, float dz)
 {
-    return QMatrix4x4(-1.0F, 0.0F, 0.0F, 2.0F * x, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F, 0.0F, -1.0F, 2.0F * z - dz,
-                      0.0F, 0.0F, 0.0F, 1.0F);
+    return QMatrix4x4(-1.0F, 0.0F, 0.0F, 2.0F * x, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F, 0.0F, -1.0F,
+                      2.0F * z - dz, 0.0F, 0.0F, 0.0F, 1.0F);
 }
 
 // Two vertices at the corners of the box.
@@ -78,7 +80,8 @@ std::shared_ptr<ScannableRegion> region(int start, const BoundingBox& box)
     return result;
 }
 
-std::shared_ptr<QuarnRawScanData> rawData(const QList<ToothChart::Tooth>& teeth, const BoundingBox& box)
+std::shared_ptr<QuarnRawScanData> rawData(const QList<ToothChart::Tooth>& teeth,
+                                          const BoundingBox& box)
 {
     auto result = std::make_shared<QuarnRawScanData>();
     result->setScannedTeeth(teeth);
@@ -120,16 +123,19 @@ TEST(ScanSetupTransformationHelper, LiftWithBothBoxesIsTheirDistanceLessTwenty)
 TEST(ScanSetupTransformationHelper, LiftWithTheUpperBoxAloneIsLessItsHeightLessTwenty)
 {
     // dz = -14 - 20, centre (20, *, 37)
-    expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw(kUpper, {}), turned(20.0F, 37.0F, -34.0F));
+    expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw(kUpper, {}),
+                 turned(20.0F, 37.0F, -34.0F));
 }
 
 TEST(ScanSetupTransformationHelper, LiftWithTheLowerBoxAloneIsItsTopLessTwenty)
 {
     // dz = -2.5 + 7.5 - 20, centre (30, *, -2.5)
-    expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw({}, kLower), turned(30.0F, -2.5F, -15.0F));
+    expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw({}, kLower),
+                 turned(30.0F, -2.5F, -15.0F));
 }
 
-// From -2^24 to 1: the centre is -8388607.5, and the height, 2^24 + 1, rounds to 2^24. Their top is 0.5, not 1.
+// From -2^24 to 1: the centre is -8388607.5, and the height, 2^24 + 1, rounds to 2^24. Their top is
+// 0.5, not 1.
 TEST(ScanSetupTransformationHelper, TopOfTheLowerBoxAloneIsItsCentrePlusHalfItsHeight)
 {
     const BoundingBox tall(0.0F, 0.0F, -16777216.0F, 1.0F, 1.0F, 1.0F);
@@ -139,14 +145,15 @@ TEST(ScanSetupTransformationHelper, TopOfTheLowerBoxAloneIsItsCentrePlusHalfItsH
 
 TEST(ScanSetupTransformationHelper, WithoutBoxesTheUpperJawIsTurnedAboutTheOrigin)
 {
-    expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw({}, {}), turned(0.0F, 0.0F, 0.0F));
+    expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw({}, {}),
+                 turned(0.0F, 0.0F, 0.0F));
 }
 
 TEST(ScanSetupTransformationHelper, ShiftActsBeforeTheTurn)
 {
     // The upper jaw's lowest point, 30, is lifted to 35 and turned to 2 * 17 - 35 = -1.
-    const QVector3D image =
-        Helper::getFakeOcclusionTransformationForUpperJaw(kUpper, kLower).map(QVector3D(10.0F, 7.0F, 30.0F));
+    const QVector3D image = Helper::getFakeOcclusionTransformationForUpperJaw(kUpper, kLower)
+                                .map(QVector3D(10.0F, 7.0F, 30.0F));
     EXPECT_EQ(image.x(), 50.0F);
     EXPECT_EQ(image.y(), 7.0F);
     EXPECT_EQ(image.z(), -1.0F);
@@ -162,7 +169,8 @@ TEST(ScanSetupTransformationHelper, UnionStartsFromABoxOfSixZerosWhichIsNullInTh
 {
     // With the origin, the box would reach over x 0 to 14 and z 0 to 14: centre (7, *, 7).
     const BoundingBox far(10.0F, 10.0F, 10.0F, 14.0F, 14.0F, 14.0F);
-    expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw(far, {}), turned(12.0F, 12.0F, -24.0F));
+    expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw(far, {}),
+                 turned(12.0F, 12.0F, -24.0F));
 }
 
 TEST(ScanSetupTransformationHelper, MadeUpMatrixOfBoxesThatAreNotFiniteIsTheIdentity)
@@ -179,7 +187,8 @@ TEST(ScanSetupTransformationHelper, MadeUpMatrixOfBoxesThatAreNotFiniteIsTheIden
 
 // ---- a setup
 
-TEST(ScanSetupTransformationHelper, CalculatedOcclusionScanIsReturnedUnchangedWhateverTheSurfacesAre)
+TEST(ScanSetupTransformationHelper,
+     CalculatedOcclusionScanIsReturnedUnchangedWhateverTheSurfacesAre)
 {
     ScanSetup setup;
     setup.setOcclusionScan(calculatedScan());
@@ -331,7 +340,8 @@ TEST(ScanSetupTransformationHelper, RawScanDataAreAskedForWithTrueForPresenceAnd
     BoundingBox first = kUpper;
     BoundingBox second = kLower;
     BoundingBox combined = kUpper;
-    EXPECT_TRUE(Access::boxes(setup, first, second, combined)); // it is present, though without a surface
+    EXPECT_TRUE(
+        Access::boxes(setup, first, second, combined)); // it is present, though without a surface
     EXPECT_EQ(setup.asked, QList<bool>({true, false}));
     EXPECT_TRUE(first.isNull() && second.isNull() && combined.isNull());
 }
@@ -419,8 +429,9 @@ TEST(ScanSetupTransformationHelper, ExportOfAnyOtherArchOrWithoutAnOcclusionScan
     expectMatrix(Helper::getAntagonistExportTransformation(ToothChart::UpperArch, nullptr), {});
     setup.setOcclusionScan(calculatedScan());
     for (const int odd : {2, -1, 7})
-        expectMatrix(
-            Helper::getAntagonistExportTransformation(static_cast<ToothChart::ArchType>(odd), &setup), {});
+        expectMatrix(Helper::getAntagonistExportTransformation(
+                         static_cast<ToothChart::ArchType>(odd), &setup),
+                     {});
 }
 
 TEST(ScanSetupTransformationHelper, ExportWithAnOcclusionScanThatIsNotCalculatedUsesTheMadeUpBite)

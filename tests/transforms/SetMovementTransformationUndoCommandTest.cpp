@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/SetMovementTransformationUndoCommand.h>
 
-// One movement's transformation for a mode: done, undone, done again; the order of calls, the lock, the children.
+// One movement's transformation for a mode: done, undone, done again; the order of calls, the lock,
+// the children.
 
 #include <tests/support/MovementBuilders.h>
 #include <tests/support/ResliceBuilders.h>
@@ -35,18 +36,21 @@ protected:
 
 TEST_F(SetMovementTransformationUndoCommandTest, IsReadButNotChangedWhenMade)
 {
-    const SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode,
-                                                       nullptr);
+    const SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F),
+                                                       kMode, nullptr);
     EXPECT_EQ(movement.reads, 1);
     EXPECT_EQ(calls, QStringList());
 }
 
-TEST_F(SetMovementTransformationUndoCommandTest, FirstTransformationOfAModeSetsTheModeAndUndoDropsBoth)
+TEST_F(SetMovementTransformationUndoCommandTest,
+       FirstTransformationOfAModeSetsTheModeAndUndoDropsBoth)
 {
-    SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode, nullptr);
+    SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode,
+                                                 nullptr);
     command.redo();
     EXPECT_EQ(calls, QStringList({"lock", "set mode mode", "add mode", "unlock"}));
-    EXPECT_EQ(movement.getOcclusionModeTransformation(kMode).value(), translation(1.0F, 0.0F, 0.0F));
+    EXPECT_EQ(movement.getOcclusionModeTransformation(kMode).value(),
+              translation(1.0F, 0.0F, 0.0F));
     EXPECT_EQ(movement.getMovementMode(), kMode);
 
     calls.clear();
@@ -56,7 +60,8 @@ TEST_F(SetMovementTransformationUndoCommandTest, FirstTransformationOfAModeSetsT
     EXPECT_EQ(movement.getMovementModes(), QStringList());
 }
 
-TEST_F(SetMovementTransformationUndoCommandTest, EarlierTransformationComesBackExactlyAndTheModeIsLeftAlone)
+TEST_F(SetMovementTransformationUndoCommandTest,
+       EarlierTransformationComesBackExactlyAndTheModeIsLeftAlone)
 {
     test::RandomGeometry random(3);
     const QMatrix4x4 earlier = random.rigidPlacement();
@@ -80,7 +85,8 @@ TEST_F(SetMovementTransformationUndoCommandTest, EarlierTransformationComesBackE
 TEST_F(SetMovementTransformationUndoCommandTest, IdentityThatIsStoredIsAnEarlierTransformation)
 {
     movement.addOcclusionModeTransformation(kMode, {});
-    SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode, nullptr);
+    SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode,
+                                                 nullptr);
     command.redo();
     command.undo();
     EXPECT_TRUE(movement.getOcclusionModeTransformation(kMode).hasValue());
@@ -88,7 +94,8 @@ TEST_F(SetMovementTransformationUndoCommandTest, IdentityThatIsStoredIsAnEarlier
 
 TEST_F(SetMovementTransformationUndoCommandTest, WhatWasThereBeforeIsReadWhenTheCommandIsMade)
 {
-    SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode, nullptr);
+    SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode,
+                                                 nullptr);
     movement.addOcclusionModeTransformation(kMode, translation(9.0F, 0.0F, 0.0F)); // too late
     command.redo();
     command.undo();
@@ -117,13 +124,15 @@ private:
 
 TEST_F(SetMovementTransformationUndoCommandTest, ChildrenRunFirstAndTheLockIsTakenAfterThem)
 {
-    SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode, nullptr);
+    SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode,
+                                                 nullptr);
     new Child(calls, movement, &command); // its parent deletes it
     command.redo();
     EXPECT_EQ(calls, QStringList({"child redo", "lock", "set mode mode", "add mode", "unlock"}));
     calls.clear();
     command.undo();
-    EXPECT_EQ(calls, QStringList({"child undo", "lock", "remove mode", "drop mode mode", "unlock"}));
+    EXPECT_EQ(calls,
+              QStringList({"child undo", "lock", "remove mode", "drop mode mode", "unlock"}));
 }
 
 // Sees the movement marked whenever it tells a change.
@@ -144,7 +153,8 @@ private:
 TEST_F(SetMovementTransformationUndoCommandTest, EveryChangeIsMarkedAsOneOfUndoOrRedo)
 {
     MarkWatcher watcher;
-    SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode, nullptr);
+    SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode,
+                                                 nullptr);
     movement.attach(&watcher);
     command.redo();
     command.undo();
@@ -162,8 +172,8 @@ TEST_F(SetMovementTransformationUndoCommandTest, Laws1And2UndoRestoresAndRedoRep
     QList<QStringList> states = {test::stateOf(movement, modes)};
     for (int i = 0; i < 60; ++i) {
         const QString& mode = modes[int(random.number(0.0F, 2.99F))];
-        stack.push(
-            new SetMovementTransformationUndoCommand(movement, random.rigidPlacement(), mode, nullptr));
+        stack.push(new SetMovementTransformationUndoCommand(movement, random.rigidPlacement(), mode,
+                                                            nullptr));
         states << test::stateOf(movement, modes);
     }
     for (int i = stack.count(); i-- > 0;) {
@@ -176,10 +186,12 @@ TEST_F(SetMovementTransformationUndoCommandTest, Laws1And2UndoRestoresAndRedoRep
     }
 }
 
-TEST_F(SetMovementTransformationUndoCommandTest, ModeThatWasSetWithoutATransformationIsDroppedByUndo)
+TEST_F(SetMovementTransformationUndoCommandTest,
+       ModeThatWasSetWithoutATransformationIsDroppedByUndo)
 {
     movement.setMovementMode(kMode);
-    SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode, nullptr);
+    SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode,
+                                                 nullptr);
     command.redo();
     command.undo();
     EXPECT_EQ(movement.getMovementModes(), QStringList());

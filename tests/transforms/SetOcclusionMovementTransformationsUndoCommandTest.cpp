@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/SetOcclusionMovementTransformationsUndoCommand.h>
 
-// A bite stored on the movements of a surgery: the children and their order, movements made for segments, undo and
-// redo on a stack.
+// A bite stored on the movements of a surgery: the children and their order, movements made for
+// segments, undo and redo on a stack.
 
 #include <CoreAlgorithms/model/dataobjects/JawParts.h>
 #include <CoreAlgorithms/transforms/OcclusionMovementCalculator.h>
@@ -74,8 +74,10 @@ TEST_F(SetOcclusionMovements, EachFieldGoesToItsOwnMovement)
 {
     bite.maxillaryTransformation = translation(1.0F, 0.0F, 0.0F);
     bite.mandibularTransformation = translation(2.0F, 0.0F, 0.0F);
-    bite.maxillarySegmentalTransformations = Matrices{{QStringLiteral("a"), translation(3.0F, 0.0F, 0.0F)}};
-    bite.mandibularSegmentalTransformations = Matrices{{QStringLiteral("b"), translation(4.0F, 0.0F, 0.0F)}};
+    bite.maxillarySegmentalTransformations =
+        Matrices{{QStringLiteral("a"), translation(3.0F, 0.0F, 0.0F)}};
+    bite.mandibularSegmentalTransformations =
+        Matrices{{QStringLiteral("b"), translation(4.0F, 0.0F, 0.0F)}};
     Command command(bite, movements, kMode, nullptr);
     EXPECT_EQ(command.childCount(), 4);
     EXPECT_FALSE(made.maxillary->getOcclusionModeTransformation(kMode)) << "not before redo";
@@ -96,7 +98,8 @@ TEST(SetOcclusionMovementsOrder, IsMaxillaMandibleMaxillarySegmentsMandibularSeg
     RecordingOcclusionMovement mandibular(QStringLiteral("t"), calls, QStringLiteral("mandible"));
     CompositeMovement upper(MovementTypes::m_maxillary_segmental_occlusion_movement);
     CompositeMovement lower(MovementTypes::m_mandibular_segmental_occlusion_movement);
-    const auto addPart = [&calls](CompositeMovement& composite, const char* name, const char* part) {
+    const auto addPart = [&calls](CompositeMovement& composite, const char* name,
+                                  const char* part) {
         auto* movement =
             new RecordingOcclusionMovement(QStringLiteral("t"), calls, QString::fromLatin1(name));
         movement->setPrimaryAffectedType(QString::fromLatin1(part));
@@ -108,7 +111,8 @@ TEST(SetOcclusionMovementsOrder, IsMaxillaMandibleMaxillarySegmentsMandibularSeg
     addPart(lower, "lower a", "a");
 
     OcclusionMovementTransformations bite;
-    const Matrices parts = {{QStringLiteral("b"), QMatrix4x4()}, {QStringLiteral("a"), QMatrix4x4()}};
+    const Matrices parts = {{QStringLiteral("b"), QMatrix4x4()},
+                            {QStringLiteral("a"), QMatrix4x4()}};
     bite.maxillaryTransformation = QMatrix4x4();
     bite.mandibularTransformation = QMatrix4x4();
     bite.maxillarySegmentalTransformations = parts;
@@ -121,9 +125,10 @@ TEST(SetOcclusionMovementsOrder, IsMaxillaMandibleMaxillarySegmentsMandibularSeg
                            "upper b: add mode", "lower a: add mode", "lower b: add mode"}));
     calls.clear();
     command.undo();
-    EXPECT_EQ(calls.filter(QStringLiteral("remove mode")),
-              QStringList({"lower b: remove mode", "lower a: remove mode", "upper b: remove mode",
-                           "upper a: remove mode", "mandible: remove mode", "maxilla: remove mode"}));
+    EXPECT_EQ(
+        calls.filter(QStringLiteral("remove mode")),
+        QStringList({"lower b: remove mode", "lower a: remove mode", "upper b: remove mode",
+                     "upper a: remove mode", "mandible: remove mode", "maxilla: remove mode"}));
 }
 
 TEST_F(SetOcclusionMovements, MissingSegmentOfTheUpperJawGetsAMovementOfJawType2)
@@ -164,7 +169,8 @@ TEST_F(SetOcclusionMovements, CreatedMovementStaysOnUndoWithItsModeDropped)
     EXPECT_EQ(made.maxillaryParts->getMovements().size(), 1);
     EXPECT_EQ(created->getMovementModes(), QStringList());
     EXPECT_FALSE(created->getOcclusionModeTransformation(kMode));
-    EXPECT_EQ(made.maxillaryParts->getMovementMode(), kMode) << "the composite's own mode is not undone";
+    EXPECT_EQ(made.maxillaryParts->getMovementMode(), kMode)
+        << "the composite's own mode is not undone";
 }
 
 TEST_F(SetOcclusionMovements, CreatedMovementOutlivesTheCommand)
@@ -222,8 +228,9 @@ TEST_F(SetOcclusionMovements, EntryForACompositeOfNeitherSegmentalTypeIsSkipped)
     auto* known = new OcclusionMovement(QStringLiteral("type"));
     known->setPrimaryAffectedType(QStringLiteral("known"));
     other.addMovement(known);
-    bite.maxillarySegmentalTransformations = Matrices{
-        {QStringLiteral("known"), translation(1.0F, 0.0F, 0.0F)}, {QStringLiteral("unknown"), QMatrix4x4()}};
+    bite.maxillarySegmentalTransformations =
+        Matrices{{QStringLiteral("known"), translation(1.0F, 0.0F, 0.0F)},
+                 {QStringLiteral("unknown"), QMatrix4x4()}};
     Command command(bite, {nullptr, nullptr, &other, nullptr}, kMode, nullptr);
     EXPECT_EQ(command.childCount(), 1);
     EXPECT_EQ(other.getMovements(), QList<Movement*>({known}));
@@ -244,12 +251,14 @@ TEST_F(SetOcclusionMovements, EmptySegmentalMapAddsNoChildButSetsTheModeOfTheCom
 TEST(SetOcclusionMovementsOrder, CompositeIsLockedFromTheFirstSegmentToItsMode)
 {
     QStringList calls;
-    RecordingCompositeMovement composite(MovementTypes::m_mandibular_segmental_occlusion_movement, calls);
+    RecordingCompositeMovement composite(MovementTypes::m_mandibular_segmental_occlusion_movement,
+                                         calls);
     OcclusionMovementTransformations bite;
     bite.mandibularSegmentalTransformations =
         Matrices{{QStringLiteral("b"), QMatrix4x4()}, {QStringLiteral("a"), QMatrix4x4()}};
     Command command(bite, {nullptr, nullptr, nullptr, &composite}, kMode, nullptr);
-    const QString added = QStringLiteral("add ") + MovementTypes::m_mandibular_occlusion_movement + u'/';
+    const QString added =
+        QStringLiteral("add ") + MovementTypes::m_mandibular_occlusion_movement + u'/';
     EXPECT_EQ(calls, QStringList({"lock", added + u'a', added + u'b', "set mode mode", "unlock"}));
     calls.clear();
     command.redo();
@@ -267,8 +276,8 @@ TEST_F(SetOcclusionMovements, BelongsToItsParent)
     EXPECT_TRUE(made.maxillary->getOcclusionModeTransformation(kMode).hasValue());
 }
 
-// Random bites, whole and cut, in random modes, on a stack. What a command does when it is made (movements for segments,
-// the modes of composites) is no part of redo and undo.
+// Random bites, whole and cut, in random modes, on a stack. What a command does when it is made
+// (movements for segments, the modes of composites) is no part of redo and undo.
 TEST_F(SetOcclusionMovements, StackRestoresEveryMovementBitForBitAndRedoRepeatsTheFirst)
 {
     test::RandomGeometry random(13);
@@ -280,7 +289,8 @@ TEST_F(SetOcclusionMovements, StackRestoresEveryMovementBitForBitAndRedoRepeatsT
                                RightSegment::getClassTypeId()};
     QUndoStack stack;
     QtMessageHandler silent = [](QtMsgType, const QMessageLogContext&, const QString&) {};
-    QtMessageHandler former = qInstallMessageHandler(silent); // bites without a reference segment warn
+    QtMessageHandler former =
+        qInstallMessageHandler(silent); // bites without a reference segment warn
     for (int i = 0; i < 300; ++i) {
         SCOPED_TRACE(i);
         OcclusionMovementCalculator::Data data;
@@ -291,7 +301,8 @@ TEST_F(SetOcclusionMovements, StackRestoresEveryMovementBitForBitAndRedoRepeatsT
                 data.occlusionTransformations.emplace(part, random.rigidPlacement());
         }
         const QString& mode = modes[int(random.number(0.0F, 2.99F))];
-        auto* command = new Command(OcclusionMovementCalculator(data).calculate(), movements, mode, nullptr);
+        auto* command =
+            new Command(OcclusionMovementCalculator(data).calculate(), movements, mode, nullptr);
         const QStringList before = stateOf(made.surgery, modes);
         stack.push(command);
         const QStringList after = stateOf(made.surgery, modes);

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/SurfaceScanTransformations.h>
 
-// Covered: the totals of an alignment, the changes between its states with the calls that the host sees, random
-// walks through the states, and the height of a surface beyond its centre.
+// Covered: the totals of an alignment, the changes between its states with the calls that the host
+// sees, random walks through the states, and the height of a surface beyond its centre.
 
 #include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
 #include <CoreAlgorithms/model/math/Operations.h>
@@ -37,7 +37,8 @@ static_assert(!std::is_default_constructible_v<Operations> && !std::is_destructi
               "never instantiated");
 static_assert(std::is_copy_assignable_v<Operations>);
 
-// The raw point (2, 3, 4) goes by I to (3, 3, 4), by F to (-3, 3, 4), by P^-1 to (-3, -7, 4); from there by M to
+// The raw point (2, 3, 4) goes by I to (3, 3, 4), by F to (-3, 3, 4), by P^-1 to (-3, -7, 4); from
+// there by M to
 // (-3, -4, -7), or by G to (-3, -7, 9) and by M to (-3, -9, -7). All exact.
 const QVector3D kRaw(2.0F, 3.0F, 4.0F);
 const QVector3D kAtInitial(3.0F, 3.0F, 4.0F);
@@ -62,15 +63,16 @@ void prepare(Scan& scan, const QVector3D& vertex, bool freehandAligned)
 void expectPoint(const QVector3D& point, const QVector3D& expected)
 {
     EXPECT_TRUE(point.x() == expected.x() && point.y() == expected.y() && point.z() == expected.z())
-        << "(" << point.x() << ", " << point.y() << ", " << point.z() << ") is not (" << expected.x() << ", "
-        << expected.y() << ", " << expected.z() << ")";
+        << "(" << point.x() << ", " << point.y() << ", " << point.z() << ") is not ("
+        << expected.x() << ", " << expected.y() << ", " << expected.z() << ")";
 }
 
 void expectMatrix(const QMatrix4x4& matrix, const QMatrix4x4& expected)
 {
     for (int row = 0; row < 4; ++row) {
         for (int column = 0; column < 4; ++column)
-            EXPECT_EQ(matrix(row, column), expected(row, column)) << "row " << row << ", column " << column;
+            EXPECT_EQ(matrix(row, column), expected(row, column))
+                << "row " << row << ", column " << column;
     }
 }
 
@@ -85,7 +87,8 @@ const QStringList kMove{"startEditing", "setObjectTransform", "refresh", "stopEd
 
 TEST(SurfaceScanTransformations, FreehandTotalTakesAPointThroughInitialFreehandReferenceAndPlanning)
 {
-    expectPoint(Operations::getTotalFreehandTransform(anAlignment(true), kPlanning).map(kRaw), kAtFreehand);
+    expectPoint(Operations::getTotalFreehandTransform(anAlignment(true), kPlanning).map(kRaw),
+                kAtFreehand);
 }
 
 TEST(SurfaceScanTransformations, RegistrationTotalAppliesTheRegistrationAfterTheReferenceIsTakenOut)
@@ -97,7 +100,8 @@ TEST(SurfaceScanTransformations, RegistrationTotalAppliesTheRegistrationAfterThe
 TEST(SurfaceScanTransformations, TotalIsDecidedByTheFlag)
 {
     expectPoint(Operations::getTotalTransform(anAlignment(true), kPlanning).map(kRaw), kAtFreehand);
-    expectPoint(Operations::getTotalTransform(anAlignment(false), kPlanning).map(kRaw), kAtRegistration);
+    expectPoint(Operations::getTotalTransform(anAlignment(false), kPlanning).map(kRaw),
+                kAtRegistration);
 }
 
 TEST(SurfaceScanTransformations, TotalsOfASurfaceAreThoseOfItsGetters)
@@ -105,24 +109,28 @@ TEST(SurfaceScanTransformations, TotalsOfASurfaceAreThoseOfItsGetters)
     SurfaceScan scan;
     scan.setSurfaceScanAlignment(anAlignment(true));
     expectPoint(Operations::getTotalFreehandTransform(&scan, kPlanning).map(kRaw), kAtFreehand);
-    expectPoint(Operations::getTotalRegistrationTransform(&scan, kPlanning).map(kRaw), kAtRegistration);
+    expectPoint(Operations::getTotalRegistrationTransform(&scan, kPlanning).map(kRaw),
+                kAtRegistration);
     expectPoint(Operations::getTotalTransform(&scan, kPlanning).map(kRaw), kAtFreehand);
     scan.setFreehandAligned(false);
     expectPoint(Operations::getTotalTransform(&scan, kPlanning).map(kRaw), kAtRegistration);
 }
 
-TEST(SurfaceScanTransformations, RegistrationTotalOfAScanThatWasNeverPlacedIgnoresPlanningAndReference)
+TEST(SurfaceScanTransformations,
+     RegistrationTotalOfAScanThatWasNeverPlacedIgnoresPlanningAndReference)
 {
     SurfaceScanAlignment untouched;
     untouched.referenceTransform = translation(0.0F, 10.0F, 0.0F);
-    expectMatrix(Operations::getTotalRegistrationTransform(untouched, translation(7.0F, 0.0F, 0.0F)), {});
+    expectMatrix(
+        Operations::getTotalRegistrationTransform(untouched, translation(7.0F, 0.0F, 0.0F)), {});
     expectMatrix(Operations::getTotalTransform(untouched, translation(7.0F, 0.0F, 0.0F)), {});
     // M * P^-1
     expectMatrix(Operations::getTotalFreehandTransform(untouched, translation(7.0F, 0.0F, 0.0F)),
                  translation(7.0F, -10.0F, 0.0F));
 }
 
-TEST(SurfaceScanTransformations, RegistrationTotalIsNotTheIdentityOnceInitialFreehandOrRegistrationIsSet)
+TEST(SurfaceScanTransformations,
+     RegistrationTotalIsNotTheIdentityOnceInitialFreehandOrRegistrationIsSet)
 {
     const QMatrix4x4 planning = translation(7.0F, 0.0F, 0.0F);
     SurfaceScanAlignment alignment;
@@ -195,43 +203,44 @@ const QStringList kThenNotFreehand = kMove + QStringList{"setFreehandAligned(fal
 
 INSTANTIATE_TEST_SUITE_P(
     SurfaceScanTransformations, ChangeOfState,
-    testing::Values(Change{"RawToFreehand", &Operations::applyTotalFreehandTransform, false, kRaw,
-                           kAtFreehand, kThenFreehand},
-                    Change{"RawToRegistration", &Operations::applyTotalRegistratedTransform, true, kRaw,
-                           kAtRegistration, kThenNotFreehand},
-                    Change{"FreehandToRaw", &Operations::removeTotalFreehandOrRegistrated, true, kAtFreehand,
-                           kRaw, kThenNotFreehand},
-                    Change{"RegistrationToRaw", &Operations::removeTotalFreehandOrRegistrated, false,
-                           kAtRegistration, kRaw, kThenNotFreehand},
-                    Change{"InitialToFreehand", &Operations::initialToFreehand, false, kAtInitial,
-                           kAtFreehand, kThenFreehand},
-                    Change{"InitialToFreehandHasNoGuard", &Operations::initialToFreehand, true, kAtInitial,
-                           kAtFreehand, kThenFreehand},
-                    Change{"InitialToRegistrationLeavesTheFlagSet", &Operations::initialToRegistrated, true,
-                           kAtInitial, kAtRegistration, kMove},
-                    Change{"InitialToRegistrationLeavesTheFlagCleared", &Operations::initialToRegistrated,
-                           false, kAtInitial, kAtRegistration, kMove},
-                    Change{"FreehandToRegistration", &Operations::freehandToRegistration, true, kAtFreehand,
-                           kAtRegistration, kThenNotFreehand},
-                    Change{"FreehandToRegistrationDoesNothingToARegisteredOne",
-                           &Operations::freehandToRegistration,
-                           false,
-                           kAtRegistration,
-                           kAtRegistration,
-                           {}},
-                    Change{"RegistrationToFreehand", &Operations::registratedToFreehand, false,
-                           kAtRegistration, kAtFreehand, kThenFreehand},
-                    Change{"RegistrationToFreehandDoesNothingToAFreehandOne",
-                           &Operations::registratedToFreehand,
-                           true,
-                           kAtFreehand,
-                           kAtFreehand,
-                           {}},
-                    Change{"FreehandToInitialClearsTheFlagFirst", &Operations::freehandOrRegistratedToInitial,
-                           true, kAtFreehand, kAtInitial, QStringList{"setFreehandAligned(false)"} + kMove},
-                    Change{"RegistrationToInitialClearsTheFlagFirst",
-                           &Operations::freehandOrRegistratedToInitial, false, kAtRegistration, kAtInitial,
-                           QStringList{"setFreehandAligned(false)"} + kMove}),
+    testing::Values(
+        Change{"RawToFreehand", &Operations::applyTotalFreehandTransform, false, kRaw, kAtFreehand,
+               kThenFreehand},
+        Change{"RawToRegistration", &Operations::applyTotalRegistratedTransform, true, kRaw,
+               kAtRegistration, kThenNotFreehand},
+        Change{"FreehandToRaw", &Operations::removeTotalFreehandOrRegistrated, true, kAtFreehand,
+               kRaw, kThenNotFreehand},
+        Change{"RegistrationToRaw", &Operations::removeTotalFreehandOrRegistrated, false,
+               kAtRegistration, kRaw, kThenNotFreehand},
+        Change{"InitialToFreehand", &Operations::initialToFreehand, false, kAtInitial, kAtFreehand,
+               kThenFreehand},
+        Change{"InitialToFreehandHasNoGuard", &Operations::initialToFreehand, true, kAtInitial,
+               kAtFreehand, kThenFreehand},
+        Change{"InitialToRegistrationLeavesTheFlagSet", &Operations::initialToRegistrated, true,
+               kAtInitial, kAtRegistration, kMove},
+        Change{"InitialToRegistrationLeavesTheFlagCleared", &Operations::initialToRegistrated,
+               false, kAtInitial, kAtRegistration, kMove},
+        Change{"FreehandToRegistration", &Operations::freehandToRegistration, true, kAtFreehand,
+               kAtRegistration, kThenNotFreehand},
+        Change{"FreehandToRegistrationDoesNothingToARegisteredOne",
+               &Operations::freehandToRegistration,
+               false,
+               kAtRegistration,
+               kAtRegistration,
+               {}},
+        Change{"RegistrationToFreehand", &Operations::registratedToFreehand, false, kAtRegistration,
+               kAtFreehand, kThenFreehand},
+        Change{"RegistrationToFreehandDoesNothingToAFreehandOne",
+               &Operations::registratedToFreehand,
+               true,
+               kAtFreehand,
+               kAtFreehand,
+               {}},
+        Change{"FreehandToInitialClearsTheFlagFirst", &Operations::freehandOrRegistratedToInitial,
+               true, kAtFreehand, kAtInitial, QStringList{"setFreehandAligned(false)"} + kMove},
+        Change{"RegistrationToInitialClearsTheFlagFirst",
+               &Operations::freehandOrRegistratedToInitial, false, kAtRegistration, kAtInitial,
+               QStringList{"setFreehandAligned(false)"} + kMove}),
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST_P(ChangeOfState, MovesTheMeshAndCallsTheHostInOrder)
@@ -337,7 +346,8 @@ TEST(SurfaceScanTransformations, ApplyTransformMovesRelativelyAndLeavesTheFlag)
 }
 
 // w is the first coordinate of a vertex. (0, 3, 4) is divided by 0, (2, 3, 4) by 2.
-TEST(SurfaceScanTransformations, VertexThatAFiniteMatrixMapsToWZeroIsInfiniteOrNanPermanentlyByDesign)
+TEST(SurfaceScanTransformations,
+     VertexThatAFiniteMatrixMapsToWZeroIsInfiniteOrNanPermanentlyByDesign)
 {
     SurfaceScan scan;
     scan.setMesh(geometry::Mesh({{0.0F, 3.0F, 4.0F}, kRaw}, {}));
@@ -366,8 +376,8 @@ TEST(SurfaceScanTransformations, IdentityRegistrationTotalIsStillAppliedAsAMove)
     expectPoint(vertexOf(scan), kRaw);
 }
 
-// F has no inverse, and so has Tf: its inverse counts as the identity, and the move is Tr itself. An algebraically
-// reduced M * G * M^-1 would be another matrix.
+// F has no inverse, and so has Tf: its inverse counts as the identity, and the move is Tr itself.
+// An algebraically reduced M * G * M^-1 would be another matrix.
 TEST(SurfaceScanTransformations, RelativeMatricesUseTheInverseOfTheWholeTotal)
 {
     RecordingScan scan;
@@ -449,8 +459,9 @@ TEST(SurfaceScanTransformations, SetAlignmentTakesTheSurfacesOwnRecord)
     }
 }
 
-// The reference of the old record is P, a shift along y by 10, and the planning transform of both moves although the
-// new record has another one. I, F and M * P^-1 with the new P, a shift along x by 1, take (2, 3, 4) to (3, 3, 4),
+// The reference of the old record is P, a shift along y by 10, and the planning transform of both
+// moves although the new record has another one. I, F and M * P^-1 with the new P, a shift along x
+// by 1, take (2, 3, 4) to (3, 3, 4),
 // (-3, 3, 4) and (-4, 13, 4).
 TEST(SurfaceScanTransformations, SetAlignmentTakesAMatrixOfTheSurfacesOwnRecordAsPlanningTransform)
 {
@@ -472,12 +483,13 @@ TEST(SurfaceScanTransformations, SetAlignmentOfASurfaceWithoutAModelStoresItAndI
     Operations::setAlignment(nullptr, anAlignment(true), kPlanning);
 }
 
-// Both moves of setAlignment() must be finite before it begins, or the mesh would stay behind on the way.
+// Both moves of setAlignment() must be finite before it begins, or the mesh would stay behind on
+// the way.
 TEST(SurfaceScanTransformations, SetAlignmentChangesNothingIfEitherOfItsMovesIsNotFinite)
 {
     const QMatrix4x4 odd = translation(kNan, 0.0F, 0.0F);
-    const auto expectUnchanged = [](const SurfaceScanAlignment& stored, const SurfaceScanAlignment& next,
-                                    const QMatrix4x4& planning) {
+    const auto expectUnchanged = [](const SurfaceScanAlignment& stored,
+                                    const SurfaceScanAlignment& next, const QMatrix4x4& planning) {
         RecordingScan scan;
         scan.setMesh(geometry::Mesh({kRaw}, {}));
         scan.SurfaceScan::setSurfaceScanAlignment(stored);
@@ -493,7 +505,8 @@ TEST(SurfaceScanTransformations, SetAlignmentChangesNothingIfEitherOfItsMovesIsN
         {
             SCOPED_TRACE("planning transform");
             expectUnchanged(anAlignment(!freehandAligned), good, odd);
-            expectUnchanged(anAlignment(!freehandAligned), good, translation(0.0F, kInfinity, 0.0F));
+            expectUnchanged(anAlignment(!freehandAligned), good,
+                            translation(0.0F, kInfinity, 0.0F));
         }
         {
             SCOPED_TRACE("new record");
@@ -594,7 +607,8 @@ public:
             const Eigen::Vector4d expected =
                 placement() *
                 Eigen::Vector4d(double(raw[i].x()), double(raw[i].y()), double(raw[i].z()), 1.0);
-            const Eigen::Vector3d actual(double(vertex.x()), double(vertex.y()), double(vertex.z()));
+            const Eigen::Vector3d actual(double(vertex.x()), double(vertex.y()),
+                                         double(vertex.z()));
             largest = std::max(largest, (actual - expected.head<3>()).norm());
         }
         return largest;
@@ -662,14 +676,16 @@ TEST(SurfaceScanTransformations, MeshStandsAtTheTotalOfItsStateAfterAThousandRan
 }
 
 // Laws 1 and 3.
-TEST(SurfaceScanTransformations, FreehandToRegistrationAndBackAndTheStoredAlignmentAgainRestoreTheMesh)
+TEST(SurfaceScanTransformations,
+     FreehandToRegistrationAndBackAndTheStoredAlignmentAgainRestoreTheMesh)
 {
     constexpr unsigned seed = 62;
     RandomGeometry random(seed);
     double largest = 0.0;
     for (int i = 0; i < 1000; ++i) {
         const SurfaceScanAlignment alignment{random.rigidPlacement(), random.rigidPlacement(),
-                                             random.rigidPlacement(), random.rigidPlacement(), true};
+                                             random.rigidPlacement(), random.rigidPlacement(),
+                                             true};
         const QMatrix4x4 planning = random.rigidPlacement();
         SurfaceScan scan;
         scan.setMesh(geometry::Mesh({random.point(40.0F)}, {}));
@@ -695,29 +711,35 @@ SurfaceScan& withVertices(SurfaceScan& scan, const QList<QVector3D>& vertices)
 TEST(SurfaceScanTransformations, HeightOffsetUpIsThatOfTheHighestVertexAboveTheCentrePlusMargin)
 {
     SurfaceScan scan;
-    withVertices(scan, {{0.0F, 0.0F, 1.0F}, {5.0F, 0.0F, 8.0F}, {1.0F, 1.0F, 0.0F}}); // centre z = 3
+    withVertices(scan,
+                 {{0.0F, 0.0F, 1.0F}, {5.0F, 0.0F, 8.0F}, {1.0F, 1.0F, 0.0F}}); // centre z = 3
     EXPECT_EQ(Operations::computeInitialHeightOffset(&scan, {0.0F, 0.0F, 1.0F}, 3.0F), 8.0F);
 }
 
-TEST(SurfaceScanTransformations, HeightOffsetDownIsTheDepthOfTheLowestVertexBelowTheCentrePlusMargin)
+TEST(SurfaceScanTransformations,
+     HeightOffsetDownIsTheDepthOfTheLowestVertexBelowTheCentrePlusMargin)
 {
     SurfaceScan scan;
-    withVertices(scan, {{0.0F, 0.0F, 1.0F}, {5.0F, 0.0F, 8.0F}, {1.0F, 1.0F, -3.0F}}); // centre z = 2
+    withVertices(scan,
+                 {{0.0F, 0.0F, 1.0F}, {5.0F, 0.0F, 8.0F}, {1.0F, 1.0F, -3.0F}}); // centre z = 2
     EXPECT_EQ(Operations::computeInitialHeightOffset(&scan, {0.0F, 0.0F, -1.0F}, 1.0F), 6.0F);
 }
 
 TEST(SurfaceScanTransformations, HeightOffsetAlongAnotherDirectionTurnsFromTheZAxisOntoIt)
 {
-    // The rotation takes z onto x, and so x onto -z: the height of a vertex is its -x. The centre is at x = 2.
+    // The rotation takes z onto x, and so x onto -z: the height of a vertex is its -x. The centre
+    // is at x = 2.
     SurfaceScan scan;
     withVertices(scan, {{-1.0F, 0.0F, 0.0F}, {5.0F, 0.0F, 0.0F}});
-    EXPECT_NEAR(Operations::computeInitialHeightOffset(&scan, {1.0F, 0.0F, 0.0F}, 0.5F), 3.5F, 1e-5F);
+    EXPECT_NEAR(Operations::computeInitialHeightOffset(&scan, {1.0F, 0.0F, 0.0F}, 0.5F), 3.5F,
+                1e-5F);
 }
 
 TEST(SurfaceScanTransformations, HeightOffsetOfAnEmptyMeshIsThatOfTheLowestFloat)
 {
     const SurfaceScan scan;
-    EXPECT_EQ(Operations::computeInitialHeightOffset(&scan, {0.0F, 0.0F, 1.0F}, 3.0F), 3.4028235e38F);
+    EXPECT_EQ(Operations::computeInitialHeightOffset(&scan, {0.0F, 0.0F, 1.0F}, 3.0F),
+              3.4028235e38F);
 }
 
 TEST(SurfaceScanTransformations, HeightOffsetWithoutSurfaceOrModelIsZero)
@@ -742,7 +764,8 @@ TEST(SurfaceScanTransformations, HeightOffsetCountsAVertexOfNanForNothing)
 // The plain loop over Qt's rotation.
 float plainHeightOffset(const Surface3DModel& model, const QVector3D& direction, float margin)
 {
-    const QQuaternion q = math::Operations::getRotationTo({0.0F, 0.0F, 1.0F}, direction, {1.0F, 0.0F, 0.0F});
+    const QQuaternion q =
+        math::Operations::getRotationTo({0.0F, 0.0F, 1.0F}, direction, {1.0F, 0.0F, 0.0F});
     float h = -3.4028235e38F;
     for (const QVector3D& vertex : model.getMesh().getVertices()) {
         const float z = q.rotatedVector(vertex).z();
@@ -787,7 +810,8 @@ TEST(SurfaceScanTransformations, HeightOffsetAlongNoDirectionIsTheHeightUp)
 {
     SurfaceScan scan;
     withVertices(scan, {{0.0F, 0.0F, 1.0F}, {5.0F, 0.0F, 8.0F}, {1.0F, 1.0F, 0.0F}});
-    for (const QVector3D& none : {QVector3D(), QVector3D(kNan, 0.0F, 0.0F), QVector3D(0.0F, kInfinity, 0.0F)})
+    for (const QVector3D& none :
+         {QVector3D(), QVector3D(kNan, 0.0F, 0.0F), QVector3D(0.0F, kInfinity, 0.0F)})
         EXPECT_EQ(Operations::computeInitialHeightOffset(&scan, none, 3.0F), 8.0F);
 }
 

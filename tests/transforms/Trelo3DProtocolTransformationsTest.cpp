@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/Trelo3DProtocolTransformations.h>
 
-// Covered: the target point for either jaw, the matrix that takes the scan there, and the calls that the host sees
-// when a scan is placed.
+// Covered: the target point for either jaw, the matrix that takes the scan there, and the calls
+// that the host sees when a scan is placed.
 
 #include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
 #include <CoreAlgorithms/transforms/SurfaceScanTransformations.h>
@@ -19,13 +19,13 @@ struct Trelo3DProtocolTransformationsTestAccess
 {
     using Protocol = Trelo3DProtocolTransformations;
 
-    static QMatrix4x4 matrix(const SurfaceScan* scan, JawType jaw, const QVector3D& a, const QVector3D& b,
-                             const QVector3D& c, const QMatrix4x4& initial)
+    static QMatrix4x4 matrix(const SurfaceScan* scan, JawType jaw, const QVector3D& a,
+                             const QVector3D& b, const QVector3D& c, const QMatrix4x4& initial)
     {
         return Protocol::calculateInitialTransform(scan, jaw, a, b, c, initial);
     }
-    static QVector3D target(const SurfaceScan* scan, JawType jaw, const QVector3D& a, const QVector3D& b,
-                            const QVector3D& c)
+    static QVector3D target(const SurfaceScan* scan, JawType jaw, const QVector3D& a,
+                            const QVector3D& b, const QVector3D& c)
     {
         return Protocol::toTargetPosition(scan, jaw, a, b, c);
     }
@@ -55,7 +55,8 @@ static_assert(std::is_same_v<decltype(Protocol::INITIAL_HEIGHT_OFFSET_MARGIN_LOW
 static_assert(Protocol::INITIAL_HEIGHT_OFFSET_MARGIN_LOWER == 3.0F &&
               Protocol::INITIAL_HEIGHT_OFFSET_MARGIN_UPPER == 1.0F);
 
-// The middle of these is x = 50 (of b alone), y = (10 + 30) / 2 = 20 (of a and c), z = (60 + 66 + 72) / 3 = 66.
+// The middle of these is x = 50 (of b alone), y = (10 + 30) / 2 = 20 (of a and c), z = (60 + 66 +
+// 72) / 3 = 66.
 const QVector3D kA(1.0F, 10.0F, 60.0F);
 const QVector3D kB(50.0F, 99.0F, 66.0F);
 const QVector3D kC(2.0F, 30.0F, 72.0F);
@@ -70,8 +71,8 @@ void giveMesh(Scan& scan)
 void expectPoint(const QVector3D& point, const QVector3D& expected)
 {
     EXPECT_TRUE(point.x() == expected.x() && point.y() == expected.y() && point.z() == expected.z())
-        << "(" << point.x() << ", " << point.y() << ", " << point.z() << ") is not (" << expected.x() << ", "
-        << expected.y() << ", " << expected.z() << ")";
+        << "(" << point.x() << ", " << point.y() << ", " << point.z() << ") is not ("
+        << expected.x() << ", " << expected.y() << ", " << expected.z() << ")";
 }
 
 // 10 / 3 is 3.33333325; 10 times a third is 3.33333349.
@@ -111,7 +112,8 @@ TEST(Trelo3DProtocolTransformations, AnyOtherJawGoesToThePlainCentreOfTheLandmar
     SurfaceScan scan;
     giveMesh(scan);
     for (const int jaw : {0, 3, -1, 7})
-        expectPoint(Access::target(&scan, static_cast<JawType>(jaw), kA, kB, kC), {50.0F, 20.0F, 66.0F});
+        expectPoint(Access::target(&scan, static_cast<JawType>(jaw), kA, kB, kC),
+                    {50.0F, 20.0F, 66.0F});
 }
 
 TEST(Trelo3DProtocolTransformations, MatrixTakesTheCentreOfMassAsPlacedByInitialToTheTarget)
@@ -119,7 +121,8 @@ TEST(Trelo3DProtocolTransformations, MatrixTakesTheCentreOfMassAsPlacedByInitial
     SurfaceScan scan;
     giveMesh(scan);
     // the centre (4, 5, 3) is placed at (-5, 4, 3)
-    const QMatrix4x4 matrix = Access::matrix(&scan, LowerJaw, kA, kB, kC, test::quarterTurnAboutZ());
+    const QMatrix4x4 matrix =
+        Access::matrix(&scan, LowerJaw, kA, kB, kC, test::quarterTurnAboutZ());
     expectPoint(matrix.map(QVector3D(-5.0F, 4.0F, 3.0F)), {50.0F, 25.0F, 58.0F});
     // and is a mere translation
     expectPoint(matrix.map(QVector3D()), {55.0F, 21.0F, 55.0F});
@@ -133,12 +136,13 @@ TEST(Trelo3DProtocolTransformations, PlacingStoresBothMatricesAndMovesTheMeshByO
                                                                 test::quarterTurnAboutZ());
     EXPECT_EQ(scan.getInitialTransform(), test::quarterTurnAboutZ());
     EXPECT_EQ(scan.getFreehandTransform(), translation(55.0F, 16.0F, 67.0F));
-    EXPECT_EQ(scan.moves, QList<QMatrix4x4>({test::quarterTurnAboutZ(), translation(55.0F, 16.0F, 67.0F)}));
+    EXPECT_EQ(scan.moves,
+              QList<QMatrix4x4>({test::quarterTurnAboutZ(), translation(55.0F, 16.0F, 67.0F)}));
     expectPoint(scan.getMesh().getVertices()[1], {-4.0F + 55.0F, 4.0F + 16.0F, 8.0F + 67.0F});
     expectPoint(scan.getCenterOfMass(), {50.0F, 20.0F, 70.0F});
     const QStringList move{"startEditing", "setObjectTransform", "refresh", "stopEditing"};
-    EXPECT_EQ(scan.calls,
-              QStringList{"setInitialTransform"} + move + QStringList{"setFreehandTransform"} + move);
+    EXPECT_EQ(scan.calls, QStringList{"setInitialTransform"} + move +
+                              QStringList{"setFreehandTransform"} + move);
     EXPECT_FALSE(scan.isFreehandAligned());
 }
 
@@ -172,7 +176,8 @@ TEST(Trelo3DProtocolTransformations, BracketIsClosedIfTheHostThrows)
     RecordingScan scan;
     giveMesh(scan);
     scan.throwing = true;
-    EXPECT_THROW(Protocol::calculateAndApplyInitialSurfaceScanTransformation(&scan, UpperJaw, kA, kB, kC, {}),
+    EXPECT_THROW(Protocol::calculateAndApplyInitialSurfaceScanTransformation(&scan, UpperJaw, kA,
+                                                                             kB, kC, {}),
                  std::runtime_error);
     EXPECT_EQ(scan.calls.last(), QStringLiteral("stopEditing"));
     EXPECT_FALSE(scan.isEditing());
@@ -189,8 +194,8 @@ TEST(Trelo3DProtocolTransformations, NothingIsDoneIfALandmarkOrTheInitialMatrixI
 {
     RecordingScan scan;
     giveMesh(scan);
-    Protocol::calculateAndApplyInitialSurfaceScanTransformation(&scan, LowerJaw, kA, {kNan, 0.0F, 0.0F}, kC,
-                                                                {});
+    Protocol::calculateAndApplyInitialSurfaceScanTransformation(&scan, LowerJaw, kA,
+                                                                {kNan, 0.0F, 0.0F}, kC, {});
     Protocol::calculateAndApplyInitialSurfaceScanTransformation(&scan, LowerJaw, kA, kB, kC,
                                                                 translation(0.0F, kNan, 0.0F));
     EXPECT_TRUE(scan.calls.isEmpty());
