@@ -24,6 +24,8 @@
 #include <CoreAlgorithms/model/dataobjects/SurfaceTrees.h>
 #include <CoreAlgorithms/model/dataobjects/Teeth.h>
 #include <CoreAlgorithms/model/dataobjects/VolumeObject.h>
+#include <CoreAlgorithms/transforms/FiniteMatrix_p.h>
+#include <CoreAlgorithms/transforms/JawTypes_p.h>
 #include <CoreAlgorithms/transforms/OcclusionMovementCalculator.h>
 #include <CoreAlgorithms/transforms/OcclusionMovements.h>
 #include <CoreAlgorithms/transforms/SetOcclusionMovementTransformationsUndoCommand.h>
@@ -36,10 +38,29 @@
 
 namespace {
 
-// The reason that implants and pins are told when they are placed anew.
-constexpr auto kScannerTransformation = TransformManipulationType(hostvalues::kScannerTransformation);
-// The frame of a free point that has one position for all.
-constexpr auto kOnlyContext = Context(hostvalues::kVolumeContext);
+// These enumerators are stated by value, since each host has its own names for them.
+constexpr auto kScannerTransformation = TransformManipulationType(3); // why implants move
+constexpr auto kOnlyContext = Context(0); // the frame of a free point with one position for all
+constexpr auto kCreatedFromSpline = CreationType(0);
+
+// Remembers the classes that are not of the kind: a plan has many objects of few classes.
+template <typename Kind>
+QList<Kind*> objectsOfKind(const QList<DataObject*>& objects)
+{
+    QList<Kind*> found;
+    QVarLengthArray<const std::type_info*, 48> otherClasses;
+    for (DataObject* object : objects) {
+        if (!object || otherClasses.contains(&typeid(*object)))
+            continue;
+        if (auto* ofKind = dynamic_cast<Kind*>(object))
+            found.append(ofKind);
+        else
+            otherClasses.append(&typeid(*object));
+    }
+    return found;
+}
+
+// What is done with one object.
 
 void moveSurface(Surface3DModel& surface, const QMatrix4x4& matrix)
 {
@@ -48,44 +69,97 @@ void moveSurface(Surface3DModel& surface, const QMatrix4x4& matrix)
     surface.refresh();
 }
 
-// For what has its position as a whole.
-template <typename Positioned>
-void mapPosition(Positioned& object, const QMatrix4x4& matrix)
+void moveTree(SurfaceTree& tree, const QMatrix4x4& matrix)
+{
+    tree.setObjectTransform(matrix);
+}
+
+template <typename Kind>
+void moveItself(Kind& object, const QMatrix4x4& matrix)
+{
+    object.applyTransform(matrix);
+}
+
+template <typename Kind>
+void moveGuidingLine(Kind& object, const QMatrix4x4& matrix)
+{
+    if (const auto line = object.getGuidingLine())
+        line->transformAndCreateNewPoints(matrix);
+}
+
+void moveNerve(dataobject::Nerve& nerve, const QMatrix4x4& matrix)
+{
+    moveGuidingLine(nerve, matrix);
+    moveSurface(nerve, matrix);
+}
+
+void moveOriginalModels(Anatomy& anatomy, const QMatrix4x4& matrix)
+{
+    for (const auto& model : {anatomy.getOriginalCranium(), anatomy.getOriginalMandible()}) {
+        if (model)
+            moveSurface(*model, matrix);
+    }
+}
+
+void moveDistractor(Distractor& distractor, const QMatrix4x4& matrix)
+{
+    // Read before the tree moves, which the host's position may follow.
+    const QVector3D position = distractor.getTransform().column(3).toVector3D();
+    if (const auto tree = distractor.getSurfaceTree())
+        tree->setObjectTransform(matrix);
+    distractor.moveTo(matrix.map(position));
+}
+
+template <typename Kind>
+void mapPosition(Kind& object, const QMatrix4x4& matrix)
 {
     object.changePosition(matrix.map(object.getPosition()));
 }
 
-// For what is placed absolutely.
-template <typename Placed, typename... Reason>
-void placeAnew(Placed& object, const QMatrix4x4& matrix, Reason... reason)
+void mapPositions(LineAnnotation& annotation, const QMatrix4x4& matrix)
 {
-    object.setObjectTransform(matrix * object.getObjectTransform(), reason...);
+    const QList<QVector3D> positions = annotation.getPositions();
+    for (int i = 0; i < positions.size(); ++i)
+        annotation.changePosition(i, matrix.map(positions[i]));
 }
 
-DentalScan* scanOfJaw(const QList<DentalScan*>& scans, JawType jaw)
+void mapApex(dataobject::Apex& apex, const QMatrix4x4& matrix)
 {
-    const auto found = std::find_if(scans.begin(), scans.end(), [jaw](const DentalScan* scan) {
-        return scan->getJawType() == jaw;
-    });
-    return found == scans.end() ? nullptr : *found;
+    apex.setPosition(matrix.map(apex.getPosition()));
 }
 
-// Both lists, each part type once.
-QStringList listedPartTypes(const dataobject::PlannedToPostOpCollection& collection)
+void mapBase(dataobject::RootCanal& canal, const QMatrix4x4& matrix)
 {
-    QStringList types =
-        collection.getTransformationSurgeryPartTypes() + collection.getComparedSurgeryPartTypes();
-    types.removeDuplicates();
-    return types;
+    canal.setBasePosition(matrix.map(canal.getBasePosition()));
+}
+
+void updateOrientation(dataobject::LockedImplantPlan& plan, const QMatrix4x4& matrix)
+{
+    plan.updateScannerOrientation(matrix);
+}
+
+template <typename Kind>
+void place(Kind& object, const QMatrix4x4& matrix)
+{
+    object.setObjectTransform(matrix * object.getObjectTransform());
+}
+
+template <typename Kind>
+void placeForTheScanner(Kind& object, const QMatrix4x4& matrix)
+{
+    object.setObjectTransform(matrix * object.getObjectTransform(), kScannerTransformation);
 }
 
 void moveCollection(dataobject::PlannedToPostOpCollection& collection, const QMatrix4x4& matrix)
 {
+    QStringList types =
+        collection.getTransformationSurgeryPartTypes() + collection.getComparedSurgeryPartTypes();
+    types.removeDuplicates();
+
     const QMatrix4x4 inverse = matrix.inverted();
     std::map<QString, QMatrix4x4> toPlanned;
     std::map<QString, QMatrix4x4> toPostOp;
-    const QStringList types = listedPartTypes(collection);
-    for (const QString& type : types) {
+    for (const QString& type : std::as_const(types)) {
         if (const auto planned = collection.getFromPreOpToPlannedTransformation(type))
             toPlanned.emplace(type, matrix * planned.value() * inverse);
         if (const auto postOp = collection.getFromPreOpToPostOpTransformation(type))
@@ -93,10 +167,17 @@ void moveCollection(dataobject::PlannedToPostOpCollection& collection, const QMa
     }
     if (!toPlanned.empty() || !toPostOp.empty())
         collection.setFromPreOpToPlannedAndPostOpTransformations(toPlanned, toPostOp);
-    for (const QString& type : types) {
+    for (const QString& type : std::as_const(types)) {
         if (const auto point = collection.getPreOpRotationPoint(type))
             collection.setPreOpRotationPoint(type, matrix.map(point.value()));
     }
+}
+
+DentalScan* scanOfJaw(const QList<DentalScan*>& scans, JawType jaw)
+{
+    const auto found =
+        std::ranges::find(scans, jaw, [](const DentalScan* scan) { return scan->getJawType(); });
+    return found == scans.end() ? nullptr : *found;
 }
 
 } // namespace
@@ -115,8 +196,7 @@ void PlanningApplyTransform::setNewScannerTransform(const QMatrix4x4& transform)
 
 QList<DataObject*> PlanningApplyTransform::applyTransform(const QMatrix4x4& M)
 {
-    const QMatrix4x4 matrix =
-        M; // a copy: M may be a placement of the plan, which changes on the way
+    const QMatrix4x4 matrix = M; // M may be a placement of the plan, which the steps change
     changedObjects.clear();
     if (!finiteness::isFinite(matrix))
         return {};
@@ -160,322 +240,122 @@ QList<DataObject*> PlanningApplyTransform::applyTransform(const QMatrix4x4& M)
     return changedObjects;
 }
 
-// A plan has many objects of few classes, and whether a class is of a kind is asked 40 times:
-// classes that were found not to be are remembered while the list is searched, which takes a third
-// of the time of casting every object.
-template <typename Kind>
-QList<Kind*> PlanningApplyTransform::objectsOfKind() const
-{
-    QList<Kind*> found;
-    QVarLengthArray<const std::type_info*, 48> otherClasses;
-    for (DataObject* object : dataObjects) {
-        if (!object)
-            continue;
-        const std::type_info* objectClass = &typeid(*object);
-        if (otherClasses.contains(objectClass))
-            continue;
-        if (auto* ofKind = dynamic_cast<Kind*>(object))
-            found.append(ofKind);
-        else
-            otherClasses.append(objectClass);
+// The steps that do one thing with every object of a kind and record it.
+#define STEP(step, Kind, treat)                                                                    \
+    void PlanningApplyTransform::step(const QMatrix4x4& matrix)                                    \
+    {                                                                                              \
+        for (Kind * object : objectsOfKind<Kind>(dataObjects)) {                                   \
+            treat(*object, matrix);                                                                \
+            changedObjects.append(object);                                                         \
+        }                                                                                          \
     }
-    return found;
-}
-
-template <typename Kind, typename Treatment>
-void PlanningApplyTransform::changeEach(const Treatment& treat)
-{
-    for (Kind* object : objectsOfKind<Kind>()) {
-        treat(*object);
-        changedObjects.append(object);
-    }
-}
+STEP(transformAttachablePoint, dataobject::AttachablePoint, moveItself)
+STEP(transformPointAnnotations, PointAnnotation, mapPosition)
+STEP(transformLineAnnotations, LineAnnotation, mapPositions)
+STEP(transformPencilAnnotation3D, PencilAnnotation3D, moveItself)
+STEP(transformPointBasedAnnotation3D, dataobject::PointBased3DAnnotationBase, moveItself)
+STEP(transformArrowAnnotation3D, ArrowAnnotation3D, moveItself)
+STEP(transformCircleAnnotation3D, CircleAnnotation3D, moveItself)
+STEP(transformTextAnnotation3D, TextAnnotation3D, moveItself)
+STEP(transformCustomResliceAnnotation, CustomResliceAnnotation, moveItself)
+STEP(transformPolyLines, PolyLine, transformPolyLine)
+STEP(transformGreyValueMeasurement, GreyValueMeasurement, mapPosition)
+STEP(transformSurgicalSplints, dataobject::SurgicalSplint, moveSurface)
+STEP(transformNerve, dataobject::Nerve, moveNerve)
+STEP(transformOriginalSurgeryModels, Anatomy, moveOriginalModels)
+STEP(transformDistractor, Distractor, moveDistractor)
+STEP(transformSoftTissueModel, SoftTissueModel, moveSurface)
+STEP(transformSkin, Skin, moveSurface)
+STEP(transformOsteotomySurface, OsteotomySurface, moveSurface)
+STEP(transformTempShell, TempShell, moveTree)
+STEP(transformTemporomandibularJoints, dataobject::TemporomandibularJoint, moveGuidingLine)
+STEP(transformAirway, dataobject::Airway, moveSurface)
+STEP(transformShowObjects, ShowObject, moveSurface)
+STEP(transformPatientSurfaceModel, dataobject::PatientSurfaceModel, moveSurface)
+STEP(transformLockedImplantPlan, dataobject::LockedImplantPlan, updateOrientation)
+STEP(transformAnchorPin3D, dataobject::AnchorPin3D, placeForTheScanner)
+STEP(transformImplant3D, dataobject::Implant3D, placeForTheScanner)
+STEP(transformPreviewSurgicalTemplates, dataobject::PreviewSurgicalTemplate, place)
+STEP(transformSurgicalTemplate3D, dataobject::SurgicalTemplate3D, place)
+STEP(transformPlannedToPostOpCollection, dataobject::PlannedToPostOpCollection, moveCollection)
+STEP(transformApexPoints, dataobject::Apex, mapApex)
+STEP(transformRootCanals, dataobject::RootCanal, mapBase)
+STEP(transformVirtualTooth, VirtualTooth, place)
+#undef STEP
 
 void PlanningApplyTransform::transformPlanarDentalSpline(const QMatrix4x4& matrix)
 {
-    const auto volumes = objectsOfKind<CTDataVolumeObject>();
-    // Intended: the first volume decides, also one without data; the plan stands in its frame.
+    const auto volumes = objectsOfKind<CTDataVolumeObject>(dataObjects);
+    // Intended: the first volume decides, even one without data; the plan is in its frame.
     const auto ct = volumes.isEmpty() ? nullptr : volumes.first()->getCTData();
     if (!ct)
         return;
-    const QVector3D centre = ct->getBoundingBox().center();
+    const QVector3D center = ct->getBoundingBox().center();
     const float percentage =
         occlusalPropertiesCalculator::getOcclusalCenterPercentage(ct->getOcclusalPlaneDefinition());
-    // Intended: not mapped by the matrix; the index counts slices of the volume as it now lies.
-    const QVector3D occlusalCentre(centre.x(), centre.y(), centre.z() * percentage);
-    const int occlusalIndex = occlusalPropertiesCalculator::getOcclusalIndex(*ct, occlusalCentre);
-    changeEach<PlanarDentalSpline>([&](PlanarDentalSpline& spline) {
-        PlanarDentalSplineUpdater::transform(spline, matrix, occlusalIndex);
-    });
+    // Intended: not mapped by the matrix; the index counts slices of the volume as it is now.
+    const QVector3D occlusalCenter(center.x(), center.y(), center.z() * percentage);
+    const int occlusalIndex = occlusalPropertiesCalculator::getOcclusalIndex(*ct, occlusalCenter);
+    for (PlanarDentalSpline* spline : objectsOfKind<PlanarDentalSpline>(dataObjects)) {
+        PlanarDentalSplineUpdater::transform(*spline, matrix, occlusalIndex);
+        changedObjects.append(spline);
+    }
 }
 
 void PlanningApplyTransform::transformToothAnnotations(const QMatrix4x4& matrix)
 {
-    for (ToothAnnotation3D* annotation : objectsOfKind<ToothAnnotation3D>()) {
-        // Intended: labels of creation type 0 follow the dental splines, from which the application
-        // makes them anew.
-        if (annotation->getCreationType() == CreationType(0))
+    for (ToothAnnotation3D* annotation : objectsOfKind<ToothAnnotation3D>(dataObjects)) {
+        // Intended: these labels follow the dental splines, from which the application makes them
+        // again.
+        if (annotation->getCreationType() == kCreatedFromSpline)
             continue;
         annotation->applyTransform(matrix);
         changedObjects.append(annotation);
     }
 }
 
-void PlanningApplyTransform::transformAttachablePoint(const QMatrix4x4& matrix)
-{
-    changeEach<dataobject::AttachablePoint>(
-        [&matrix](dataobject::AttachablePoint& point) { point.applyTransform(matrix); });
-}
-
-void PlanningApplyTransform::transformPointAnnotations(const QMatrix4x4& matrix)
-{
-    changeEach<PointAnnotation>(
-        [&matrix](PointAnnotation& annotation) { mapPosition(annotation, matrix); });
-}
-
-void PlanningApplyTransform::transformLineAnnotations(const QMatrix4x4& matrix)
-{
-    changeEach<LineAnnotation>([&matrix](LineAnnotation& annotation) {
-        const QList<QVector3D> positions = annotation.getPositions();
-        for (int i = 0; i < static_cast<int>(positions.size()); ++i)
-            annotation.changePosition(i, matrix.map(positions[i]));
-    });
-}
-
-void PlanningApplyTransform::transformPencilAnnotation3D(const QMatrix4x4& matrix)
-{
-    changeEach<PencilAnnotation3D>(
-        [&matrix](PencilAnnotation3D& annotation) { annotation.applyTransform(matrix); });
-}
-
-void PlanningApplyTransform::transformPointBasedAnnotation3D(const QMatrix4x4& matrix)
-{
-    changeEach<dataobject::PointBased3DAnnotationBase>(
-        [&matrix](dataobject::PointBased3DAnnotationBase& annotation) {
-            annotation.applyTransform(matrix);
-        });
-}
-
-void PlanningApplyTransform::transformArrowAnnotation3D(const QMatrix4x4& matrix)
-{
-    changeEach<ArrowAnnotation3D>(
-        [&matrix](ArrowAnnotation3D& annotation) { annotation.applyTransform(matrix); });
-}
-
-void PlanningApplyTransform::transformCircleAnnotation3D(const QMatrix4x4& matrix)
-{
-    changeEach<CircleAnnotation3D>(
-        [&matrix](CircleAnnotation3D& annotation) { annotation.applyTransform(matrix); });
-}
-
-void PlanningApplyTransform::transformTextAnnotation3D(const QMatrix4x4& matrix)
-{
-    changeEach<TextAnnotation3D>(
-        [&matrix](TextAnnotation3D& annotation) { annotation.applyTransform(matrix); });
-}
-
-void PlanningApplyTransform::transformCustomResliceAnnotation(const QMatrix4x4& matrix)
-{
-    changeEach<CustomResliceAnnotation>(
-        [&matrix](CustomResliceAnnotation& annotation) { annotation.applyTransform(matrix); });
-}
-
-void PlanningApplyTransform::transformPolyLines(const QMatrix4x4& matrix)
-{
-    changeEach<PolyLine>([&matrix](PolyLine& line) { transformPolyLine(line, matrix); });
-}
-
-void PlanningApplyTransform::transformGreyValueMeasurement(const QMatrix4x4& matrix)
-{
-    changeEach<GreyValueMeasurement>(
-        [&matrix](GreyValueMeasurement& measurement) { mapPosition(measurement, matrix); });
-}
-
-void PlanningApplyTransform::transformSurgicalSplints(const QMatrix4x4& matrix)
-{
-    changeEach<dataobject::SurgicalSplint>(
-        [&matrix](dataobject::SurgicalSplint& surface) { moveSurface(surface, matrix); });
-}
-
-void PlanningApplyTransform::transformNerve(const QMatrix4x4& matrix)
-{
-    changeEach<dataobject::Nerve>([&matrix](dataobject::Nerve& nerve) {
-        if (const auto line = nerve.getGuidingLine())
-            line->transformAndCreateNewPoints(matrix);
-        moveSurface(nerve, matrix);
-    });
-}
-
 void PlanningApplyTransform::transformSurfaceScans(const QMatrix4x4& matrix)
 {
-    changeEach<SurfaceScan>([&matrix](SurfaceScan& scan) { transformSurfaceScan(&scan, matrix); });
+    for (SurfaceScan* scan : objectsOfKind<SurfaceScan>(dataObjects)) {
+        transformSurfaceScan(scan, matrix);
+        changedObjects.append(scan);
+    }
 }
 
 void PlanningApplyTransform::transformSurgeryPlanningPart(const QMatrix4x4& matrix)
 {
-    changeEach<SurgeryPlanningPart>([&matrix](SurgeryPlanningPart& part) {
-        moveSurface(part, matrix);
-        if (auto* mandibula = dynamic_cast<Mandibula*>(&part)) {
+    for (SurgeryPlanningPart* part : objectsOfKind<SurgeryPlanningPart>(dataObjects)) {
+        moveSurface(*part, matrix);
+        if (auto* mandibula = dynamic_cast<Mandibula*>(part)) {
             updateCondylePositionTransformation(mandibula, matrix);
             updateAutorotationPositionTransformation(mandibula, matrix);
             updateOcclusalPlanePositionTransformation(mandibula, matrix);
         } else {
-            updateRotationPosition(&part, matrix);
+            updateRotationPosition(part, matrix);
         }
-    });
-}
-
-void PlanningApplyTransform::transformOriginalSurgeryModels(const QMatrix4x4& matrix)
-{
-    changeEach<Anatomy>([&matrix](Anatomy& anatomy) {
-        for (const auto& model : {anatomy.getOriginalCranium(), anatomy.getOriginalMandible()}) {
-            if (model)
-                moveSurface(*model, matrix);
-        }
-    });
-}
-
-void PlanningApplyTransform::transformDistractor(const QMatrix4x4& matrix)
-{
-    changeEach<Distractor>([&matrix](Distractor& distractor) {
-        const QVector3D position =
-            distractor.getTransform().column(3).toVector3D(); // before its tree moves
-        if (const auto tree = distractor.getSurfaceTree())
-            tree->setObjectTransform(matrix);
-        distractor.moveTo(matrix.map(position));
-    });
-}
-
-void PlanningApplyTransform::transformSoftTissueModel(const QMatrix4x4& matrix)
-{
-    changeEach<SoftTissueModel>(
-        [&matrix](SoftTissueModel& surface) { moveSurface(surface, matrix); });
-}
-
-void PlanningApplyTransform::transformSkin(const QMatrix4x4& matrix)
-{
-    changeEach<Skin>([&matrix](Skin& surface) { moveSurface(surface, matrix); });
-}
-
-void PlanningApplyTransform::transformOsteotomySurface(const QMatrix4x4& matrix)
-{
-    changeEach<OsteotomySurface>(
-        [&matrix](OsteotomySurface& surface) { moveSurface(surface, matrix); });
+        changedObjects.append(part);
+    }
 }
 
 void PlanningApplyTransform::transformSurgery(const QMatrix4x4& /*matrix*/)
 {
-    const auto surgeries = objectsOfKind<MaxillofacialSurgery>();
-    const auto scans = objectsOfKind<DentalScan>();
+    const auto surgeries = objectsOfKind<MaxillofacialSurgery>(dataObjects);
+    const auto scans = objectsOfKind<DentalScan>(dataObjects);
     if (surgeries.isEmpty() || scans.isEmpty())
         return;
-    for (const Occlusion* occlusion : objectsOfKind<Occlusion>())
+    for (const Occlusion* bite : objectsOfKind<Occlusion>(dataObjects))
         transformMovements(surgeries.first(), scans, newScannerTransform,
-                           occlusion->getTransformations(),
-                           MovementModes::OCCLUSION_PLASTER_CAST_MODE);
-    for (const dataobject::VirtualOcclusion* occlusion :
-         objectsOfKind<dataobject::VirtualOcclusion>())
+                           bite->getTransformations(), MovementModes::OCCLUSION_PLASTER_CAST_MODE);
+    for (const auto* bite : objectsOfKind<dataobject::VirtualOcclusion>(dataObjects))
         transformMovements(surgeries.first(), scans, newScannerTransform,
-                           occlusion->getTransformations(), MovementModes::OCCLUSION_VIRTUAL_MODE);
-}
-
-void PlanningApplyTransform::transformTempShell(const QMatrix4x4& matrix)
-{
-    changeEach<TempShell>([&matrix](TempShell& shell) { shell.setObjectTransform(matrix); });
-}
-
-void PlanningApplyTransform::transformTemporomandibularJoints(const QMatrix4x4& matrix)
-{
-    changeEach<dataobject::TemporomandibularJoint>(
-        [&matrix](dataobject::TemporomandibularJoint& joint) {
-            if (const auto line = joint.getGuidingLine())
-                line->transformAndCreateNewPoints(matrix);
-        });
-}
-
-void PlanningApplyTransform::transformAirway(const QMatrix4x4& matrix)
-{
-    changeEach<dataobject::Airway>(
-        [&matrix](dataobject::Airway& surface) { moveSurface(surface, matrix); });
-}
-
-void PlanningApplyTransform::transformShowObjects(const QMatrix4x4& matrix)
-{
-    changeEach<ShowObject>([&matrix](ShowObject& surface) { moveSurface(surface, matrix); });
-}
-
-void PlanningApplyTransform::transformPatientSurfaceModel(const QMatrix4x4& matrix)
-{
-    changeEach<dataobject::PatientSurfaceModel>(
-        [&matrix](dataobject::PatientSurfaceModel& surface) { moveSurface(surface, matrix); });
+                           bite->getTransformations(), MovementModes::OCCLUSION_VIRTUAL_MODE);
 }
 
 void PlanningApplyTransform::transformCephPlanes(const QMatrix4x4& matrix)
 {
-    // Intended: not recorded; the planes follow from landmarks and are no part of the plan that is
-    // saved.
-    for (CephPlaneBase* plane : objectsOfKind<CephPlaneBase>())
+    // Intended: not recorded; the planes follow from landmarks and are not saved with the plan.
+    for (CephPlaneBase* plane : objectsOfKind<CephPlaneBase>(dataObjects))
         plane->applyTransform(matrix);
-}
-
-void PlanningApplyTransform::transformLockedImplantPlan(const QMatrix4x4& matrix)
-{
-    changeEach<dataobject::LockedImplantPlan>(
-        [&matrix](dataobject::LockedImplantPlan& plan) { plan.updateScannerOrientation(matrix); });
-}
-
-void PlanningApplyTransform::transformAnchorPin3D(const QMatrix4x4& matrix)
-{
-    changeEach<dataobject::AnchorPin3D>([&matrix](dataobject::AnchorPin3D& pin) {
-        placeAnew(pin, matrix, kScannerTransformation);
-    });
-}
-
-void PlanningApplyTransform::transformImplant3D(const QMatrix4x4& matrix)
-{
-    changeEach<dataobject::Implant3D>([&matrix](dataobject::Implant3D& implant) {
-        placeAnew(implant, matrix, kScannerTransformation);
-    });
-}
-
-void PlanningApplyTransform::transformPreviewSurgicalTemplates(const QMatrix4x4& matrix)
-{
-    changeEach<dataobject::PreviewSurgicalTemplate>(
-        [&matrix](dataobject::PreviewSurgicalTemplate& preview) { placeAnew(preview, matrix); });
-}
-
-void PlanningApplyTransform::transformSurgicalTemplate3D(const QMatrix4x4& matrix)
-{
-    changeEach<dataobject::SurgicalTemplate3D>(
-        [&matrix](dataobject::SurgicalTemplate3D& surgicalTemplate) {
-            placeAnew(surgicalTemplate, matrix);
-        });
-}
-
-void PlanningApplyTransform::transformPlannedToPostOpCollection(const QMatrix4x4& matrix)
-{
-    changeEach<dataobject::PlannedToPostOpCollection>(
-        [&matrix](dataobject::PlannedToPostOpCollection& collection) {
-            moveCollection(collection, matrix);
-        });
-}
-
-void PlanningApplyTransform::transformApexPoints(const QMatrix4x4& matrix)
-{
-    changeEach<dataobject::Apex>(
-        [&matrix](dataobject::Apex& apex) { apex.setPosition(matrix.map(apex.getPosition())); });
-}
-
-void PlanningApplyTransform::transformRootCanals(const QMatrix4x4& matrix)
-{
-    changeEach<dataobject::RootCanal>([&matrix](dataobject::RootCanal& canal) {
-        canal.setBasePosition(matrix.map(canal.getBasePosition()));
-    });
-}
-
-void PlanningApplyTransform::transformVirtualTooth(const QMatrix4x4& matrix)
-{
-    changeEach<VirtualTooth>([&matrix](VirtualTooth& tooth) { placeAnew(tooth, matrix); });
 }
 
 void PlanningApplyTransform::transformSurfaceScan(SurfaceScan* scan, const QMatrix4x4& matrix)
@@ -491,7 +371,7 @@ void PlanningApplyTransform::transformPolyLine(PolyLine& line, const QMatrix4x4&
         return;
     for (int i = 0; i < line.getNumPositions(); ++i) {
         const auto point = line.getPoint(i);
-        if (!point || point->getLinkedObject()) // a tied point follows its object
+        if (!point || point->getLinkedObject()) // a linked point follows its object
             continue;
         if (dynamic_cast<const PointUnlinked*>(point.get())) {
             if (const auto position = line.getPosition(i, kOnlyContext))
@@ -510,10 +390,10 @@ void PlanningApplyTransform::transformMovements(
     const QMatrix4x4& planningTransform,
     const std::map<QString, QMatrix4x4>& occlusionTransformations, const QString& movementMode)
 {
-    const DentalScan* upper = scanOfJaw(scans, JawType(2));
-    const DentalScan* lower = scanOfJaw(scans, JawType(1));
-    // A total that is not finite is returned as the identity: the movements computed from it would
-    // look right.
+    const DentalScan* upper = scanOfJaw(scans, transforms::kUpperJaw);
+    const DentalScan* lower = scanOfJaw(scans, transforms::kLowerJaw);
+    // Totals that are not finite are returned as the identity, and the movements computed from them
+    // would look right.
     if (!surgery || !upper || !lower || !transforms::isFinite(planningTransform))
         return;
     const OcclusionMovementCalculator::Data data{
@@ -523,7 +403,7 @@ void PlanningApplyTransform::transformMovements(
     SetOcclusionMovementTransformationsUndoCommand command(
         OcclusionMovementCalculator(data).calculate(), utility::getOcclusionMovements(*surgery),
         movementMode, nullptr);
-    command.redo(); // once, on no stack: whoever undoes the new frame moves the plan back
+    command.redo(); // once, on no stack: to undo the new frame, the caller moves the plan back
 }
 
 void PlanningApplyTransform::updateCondylePositionTransformation(Mandibula* mandibula,
@@ -548,8 +428,8 @@ void PlanningApplyTransform::updateOcclusalPlanePositionTransformation(Mandibula
                                                                        const QMatrix4x4& matrix)
 {
     QList<QVector3D> positions = mandibula->getOcclusalPlanePositions();
-    std::transform(positions.cbegin(), positions.cend(), positions.begin(),
-                   [&matrix](const QVector3D& position) { return matrix.map(position); });
+    for (QVector3D& position : positions)
+        position = matrix.map(position);
     mandibula->setOcclusalPlanePositions(positions);
 }
 

@@ -15,31 +15,25 @@ class DentalScan;
 class Mandibula;
 class MaxillofacialSurgery;
 class PolyLine;
-class Surface3DModel;
 class SurfaceScan;
 class SurgeryPlanningPart;
 
 /// Carries a whole plan into a new scanner frame: every planned object follows the matrix M in the
-/// way that fits its kind. docs/transforms.md has the table of the kinds.
+/// way that fits its kind. docs/transforms.md has the table of the kinds. Positions are mapped.
+/// Surfaces and trees of surfaces are moved relative to where they are, each surface in an editing
+/// bracket. Implants, pins and templates, whose placement is absolute, get M times their placement.
 ///
-/// Positions are mapped. Surfaces are moved relatively, in an editing bracket each; trees are moved
-/// relatively without a bracket. Implants, pins and templates, whose placement is absolute, get M
-/// times their placement. The kinds are taken in the order of the private steps below, in each the
-/// objects in the order of the list; an object of several kinds is treated as each of them.
-///
-/// Null entries and objects of other kinds are passed over, and so are parts that an object lacks:
-/// a line without points, an anatomy without models, a surgery without scans of both jaws. A matrix
-/// M that is not finite changes nothing and gives an empty list.
-///
-/// Dental splines (the arches) need the CT for their occlusal index. Unless the first
-/// CTDataVolumeObject of the list holds a CT, they stay behind, unmoved and not returned, while all
-/// other objects move.
+/// Example (examples/move_a_plan.cpp):
+/// \code
+/// PlanningApplyTransform planning;
+/// planning.setDataObjects({&implant, &measurement, &upperScan, &lowerScan, &bite, &surgery});
+/// planning.setNewScannerTransform(newScannerTransform);
+/// const QList<DataObject*> changed = planning.applyTransform(newFrameFromOld);
+/// \endcode
 ///
 /// (1) A rigid M followed by its inverse brings every coordinate back, and M * N in one call equals
-/// N, then M, within
-///     single-precision rounding: for coordinates and shifts up to 100 mm along each axis, within
-///     2^-12 mm.
-/// Linear in the number of objects and of their positions and vertices.
+///     N, then M, up to rounding to single precision: within 2^-12 mm for coordinates and shifts up
+///     to 100 mm along each axis.
 class COREALGORITHMS_EXPORT PlanningApplyTransform
 {
 public:
@@ -48,62 +42,51 @@ public:
     PlanningApplyTransform& operator=(const PlanningApplyTransform&) = default;
     virtual ~PlanningApplyTransform();
 
-    /// The plan. Not owned; the objects must be there during applyTransform().
+    /// Sets the objects of the plan. They are not owned and must be alive during applyTransform().
+    /// Null entries and objects of other kinds are skipped.
     void setDataObjects(const QList<DataObject*>& objects);
-    /// The planning transform with which the occlusion movements of a surgery are computed anew;
-    /// identity at first. Nothing else uses it. With one that is not finite, the occlusion
-    /// movements are left unchanged.
+    /// Sets the planning transform with which the occlusion movements of a surgery are recomputed;
+    /// the identity by default. Nothing else uses it. If it is not finite, the occlusion movements
+    /// are left unchanged.
     void setNewScannerTransform(const QMatrix4x4& transform);
 
-    /// Moves the plan and returns the objects that were changed, in the order in which they were,
-    /// each as often as it was treated. Cephalometric planes and surgeries are not among them. M
-    /// may be a placement of the plan itself.
+    /// Moves the plan and returns the changed objects in processing order; an object that n steps
+    /// process appears n times. Cephalometric planes (drawn through landmarks of the skull) and
+    /// surgeries are moved but not returned. A matrix that is not finite changes nothing and gives
+    /// an empty list. M may be a placement of the plan itself.
+    ///
+    /// Kinds are processed in the order of the steps below, and the objects of a kind in the order
+    /// of the list. An object of several kinds is processed as each of them. Parts that an object
+    /// lacks are skipped: a line without points, an anatomy without models, a surgery without scans
+    /// of both jaws. Dental splines (the arches) need the CT for their occlusal index: unless the
+    /// first CTDataVolumeObject of the list holds a CT, they are not moved and not returned.
+    ///
+    /// The cost is linear in the number of objects and of their positions and vertices.
     QList<DataObject*> applyTransform(const QMatrix4x4& M);
 
 private:
     friend struct PlanningApplyTransformTestAccess;
 
-    // In the order in which they run.
-    void transformPlanarDentalSpline(const QMatrix4x4& matrix);
-    void transformToothAnnotations(const QMatrix4x4& matrix);
-    void transformAttachablePoint(const QMatrix4x4& matrix);
-    void transformPointAnnotations(const QMatrix4x4& matrix);
-    void transformLineAnnotations(const QMatrix4x4& matrix);
-    void transformPencilAnnotation3D(const QMatrix4x4& matrix);
-    void transformPointBasedAnnotation3D(const QMatrix4x4& matrix);
-    void transformArrowAnnotation3D(const QMatrix4x4& matrix);
-    void transformCircleAnnotation3D(const QMatrix4x4& matrix);
-    void transformTextAnnotation3D(const QMatrix4x4& matrix);
-    void transformCustomResliceAnnotation(const QMatrix4x4& matrix);
-    void transformPolyLines(const QMatrix4x4& matrix);
-    void transformGreyValueMeasurement(const QMatrix4x4& matrix);
-    void transformSurgicalSplints(const QMatrix4x4& matrix);
-    void transformNerve(const QMatrix4x4& matrix);
-    void transformSurfaceScans(const QMatrix4x4& matrix);
-    void transformSurgeryPlanningPart(const QMatrix4x4& matrix);
-    void transformOriginalSurgeryModels(const QMatrix4x4& matrix);
-    void transformDistractor(const QMatrix4x4& matrix);
-    void transformSoftTissueModel(const QMatrix4x4& matrix);
-    void transformSkin(const QMatrix4x4& matrix);
-    void transformOsteotomySurface(const QMatrix4x4& matrix);
-    void transformSurgery(const QMatrix4x4& matrix);
-    void transformTempShell(const QMatrix4x4& matrix);
-    void transformTemporomandibularJoints(const QMatrix4x4& matrix);
-    void transformAirway(const QMatrix4x4& matrix);
-    void transformShowObjects(const QMatrix4x4& matrix);
-    void transformPatientSurfaceModel(const QMatrix4x4& matrix);
-    void transformCephPlanes(const QMatrix4x4& matrix);
-    void transformLockedImplantPlan(const QMatrix4x4& matrix);
-    void transformAnchorPin3D(const QMatrix4x4& matrix);
-    void transformImplant3D(const QMatrix4x4& matrix);
-    void transformPreviewSurgicalTemplates(const QMatrix4x4& matrix);
-    void transformSurgicalTemplate3D(const QMatrix4x4& matrix);
-    void transformPlannedToPostOpCollection(const QMatrix4x4& matrix);
-    void transformApexPoints(const QMatrix4x4& matrix);
-    void transformRootCanals(const QMatrix4x4& matrix);
+    // Moves the objects of one kind and records them.
+    using Step = void(const QMatrix4x4& matrix);
 
-    // Intended: no step of applyTransform(); virtual teeth follow the scan that they were made for.
-    void transformVirtualTooth(const QMatrix4x4& matrix);
+    // The steps in the order in which applyTransform() runs them.
+    Step transformPlanarDentalSpline, transformToothAnnotations, transformAttachablePoint,
+        transformPointAnnotations, transformLineAnnotations, transformPencilAnnotation3D,
+        transformPointBasedAnnotation3D, transformArrowAnnotation3D, transformCircleAnnotation3D,
+        transformTextAnnotation3D, transformCustomResliceAnnotation, transformPolyLines,
+        transformGreyValueMeasurement, transformSurgicalSplints, transformNerve,
+        transformSurfaceScans, transformSurgeryPlanningPart, transformOriginalSurgeryModels,
+        transformDistractor, transformSoftTissueModel, transformSkin, transformOsteotomySurface,
+        transformSurgery, transformTempShell, transformTemporomandibularJoints, transformAirway,
+        transformShowObjects, transformPatientSurfaceModel, transformCephPlanes,
+        transformLockedImplantPlan, transformAnchorPin3D, transformImplant3D,
+        transformPreviewSurgicalTemplates, transformSurgicalTemplate3D,
+        transformPlannedToPostOpCollection, transformApexPoints, transformRootCanals;
+
+    // Intended: applyTransform() does not run it; virtual teeth follow the scan that they were made
+    // for.
+    Step transformVirtualTooth;
 
     static void transformSurfaceScan(SurfaceScan* scan, const QMatrix4x4& matrix);
     static void transformPolyLine(PolyLine& line, const QMatrix4x4& matrix);
@@ -117,13 +100,6 @@ private:
     static void updateOcclusalPlanePositionTransformation(Mandibula* mandibula,
                                                           const QMatrix4x4& matrix);
     static void updateRotationPosition(SurgeryPlanningPart* part, const QMatrix4x4& matrix);
-
-    /// Those of the plan that are of the kind, in order.
-    template <typename Kind>
-    QList<Kind*> objectsOfKind() const;
-    /// Treats every object of the kind and records it.
-    template <typename Kind, typename Treatment>
-    void changeEach(const Treatment& treat);
 
     QList<DataObject*> dataObjects;
     QList<DataObject*> changedObjects;

@@ -4,6 +4,7 @@
 
 #include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/dataobjects/Movements.h>
+#include <CoreAlgorithms/transforms/JawTypes_p.h>
 #include <CoreAlgorithms/transforms/SetMovementTransformationUndoCommand.h>
 
 #include <memory>
@@ -29,11 +30,11 @@ std::unique_ptr<OcclusionMovement> createMovementFor(const CompositeMovement& co
     if (composite.getMovementType() == types.getMaxillarySegmentalOcclusionMovement()) {
         movement =
             std::make_unique<OcclusionMovement>(MovementTypes::m_maxillary_occlusion_movement);
-        movement->setAffectedTreatmentType(JawType(2));
+        movement->setAffectedTreatmentType(transforms::kUpperJaw);
     } else if (composite.getMovementType() == types.getMandibularSegmentalOcclusionMovement()) {
         movement =
             std::make_unique<OcclusionMovement>(MovementTypes::m_mandibular_occlusion_movement);
-        movement->setAffectedTreatmentType(JawType(1));
+        movement->setAffectedTreatmentType(transforms::kLowerJaw);
     }
     return movement;
 }
@@ -78,12 +79,11 @@ void SetOcclusionMovementTransformationsUndoCommand::createSegmentedUndoCommands
         } else if (auto created = createMovementFor(*composite)) {
             created->setPrimaryAffectedType(segmentTypeId);
             new SetMovementTransformationUndoCommand(*created, matrix, mode, this);
-            // Intended: the movement joins the composite here and now, not on redo, and stays on
-            // undo; the user's later bites of this segment find it there.
+            // Intended: the movement joins the composite now, not on redo, and stays on undo; the
+            // user's later bites of this segment find it there.
             composite->addMovement(created.release());
         }
     }
-    // Intended: also for an empty map, and not taken back by undo: the composite shows the mode
-    // that was asked for.
+    // Intended: even for an empty map, and not undone; hosts show the mode that was chosen last.
     composite->setMovementMode(mode);
 }

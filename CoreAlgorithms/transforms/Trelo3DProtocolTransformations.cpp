@@ -5,15 +5,17 @@
 #include <CoreAlgorithms/model/Finite_p.h>
 #include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
+#include <CoreAlgorithms/transforms/FiniteMatrix_p.h>
+#include <CoreAlgorithms/transforms/JawTypes_p.h>
 #include <CoreAlgorithms/transforms/SurfaceScanTransformations.h>
 
 namespace {
 
-// A lower jaw scan is put this far behind the landmarks' middle, in mm: its landmarks lie on the
-// front teeth.
+// How far a lower jaw scan is put behind the center of the landmarks, in mm: its landmarks are on
+// the front teeth.
 constexpr float kShiftOfLowerJaw = 5.0F;
 
-// The bracket of this protocol: by the scan's own operations, and closed also if the host throws.
+// Brackets an edit by the scan's own operations; closed even if the host throws.
 class EditBracket
 {
 public:
@@ -67,12 +69,12 @@ QVector3D Trelo3DProtocolTransformations::toTargetPosition(const SurfaceScan* sc
                                                            const QVector3D& c)
 {
     QVector3D target(b.x(), (a.y() + c.y()) * 0.5F, (a.z() + b.z() + c.z()) / 3.0F);
-    if (static_cast<int>(jaw) == hostvalues::kLowerJaw) {
+    if (jaw == transforms::kLowerJaw) {
         target.setY(target.y() + kShiftOfLowerJaw);
         target.setZ(target.z() -
                     SurfaceScanTransformations::computeInitialHeightOffset(
                         scan, QVector3D(0.0F, 0.0F, 1.0F), INITIAL_HEIGHT_OFFSET_MARGIN_LOWER));
-    } else if (static_cast<int>(jaw) == kUpperJaw) {
+    } else if (jaw == transforms::kUpperJaw) {
         target.setZ(target.z() +
                     SurfaceScanTransformations::computeInitialHeightOffset(
                         scan, QVector3D(0.0F, 0.0F, -1.0F), INITIAL_HEIGHT_OFFSET_MARGIN_UPPER));
