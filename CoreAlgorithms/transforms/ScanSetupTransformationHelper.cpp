@@ -8,13 +8,19 @@
 #include <CoreAlgorithms/model/dataobjects/SurfaceTrees.h>
 #include <CoreAlgorithms/model/math/BoundingBox.h>
 
+#include <QList>
+
 using primitives::BoundingBox;
 
 namespace {
 
-// Kept between the jaws in a bite that is made up, in mm: enough to see the chewing surfaces of
+// The gap between the jaws in a synthesized bite, in mm: enough to see the chewing surfaces of
 // both.
 constexpr float kGapBetweenJaws = 20.0F;
+
+// The host's arch types by value, since each host has its own names for them.
+constexpr int kUpperArch = 0;
+constexpr int kLowerArch = 1;
 
 BoundingBox sixZeros()
 {
@@ -32,11 +38,59 @@ float liftOfUpperJaw(const BoundingBox& upper, const BoundingBox& lower)
     return 0.0F;
 }
 
-// The list that a surface with this tooth goes to.
-template <typename Surfaces>
-Surfaces& jawOf(ToothChart::Tooth tooth, Surfaces& first, Surfaces& second)
+using Surfaces = QList<const dataobject::SurfaceObject*>;
+
+struct JawSurfaces
 {
-    return static_cast<int>(ToothChart::getArchTypeOfTooth(tooth)) == hostvalues::kUpperArch ? first : second;
+    // The list to which a surface that begins at this tooth belongs.
+    Surfaces& ofTooth(ToothChart::Tooth tooth)
+    {
+        return int(ToothChart::getArchTypeOfTooth(tooth)) == kUpperArch ? upper : lower;
+    }
+
+    Surfaces upper;
+    Surfaces lower;
+};
+
+JawSurfaces collectJawSurfaces(const ScanSetup& setup)
+{
+    JawSurfaces jaws;
+    for (const ScannableRegion* region : setup.getScannableRegions()) {
+        if (region)
+            jaws.ofTooth(region->getRegionStart()).append(region);
+    }
+    for (const QuarnRawScanData* data : setup.getQuarnRawScanData(false)) {
+        if (!data)
+            continue;
+        const dataobject::SurfaceObject* surface = data;
+        if (data->hasOnlyIntermediateMesh())
+            surface = data->getIntermediateSurface();
+        const QList<ToothChart::Tooth> teeth = data->getScannedTeeth();
+        // Intended: a scan of no known tooth belongs to the lower jaw; callers rely on it not being
+        // moved.
+        Surfaces& jaw = teeth.isEmpty() ? jaws.lower : jaws.ofTooth(teeth.first());
+        if (surface)
+            jaw.append(surface);
+    }
+    return jaws;
+}
+
+struct JawBoxes
+{
+    BoundingBox upper = sixZeros();
+    BoundingBox lower = sixZeros();
+    BoundingBox combined = sixZeros();
+};
+
+// Returns boxes of six zeros for a setup without regions and raw scan data.
+JawBoxes getJawBoundingBoxes(const ScanSetup& setup)
+{
+    if (setup.getScannableRegions().isEmpty() && setup.getQuarnRawScanData(true).isEmpty())
+        return {};
+    const auto [upper, lower] = collectJawSurfaces(setup);
+    return {SurfaceObjectHelper::getCombinedBoundingBox(upper),
+            SurfaceObjectHelper::getCombinedBoundingBox(lower),
+            SurfaceObjectHelper::getCombinedBoundingBox(upper + lower)};
 }
 
 } // namespace
@@ -47,10 +101,7 @@ ScanSetupTransformationHelper::getOcclusionTransformation(const ScanSetup* setup
     OcclusionTransformation bite;
     if (!setup || getOcclusionScanTransformations(setup, bite))
         return bite;
-    BoundingBox upper = sixZeros();
-    BoundingBox lower = sixZeros();
-    BoundingBox combined = sixZeros();
-    getJawBoundingBoxes(*setup, upper, lower, combined);
+    const auto [upper, lower, combined] = getJawBoundingBoxes(*setup);
     bite.upperTransformation =
         calculateFakeOcclusionTransformationForUpperJaw(upper, lower, combined);
     return bite;
@@ -63,11 +114,8 @@ ScanSetupTransformationHelper::getOcclusionTransformation(const SurfaceTree* tre
     OcclusionTransformation bite;
     if (!tree || !setup || getOcclusionScanTransformations(setup, bite))
         return bite;
-    BoundingBox upper = sixZeros();
-    BoundingBox lower = sixZeros();
-    BoundingBox combined = sixZeros();
-    getJawBoundingBoxes(*setup, upper, lower, combined);
-    // Intended: the combined box stays as it is, the upper jaw turns about the surfaces of the
+    auto [upper, lower, combined] = getJawBoundingBoxes(*setup);
+    // Intended: the combined box is not recomputed, the upper jaw turns about the surfaces of the
     // setup alone; previews of the tree rely on it.
     if (upper.isNull() || !upper.isValid())
         upper = tree->getSceneBoundingBox();
@@ -80,7 +128,7 @@ QMatrix4x4
 ScanSetupTransformationHelper::getFakeOcclusionTransformationForUpperJaw(const BoundingBox& upper,
                                                                          const BoundingBox& lower)
 {
-    // Intended: the union starts from six zeros; a host whose boxes of zeros are not null relies on
+    // Intended: the union starts from six zeros; hosts whose boxes of zeros are not null rely on
     // the origin being part of it.
     const BoundingBox combined =
         BoundingBox::createUnionOf(BoundingBox::createUnionOf(sixZeros(), upper), lower);
@@ -94,10 +142,10 @@ ScanSetupTransformationHelper::getAntagonistExportTransformation(ToothChart::Arc
     if (!setup || !setup->getOcclusionScan())
         return {};
     const OcclusionTransformation bite = getOcclusionTransformation(setup);
-    if (static_cast<int>(archType) == kUpperArch)
+    if (int(archType) == kUpperArch)
         return transforms::finiteOrIdentity(bite.lowerTransformation.inverted() *
                                             bite.upperTransformation);
-    if (static_cast<int>(archType) == kLowerArch)
+    if (int(archType) == kLowerArch)
         return transforms::finiteOrIdentity(bite.upperTransformation.inverted() *
                                             bite.lowerTransformation);
     return {};
@@ -114,52 +162,14 @@ bool ScanSetupTransformationHelper::getOcclusionScanTransformations(const ScanSe
     return true;
 }
 
-void ScanSetupTransformationHelper::collectJawSurfaces(const ScanSetup& setup, Surfaces& first,
-                                                       Surfaces& second)
-{
-    for (const ScannableRegion* region : setup.getScannableRegions()) {
-        if (region)
-            jawOf(region->getRegionStart(), first, second).append(region);
-    }
-    for (const QuarnRawScanData* data : setup.getQuarnRawScanData(false)) {
-        if (!data)
-            continue;
-        const dataobject::SurfaceObject* surface = data;
-        if (data->hasOnlyIntermediateMesh())
-            surface = data->getIntermediateSurface();
-        const QList<ToothChart::Tooth> teeth = data->getScannedTeeth();
-        // Intended: what was scanned of no known tooth counts as the lower jaw's, which stays where
-        // it is.
-        Surfaces& jaw = teeth.isEmpty() ? second : jawOf(teeth.first(), first, second);
-        if (surface)
-            jaw.append(surface);
-    }
-}
-
-bool ScanSetupTransformationHelper::getJawBoundingBoxes(const ScanSetup& setup,
-                                                        BoundingBox& firstBox,
-                                                        BoundingBox& secondBox,
-                                                        BoundingBox& combinedBox)
-{
-    if (setup.getScannableRegions().isEmpty() && setup.getQuarnRawScanData(true).isEmpty())
-        return false;
-    Surfaces first;
-    Surfaces second;
-    collectJawSurfaces(setup, first, second);
-    firstBox = SurfaceObjectHelper::getCombinedBoundingBox(first);
-    secondBox = SurfaceObjectHelper::getCombinedBoundingBox(second);
-    combinedBox = SurfaceObjectHelper::getCombinedBoundingBox(first + second);
-    return true;
-}
-
 QMatrix4x4 ScanSetupTransformationHelper::calculateFakeOcclusionTransformationForUpperJaw(
     const BoundingBox& upper, const BoundingBox& lower, const BoundingBox& combined)
 {
-    const QVector3D centre = combined.center();
+    const QVector3D center = combined.center();
     QMatrix4x4 matrix;
-    matrix.translate(centre);
+    matrix.translate(center);
     matrix.rotate(180.0F, 0.0F, 1.0F, 0.0F);
-    matrix.translate(-centre);
+    matrix.translate(-center);
     matrix.translate(0.0F, 0.0F, liftOfUpperJaw(upper, lower));
     return finiteness::finiteOrIdentity(matrix);
 }

@@ -7,81 +7,69 @@
 #include <CoreAlgorithms/model/fundamentals/ToothChart.h>
 #include <CoreAlgorithms/transforms/OcclusionTransformation.h>
 
-#include <QList>
 #include <QMatrix4x4>
 
 class ScanSetup;
 class SurfaceTree;
 
-namespace dataobject {
-class SurfaceObject;
-} // namespace dataobject
-
 namespace primitives {
 class BoundingBox;
 } // namespace primitives
 
-/// In which bite do the scans of a scan setup stand?
+/// Finds the bite in which the scans of a scan setup are: a scan setup lists what is to be scanned
+/// in the mouth and what has been scanned.
 ///
-/// If the setup's occlusion scan is calculated, in the bite that it holds. If not, in one that is
-/// made up: the upper jaw's surfaces are turned by 180 degrees about a vertical line (along y)
-/// through the centre of all surfaces and lifted, so that 20 mm stay between the jaws; everything
-/// else stays where it is. With the boxes U and L of the jaws and the centre c of the box round all
-/// surfaces (mm):
+/// If the setup's occlusion scan (a scan of the closed bite) is calculated, its matrices are the
+/// bite. If not, a bite is synthesized: the upper jaw's surfaces are turned by 180 degrees about a
+/// vertical line (along y) through the center of all surfaces and lifted, so that 20 mm stay
+/// between the jaws; everything else stays where it is. With the boxes U and L of the jaws and the
+/// center c of the box around all surfaces (mm), the upper jaw's matrix is
 ///
 ///     T(c) * R(180 degrees about y) * T(-c) * T(0, 0, dz)
 ///
 ///     dz = U.min.z - L.max.z - 20                neither box is null
-///          -U.height - 20                        only U is there
-///          L.center.z + L.height / 2 - 20        only L is there
+///          -U.height - 20                        only L is null
+///          L.center.z + L.height / 2 - 20        only U is null
 ///          0                                     both are null
 ///
-/// Whether a box is null is the host's rule; in the bundled model the box of six zeros is. A
-/// surface belongs to the upper jaw if the arch of its first tooth is UpperArch (0), to the lower
-/// jaw otherwise.
-///
-/// Missing input gives identity matrices or the bite made up from what is there; a made-up matrix
-/// that is not finite, as from boxes that are not, is the identity.
+/// The host decides which boxes are null; in the bundled model the box of six zeros is. A surface
+/// belongs to the upper jaw if the arch of its first tooth is UpperArch (0), to the lower jaw
+/// otherwise. Missing input gives identity matrices or the bite synthesized from what there is. A
+/// synthesized matrix that is not finite is replaced by the identity.
 class COREALGORITHMS_EXPORT ScanSetupTransformationHelper
 {
 public:
-    /// The bite of the setup, recorded or made up. A null setup gives three identity matrices.
+    /// Returns the bite of the setup, recorded or synthesized. A null setup gives three identity
+    /// matrices.
     static OcclusionTransformation getOcclusionTransformation(const ScanSetup* setup);
-    /// The same; where a bite is made up and the setup has no usable box of the upper jaw (null or
-    /// not valid), that of the tree stands for it, but the centre stays that of the setup's own
-    /// surfaces. Identity matrices if either is null.
+    /// Does the same with a tree of surfaces for the upper jaw: where a bite is synthesized and the
+    /// setup's box of the upper jaw is null or invalid, the tree's box is used for U. The center c
+    /// stays that of the setup's own surfaces. If either argument is null, returns three identity
+    /// matrices.
     static OcclusionTransformation getOcclusionTransformation(const SurfaceTree* tree,
                                                               const ScanSetup* setup);
 
-    /// The made-up matrix of the upper jaw for two boxes. The centre is that of the union of both
-    /// with a box of six zeros, which adds nothing where such a box is null.
+    /// Returns the synthesized matrix of the upper jaw for two boxes. The center c is that of the
+    /// union of both with a box of six zeros, which adds nothing where such a box is null.
     static QMatrix4x4
     getFakeOcclusionTransformationForUpperJaw(const primitives::BoundingBox& upper,
                                               const primitives::BoundingBox& lower);
 
-    /// The relative matrix for exporting one jaw together with its antagonist: lower^-1 * upper for
-    /// UpperArch, upper^-1 * lower for LowerArch, the identity for any other value. The identity
-    /// too without an occlusion scan; one that is not calculated counts with the bite that is made
-    /// up.
+    /// Returns the relative matrix for exporting one jaw together with its antagonist (the jaw that
+    /// it bites on): lower^-1 * upper for UpperArch, upper^-1 * lower for LowerArch, the identity
+    /// for any other value. Without an occlusion scan, returns the identity; for an occlusion scan
+    /// that is not calculated, uses the synthesized bite. A result that is not finite is replaced
+    /// by the identity.
     static QMatrix4x4 getAntagonistExportTransformation(ToothChart::ArchType archType,
                                                         const ScanSetup* setup);
 
 private:
     friend struct ScanSetupTransformationHelperTestAccess;
 
-    using Surfaces = QList<const dataobject::SurfaceObject*>;
-
-    /// True and the bite in `out` if the setup has one that is calculated; else `out` is left
-    /// alone.
+    // Returns true and sets `out` to the recorded bite if there is one that is calculated.
+    // Otherwise returns false and leaves `out` unchanged.
     static bool getOcclusionScanTransformations(const ScanSetup* setup,
                                                 OcclusionTransformation& out);
-    /// Appends the setup's surfaces to those of the upper (first) and the lower jaw (second).
-    static void collectJawSurfaces(const ScanSetup& setup, Surfaces& first, Surfaces& second);
-    /// Boxes of the upper jaw, of the lower jaw and of both. False for a setup without regions and
-    /// raw scan data; the boxes are left alone then.
-    static bool getJawBoundingBoxes(const ScanSetup& setup, primitives::BoundingBox& firstBox,
-                                    primitives::BoundingBox& secondBox,
-                                    primitives::BoundingBox& combinedBox);
     static QMatrix4x4
     calculateFakeOcclusionTransformationForUpperJaw(const primitives::BoundingBox& upper,
                                                     const primitives::BoundingBox& lower,

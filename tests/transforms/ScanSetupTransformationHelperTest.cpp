@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/ScanSetupTransformationHelper.h>
 
-// Covered: the recorded bite, the one that is made up from the boxes of the jaws, the sorting of
-// the surfaces, and the matrix for exporting a jaw with its antagonist.
+// Covered: the recorded bite, the one that is synthesized from the boxes of the jaws, the sorting
+// of the surfaces, and the matrix for exporting a jaw with its antagonist.
 
 #include <CoreAlgorithms/model/dataobjects/ScanSetups.h>
 
@@ -16,20 +16,10 @@
 struct ScanSetupTransformationHelperTestAccess
 {
     using Helper = ScanSetupTransformationHelper;
-    using Surfaces = Helper::Surfaces;
 
     static bool recorded(const ScanSetup* setup, OcclusionTransformation& out)
     {
         return Helper::getOcclusionScanTransformations(setup, out);
-    }
-    static void collect(const ScanSetup& setup, Surfaces& first, Surfaces& second)
-    {
-        Helper::collectJawSurfaces(setup, first, second);
-    }
-    static bool boxes(const ScanSetup& setup, primitives::BoundingBox& first,
-                      primitives::BoundingBox& second, primitives::BoundingBox& combined)
-    {
-        return Helper::getJawBoundingBoxes(setup, first, second, combined);
     }
     static QMatrix4x4 fake(const primitives::BoundingBox& upper,
                            const primitives::BoundingBox& lower,
@@ -111,32 +101,32 @@ const BoundingBox kLower(0.0F, 0.0F, -10.0F, 60.0F, 20.0F, 5.0F);
 const ToothChart::Tooth kUpperTooth = ToothChart::Tooth(8);
 const ToothChart::Tooth kLowerTooth = ToothChart::Tooth(25);
 
-// ---- the made-up bite of two boxes
+// ---- the synthesized bite of two boxes
 
 TEST(ScanSetupTransformationHelper, LiftWithBothBoxesIsTheirDistanceLessTwenty)
 {
-    // dz = 30 - 5 - 20 = 5; the union reaches over x 0 to 60, z -10 to 44: centre (30, *, 17)
+    // dz = 30 - 5 - 20 = 5; the union reaches over x 0 to 60, z -10 to 44: center (30, *, 17)
     expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw(kUpper, kLower),
                  turned(30.0F, 17.0F, 5.0F));
 }
 
 TEST(ScanSetupTransformationHelper, LiftWithTheUpperBoxAloneIsLessItsHeightLessTwenty)
 {
-    // dz = -14 - 20, centre (20, *, 37)
+    // dz = -14 - 20, center (20, *, 37)
     expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw(kUpper, {}),
                  turned(20.0F, 37.0F, -34.0F));
 }
 
 TEST(ScanSetupTransformationHelper, LiftWithTheLowerBoxAloneIsItsTopLessTwenty)
 {
-    // dz = -2.5 + 7.5 - 20, centre (30, *, -2.5)
+    // dz = -2.5 + 7.5 - 20, center (30, *, -2.5)
     expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw({}, kLower),
                  turned(30.0F, -2.5F, -15.0F));
 }
 
-// From -2^24 to 1: the centre is -8388607.5, and the height, 2^24 + 1, rounds to 2^24. Their top is
+// From -2^24 to 1: the center is -8388607.5, and the height, 2^24 + 1, rounds to 2^24. Their top is
 // 0.5, not 1.
-TEST(ScanSetupTransformationHelper, TopOfTheLowerBoxAloneIsItsCentrePlusHalfItsHeight)
+TEST(ScanSetupTransformationHelper, TopOfTheLowerBoxAloneIsItsCenterPlusHalfItsHeight)
 {
     const BoundingBox tall(0.0F, 0.0F, -16777216.0F, 1.0F, 1.0F, 1.0F);
     expectMatrix(Access::fake({}, tall, BoundingBox(-1.0F, -1.0F, -1.0F, 1.0F, 1.0F, 1.0F)),
@@ -159,28 +149,29 @@ TEST(ScanSetupTransformationHelper, ShiftActsBeforeTheTurn)
     EXPECT_EQ(image.z(), -1.0F);
 }
 
-TEST(ScanSetupTransformationHelper, CentreOfTheTurnIsThatOfTheCombinedBoxThatIsPassed)
+TEST(ScanSetupTransformationHelper, CenterOfTheTurnIsThatOfTheCombinedBox)
 {
     expectMatrix(Access::fake(kUpper, kLower, BoundingBox(0.0F, 0.0F, 0.0F, 2.0F, 2.0F, 2.0F)),
                  turned(1.0F, 1.0F, 5.0F));
 }
 
-TEST(ScanSetupTransformationHelper, UnionStartsFromABoxOfSixZerosWhichIsNullInTheBundledModel)
+TEST(ScanSetupTransformationHelper, UnionStartsFromABoxOfSixZerosByDesign)
 {
-    // With the origin, the box would reach over x 0 to 14 and z 0 to 14: centre (7, *, 7).
+    // Six zeros are null in the bundled model. With the origin, the box would reach over x 0 to 14
+    // and z 0 to 14: center (7, *, 7).
     const BoundingBox far(10.0F, 10.0F, 10.0F, 14.0F, 14.0F, 14.0F);
     expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw(far, {}),
                  turned(12.0F, 12.0F, -24.0F));
 }
 
-TEST(ScanSetupTransformationHelper, MadeUpMatrixOfBoxesThatAreNotFiniteIsTheIdentity)
+TEST(ScanSetupTransformationHelper, SynthesizedMatrixOfBoxesThatAreNotFiniteIsTheIdentity)
 {
     for (const float odd : {kNan, kInfinity, -kInfinity}) {
         const BoundingBox box(0.0F, 0.0F, odd, 1.0F, 1.0F, odd);
         expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw(box, kLower), {});
         expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw(kUpper, box), {});
     }
-    // twice the centre plus a distance of 3e38 leaves the range of a float
+    // twice the center plus a distance of 3e38 leaves the range of a float
     const BoundingBox remote(0.0F, 0.0F, 3e38F, 1.0F, 1.0F, 3e38F);
     expectMatrix(Helper::getFakeOcclusionTransformationForUpperJaw(kUpper, remote), {});
 }
@@ -235,7 +226,7 @@ TEST(ScanSetupTransformationHelper, SetupWithoutSurfacesTurnsTheUpperJawAboutThe
     expectMatrix(bite.vestibularTransformation, {});
 }
 
-TEST(ScanSetupTransformationHelper, BiteOfASetupWithoutOneIsMadeUpFromItsSurfaces)
+TEST(ScanSetupTransformationHelper, BiteOfASetupWithoutOneIsSynthesizedFromItsSurfaces)
 {
     ScanSetup setup;
     setup.addScannableRegion(region(kUpperTooth, kUpper));
@@ -246,34 +237,72 @@ TEST(ScanSetupTransformationHelper, BiteOfASetupWithoutOneIsMadeUpFromItsSurface
     expectMatrix(bite.vestibularTransformation, {});
 }
 
-TEST(ScanSetupTransformationHelper, SurfacesAreSortedByTheFirstToothRegionsFirst)
+// The upper jaw has the lowest point 28, the lower jaw the highest point 7, and all surfaces reach
+// over x 0 to 60, z -10 to 44. Any surface in the wrong jaw would change the distance.
+TEST(ScanSetupTransformationHelper, SurfacesAreSortedByTheirFirstTooth)
 {
     ScanSetup setup;
-    const auto lowerRegion = region(17, kLower);
-    const auto upperRegion = region(16, kUpper);
-    const auto upperData = rawData({ToothChart::Tooth(1), kLowerTooth}, kUpper);
-    const auto lowerData = rawData({ToothChart::Tooth(32), kUpperTooth}, kLower);
-    setup.addQuarnRawScanData(upperData);
-    setup.addQuarnRawScanData(lowerData);
-    setup.addScannableRegion(lowerRegion);
-    setup.addScannableRegion(upperRegion);
-    Access::Surfaces first;
-    Access::Surfaces second;
-    Access::collect(setup, first, second);
-    EXPECT_EQ(first, Access::Surfaces({upperRegion.get(), upperData.get()}));
-    EXPECT_EQ(second, Access::Surfaces({lowerRegion.get(), lowerData.get()}));
+    setup.addQuarnRawScanData(rawData({ToothChart::Tooth(1), kLowerTooth},
+                                      BoundingBox(0.0F, 0.0F, 28.0F, 40.0F, 20.0F, 40.0F)));
+    setup.addQuarnRawScanData(rawData({ToothChart::Tooth(32), kUpperTooth},
+                                      BoundingBox(0.0F, 0.0F, -8.0F, 60.0F, 20.0F, 7.0F)));
+    setup.addScannableRegion(region(17, kLower));
+    setup.addScannableRegion(region(16, kUpper));
+    expectMatrix(Helper::getOcclusionTransformation(&setup).upperTransformation,
+                 turned(30.0F, 17.0F, 28.0F - 7.0F - 20.0F));
 }
 
-TEST(ScanSetupTransformationHelper, RawScanDataWithoutTeethCountsAsTheLowerJaws)
+// Logs its name when the host reads its box.
+template <typename Kind>
+class LoggedSurface : public Kind
+{
+public:
+    LoggedSurface(QStringList& calls, const char* surface)
+        : log(calls), name(QString::fromLatin1(surface))
+    {}
+    BoundingBox getSceneBoundingBox() const override
+    {
+        log << name;
+        return Kind::getSceneBoundingBox();
+    }
+
+private:
+    QStringList& log;
+    QString name;
+};
+
+TEST(ScanSetupTransformationHelper, BoxesAreReadUpperThenLowerThenAllJawsAndRegionsBeforeScans)
+{
+    QStringList log;
+    ScanSetup setup;
+    const auto addData = [&](const char* name, ToothChart::Tooth tooth) {
+        auto data = std::make_shared<LoggedSurface<QuarnRawScanData>>(log, name);
+        data->setScannedTeeth({tooth});
+        data->setMesh(meshOf(kLower)); // without which it is not listed
+        setup.addQuarnRawScanData(data);
+    };
+    const auto addRegion = [&](const char* name, ToothChart::Tooth tooth) {
+        auto added = std::make_shared<LoggedSurface<ScannableRegion>>(log, name);
+        added->setRegion(tooth, tooth);
+        setup.addScannableRegion(added);
+    };
+    addData("upper data", kUpperTooth);
+    addData("lower data", kLowerTooth);
+    addRegion("lower region", kLowerTooth);
+    addRegion("upper region", kUpperTooth);
+    Helper::getOcclusionTransformation(&setup);
+    const QStringList upper = {"upper region", "upper data"};
+    const QStringList lower = {"lower region", "lower data"};
+    EXPECT_EQ(log, upper + lower + upper + lower);
+}
+
+// As the lower jaw alone: dz = 37 + 7 - 20, center (20, *, 37).
+TEST(ScanSetupTransformationHelper, RawScanDataWithoutTeethBelongToTheLowerJawByDesign)
 {
     ScanSetup setup;
-    const auto data = rawData({}, kUpper);
-    setup.addQuarnRawScanData(data);
-    Access::Surfaces first;
-    Access::Surfaces second;
-    Access::collect(setup, first, second);
-    EXPECT_TRUE(first.isEmpty());
-    EXPECT_EQ(second, Access::Surfaces({data.get()}));
+    setup.addQuarnRawScanData(rawData({}, kUpper));
+    expectMatrix(Helper::getOcclusionTransformation(&setup).upperTransformation,
+                 turned(20.0F, 37.0F, 24.0F));
 }
 
 TEST(ScanSetupTransformationHelper, RawScanDataWithAnIntermediateMeshAloneContributesThat)
@@ -284,69 +313,54 @@ TEST(ScanSetupTransformationHelper, RawScanDataWithAnIntermediateMeshAloneContri
     data->setScannedTeeth({kUpperTooth});
     data->setIntermediateSurface(surface);
     setup.addQuarnRawScanData(data);
-    BoundingBox first, second, combined;
-    EXPECT_TRUE(Access::boxes(setup, first, second, combined));
-    EXPECT_EQ(first, kUpper);
-    EXPECT_TRUE(second.isNull());
-    EXPECT_EQ(combined, kUpper);
+    expectMatrix(Helper::getOcclusionTransformation(&setup).upperTransformation,
+                 turned(20.0F, 37.0F, -14.0F - 20.0F));
 
     data->setMesh(meshOf(kLower)); // its own mesh takes the place of the intermediate one
-    EXPECT_TRUE(Access::boxes(setup, first, second, combined));
-    EXPECT_EQ(first, kLower);
+    expectMatrix(Helper::getOcclusionTransformation(&setup).upperTransformation,
+                 turned(30.0F, -2.5F, -15.0F - 20.0F));
 }
 
+// The first upper region is the lowest of its jaw, the second the highest.
 TEST(ScanSetupTransformationHelper, BoxesAreThoseOfEitherJawAndOfBoth)
 {
     ScanSetup setup;
     setup.addScannableRegion(region(3, BoundingBox(0.0F, 0.0F, 30.0F, 10.0F, 20.0F, 40.0F)));
     setup.addScannableRegion(region(13, BoundingBox(30.0F, 0.0F, 32.0F, 40.0F, 20.0F, 44.0F)));
     setup.addQuarnRawScanData(rawData({kLowerTooth}, kLower));
-    BoundingBox first, second, combined;
-    EXPECT_TRUE(Access::boxes(setup, first, second, combined));
-    EXPECT_EQ(first, kUpper);
-    EXPECT_EQ(second, kLower);
-    EXPECT_EQ(combined, BoundingBox(0.0F, 0.0F, -10.0F, 60.0F, 20.0F, 44.0F));
+    expectMatrix(Helper::getOcclusionTransformation(&setup).upperTransformation,
+                 turned(30.0F, 17.0F, 5.0F));
 }
 
-TEST(ScanSetupTransformationHelper, BoxesOfASetupWithoutRegionsAndRawScanDataAreLeftAlone)
-{
-    const ScanSetup setup;
-    BoundingBox first = kUpper;
-    BoundingBox second = kLower;
-    BoundingBox combined = kUpper;
-    EXPECT_FALSE(Access::boxes(setup, first, second, combined));
-    EXPECT_EQ(first, kUpper);
-    EXPECT_EQ(second, kLower);
-    EXPECT_EQ(combined, kUpper);
-}
-
-// A setup that answers as it is asked.
-class AskedSetup : public ScanSetup
+// Records with which argument its raw scan data are queried.
+class QueriedSetup : public ScanSetup
 {
 public:
     QList<QuarnRawScanData*> getQuarnRawScanData(bool includeEmpty) const override
     {
-        asked << includeEmpty;
+        queries << includeEmpty;
         return ScanSetup::getQuarnRawScanData(includeEmpty);
     }
 
-    mutable QList<bool> asked;
+    mutable QList<bool> queries;
 };
 
-TEST(ScanSetupTransformationHelper, RawScanDataAreAskedForWithTrueForPresenceAndWithFalseForSorting)
+TEST(ScanSetupTransformationHelper, RawScanDataAreQueriedWithTrueForPresenceAndWithFalseForSorting)
 {
-    AskedSetup setup;
+    QueriedSetup setup;
     setup.addQuarnRawScanData(std::make_shared<QuarnRawScanData>());
-    BoundingBox first = kUpper;
-    BoundingBox second = kLower;
-    BoundingBox combined = kUpper;
-    EXPECT_TRUE(
-        Access::boxes(setup, first, second, combined)); // it is present, though without a surface
-    EXPECT_EQ(setup.asked, QList<bool>({true, false}));
-    EXPECT_TRUE(first.isNull() && second.isNull() && combined.isNull());
+    Helper::getOcclusionTransformation(&setup); // it is present, though without a surface
+    EXPECT_EQ(setup.queries, QList<bool>({true, false}));
 }
 
-TEST(ScanSetupTransformationHelper, NullEntriesOfASetupArePassedOver)
+TEST(ScanSetupTransformationHelper, SetupWithoutRegionsAndRawScanDataIsNotSorted)
+{
+    const QueriedSetup setup;
+    Helper::getOcclusionTransformation(&setup);
+    EXPECT_EQ(setup.queries, QList<bool>({true}));
+}
+
+TEST(ScanSetupTransformationHelper, NullEntriesOfASetupAreSkipped)
 {
     class BrokenData : public QuarnRawScanData
     {
@@ -366,16 +380,16 @@ TEST(ScanSetupTransformationHelper, NullEntriesOfASetupArePassedOver)
 
 // ---- a tree in place of the upper jaw
 
-TEST(ScanSetupTransformationHelper, TreeStandsForANullUpperBoxButTheCombinedBoxIsNotComputedAnew)
+TEST(ScanSetupTransformationHelper, TreeReplacesANullUpperBoxButTheCombinedBoxStaysByDesign)
 {
     ScanSetup setup;
     setup.addScannableRegion(region(kLowerTooth, kLower));
-    // dz = 30 - 5 - 20 with the tree's box; the centre is that of the lower jaw alone
+    // dz = 30 - 5 - 20 with the tree's box; the center is that of the lower jaw alone
     expectMatrix(Helper::getOcclusionTransformation(tree(kUpper).get(), &setup).upperTransformation,
                  turned(30.0F, -2.5F, 5.0F));
 }
 
-TEST(ScanSetupTransformationHelper, TreeStandsForAnUpperBoxThatIsNotValid)
+TEST(ScanSetupTransformationHelper, TreeReplacesAnInvalidUpperBox)
 {
     class OddRegion : public ScannableRegion
     {
@@ -389,7 +403,7 @@ TEST(ScanSetupTransformationHelper, TreeStandsForAnUpperBoxThatIsNotValid)
     auto odd = std::make_shared<OddRegion>();
     odd->setRegion(kUpperTooth, kUpperTooth);
     setup.addScannableRegion(odd);
-    // dz = -14 - 20 with the tree's box; the centre is that of the odd box
+    // dz = -14 - 20 with the tree's box; the center is that of the odd box
     expectMatrix(Helper::getOcclusionTransformation(tree(kUpper).get(), &setup).upperTransformation,
                  turned(3.0F, 0.5F, -34.0F));
 }
@@ -434,7 +448,8 @@ TEST(ScanSetupTransformationHelper, ExportOfAnyOtherArchOrWithoutAnOcclusionScan
                      {});
 }
 
-TEST(ScanSetupTransformationHelper, ExportWithAnOcclusionScanThatIsNotCalculatedUsesTheMadeUpBite)
+TEST(ScanSetupTransformationHelper,
+     ExportWithAnOcclusionScanThatIsNotCalculatedUsesTheSynthesizedBite)
 {
     ScanSetup setup;
     setup.addScannableRegion(region(kUpperTooth, kUpper));
