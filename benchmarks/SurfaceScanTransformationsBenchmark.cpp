@@ -7,7 +7,7 @@
 #include <CoreAlgorithms/model/math/Operations.h>
 #include <CoreAlgorithms/transforms/SurfaceScanTransformations.h>
 
-#include <tests/support/ResliceBuilders.h>
+#include <tests/support/ScanBuilders.h>
 
 #include <Eigen/Geometry>
 #include <benchmark/benchmark.h>
@@ -29,14 +29,8 @@ struct Scene
         for (int i = 0; i < kVertices; ++i)
             vertices.append(random.point(40.0F));
         planning = random.rigidPlacement();
-        SurfaceScanAlignment alignment;
-        alignment.initialTransform = random.rigidPlacement();
-        alignment.freehandTransform = random.rigidPlacement();
-        alignment.registrationTransform = random.rigidPlacement();
-        alignment.referenceTransform = random.rigidPlacement();
-        alignment.freehandAligned = true;
         scan.setMesh(geometry::Mesh(vertices, {}));
-        scan.setSurfaceScanAlignment(alignment);
+        scan.setSurfaceScanAlignment(test::randomAlignment(random, true));
         for (const QVector3D& vertex : vertices)
             eigenVertices.emplace_back(vertex.x(), vertex.y(), vertex.z());
         centre = scan.getCenterOfMass();

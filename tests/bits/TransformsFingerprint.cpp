@@ -12,7 +12,7 @@
 #include <CoreAlgorithms/transforms/Trelo3DProtocolTransformations.h>
 
 #include <tests/bits/Checksum.h>
-#include <tests/support/ResliceBuilders.h>
+#include <tests/support/ScanBuilders.h>
 
 namespace bits {
 namespace {
@@ -27,17 +27,6 @@ void addVertices(Checksum& checksum, const Surface3DModel& model)
 {
     for (const QVector3D& vertex : model.getMesh().getVertices())
         checksum.add(vertex);
-}
-
-SurfaceScanAlignment alignmentOf(test::RandomGeometry& random, bool freehandAligned)
-{
-    SurfaceScanAlignment alignment;
-    alignment.initialTransform = random.rigidPlacement();
-    alignment.freehandTransform = random.rigidPlacement();
-    alignment.registrationTransform = random.rigidPlacement();
-    alignment.referenceTransform = random.rigidPlacement();
-    alignment.freehandAligned = freehandAligned;
-    return alignment;
 }
 
 } // namespace
@@ -55,8 +44,8 @@ void fingerprintTransforms()
         DentalScan mandibula;
         maxilla.setMesh(geometry::Mesh(vertices, {}));
         mandibula.setMesh(geometry::Mesh(vertices, {}));
-        maxilla.setSurfaceScanAlignment(alignmentOf(random, false));
-        mandibula.setSurfaceScanAlignment(alignmentOf(random, i % 2 == 0));
+        maxilla.setSurfaceScanAlignment(test::randomAlignment(random, false));
+        mandibula.setSurfaceScanAlignment(test::randomAlignment(random, i % 2 == 0));
 
         addMatrix(totals, SurfaceScanTransformations::getTotalFreehandTransform(&maxilla, planning));
         addMatrix(totals, SurfaceScanTransformations::getTotalTransform(&mandibula, planning));
@@ -79,7 +68,7 @@ void fingerprintTransforms()
         SurfaceScanTransformations::initialToFreehand(&maxilla, planning);
         SurfaceScanTransformations::freehandToRegistration(&maxilla, planning);
         SurfaceScanTransformations::freehandOrRegistratedToInitial(&maxilla, planning);
-        SurfaceScanTransformations::setAlignment(&maxilla, alignmentOf(random, i % 2 == 1), planning);
+        SurfaceScanTransformations::setAlignment(&maxilla, test::randomAlignment(random, i % 2 == 1), planning);
         addVertices(walks, maxilla);
 
         const QVector3D a = random.point(50.0F);

@@ -5,6 +5,7 @@
 #include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
 
 #include <tests/support/Matrices.h>
+#include <tests/support/ResliceBuilders.h>
 
 #include <QMatrix4x4>
 #include <QStringList>
@@ -14,22 +15,34 @@
 
 namespace test {
 
-/// A quarter turn, exact: (x, y, z) becomes (-y, x, z).
+/// Returns an exact quarter turn: (x, y, z) becomes (-y, x, z).
 inline QMatrix4x4 quarterTurnAboutZ()
 {
     return QMatrix4x4(0.0F, -1.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F,
                       0.0F, 0.0F, 1.0F);
 }
 
-/// A quarter turn, exact: (x, y, z) becomes (x, -z, y).
+/// Returns an exact quarter turn: (x, y, z) becomes (x, -z, y).
 inline QMatrix4x4 quarterTurnAboutX()
 {
     return QMatrix4x4(1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 0.0F, -1.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F,
                       0.0F, 0.0F, 1.0F);
 }
 
-/// A scan that writes down what is called on it, in order. With `throwing`, refresh() of the model
-/// throws after it was written down.
+/// Returns an alignment of four random rigid placements.
+inline SurfaceScanAlignment randomAlignment(RandomGeometry& random, bool freehandAligned)
+{
+    SurfaceScanAlignment alignment;
+    alignment.initialTransform = random.rigidPlacement();
+    alignment.freehandTransform = random.rigidPlacement();
+    alignment.registrationTransform = random.rigidPlacement();
+    alignment.referenceTransform = random.rigidPlacement();
+    alignment.freehandAligned = freehandAligned;
+    return alignment;
+}
+
+/// Records the calls on a scan, in order. With `throwing`, refresh() of the model throws after it
+/// was recorded.
 template <typename Scan>
 class Recording : public Scan
 {
@@ -84,7 +97,7 @@ public:
     bool throwing = false;
 };
 
-/// A surface whose model is not there.
+/// A surface without a model.
 template <typename Scan>
 class WithoutModel : public Scan
 {
