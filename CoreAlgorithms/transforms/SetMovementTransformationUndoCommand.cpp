@@ -33,6 +33,8 @@ void SetMovementTransformationUndoCommand::undo()
         movement->addOcclusionModeTransformation(mode, previousTransformation.value());
     } else {
         movement->removeOcclusionModeTransformation(mode);
+        // Intended: even if the movement was in the mode before, without a transformation; hosts
+        // put occlusion movements into a mode by this command alone.
         movement->removeMovementMode(mode);
     }
 }

@@ -11,27 +11,28 @@
 
 class OcclusionMovement;
 
-/// Gives an occlusion movement its transformation for a mode.
-///
-/// The first time that the movement gets one for this mode, it is put into the mode too; undo then
-/// takes both away. Otherwise undo puts the earlier transformation back, bit for bit. What was
-/// there before is read when the command is made. During redo and undo, after the children have
-/// run, the movement is marked by a MovementUndoLock.
+/// Sets the transformation of an occlusion movement for one mode, and takes it back. A mode names
+/// the source of a bite, for instance a plaster cast. During redo and undo, after the children have
+/// run, a MovementUndoLock marks the movement as changed by undo or redo.
 ///
 /// (1) redo, undo leaves transformations and modes of the movement as they were before redo, if the
-/// movement was not
-///     in a mode for which it had no transformation.
+///     movement was not in a mode for which it had no transformation.
 /// (2) redo, undo, redo leaves the movement as the first redo did.
 class COREALGORITHMS_EXPORT SetMovementTransformationUndoCommand : public QUndoCommand
 {
 public:
-    /// The movement is not owned and must outlive the command.
+    /// Reads the movement's present transformation for the mode, which undo() restores. The
+    /// movement is not owned and must outlive the command.
     SetMovementTransformationUndoCommand(OcclusionMovement& movementToSet,
                                          const QMatrix4x4& transformation,
                                          const QString& movementMode, QUndoCommand* parent);
     ~SetMovementTransformationUndoCommand() override;
 
+    /// Stores the transformation. If there was none for the mode, also puts the movement into the
+    /// mode.
     void redo() override;
+    /// Restores the earlier transformation bit for bit. If there was none, removes the
+    /// transformation and the mode.
     void undo() override;
 
 private:

@@ -12,23 +12,28 @@
 
 #include <map>
 
-/// Stores a bite on the movements of a surgery, in one step for the user: a
-/// SetMovementTransformationUndoCommand as child for every movement that the bite has a value for.
-/// Order: maxilla, mandible, maxillary segments, mandibular segments, the segments of a jaw in the
-/// order of their type identifiers. A movement that is null is left out.
+/// Stores a bite on the movements of a surgery in one step for the user. The command has one
+/// SetMovementTransformationUndoCommand as a child for every movement for which the bite has a
+/// value, in this order: maxilla, mandible, maxillary segments, mandibular segments; the segments
+/// of a jaw in the order of their type identifiers. A movement that is null is skipped.
 ///
-/// A segment goes to the first occlusion movement of the composite that affects it first of all. If
-/// there is none, it gets a new one when the command is made: of the jaw's occlusion movement type,
-/// for the upper jaw in a maxillary composite and the lower in a mandibular one. It belongs to the
-/// composite from then on, also after undo. In a composite of another type, such an entry is passed
-/// over.
+/// A segment's matrix is stored on the first occlusion movement of the composite whose primary
+/// affected type is the segment. If there is none, the constructor adds a new movement to the
+/// composite: of the maxillary occlusion type for the upper jaw in a maxillary composite, of the
+/// mandibular for the lower jaw in a mandibular one. In a composite of another type, such an entry
+/// is skipped.
 ///
-/// A composite is put into the mode when the command is made, also for an empty map; undo leaves it
-/// there.
+/// (1) redo, undo leaves transformations and modes of all movements as the constructor left them,
+///     if no movement was in a mode for which it had no transformation.
+/// (2) redo, undo, redo leaves all movements as the first redo did.
+/// The constructor's own changes are not undone: new movements stay in their composite, and a
+/// composite stays in the mode.
 class COREALGORITHMS_EXPORT SetOcclusionMovementTransformationsUndoCommand : public QUndoCommand
 {
 public:
-    /// The movements are not owned and must outlive the command.
+    /// Makes the children and the movements that are missing, and puts each composite for which the
+    /// bite has a map, even an empty one, into the mode. The movements are not owned and must
+    /// outlive the command.
     SetOcclusionMovementTransformationsUndoCommand(
         const OcclusionMovementTransformations& transformations,
         const OcclusionMovements& movements, const QString& mode, QUndoCommand* parent);

@@ -8,8 +8,7 @@
 #include <tests/support/MovementBuilders.h>
 #include <tests/support/ResliceBuilders.h>
 #include <tests/support/ScanBuilders.h>
-
-#include <QUndoStack>
+#include <tests/support/UndoLaws.h>
 
 #include <gtest/gtest.h>
 
@@ -27,14 +26,14 @@ static_assert(std::is_base_of_v<QUndoCommand, SetMovementTransformationUndoComma
 const QString kMode = QStringLiteral("mode");
 const QString kOther = QStringLiteral("other");
 
-class SetMovementTransformationUndoCommandTest : public testing::Test
+class SetMovementTransformation : public testing::Test
 {
 protected:
     QStringList calls;
     RecordingOcclusionMovement movement{QStringLiteral("type"), calls};
 };
 
-TEST_F(SetMovementTransformationUndoCommandTest, IsReadButNotChangedWhenMade)
+TEST_F(SetMovementTransformation, IsReadButNotChangedWhenMade)
 {
     const SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F),
                                                        kMode, nullptr);
@@ -42,8 +41,7 @@ TEST_F(SetMovementTransformationUndoCommandTest, IsReadButNotChangedWhenMade)
     EXPECT_EQ(calls, QStringList());
 }
 
-TEST_F(SetMovementTransformationUndoCommandTest,
-       FirstTransformationOfAModeSetsTheModeAndUndoDropsBoth)
+TEST_F(SetMovementTransformation, FirstTransformationOfAModeSetsTheModeAndUndoDropsBoth)
 {
     SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode,
                                                  nullptr);
@@ -60,8 +58,7 @@ TEST_F(SetMovementTransformationUndoCommandTest,
     EXPECT_EQ(movement.getMovementModes(), QStringList());
 }
 
-TEST_F(SetMovementTransformationUndoCommandTest,
-       EarlierTransformationComesBackExactlyAndTheModeIsLeftAlone)
+TEST_F(SetMovementTransformation, EarlierTransformationComesBackExactlyAndTheModeIsUnchanged)
 {
     test::RandomGeometry random(3);
     const QMatrix4x4 earlier = random.rigidPlacement();
@@ -82,7 +79,7 @@ TEST_F(SetMovementTransformationUndoCommandTest,
     EXPECT_EQ(movement.getMovementModes(), QStringList({kMode, kOther}));
 }
 
-TEST_F(SetMovementTransformationUndoCommandTest, IdentityThatIsStoredIsAnEarlierTransformation)
+TEST_F(SetMovementTransformation, IdentityThatIsStoredIsAnEarlierTransformation)
 {
     movement.addOcclusionModeTransformation(kMode, {});
     SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode,
@@ -92,7 +89,7 @@ TEST_F(SetMovementTransformationUndoCommandTest, IdentityThatIsStoredIsAnEarlier
     EXPECT_TRUE(movement.getOcclusionModeTransformation(kMode).hasValue());
 }
 
-TEST_F(SetMovementTransformationUndoCommandTest, WhatWasThereBeforeIsReadWhenTheCommandIsMade)
+TEST_F(SetMovementTransformation, WhatWasThereBeforeIsReadWhenTheCommandIsMade)
 {
     SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode,
                                                  nullptr);
@@ -122,7 +119,7 @@ private:
     const Movement& movement;
 };
 
-TEST_F(SetMovementTransformationUndoCommandTest, ChildrenRunFirstAndTheLockIsTakenAfterThem)
+TEST_F(SetMovementTransformation, ChildrenRunFirstAndTheLockIsTakenAfterThem)
 {
     SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode,
                                                  nullptr);
@@ -135,7 +132,7 @@ TEST_F(SetMovementTransformationUndoCommandTest, ChildrenRunFirstAndTheLockIsTak
               QStringList({"child undo", "lock", "remove mode", "drop mode mode", "unlock"}));
 }
 
-// Sees the movement marked whenever it tells a change.
+// Checks that the movement is marked whenever it notifies a change.
 class MarkWatcher : public patterns::Observer<DataObject, std::nullptr_t>
 {
 public:
@@ -150,7 +147,7 @@ private:
     }
 };
 
-TEST_F(SetMovementTransformationUndoCommandTest, EveryChangeIsMarkedAsOneOfUndoOrRedo)
+TEST_F(SetMovementTransformation, EveryChangeIsMarkedAsOneOfUndoOrRedo)
 {
     MarkWatcher watcher;
     SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode,
@@ -163,31 +160,28 @@ TEST_F(SetMovementTransformationUndoCommandTest, EveryChangeIsMarkedAsOneOfUndoO
     EXPECT_FALSE(movement.isChangedByUndoRedo());
 }
 
-// (1) (2)
-TEST_F(SetMovementTransformationUndoCommandTest, Laws1And2UndoRestoresAndRedoRepeatsBitForBit)
+test::UndoLaws lawsOn(OcclusionMovement& movement)
 {
-    test::RandomGeometry random(5);
-    const QStringList modes = {"a", "b", "c"};
-    QUndoStack stack;
-    QList<QStringList> states = {test::stateOf(movement, modes)};
-    for (int i = 0; i < 60; ++i) {
-        const QString& mode = modes[int(random.number(0.0F, 2.99F))];
-        stack.push(new SetMovementTransformationUndoCommand(movement, random.rigidPlacement(), mode,
-                                                            nullptr));
-        states << test::stateOf(movement, modes);
-    }
-    for (int i = stack.count(); i-- > 0;) {
-        stack.undo();
-        EXPECT_EQ(test::stateOf(movement, modes), states[i]) << "after undoing command " << i;
-    }
-    for (int i = 0; i < stack.count(); ++i) {
-        stack.redo();
-        EXPECT_EQ(test::stateOf(movement, modes), states[i + 1]) << "after redoing command " << i;
-    }
+    static const QStringList modes = {"a", "b", "c"};
+    return {[&movement](test::RandomGeometry& random) {
+                const QString& mode = modes[int(random.number(0.0F, 2.99F))];
+                return new SetMovementTransformationUndoCommand(movement, random.rigidPlacement(),
+                                                                mode, nullptr);
+            },
+            [&movement] { return test::stateOf(movement, modes); }};
 }
 
-TEST_F(SetMovementTransformationUndoCommandTest,
-       ModeThatWasSetWithoutATransformationIsDroppedByUndo)
+TEST_F(SetMovementTransformation, Law1UndoRestoresTheMovementBitForBit)
+{
+    lawsOn(movement).expectUndoRestores(true);
+}
+
+TEST_F(SetMovementTransformation, Law2RedoAfterUndoRepeatsTheFirstRedo)
+{
+    lawsOn(movement).expectRedoRepeats();
+}
+
+TEST_F(SetMovementTransformation, ModeThatWasSetWithoutATransformationIsDroppedByUndoByDesign)
 {
     movement.setMovementMode(kMode);
     SetMovementTransformationUndoCommand command(movement, translation(1.0F, 0.0F, 0.0F), kMode,

@@ -11,8 +11,7 @@
 #include <tests/support/MovementBuilders.h>
 #include <tests/support/ResliceBuilders.h>
 #include <tests/support/ScanBuilders.h>
-
-#include <QUndoStack>
+#include <tests/support/UndoLaws.h>
 
 #include <gtest/gtest.h>
 
@@ -58,7 +57,7 @@ TEST_F(SetOcclusionMovements, NothingToStoreMakesNoChildrenAndChangesNothing)
     EXPECT_EQ(stateOf(made.surgery, {kMode}), before);
 }
 
-TEST_F(SetOcclusionMovements, NullMovementsArePassedOver)
+TEST_F(SetOcclusionMovements, NullMovementsAreSkipped)
 {
     bite.maxillaryTransformation = translation(1.0F, 0.0F, 0.0F);
     bite.mandibularTransformation = translation(2.0F, 0.0F, 0.0F);
@@ -105,7 +104,7 @@ TEST(SetOcclusionMovementsOrder, IsMaxillaMandibleMaxillarySegmentsMandibularSeg
         movement->setPrimaryAffectedType(QString::fromLatin1(part));
         composite.addMovement(movement);
     };
-    addPart(upper, "upper b", "b"); // found by their part, wherever they stand in the composite
+    addPart(upper, "upper b", "b"); // found by their part, wherever they are in the composite
     addPart(upper, "upper a", "a");
     addPart(lower, "lower b", "b");
     addPart(lower, "lower a", "a");
@@ -157,7 +156,7 @@ TEST_F(SetOcclusionMovements, MissingSegmentOfTheLowerJawGetsAMovementOfJawType1
     EXPECT_EQ(created->getPrimaryAffectedType(), QStringLiteral("part"));
 }
 
-TEST_F(SetOcclusionMovements, CreatedMovementStaysOnUndoWithItsModeDropped)
+TEST_F(SetOcclusionMovements, CreatedMovementStaysOnUndoWithItsModeDroppedByDesign)
 {
     bite.maxillarySegmentalTransformations =
         Matrices{{QStringLiteral("part"), translation(1.0F, 0.0F, 0.0F)}};
@@ -208,7 +207,7 @@ TEST_F(SetOcclusionMovements, FirstOfSeveralMovementsOfASegmentIsTaken)
     EXPECT_FALSE(partOf(*made.maxillaryParts, 1)->getOcclusionModeTransformation(kMode));
 }
 
-TEST_F(SetOcclusionMovements, MovementsThatAreNoOcclusionMovementsArePassedOverInTheSearch)
+TEST_F(SetOcclusionMovements, MovementsThatAreNoOcclusionMovementsAreSkippedInTheSearch)
 {
     auto* fixed = new FixedMovement(QStringLiteral("type"));
     fixed->setPrimaryAffectedType(QStringLiteral("part"));
@@ -239,7 +238,7 @@ TEST_F(SetOcclusionMovements, EntryForACompositeOfNeitherSegmentalTypeIsSkipped)
     EXPECT_TRUE(known->getOcclusionModeTransformation(kMode).hasValue());
 }
 
-TEST_F(SetOcclusionMovements, EmptySegmentalMapAddsNoChildButSetsTheModeOfTheComposite)
+TEST_F(SetOcclusionMovements, EmptySegmentalMapAddsNoChildButSetsTheModeOfTheCompositeByDesign)
 {
     bite.maxillarySegmentalTransformations = Matrices();
     Command command(bite, movements, kMode, nullptr);
@@ -276,57 +275,60 @@ TEST_F(SetOcclusionMovements, BelongsToItsParent)
     EXPECT_TRUE(made.maxillary->getOcclusionModeTransformation(kMode).hasValue());
 }
 
-// Random bites, whole and cut, in random modes, on a stack. What a command does when it is made
-// (movements for segments, the modes of composites) is no part of redo and undo.
-TEST_F(SetOcclusionMovements, StackRestoresEveryMovementBitForBitAndRedoRepeatsTheFirst)
-{
-    test::RandomGeometry random(13);
-    const QStringList modes = {MovementModes::OCCLUSION_PLASTER_CAST_MODE,
-                               MovementModes::OCCLUSION_PATIENT_SCAN_MODE,
-                               MovementModes::OCCLUSION_VIRTUAL_MODE};
-    const QStringList parts = {Maxilla::getClassTypeId(), Mandibula::getClassTypeId(),
-                               FrontSegment::getClassTypeId(), LeftSegment::getClassTypeId(),
-                               RightSegment::getClassTypeId()};
-    QUndoStack stack;
-    QtMessageHandler silent = [](QtMsgType, const QMessageLogContext&, const QString&) {};
-    QtMessageHandler former =
-        qInstallMessageHandler(silent); // bites without a reference segment warn
-    for (int i = 0; i < 300; ++i) {
-        SCOPED_TRACE(i);
-        OcclusionMovementCalculator::Data data;
-        data.maxillaRegistration = random.rigidPlacement();
-        data.mandibulaRegistration = random.rigidPlacement();
-        for (const QString& part : parts) {
-            if (random.number(0.0F, 1.0F) < 0.6F)
-                data.occlusionTransformations.emplace(part, random.rigidPlacement());
-        }
-        const QString& mode = modes[int(random.number(0.0F, 2.99F))];
-        auto* command =
-            new Command(OcclusionMovementCalculator(data).calculate(), movements, mode, nullptr);
-        const QStringList before = stateOf(made.surgery, modes);
-        stack.push(command);
-        const QStringList after = stateOf(made.surgery, modes);
-        stack.undo();
-        ASSERT_EQ(stateOf(made.surgery, modes), before);
-        stack.redo();
-        ASSERT_EQ(stateOf(made.surgery, modes), after);
-        if (random.number(0.0F, 1.0F) < 0.3F)
-            stack.undo(); // the next bite starts from an earlier state
-    }
-    qInstallMessageHandler(former);
+// ---- laws
 
-    const QStringList last = stateOf(made.surgery, modes);
-    const int done = stack.index();
-    stack.setIndex(0);
-    for (const QString& mode : modes) {
-        EXPECT_FALSE(made.maxillary->getOcclusionModeTransformation(mode));
-        for (const Movement* part : made.mandibularParts->getMovements())
-            EXPECT_EQ(part->getMovementModes(), QStringList())
-                << "made by a bite, and in no mode when all is undone";
+const QStringList kModes = {MovementModes::OCCLUSION_PLASTER_CAST_MODE,
+                            MovementModes::OCCLUSION_PATIENT_SCAN_MODE,
+                            MovementModes::OCCLUSION_VIRTUAL_MODE};
+
+// A random bite of whole jaws or with segments, stored for a random mode.
+QUndoCommand* randomBite(const OcclusionMovements& movements, test::RandomGeometry& random)
+{
+    OcclusionMovementCalculator::Data data;
+    data.maxillaRegistration = random.rigidPlacement();
+    data.mandibulaRegistration = random.rigidPlacement();
+    for (const QString& part :
+         {Maxilla::getClassTypeId(), Mandibula::getClassTypeId(), FrontSegment::getClassTypeId(),
+          LeftSegment::getClassTypeId(), RightSegment::getClassTypeId()}) {
+        if (random.number(0.0F, 1.0F) < 0.6F)
+            data.occlusionTransformations.emplace(part, random.rigidPlacement());
     }
-    EXPECT_EQ(made.maxillary->getMovementModes(), QStringList());
-    stack.setIndex(done);
-    EXPECT_EQ(stateOf(made.surgery, modes), last);
+    const QString& mode = kModes[int(random.number(0.0F, 2.99F))];
+    return new Command(OcclusionMovementCalculator(data).calculate(), movements, mode, nullptr);
+}
+
+class SetOcclusionMovementsLaws : public SetOcclusionMovementTransformationsUndoCommandTest
+{
+protected:
+    SetOcclusionMovementsLaws()
+        : former(qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {
+              // Bites without a reference segment warn.
+          }))
+    {}
+    ~SetOcclusionMovementsLaws() override { qInstallMessageHandler(former); }
+
+    test::UndoLaws laws{
+        [this](test::RandomGeometry& random) { return randomBite(movements, random); },
+        [this] { return stateOf(made.surgery, kModes); }};
+
+private:
+    QtMessageHandler former;
+};
+
+// The constructor makes movements for segments and sets the modes of composites, which stay.
+TEST_F(SetOcclusionMovementsLaws, Law1UndoRestoresEveryMovementBitForBit)
+{
+    laws.expectUndoRestores(false);
+    QList<Movement*> all = {made.maxillary, made.mandibular};
+    all += made.maxillaryParts->getMovements() + made.mandibularParts->getMovements();
+    EXPECT_GT(all.size(), 4) << "movements were made for segments";
+    for (const Movement* movement : all)
+        EXPECT_EQ(movement->getMovementModes(), QStringList()) << "in no mode when all is undone";
+}
+
+TEST_F(SetOcclusionMovementsLaws, Law2RedoAfterUndoRepeatsTheFirstRedo)
+{
+    laws.expectRedoRepeats();
 }
 
 } // namespace
