@@ -8,8 +8,8 @@
 
 namespace {
 
-// Intended: the number of matrices decides, whichever they are; a bite of whole jaws has exactly
-// the two of the jaws.
+// Intended: the number of matrices decides, whichever they are; callers pass exactly the two jaws'
+// matrices for a bite of whole jaws.
 constexpr std::size_t kSegmentalCount = 3;
 
 utility::Optional<QMatrix4x4> finite(const QMatrix4x4& move)

@@ -9,9 +9,9 @@
 
 #include <map>
 
-/// What a bite asks of the four occlusion movements of a surgery: matrices of planning space onto
-/// itself. A movement without a value is left as it is. The maps are keyed by the class type
-/// identifier of the jaw part that moves.
+/// Holds the moves that a bite requires of the four occlusion movements of a surgery. Each matrix
+/// maps the world (mm) onto itself. A field without a value leaves its movement unchanged. The keys
+/// of the maps are the class type identifiers of the jaw parts that move.
 struct OcclusionMovementTransformations
 {
     utility::Optional<QMatrix4x4> maxillaryTransformation;

@@ -8,7 +8,8 @@ class CompositeMovement;
 class MaxillofacialSurgery;
 class OcclusionMovement;
 
-/// The four occlusion movements of a surgery, not owned; null for one that it does not have.
+/// Holds pointers to the four occlusion movements of a surgery. They are not owned, and null for a
+/// movement that the surgery does not have.
 struct OcclusionMovements
 {
     OcclusionMovement* maxillaryMovement = nullptr;
@@ -19,8 +20,8 @@ struct OcclusionMovements
 
 namespace utility {
 
-/// Looks the four up by their types. A movement that has the type but is of another class gives
-/// null.
+/// Looks up the four movements by their types. A movement of the right type but of another class
+/// gives null.
 COREALGORITHMS_EXPORT OcclusionMovements getOcclusionMovements(const MaxillofacialSurgery& surgery);
 
 } // namespace utility

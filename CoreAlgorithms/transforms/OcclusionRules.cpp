@@ -16,15 +16,15 @@ void insertFinite(JawPartMatrices& moves, const QString& typeId, const QMatrix4x
         moves.emplace(typeId, move);
 }
 
-// The upper segment that stands while the others and the lower jaw come to it; empty if there is
-// none.
+// The upper segment to which the others and the lower jaw move; empty if there is none.
 QString upperReferenceSegment(const JawPartMatrices& bite)
 {
     for (const QString& typeId : {FrontSegment::getClassTypeId(), RightSegment::getClassTypeId()}) {
         if (bite.contains(typeId))
             return typeId;
     }
-    // Intended: the left segment is never the reference; a bite that has it alone is not complete.
+    // Intended: the left segment is never the reference; callers take a bite that has it alone for
+    // incomplete.
     QMessageLogger().warning("getUpperReferenceSegmentTypeId: reference segment not found");
     return {};
 }
@@ -62,14 +62,14 @@ JawPartMatrices segmentalMandibulaToMaxilla(const JawPartMatrices& bite,
     if (!mandibula)
         return {};
     const QString referenceId = upperReferenceSegment(bite);
-    // The empty identifier stands for no segment, also in a map that has an empty key.
+    // The empty identifier means no segment, even if the bite has an empty key.
     const auto reference = referenceId.isEmpty() ? std::nullopt : findMatrix(bite, referenceId);
     if (!reference)
         return {};
 
     JawPartMatrices others = upperSegments(bite);
-    others.erase(
-        referenceId); // Intended: no entry for it; callers move what is listed and it must stay.
+    // Intended: no entry for the reference; callers move what is listed, and it must stay.
+    others.erase(referenceId);
     JawPartMatrices moves;
     for (const auto& [typeId, segment] : others)
         insertFinite(moves, typeId, moveIntoBite(maxillaScan, *reference, segment, maxillaScan));

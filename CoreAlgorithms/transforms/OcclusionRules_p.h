@@ -9,36 +9,36 @@
 #include <optional>
 
 /// The rules by which a bite's matrices become moves of the jaw parts. Every move has the form
-///     standing scan * inverse(bite of the standing part) * bite of the moving part *
-///     inverse(moving scan)
-/// read from the right: out of the current placement, into the bite, out of the bite seen from the
-/// standing part, to where the standing scan is. Products associate from the left.
+///
+///     standing scan * inverse(standing part in bite) * moving part in bite * inverse(moving scan)
+///
+/// It is read from the right: out of the current placement, into the bite, relative to the standing
+/// part, to where the standing scan is. Products associate from the left.
 namespace transforms {
 
 /// Matrices by jaw part type identifier.
 using JawPartMatrices = std::map<QString, QMatrix4x4>;
 
-/// Nothing for a key that is not there.
+/// Returns the matrix of the key, or nothing if the key is absent.
 std::optional<QMatrix4x4> findMatrix(const JawPartMatrices& matrices, const QString& typeId);
 
-/// One move, see above.
+/// Returns one move, see above.
 QMatrix4x4 moveIntoBite(const QMatrix4x4& standingScan, const QMatrix4x4& standingInBite,
                         const QMatrix4x4& movingInBite, const QMatrix4x4& movingScan);
 
-/// Those of the front, right and left segment that the bite holds.
+/// Returns the matrices of the front, right and left segment that the bite holds.
 JawPartMatrices upperSegments(const JawPartMatrices& bite);
 
-/// The upper jaw is cut and stays, the lower jaw comes: moves of the lower jaw and of the upper
-/// segments except the reference segment, which stands. That is the front segment or, without one,
-/// the right; without both a warning is logged. Empty without a reference segment or a matrix of
-/// the lower jaw, the latter without warning. Moves that are not finite are left out, here and
-/// below.
+/// Returns the moves of the lower jaw and of the upper segments to the reference segment, which
+/// does not move and has no entry. The reference is the front segment or, without one, the right.
+/// Logs a warning and returns an empty map if the bite has neither. Returns an empty map, without
+/// warning, if it has no matrix of the lower jaw. Leaves out moves that are not finite.
 JawPartMatrices segmentalMandibulaToMaxilla(const JawPartMatrices& bite,
                                             const QMatrix4x4& maxillaScan,
                                             const QMatrix4x4& mandibulaScan);
 
-/// The lower jaw stays, the upper jaw's segments come: their moves. Empty without a matrix of the
-/// lower jaw.
+/// Returns the moves of the upper segments to the lower jaw, which does not move. Returns an empty
+/// map without a matrix of the lower jaw. Leaves out moves that are not finite.
 JawPartMatrices segmentalMaxillaToMandibula(const JawPartMatrices& bite,
                                             const QMatrix4x4& maxillaScan,
                                             const QMatrix4x4& mandibulaScan);

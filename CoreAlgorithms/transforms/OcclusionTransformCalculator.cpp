@@ -55,7 +55,7 @@ OcclusionTransformCalculator::~OcclusionTransformCalculator() = default;
 std::map<QString, QMatrix4x4>
 OcclusionTransformCalculator::calculateTransformations(TransformationType type)
 {
-    // Intended: whatever is not 0 moves the upper jaw; callers pass stored numbers.
+    // Intended: every value but 0 moves the upper jaw; callers pass stored numbers.
     return type == MandibulaToMaxilla ? calculateMandibulaToMaxillaTransformations()
                                       : calculateMaxillaToMandibulaTransformations();
 }

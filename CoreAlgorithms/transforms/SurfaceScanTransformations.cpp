@@ -46,8 +46,8 @@ struct Chain
 
     QMatrix4x4 registrationTotal(const QMatrix4x4& m) const
     {
-        // Intended: a scan that was never placed stays where the scanner had it, whatever the
-        // planning transform is; the reference is not looked at, as it is set for such a scan too.
+        // Intended: a scan that was never placed stays where the scanner had it, whatever M is;
+        // hosts set a reference for such a scan too, so P does not count.
         if (initial.isIdentity() && freehand.isIdentity() && registration.isIdentity())
             return {};
         return m * registration * reference.inverted() * freehand * initial;
@@ -65,8 +65,10 @@ struct Chain
     bool freehandAligned;
 };
 
-// False for a matrix that is not finite: then the caller leaves the flag unchanged too, since flag
-// and record say where the mesh stands.
+// Returns false for a matrix that is not finite. The caller then leaves the flag unchanged too,
+// since flag and record say where the mesh is.
+// Intended: the vertices are not checked; hosts place scans by rigid matrices, which keep them
+// finite.
 bool move(AlignableSurface& surface, const QMatrix4x4& matrix)
 {
     if (!isFinite(matrix))
@@ -79,12 +81,12 @@ bool move(AlignableSurface& surface, const QMatrix4x4& matrix)
     return true;
 }
 
-// Third coordinates of vectors rotated by a quaternion q, with the bits of
-// QQuaternion::rotatedVector(), the sign of zero aside. Qt multiplies q * (0, v) * conjugate(q),
-// each product by its scheme of nine multiplications in place of sixteen; the same sums and
-// products stand below, those of q alone worked out once. Vertices are taken in blocks of a fixed
-// size, by coordinates, which compilers turn into vector code: the largest of many is the same in
-// any order.
+// Computes the third coordinates of vectors rotated by a quaternion q, with the bits of
+// QQuaternion::rotatedVector() except for the sign of zero. Qt multiplies q * (0, v) *
+// conjugate(q), each product by its scheme of nine multiplications in place of sixteen; the code
+// below has the same sums and products and computes those of q alone once. Vertices are processed
+// in blocks of a fixed size, by coordinates, which compilers turn into vector code. The largest of
+// many is the same in any order.
 class RotatedHeights
 {
 public:
@@ -104,7 +106,7 @@ public:
           wPlusX(q.scalar() + q.x())
     {}
 
-    // The lowest float if there is none.
+    // Returns the lowest float if there is no vector.
     float highest(const QList<QVector3D>& vectors) const
     {
         Block highestOfLanes;
@@ -258,8 +260,8 @@ void SurfaceScanTransformations::initialToRegistrated(AlignableSurface* surface,
     if (!surface)
         return;
     const Chain chain(*surface);
-    // Intended: the flag stays as it is; callers that show a registration before it is accepted
-    // rely on it.
+    // Intended: the flag is unchanged; callers that show a registration before it is accepted rely
+    // on it.
     move(*surface, chain.registrationTotal(m) * chain.initial.inverted());
 }
 
@@ -296,7 +298,7 @@ void SurfaceScanTransformations::freehandOrRegistratedToInitial(AlignableSurface
     const QMatrix4x4 toInitial = chain.initial * chain.total(m).inverted();
     if (!isFinite(toInitial))
         return;
-    // Intended: the flag is cleared before the move, so that whoever is told of the move finds it
+    // Intended: the flag is cleared before the move; observers of the move rely on finding it
     // cleared. The total is the one from before.
     surface->setFreehandAligned(false);
     move(*surface, toInitial);
@@ -308,17 +310,18 @@ void SurfaceScanTransformations::setAlignment(AlignableSurface* surface,
 {
     if (!surface)
         return;
-    // Copies: either argument may be the surface's own record or a part of it, which changes on the
-    // way.
+    // Copies: either argument may be the surface's own record or a part of it, which changes below.
     const SurfaceScanAlignment next = alignment;
     const QMatrix4x4 planning = m;
     // Both moves are checked before anything is changed: a mesh that made only one of them would
-    // not stand where its record says.
+    // not be where its record says.
+    // Intended: the total that is not in force is not checked; callers get the record back as they
+    // stored it.
     if (!isFinite(Chain(*surface).total(planning).inverted()) ||
         !isFinite(Chain(next).total(planning)))
         return;
-    // Intended: refreshed before anything else, so that a move still pending in the model is not
-    // mixed into the new placement.
+    // Intended: refreshed before anything else; hosts may leave a move pending in the model, which
+    // must not be mixed into the new placement.
     if (Surface3DModel* model = surface->getSurfaceModel())
         model->refresh();
     removeTotalFreehandOrRegistrated(surface, planning);
@@ -338,6 +341,6 @@ float SurfaceScanTransformations::computeInitialHeightOffset(const AlignableSurf
     const QQuaternion rotation = math::Operations::getRotationTo(
         QVector3D(0.0F, 0.0F, 1.0F), direction, QVector3D(1.0F, 0.0F, 0.0F));
     const float highest = RotatedHeights(rotation).highest(model->getMesh().getVertices());
-    const float centre = rotation.rotatedVector(model->getCenterOfMass()).z();
-    return std::abs(highest - centre) + margin;
+    const float center = rotation.rotatedVector(model->getCenterOfMass()).z();
+    return std::abs(highest - center) + margin;
 }
