@@ -34,7 +34,7 @@ struct SurgeryWithMovements
         new CompositeMovement(MovementTypes::m_mandibular_segmental_occlusion_movement);
 };
 
-/// The bits of a matrix, for comparison and to be read.
+/// Returns the bits of a matrix, for comparison and to be read.
 inline QString bitsOf(const QMatrix4x4& matrix)
 {
     QStringList words;
@@ -43,7 +43,7 @@ inline QString bitsOf(const QMatrix4x4& matrix)
     return words.join(u' ');
 }
 
-/// All that a movement holds, with those inside it, as lines: equal if nothing differs by a bit.
+/// Returns all that a movement and its parts hold, as lines that are equal if no bit differs.
 inline QStringList stateOf(const Movement& movement, const QStringList& modes)
 {
     QStringList lines = {movement.getMovementType() + u'/' + movement.getPrimaryAffectedType() +
@@ -70,7 +70,7 @@ inline QStringList stateOf(const MaxillofacialSurgery& surgery, const QStringLis
     return lines;
 }
 
-/// A movement that writes down what is called on it, in order, into a list that may be shared.
+/// Records the calls on a movement, in order, in a list that may be shared.
 template <typename Kind>
 class RecordingMovement : public Kind
 {

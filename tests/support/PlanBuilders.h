@@ -29,9 +29,9 @@
 #include <memory>
 #include <utility>
 
-/// A plan that holds one object of every kind that a new scanner frame moves, each of which writes
-/// its name into one log when it is moved. Every position of the plan is (1, 2, 3) at first, every
-/// placement the shift there.
+/// A plan that holds one object of every kind that a new scanner frame moves. Each of them writes
+/// its name into one log when it is moved. Initially, every position of the plan is (1, 2, 3), and
+/// every placement the shift to that point.
 namespace test {
 
 inline const QVector3D kStart{1.0F, 2.0F, 3.0F};
@@ -43,7 +43,7 @@ inline QMatrix4x4 startPlacement()
     return matrix;
 }
 
-/// Calls in their order; a name that follows itself is written once.
+/// Holds the names of calls in their order; a name that follows itself is written once.
 class MoveLog
 {
 public:
@@ -73,7 +73,7 @@ private:
     QString name;
 };
 
-/// Of what has applyTransform().
+/// Logs the moves of what has applyTransform().
 template <typename Kind>
 class LoggingTransformed : public Logging<Kind>
 {
@@ -86,7 +86,7 @@ public:
     }
 };
 
-/// Of what has changePosition(position).
+/// Logs the moves of what has changePosition(position).
 template <typename Kind>
 class LoggingPositioned : public Logging<Kind>
 {
@@ -99,7 +99,7 @@ public:
     }
 };
 
-/// Of surfaces and trees.
+/// Logs the moves of surfaces and trees.
 template <typename Kind>
 class LoggingSurface : public Logging<Kind>
 {
@@ -112,7 +112,7 @@ public:
     }
 };
 
-/// Of implants and pins.
+/// Logs the moves of implants and pins.
 template <typename Kind>
 class LoggingPlaced : public Logging<Kind>
 {
@@ -238,7 +238,7 @@ public:
     }
 };
 
-/// Of 10 x 10 x 10 voxels of 1 mm: from -0.5 to 9.5 along each axis, centre 4.5.
+/// Makes a volume of 10 x 10 x 10 voxels of 1 mm: from -0.5 to 9.5 along each axis, center 4.5.
 inline std::shared_ptr<CTDataVolumeObject> makeVolumeObject()
 {
     const auto volume = std::make_shared<ImageVolume>();
@@ -311,7 +311,8 @@ struct WholePlan
         log.names.clear();
     }
 
-    /// Against the order of the steps, with a null entry and objects that no step moves among them.
+    /// Returns the objects against the order of the steps. A null entry and objects that no step
+    /// moves are among them.
     QList<DataObject*> objects() const
     {
         return {canal.get(),

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/OcclusionMovementCalculator.h>
 
-// The movements that a bite asks for: whole jaws, segments, the count that tells them apart,
+// The movements that a bite requires: whole jaws, segments, the count that tells them apart,
 // missing keys.
 
 #include <CoreAlgorithms/model/dataobjects/JawParts.h>
@@ -113,7 +113,7 @@ OcclusionMovementTransformations calculate(const Data& data)
     return OcclusionMovementCalculator(data).calculate();
 }
 
-TEST(OcclusionMovementCalculator, StoresUnderThePatientScanModeUnlessTold)
+TEST(OcclusionMovementCalculator, StoresUnderThePatientScanModeByDefault)
 {
     EXPECT_EQ(Data().movementMode, MovementModes::OCCLUSION_PATIENT_SCAN_MODE);
     EXPECT_TRUE(Data().occlusionTransformations.empty());
@@ -121,10 +121,10 @@ TEST(OcclusionMovementCalculator, StoresUnderThePatientScanModeUnlessTold)
     EXPECT_TRUE(Data().mandibulaRegistration.isIdentity());
 }
 
-// Maxilla, from the right: (1, 2, 8) minus (0, 0, 5) is (1, 2, 3); turned (-2, 1, 3); minus (0, 2,
-// 0) is
-// (-2, -1, 3); plus (10, 0, 0). Mandible: (11, 2, 3) minus (10, 0, 0) is (1, 2, 3); plus (0, 2, 0)
-// is (1, 4, 3); turned back, (x, y) to (y, -x), (4, -1, 3); plus (0, 0, 5).
+// Maxilla, from the right: (1, 2, 8) minus (0, 0, 5) is (1, 2, 3); turned (-2, 1, 3);
+// minus (0, 2, 0) is (-2, -1, 3); plus (10, 0, 0). Mandible: (11, 2, 3) minus (10, 0, 0) is
+// (1, 2, 3); plus (0, 2, 0) is (1, 4, 3); turned back, (x, y) to (y, -x), (4, -1, 3);
+// plus (0, 0, 5).
 TEST(OcclusionMovementCalculator, BiteOfTwoJawsGivesTheTwoWholeJawMovementsOnly)
 {
     const auto result = calculate(wholeJaws());
@@ -199,7 +199,7 @@ TEST(OcclusionMovementCalculator, SegmentalRulesAreThoseOfTheOcclusionTransformC
     }
 }
 
-TEST(OcclusionMovementCalculator, CountOfThreeDecidesDeliberatelyWhateverTheKeysAre)
+TEST(OcclusionMovementCalculator, CountOfThreeDecidesWhateverTheKeysAreByDesign)
 {
     Data data = wholeJaws();
     data.occlusionTransformations[QStringLiteral("neither jaw nor segment")] = {};
@@ -216,7 +216,7 @@ TEST(OcclusionMovementCalculator, CountOfThreeDecidesDeliberatelyWhateverTheKeys
         << "two entries: whole jaws, though a segment is there";
 }
 
-TEST(OcclusionMovementCalculator, SegmentalFieldsAreEngagedAlsoWhenTheirMapsAreEmpty)
+TEST(OcclusionMovementCalculator, SegmentalFieldsHaveValuesEvenWhenTheirMapsAreEmpty)
 {
     Data data = segments();
     data.occlusionTransformations.erase(mandibula());
@@ -293,8 +293,8 @@ TEST(OcclusionMovementCalculator, LeavesOutMovesThatAreNotFinite)
               QStringList({front(), left()}));
 }
 
-// Scans shifted by 1 and a bite of shifts by 1e8: the left association gives ((1 - 1e8) + 1e8) - 1
-// = -1, as 1 - 1e8 rounds to -1e8. Every other association gives 0 or 1.
+// Scans shifted by 1 and a bite of shifts by 1e8: the left association gives
+// ((1 - 1e8) + 1e8) - 1 = -1, as 1 - 1e8 rounds to -1e8. Every other association gives 0 or 1.
 TEST(OcclusionMovementCalculator, ProductsAssociateFromTheLeftInEveryMove)
 {
     const QMatrix4x4 near = translation(1.0F, 0.0F, 0.0F);
@@ -313,9 +313,9 @@ TEST(OcclusionMovementCalculator, ProductsAssociateFromTheLeftInEveryMove)
     }
 }
 
-// The maxilla, moved, bites with the standing mandible as the bite records: seen from the
-// mandible's scan, it stands where O[Mandibula]^-1 * O[Maxilla] puts it; and the other way round.
-TEST(OcclusionMovementCalculator, MovedJawStandsToTheOtherAsRecorded)
+// The moved maxilla meets the mandible as recorded: relative to the mandible's scan, it is where
+// O[Mandibula]^-1 * O[Maxilla] puts it; and the same with the jaws swapped.
+TEST(OcclusionMovementCalculator, MovedJawIsToTheOtherAsRecorded)
 {
     test::RandomGeometry random(11);
     for (int i = 0; i < 200; ++i) {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/transforms/PlanningApplyTransform.h>
 
-// A plan in a new scanner frame: every step, their order, what is recorded, what is left alone, the
+// A plan in a new scanner frame: every step, their order, what is recorded, what is unchanged, the
 // way back.
 
 #include <tests/support/ModelRecorders.h>
@@ -14,8 +14,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <functional>
 #include <limits>
+#include <string>
+#include <string_view>
 #include <type_traits>
 
 struct PlanningApplyTransformTestAccess
@@ -82,6 +85,19 @@ struct Step
     std::function<QVector3D(const WholePlan&)> position; // (1, 2, 3) before, (8, 21, 33) after
 };
 
+// The name in the log, as a name of a test: "point annotation" becomes "PointAnnotation".
+std::string testName(const Step& step)
+{
+    std::string name;
+    bool beginsWord = true;
+    for (const char c : std::string_view(step.name)) {
+        if (std::isalpha(static_cast<unsigned char>(c)))
+            name += beginsWord ? char(std::toupper(static_cast<unsigned char>(c))) : c;
+        beginsWord = !std::isalpha(static_cast<unsigned char>(c));
+    }
+    return name;
+}
+
 void PrintTo(const Step& step, std::ostream* stream)
 {
     *stream << step.number << " " << step.name;
@@ -96,11 +112,11 @@ QVector3D biteShift(const WholePlan& plan)
     return matrix ? positionOf(matrix.value()) + QVector3D(7.0F, 19.0F, 30.0F) : kStart;
 }
 
-// clang-format off
 const Step kSteps[] = {
     {1, "spline", 0, [](auto& p) { return p.spline.get(); },
      [](auto& p) { return p.spline->getControlPoints().last()->getPosition(); }},
-    {2, "tooth", 1, [](auto& p) { return p.tooth.get(); }, [](auto& p) { return p.tooth->getPosition(); }},
+    {2, "tooth", 1, [](auto& p) { return p.tooth.get(); },
+     [](auto& p) { return p.tooth->getPosition(); }},
     {3, "attachable", 2, [](auto& p) { return p.attachable.get(); },
      [](auto& p) { return p.attachable->getPosition(); }},
     {4, "point annotation", 3, [](auto& p) { return p.pointAnnotation.get(); },
@@ -111,17 +127,22 @@ const Step kSteps[] = {
      [](auto& p) { return p.pencil->getPositions().last(); }},
     {7, "point based", 6, [](auto& p) { return p.pointBased.get(); },
      [](auto& p) { return p.pointBased->getPositions().last(); }},
-    {8, "arrow", 7, [](auto& p) { return p.arrow.get(); }, [](auto& p) { return p.arrow->getTip(); }},
-    {9, "circle", 8, [](auto& p) { return p.circle.get(); }, [](auto& p) { return p.circle->getCentre(); }},
-    {10, "text", 9, [](auto& p) { return p.text.get(); }, [](auto& p) { return p.text->getPosition(); }},
+    {8, "arrow", 7, [](auto& p) { return p.arrow.get(); },
+     [](auto& p) { return p.arrow->getTip(); }},
+    {9, "circle", 8, [](auto& p) { return p.circle.get(); },
+     [](auto& p) { return p.circle->getCentre(); }},
+    {10, "text", 9, [](auto& p) { return p.text.get(); },
+     [](auto& p) { return p.text->getPosition(); }},
     {11, "custom reslice", 10, [](auto& p) { return p.reslice.get(); },
      [](auto& p) { return positionOf(p.reslice->getResliceTransform()); }},
     {12, "poly-line", 11, [](auto& p) { return p.polyLine.get(); },
      [](auto& p) { return p.polyLine->getPosition(0, VolumeContext).value(); }},
     {13, "grey value", 12, [](auto& p) { return p.measurement.get(); },
      [](auto& p) { return p.measurement->getPosition(); }},
-    {14, "splint", 13, [](auto& p) { return p.splint.get(); }, [](auto& p) { return firstVertex(*p.splint); }},
-    {15, "nerve", 14, [](auto& p) { return p.nerve.get(); }, [](auto& p) { return firstVertex(*p.nerve); }},
+    {14, "splint", 13, [](auto& p) { return p.splint.get(); },
+     [](auto& p) { return firstVertex(*p.splint); }},
+    {15, "nerve", 14, [](auto& p) { return p.nerve.get(); },
+     [](auto& p) { return firstVertex(*p.nerve); }},
     {16, "scan", 15, [](auto& p) { return p.upperScan.get(); },
      [](auto& p) { return firstVertex(*p.upperScan); }},
     {17, "jaw part", 17, [](auto& p) { return p.mandibula.get(); },
@@ -132,7 +153,8 @@ const Step kSteps[] = {
      [](auto& p) { return positionOf(p.distractor->getTransform()); }},
     {20, "soft tissue", 20, [](auto& p) { return p.softTissue.get(); },
      [](auto& p) { return firstVertex(*p.softTissue); }},
-    {21, "skin", 21, [](auto& p) { return p.skin.get(); }, [](auto& p) { return firstVertex(*p.skin); }},
+    {21, "skin", 21, [](auto& p) { return p.skin.get(); },
+     [](auto& p) { return firstVertex(*p.skin); }},
     {22, "osteotomy", 22, [](auto& p) { return p.osteotomy.get(); },
      [](auto& p) { return firstVertex(*p.osteotomy); }},
     {23, "surgery", -1, [](auto& p) { return p.surgery.get(); }, biteShift},
@@ -140,7 +162,8 @@ const Step kSteps[] = {
      [](auto& p) { return positionOf(p.shell->getObjectTransform()); }},
     {25, "joint", 24, [](auto& p) { return p.joint.get(); },
      [](auto& p) { return p.jointLine->getOriginalPath().last(); }},
-    {26, "airway", 25, [](auto& p) { return p.airway.get(); }, [](auto& p) { return firstVertex(*p.airway); }},
+    {26, "airway", 25, [](auto& p) { return p.airway.get(); },
+     [](auto& p) { return firstVertex(*p.airway); }},
     {27, "show object", 26, [](auto& p) { return p.showObject.get(); },
      [](auto& p) { return firstVertex(*p.showObject); }},
     {28, "patient surface", 27, [](auto& p) { return p.patientSurface.get(); },
@@ -158,12 +181,14 @@ const Step kSteps[] = {
     {34, "surgical template", 32, [](auto& p) { return p.surgicalTemplate.get(); },
      [](auto& p) { return positionOf(p.surgicalTemplate->getObjectTransform()); }},
     {35, "collection", 33, [](auto& p) { return p.collection.get(); },
-     [](auto& p) { return p.collection->getPreOpRotationPoint(Maxilla::getClassTypeId()).value(); }},
-    {36, "apex", 34, [](auto& p) { return p.apex.get(); }, [](auto& p) { return p.apex->getPosition(); }},
+     [](auto& p) {
+         return p.collection->getPreOpRotationPoint(Maxilla::getClassTypeId()).value();
+     }},
+    {36, "apex", 34, [](auto& p) { return p.apex.get(); },
+     [](auto& p) { return p.apex->getPosition(); }},
     {37, "root canal", 35, [](auto& p) { return p.canal.get(); },
      [](auto& p) { return p.canal->getBasePosition(); }},
 };
-// clang-format on
 
 class PlanningApplyTransformStep : public testing::TestWithParam<Step>
 {
@@ -185,7 +210,7 @@ TEST_P(PlanningApplyTransformStep, MovesItsObjectInItsPlaceAndRecordsIt)
     EXPECT_EQ(changed.count(step.object(plan)), step.recordedAt < 0 ? 0 : 1);
 }
 
-TEST_P(PlanningApplyTransformStep, TreatsAPlanOfItsObjectAlone)
+TEST_P(PlanningApplyTransformStep, MovesItsObjectInAPlanWithoutOthers)
 {
     const Step& step = GetParam();
     QList<DataObject*> objects = {step.object(plan)};
@@ -199,7 +224,7 @@ TEST_P(PlanningApplyTransformStep, TreatsAPlanOfItsObjectAlone)
 }
 
 INSTANTIATE_TEST_SUITE_P(All, PlanningApplyTransformStep, testing::ValuesIn(kSteps),
-                         [](const auto& row) { return "Step" + std::to_string(row.param.number); });
+                         [](const auto& row) { return testName(row.param); });
 
 TEST(PlanningApplyTransform, RunsAll37StepsInTheirOrder)
 {
@@ -275,7 +300,7 @@ TEST(PlanningApplyTransform, EmptyListGivesAnEmptyListAndChangesNothing)
     EXPECT_EQ(PlanningApplyTransform().applyTransform(quarterTurnAndShift()), QList<DataObject*>());
 }
 
-TEST(PlanningApplyTransform, PassesOverNullAndUnknownObjectsAndMovesAllOthers)
+TEST(PlanningApplyTransform, SkipsNullAndUnknownObjectsAndMovesAllOthers)
 {
     DataObject unknown;
     PointAnnotation annotation;
@@ -353,7 +378,7 @@ TEST(PlanningApplyTransform, MatrixMayBeAPlacementOfThePlanItself)
     expectVector(apex.getPosition(), 8.0F, 21.0F, 33.0F);
 }
 
-TEST(PlanningApplyTransform, SingularMatrixIsTakenAsItIs)
+TEST(PlanningApplyTransform, SingularMatrixIsAppliedUnchanged)
 {
     QMatrix4x4 flattening;
     flattening.scale(1.0F, 1.0F, 0.0F);
@@ -391,7 +416,7 @@ TEST(PlanningApplyTransform, NoClassOfTheModelIsMovedTwice)
 }
 
 // No class of this model is of two kinds, but an application's may be.
-TEST(PlanningApplyTransform, ObjectOfSeveralKindsIsTreatedAsEachAndRecordedForEach)
+TEST(PlanningApplyTransform, ObjectOfSeveralKindsIsProcessedAsEachAndRecordedForEach)
 {
     class Both : public PointAnnotation, public Skin
     {};
@@ -422,21 +447,20 @@ protected:
     std::shared_ptr<CTDataVolumeObject> volume = test::makeVolumeObject();
 };
 
-// The box reaches from -0.5 to 9.5: its centre lies at 4.5, which is slice (4.5 + 0.5) / 1 = 5.
-TEST_F(DentalSplineStep, MovesPointsAndTagsAndTakesTheOcclusalIndexOfTheScan)
+// The box reaches from -0.5 to 9.5: its center is 4.5, which is slice (4.5 + 0.5) / 1 = 5.
+TEST_F(DentalSplineStep, MovesPointsAndTagsButNotTheOcclusalCenterOfTheCtByDesign)
 {
     EXPECT_EQ(moved({&spline, volume.get()}), QList<DataObject*>({&spline}));
     expectVector(spline.getControlPoints().last()->getPosition(), 8.0F, 21.0F, 33.0F);
     expectVector(spline.getObjects().value(ToothChart::Tooth(5))->getPosition(), 10.0F, 20.0F,
                  30.0F);
-    EXPECT_EQ(spline.getOcclusalIndex(), 5)
-        << "the occlusal centre is deliberately not mapped by the matrix";
+    EXPECT_EQ(spline.getOcclusalIndex(), 5) << "the index of the CT's unmoved occlusal center";
     EXPECT_EQ(spline.getArchType(), ToothChart::LowerArch);
     EXPECT_EQ(spline.getCreationType(), ManuallyCreated);
 }
 
 // Six tenths of 4.5 are 2.7, slice 3.
-TEST_F(DentalSplineStep, OcclusalCentreFollowsThePlaneDefinition)
+TEST_F(DentalSplineStep, OcclusalCenterFollowsThePlaneDefinition)
 {
     volume->getCTData()->setOcclusalPlaneDefinition(CTData::OcclusalPlaneDefinition(1));
     moved({volume.get(), &spline});
@@ -458,7 +482,7 @@ TEST_F(DentalSplineStep, WithoutACtSplinesStayBehindWhileAllOtherObjectsMoveByDe
     }
 }
 
-TEST_F(DentalSplineStep, FirstVolumeDecidesAlsoWithoutData)
+TEST_F(DentalSplineStep, FirstVolumeDecidesEvenWithoutDataByDesign)
 {
     CTDataVolumeObject empty;
     EXPECT_EQ(moved({&spline, &empty, volume.get()}), QList<DataObject*>());
@@ -481,7 +505,7 @@ TEST_F(DentalSplineStep, EverySplineIsMoved)
 
 // ---- 2, tooth annotations
 
-TEST(PlanningApplyTransform, ToothAnnotationOfCreationType0IsDeliberatelyLeftAlone)
+TEST(PlanningApplyTransform, ToothAnnotationOfCreationType0IsNeitherMovedNorReturnedByDesign)
 {
     ToothAnnotation3D automatic;
     ToothAnnotation3D manual;
@@ -589,7 +613,7 @@ TEST(PolyLineStep, ManyFramedPointIsChangedInEachSupportedFrameInWhichItIs)
     EXPECT_EQ(line.editor.calls, QStringList({"0: (8, 21, 33) in 1", "0: (10, 20, 30) in 0"}));
 }
 
-TEST(PolyLineStep, TiedPointsFollowTheirObjectsOnly)
+TEST(PolyLineStep, LinkedPointsFollowTheirObjectsOnly)
 {
     RecordedPolyLine line;
     const auto object = std::make_shared<dataobject::AttachablePoint>();
@@ -600,19 +624,19 @@ TEST(PolyLineStep, TiedPointsFollowTheirObjectsOnly)
     expectVector(line.getPosition(0, VolumeContext).value(), 8.0F, 21.0F, 33.0F);
 }
 
-TEST(PolyLineStep, FreePointThatTellsALinkIsNotChanged)
+TEST(PolyLineStep, FreePointWithALinkIsNotChanged)
 {
-    class Tied : public PointUnlinked
+    class Linked : public PointUnlinked
     {
     public:
-        Tied() : PointUnlinked(kStart) {}
+        Linked() : PointUnlinked(kStart) {}
         std::shared_ptr<DataObject> getLinkedObject() const override
         {
             return std::make_shared<DataObject>();
         }
     };
     RecordedPolyLine line;
-    line.addPoint(std::make_shared<Tied>());
+    line.addPoint(std::make_shared<Linked>());
     moved({&line});
     EXPECT_EQ(line.editor.calls, QStringList());
 }
@@ -653,7 +677,7 @@ TEST(PolyLineStep, NullPointsAndALineWithoutEditorAreUnharmed)
 
 // ---- surfaces
 
-// Notes the two calls that move a surface, and the bracket around them.
+// Records the two calls that move a surface, and the bracket around them.
 template <typename Kind>
 class CallRecorder : public Kind
 {
@@ -689,7 +713,7 @@ TYPED_TEST(SurfaceStep, MovesByTheMatrixAndRefreshesInOneEditingBracket)
     EXPECT_EQ(surface.moves, QList<QMatrix4x4>({quarterTurnAndShift()}));
 }
 
-TEST(PlanningApplyTransform, MovesSurfacesRelativelyToWhereTheyStand)
+TEST(PlanningApplyTransform, MovesSurfacesRelativeToWhereTheyAre)
 {
     Skin skin;
     skin.setMesh(test::startMesh());
@@ -729,7 +753,7 @@ TEST(PlanningApplyTransform, NerveLineGetsNewPointsAndMayBeNull)
     EXPECT_EQ(moved({plan.nerve.get()}), QList<DataObject*>({plan.nerve.get()}));
 }
 
-TEST(PlanningApplyTransform, NullSurfaceScanIsPassedOver)
+TEST(PlanningApplyTransform, NullSurfaceScanIsSkipped)
 {
     Access::transformSurfaceScan(nullptr, quarterTurnAndShift());
 }
@@ -833,7 +857,7 @@ TEST(OriginalModelsStep, SkullIsMovedBeforeTheMandible)
     EXPECT_EQ(log.names, QStringList({"skull", "mandible"}));
 }
 
-TEST(OriginalModelsStep, NullModelsArePassedOver)
+TEST(OriginalModelsStep, NullModelsAreSkipped)
 {
     Anatomy anatomy;
     EXPECT_EQ(moved({&anatomy}), QList<DataObject*>({&anatomy}));
@@ -846,7 +870,7 @@ TEST(OriginalModelsStep, NullModelsArePassedOver)
 
 // ---- 19, distractors
 
-// A device whose position follows its shapes at once, as an application may have it.
+// A device whose position follows its shapes at once, as in some applications.
 class FollowingDistractor : public Distractor
 {
 public:
@@ -925,8 +949,8 @@ TEST_F(SurgeryStep, OcclusionIsStoredAsPlasterCastAndVirtualOcclusionAsVirtual)
     EXPECT_EQ(maxillaX(plaster), 5.0F);
     EXPECT_EQ(maxillaX(onScreen), 6.0F);
     EXPECT_EQ(made.maxillary->getMovementModes(), QStringList({plaster, onScreen}))
-        << "recorded bites before those found on the screen";
-    // The mandible moves the other way.
+        << "plaster casts before bites found on the screen";
+    // The mandible moves in the opposite direction.
     EXPECT_EQ(made.mandibular->getOcclusionModeTransformation(plaster).value()(0, 3), -5.0F);
 }
 
@@ -939,10 +963,10 @@ TEST_F(SurgeryStep, LastOfSeveralBitesOfAKindStays)
     EXPECT_EQ(maxillaX(plaster), 7.0F);
 }
 
-// With the initial placement (0, 0, 1) of the upper scan, its total transform is P * (0, 0, 1); the
+// The upper scan has the initial placement (0, 0, 1), and so the total transform P * (0, 0, 1); the
 // lower scan was never placed, and its total the identity whatever P is. The maxilla's movement is
 // O * Tmax^-1.
-TEST_F(SurgeryStep, ScansStandInTheNewScannerTransformAndNotInTheMatrixOfTheMove)
+TEST_F(SurgeryStep, ScansAreInTheNewScannerTransformAndNotInTheMatrixOfTheMove)
 {
     occlusion.setTransformations(biteShifting(0.0F));
     upper.setInitialTransform(translation(0.0F, 0.0F, 1.0F));
@@ -987,7 +1011,7 @@ TEST_F(SurgeryStep, NewScannerTransformThatIsNotFiniteLeavesTheOcclusionMovement
     }
 }
 
-TEST_F(SurgeryStep, FirstScanOfEachJawCounts)
+TEST_F(SurgeryStep, FirstScanOfEachJawIsTaken)
 {
     DentalScan none;
     DentalScan secondUpper;
@@ -1062,7 +1086,7 @@ TEST_F(SurgeryStep, ChangesAreThoseOfARedo)
 
 // ---- 24 and 25
 
-// Notes the calls that move a tree, and a bracket around them.
+// Records the calls that move a tree, and a bracket around them.
 template <typename Kind>
 class TreeRecorder : public Kind
 {
@@ -1105,7 +1129,7 @@ TEST(PlanningApplyTransform, JointWithoutALineIsRecorded)
 
 // ---- 29, cephalometric planes
 
-TEST(PlanningApplyTransform, CephPlanesAreMovedButDeliberatelyNotReturned)
+TEST(PlanningApplyTransform, CephPlanesAreMovedButNotReturnedByDesign)
 {
     CephPlaneBase plane;
     plane.setPlane(primitives::Plane(kStart, QVector3D(1.0F, 0.0F, 0.0F)));
@@ -1227,7 +1251,7 @@ TEST(CollectionStep, ProductsAssociateFromTheLeft)
     EXPECT_EQ(collection.getFromPreOpToPostOpTransformation(part).value()(0, 3), -16777215.0F);
 }
 
-TEST(CollectionStep, EachPartOfEitherListIsTreatedOnce)
+TEST(CollectionStep, EachPartOfEitherListIsProcessedOnce)
 {
     CollectionRecorder collection;
     collection.setComparedSurgeryPartTypes(
@@ -1255,7 +1279,7 @@ TEST(CollectionStep, NothingStoredIsNotWrittenBackButRecorded)
 
 // ---- outside the sequence
 
-TEST(PlanningApplyTransform, VirtualTeethAreDeliberatelyNoStep)
+TEST(PlanningApplyTransform, VirtualTeethAreNotMovedByDesign)
 {
     VirtualTooth tooth;
     tooth.setObjectTransform(test::startPlacement());
@@ -1320,7 +1344,6 @@ QMatrix4x4 randomFrame(test::RandomGeometry& random)
 
 constexpr float kBound = 0x1p-12F; // mm
 
-// (1)
 TEST(PlanningApplyTransform, Law1RigidMoveAndItsInverseBringThePlanBack)
 {
     test::RandomGeometry random(17);
@@ -1340,7 +1363,6 @@ TEST(PlanningApplyTransform, Law1RigidMoveAndItsInverseBringThePlanBack)
     EXPECT_LT(largest, kBound);
 }
 
-// (1)
 TEST(PlanningApplyTransform, Law1ProductInOneCallEqualsTwoCalls)
 {
     test::RandomGeometry random(19);

@@ -55,13 +55,13 @@ static_assert(std::is_same_v<decltype(Protocol::INITIAL_HEIGHT_OFFSET_MARGIN_LOW
 static_assert(Protocol::INITIAL_HEIGHT_OFFSET_MARGIN_LOWER == 3.0F &&
               Protocol::INITIAL_HEIGHT_OFFSET_MARGIN_UPPER == 1.0F);
 
-// The middle of these is x = 50 (of b alone), y = (10 + 30) / 2 = 20 (of a and c), z = (60 + 66 +
-// 72) / 3 = 66.
+// The middle of these is x = 50 (of b alone), y = (10 + 30) / 2 = 20 (of a and c),
+// z = (60 + 66 + 72) / 3 = 66.
 const QVector3D kA(1.0F, 10.0F, 60.0F);
 const QVector3D kB(50.0F, 99.0F, 66.0F);
 const QVector3D kC(2.0F, 30.0F, 72.0F);
 
-// Centre of mass (4, 5, 3), highest 5 above it, lowest 3 below it.
+// Center of mass (4, 5, 3), highest 5 above it, lowest 3 below it.
 template <typename Scan>
 void giveMesh(Scan& scan)
 {
@@ -93,7 +93,8 @@ TEST(Trelo3DProtocolTransformations, HeightsOfTheLandmarksAreAddedInTheirOrderIn
     EXPECT_EQ(Access::target(nullptr, NoJaw, near, far, -far).z(), 0.0F);
 }
 
-TEST(Trelo3DProtocolTransformations, LowerJawGoesFiveMillimetresAlongYAndClearsThePlaneByThreeBelow)
+TEST(Trelo3DProtocolTransformations,
+     LowerJawMovesFiveMillimetersAlongYAndClearsThePlaneByThreeBelow)
 {
     SurfaceScan scan;
     giveMesh(scan);
@@ -107,7 +108,7 @@ TEST(Trelo3DProtocolTransformations, UpperJawClearsThePlaneByOneAbove)
     expectPoint(Access::target(&scan, UpperJaw, kA, kB, kC), {50.0F, 20.0F, 66.0F + 3.0F + 1.0F});
 }
 
-TEST(Trelo3DProtocolTransformations, AnyOtherJawGoesToThePlainCentreOfTheLandmarks)
+TEST(Trelo3DProtocolTransformations, AnyOtherJawMovesToThePlainCenterOfTheLandmarks)
 {
     SurfaceScan scan;
     giveMesh(scan);
@@ -116,11 +117,11 @@ TEST(Trelo3DProtocolTransformations, AnyOtherJawGoesToThePlainCentreOfTheLandmar
                     {50.0F, 20.0F, 66.0F});
 }
 
-TEST(Trelo3DProtocolTransformations, MatrixTakesTheCentreOfMassAsPlacedByInitialToTheTarget)
+TEST(Trelo3DProtocolTransformations, MatrixTakesTheCenterOfMassAsPlacedByInitialToTheTarget)
 {
     SurfaceScan scan;
     giveMesh(scan);
-    // the centre (4, 5, 3) is placed at (-5, 4, 3)
+    // the center (4, 5, 3) is placed at (-5, 4, 3)
     const QMatrix4x4 matrix =
         Access::matrix(&scan, LowerJaw, kA, kB, kC, test::quarterTurnAboutZ());
     expectPoint(matrix.map(QVector3D(-5.0F, 4.0F, 3.0F)), {50.0F, 25.0F, 58.0F});
@@ -146,7 +147,7 @@ TEST(Trelo3DProtocolTransformations, PlacingStoresBothMatricesAndMovesTheMeshByO
     EXPECT_FALSE(scan.isFreehandAligned());
 }
 
-TEST(Trelo3DProtocolTransformations, PlacedScanStandsAtItsFreehandTotal)
+TEST(Trelo3DProtocolTransformations, PlacedScanIsAtItsFreehandTotal)
 {
     SurfaceScan scan;
     giveMesh(scan);
@@ -183,7 +184,7 @@ TEST(Trelo3DProtocolTransformations, BracketIsClosedIfTheHostThrows)
     EXPECT_FALSE(scan.isEditing());
 }
 
-TEST(Trelo3DProtocolTransformations, NullScanIsLeftAlone)
+TEST(Trelo3DProtocolTransformations, NullScanIsSkipped)
 {
     Protocol::calculateAndApplyInitialSurfaceScanTransformation(nullptr, LowerJaw, kA, kB, kC, {});
     EXPECT_TRUE(Access::matrix(nullptr, LowerJaw, kA, kB, kC, {}).isIdentity());
