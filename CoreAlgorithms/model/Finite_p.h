@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 /// The checks of vectors and matrices for NaN and infinity, for the library and the bundled model.
 namespace finiteness {
@@ -20,8 +21,8 @@ inline bool isFinite(const QVector3D& vector)
 /// Returns true if no entry is NaN or infinite.
 inline bool isFinite(const QMatrix4x4& matrix)
 {
-    return std::all_of(matrix.constData(), matrix.constData() + 16,
-                       [](float entry) { return std::isfinite(entry); });
+    return std::ranges::all_of(std::span(matrix.constData(), 16),
+                               [](float entry) { return std::isfinite(entry); });
 }
 
 /// Returns the matrix, or the identity for a matrix that is not finite.

@@ -51,9 +51,9 @@ public:
     void setNewScannerTransform(const QMatrix4x4& transform);
 
     /// Moves the plan and returns the changed objects in processing order; an object that n steps
-    /// process appears n times. Cephalometric planes (drawn through landmarks of the skull) and
-    /// surgeries are moved but not returned. A matrix that is not finite changes nothing and gives
-    /// an empty list. M may be a placement of the plan itself.
+    /// process appears n times. Cephalometric planes (drawn through landmarks of the skull) are
+    /// moved and the movements of a surgery recomputed, but neither are returned. A matrix that is
+    /// not finite changes nothing and gives an empty list. M may be a placement of the plan itself.
     ///
     /// Kinds are processed in the order of the steps below, and the objects of a kind in the order
     /// of the list. An object of several kinds is processed as each of them. Parts that an object

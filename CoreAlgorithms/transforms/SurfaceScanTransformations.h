@@ -49,8 +49,8 @@ struct SurfaceScanAlignment;
 /// They hold up to rounding: each move rounds every coordinate a few times to single precision. For
 /// rigid matrices and coordinates below 512 mm, a walk of 50 moves ends within 0.005 mm.
 ///
-/// Operations do nothing to a null surface. A surface without a model is not moved, but its flag is
-/// set. A matrix without inverse is inverted to the identity, as QMatrix4x4::inverted() does; a
+/// Operations do nothing to a null surface. A surface without a model is not moved, but its flag
+/// changes. A matrix without inverse is inverted to the identity, as QMatrix4x4::inverted() does; a
 /// move by a singular matrix flattens the mesh permanently.
 ///
 /// A call whose move is not finite changes nothing: the mesh, the flag and the record keep their
