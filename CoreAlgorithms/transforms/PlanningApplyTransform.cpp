@@ -244,7 +244,7 @@ QList<DataObject*> PlanningApplyTransform::applyTransform(const QMatrix4x4& M)
 #define STEP(step, Kind, treat)                                                                    \
     void PlanningApplyTransform::step(const QMatrix4x4& matrix)                                    \
     {                                                                                              \
-        for (Kind * object : objectsOfKind<Kind>(dataObjects)) {                                   \
+        for (auto* object : objectsOfKind<Kind>(dataObjects)) {                                    \
             treat(*object, matrix);                                                                \
             changedObjects.append(object);                                                         \
         }                                                                                          \
