@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// A scan of a million vertices: one change of state beside the same product in Eigen over the vertex array, in place
-// and vertex by vertex; and the height of the scan beyond its centre beside the plain loop over
-// QQuaternion::rotatedVector().
+// A scan of a million vertices: one change of state beside the same product in Eigen over the
+// vertex array, in place and vertex by vertex; and the height of the scan beyond its centre beside
+// the plain loop over QQuaternion::rotatedVector().
 #include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
 #include <CoreAlgorithms/model/math/Operations.h>
 #include <CoreAlgorithms/transforms/SurfaceScanTransformations.h>
@@ -60,7 +60,8 @@ void changeOfState(benchmark::State& state)
 
 void eigenAffineInPlace(benchmark::State& state)
 {
-    const QMatrix4x4 matrix = SurfaceScanTransformations::getTotalTransform(&scene().scan, scene().planning);
+    const QMatrix4x4 matrix =
+        SurfaceScanTransformations::getTotalTransform(&scene().scan, scene().planning);
     Eigen::Affine3f move;
     for (int row = 0; row < 4; ++row) {
         for (int column = 0; column < 4; ++column)
@@ -76,7 +77,8 @@ void eigenAffineInPlace(benchmark::State& state)
 
 void eigenMatrixInPlace(benchmark::State& state)
 {
-    const QMatrix4x4 matrix = SurfaceScanTransformations::getTotalTransform(&scene().scan, scene().planning);
+    const QMatrix4x4 matrix =
+        SurfaceScanTransformations::getTotalTransform(&scene().scan, scene().planning);
     Eigen::Affine3f move;
     for (int row = 0; row < 4; ++row) {
         for (int column = 0; column < 4; ++column)
@@ -100,8 +102,8 @@ void heightOffset(benchmark::State& state)
 void heightOffsetByQtsRotation(benchmark::State& state)
 {
     for (auto _ : state) {
-        const QQuaternion q =
-            math::Operations::getRotationTo({0.0F, 0.0F, 1.0F}, {0.0F, 0.0F, -1.0F}, {1.0F, 0.0F, 0.0F});
+        const QQuaternion q = math::Operations::getRotationTo(
+            {0.0F, 0.0F, 1.0F}, {0.0F, 0.0F, -1.0F}, {1.0F, 0.0F, 0.0F});
         float h = -3.4028235e38F;
         for (const QVector3D& vertex : scene().scan.getMesh().getVertices()) {
             const float z = q.rotatedVector(vertex).z();
@@ -120,10 +122,19 @@ void centreOfMass(benchmark::State& state)
 }
 
 BENCHMARK(changeOfState)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
-BENCHMARK(eigenAffineInPlace)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
-BENCHMARK(eigenMatrixInPlace)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
+BENCHMARK(eigenAffineInPlace)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(9)
+    ->ReportAggregatesOnly();
+BENCHMARK(eigenMatrixInPlace)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(9)
+    ->ReportAggregatesOnly();
 BENCHMARK(heightOffset)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
-BENCHMARK(heightOffsetByQtsRotation)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
+BENCHMARK(heightOffsetByQtsRotation)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(9)
+    ->ReportAggregatesOnly();
 BENCHMARK(centreOfMass)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
 
 } // namespace

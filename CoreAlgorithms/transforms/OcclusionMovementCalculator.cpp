@@ -14,7 +14,7 @@ constexpr std::size_t kSegmentalCount = 3;
 
 utility::Optional<QMatrix4x4> finite(const QMatrix4x4& move)
 {
-    return transforms::isFinite(move) ? utility::Optional<QMatrix4x4>(move)
+    return finiteness::isFinite(move) ? utility::Optional<QMatrix4x4>(move)
                                       : utility::Optional<QMatrix4x4>();
 }
 

@@ -24,8 +24,6 @@
 #include <CoreAlgorithms/model/dataobjects/SurfaceTrees.h>
 #include <CoreAlgorithms/model/dataobjects/Teeth.h>
 #include <CoreAlgorithms/model/dataobjects/VolumeObject.h>
-#include <CoreAlgorithms/transforms/FiniteMatrix_p.h>
-#include <CoreAlgorithms/transforms/JawTypes_p.h>
 #include <CoreAlgorithms/transforms/OcclusionMovementCalculator.h>
 #include <CoreAlgorithms/transforms/OcclusionMovements.h>
 #include <CoreAlgorithms/transforms/SetOcclusionMovementTransformationsUndoCommand.h>
@@ -39,9 +37,10 @@
 namespace {
 
 // These enumerators are stated by value, since each host has its own names for them.
-constexpr auto kScannerTransformation = TransformManipulationType(3); // why implants move
-constexpr auto kOnlyContext = Context(0); // the frame of a free point with one position for all
-constexpr auto kCreatedFromSpline = CreationType(0);
+constexpr auto kScannerTransformation =
+    TransformManipulationType(hostvalues::kScannerTransformation);
+constexpr auto kOnlyContext = Context(hostvalues::kVolumeContext);
+constexpr auto kCreatedFromSpline = CreationType(hostvalues::kAutomaticallyCreated);
 
 // Remembers the classes that are not of the kind: a plan has many objects of few classes.
 template <typename Kind>
@@ -390,11 +389,11 @@ void PlanningApplyTransform::transformMovements(
     const QMatrix4x4& planningTransform,
     const std::map<QString, QMatrix4x4>& occlusionTransformations, const QString& movementMode)
 {
-    const DentalScan* upper = scanOfJaw(scans, transforms::kUpperJaw);
-    const DentalScan* lower = scanOfJaw(scans, transforms::kLowerJaw);
+    const DentalScan* upper = scanOfJaw(scans, JawType(hostvalues::kUpperJaw));
+    const DentalScan* lower = scanOfJaw(scans, JawType(hostvalues::kLowerJaw));
     // Totals that are not finite are returned as the identity, and the movements computed from them
     // would look right.
-    if (!surgery || !upper || !lower || !transforms::isFinite(planningTransform))
+    if (!surgery || !upper || !lower || !finiteness::isFinite(planningTransform))
         return;
     const OcclusionMovementCalculator::Data data{
         occlusionTransformations,

@@ -18,10 +18,6 @@ namespace {
 // both.
 constexpr float kGapBetweenJaws = 20.0F;
 
-// The host's arch types by value, since each host has its own names for them.
-constexpr int kUpperArch = 0;
-constexpr int kLowerArch = 1;
-
 BoundingBox sixZeros()
 {
     return {0.0F, 0.0F, 0.0F, 0.0F, 0.0F, 0.0F};
@@ -45,7 +41,7 @@ struct JawSurfaces
     // The list to which a surface that begins at this tooth belongs.
     Surfaces& ofTooth(ToothChart::Tooth tooth)
     {
-        return int(ToothChart::getArchTypeOfTooth(tooth)) == kUpperArch ? upper : lower;
+        return int(ToothChart::getArchTypeOfTooth(tooth)) == hostvalues::kUpperArch ? upper : lower;
     }
 
     Surfaces upper;
@@ -142,11 +138,11 @@ ScanSetupTransformationHelper::getAntagonistExportTransformation(ToothChart::Arc
     if (!setup || !setup->getOcclusionScan())
         return {};
     const OcclusionTransformation bite = getOcclusionTransformation(setup);
-    if (int(archType) == kUpperArch)
-        return transforms::finiteOrIdentity(bite.lowerTransformation.inverted() *
+    if (int(archType) == hostvalues::kUpperArch)
+        return finiteness::finiteOrIdentity(bite.lowerTransformation.inverted() *
                                             bite.upperTransformation);
-    if (int(archType) == kLowerArch)
-        return transforms::finiteOrIdentity(bite.upperTransformation.inverted() *
+    if (int(archType) == hostvalues::kLowerArch)
+        return finiteness::finiteOrIdentity(bite.upperTransformation.inverted() *
                                             bite.lowerTransformation);
     return {};
 }

@@ -4,7 +4,6 @@
 
 #include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/dataobjects/Movements.h>
-#include <CoreAlgorithms/transforms/JawTypes_p.h>
 #include <CoreAlgorithms/transforms/SetMovementTransformationUndoCommand.h>
 
 #include <memory>
@@ -30,11 +29,11 @@ std::unique_ptr<OcclusionMovement> createMovementFor(const CompositeMovement& co
     if (composite.getMovementType() == types.getMaxillarySegmentalOcclusionMovement()) {
         movement =
             std::make_unique<OcclusionMovement>(MovementTypes::m_maxillary_occlusion_movement);
-        movement->setAffectedTreatmentType(transforms::kUpperJaw);
+        movement->setAffectedTreatmentType(JawType(hostvalues::kUpperJaw));
     } else if (composite.getMovementType() == types.getMandibularSegmentalOcclusionMovement()) {
         movement =
             std::make_unique<OcclusionMovement>(MovementTypes::m_mandibular_occlusion_movement);
-        movement->setAffectedTreatmentType(transforms::kLowerJaw);
+        movement->setAffectedTreatmentType(JawType(hostvalues::kLowerJaw));
     }
     return movement;
 }

@@ -5,8 +5,6 @@
 #include <CoreAlgorithms/model/Finite_p.h>
 #include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
-#include <CoreAlgorithms/transforms/FiniteMatrix_p.h>
-#include <CoreAlgorithms/transforms/JawTypes_p.h>
 #include <CoreAlgorithms/transforms/SurfaceScanTransformations.h>
 
 namespace {
@@ -69,12 +67,12 @@ QVector3D Trelo3DProtocolTransformations::toTargetPosition(const SurfaceScan* sc
                                                            const QVector3D& c)
 {
     QVector3D target(b.x(), (a.y() + c.y()) * 0.5F, (a.z() + b.z() + c.z()) / 3.0F);
-    if (jaw == transforms::kLowerJaw) {
+    if (jaw == JawType(hostvalues::kLowerJaw)) {
         target.setY(target.y() + kShiftOfLowerJaw);
         target.setZ(target.z() -
                     SurfaceScanTransformations::computeInitialHeightOffset(
                         scan, QVector3D(0.0F, 0.0F, 1.0F), INITIAL_HEIGHT_OFFSET_MARGIN_LOWER));
-    } else if (jaw == transforms::kUpperJaw) {
+    } else if (jaw == JawType(hostvalues::kUpperJaw)) {
         target.setZ(target.z() +
                     SurfaceScanTransformations::computeInitialHeightOffset(
                         scan, QVector3D(0.0F, 0.0F, -1.0F), INITIAL_HEIGHT_OFFSET_MARGIN_UPPER));

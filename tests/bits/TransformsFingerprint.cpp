@@ -47,10 +47,11 @@ void fingerprintTransforms()
         maxilla.setSurfaceScanAlignment(test::randomAlignment(random, false));
         mandibula.setSurfaceScanAlignment(test::randomAlignment(random, i % 2 == 0));
 
-        addMatrix(totals, SurfaceScanTransformations::getTotalFreehandTransform(&maxilla, planning));
+        addMatrix(totals,
+                  SurfaceScanTransformations::getTotalFreehandTransform(&maxilla, planning));
         addMatrix(totals, SurfaceScanTransformations::getTotalTransform(&mandibula, planning));
-        offsets.add(double(
-            SurfaceScanTransformations::computeInitialHeightOffset(&maxilla, random.point(1.0F), 1.5F)));
+        offsets.add(double(SurfaceScanTransformations::computeInitialHeightOffset(
+            &maxilla, random.point(1.0F), 1.5F)));
 
         Occlusion occlusion;
         occlusion.setTransformations({{Maxilla::getClassTypeId(), random.rigidPlacement()},
@@ -68,7 +69,8 @@ void fingerprintTransforms()
         SurfaceScanTransformations::initialToFreehand(&maxilla, planning);
         SurfaceScanTransformations::freehandToRegistration(&maxilla, planning);
         SurfaceScanTransformations::freehandOrRegistratedToInitial(&maxilla, planning);
-        SurfaceScanTransformations::setAlignment(&maxilla, test::randomAlignment(random, i % 2 == 1), planning);
+        SurfaceScanTransformations::setAlignment(
+            &maxilla, test::randomAlignment(random, i % 2 == 1), planning);
         addVertices(walks, maxilla);
 
         const QVector3D a = random.point(50.0F);
@@ -80,10 +82,12 @@ void fingerprintTransforms()
 
         const primitives::BoundingBox upper(a, a + b);
         const primitives::BoundingBox lower(c, c + b);
-        addMatrix(bites,
-                  ScanSetupTransformationHelper::getFakeOcclusionTransformationForUpperJaw(upper, lower));
-        addMatrix(bites, ScanSetupTransformationHelper::getFakeOcclusionTransformationForUpperJaw(upper, {}));
-        addMatrix(bites, ScanSetupTransformationHelper::getFakeOcclusionTransformationForUpperJaw({}, lower));
+        addMatrix(bites, ScanSetupTransformationHelper::getFakeOcclusionTransformationForUpperJaw(
+                             upper, lower));
+        addMatrix(bites, ScanSetupTransformationHelper::getFakeOcclusionTransformationForUpperJaw(
+                             upper, {}));
+        addMatrix(bites, ScanSetupTransformationHelper::getFakeOcclusionTransformationForUpperJaw(
+                             {}, lower));
     }
     totals.print("totals");
     walks.print("walks");
