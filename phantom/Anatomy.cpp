@@ -90,10 +90,12 @@ Tissue Anatomy::tissueAt(const Column& column, const Row& row) const
 ToothChart::Tooth Anatomy::toothAt(const Column& column, const Row& row) const
 {
     const bool isInHead = std::abs(column.x - kMidlineX) <= row.headHalfWidth;
-    const auto found = std::find_if(row.teeth.begin(), row.teeth.end(), [&](const ToothShape::Slice& slice) {
-        return ToothShape::tissueIn(slice, column.x, row.y).has_value();
-    });
-    return isInHead && found != row.teeth.end() ? found->tooth->universalNumber() : ToothChart::NoTooth;
+    const auto found =
+        std::find_if(row.teeth.begin(), row.teeth.end(), [&](const ToothShape::Slice& slice) {
+            return ToothShape::tissueIn(slice, column.x, row.y).has_value();
+        });
+    return isInHead && found != row.teeth.end() ? found->tooth->universalNumber()
+                                                : ToothChart::NoTooth;
 }
 
 // The nerve, and its cortical rim where it runs inside the mandible.

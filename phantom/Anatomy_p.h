@@ -19,9 +19,9 @@ namespace phantom {
 
 /// All parts of the patient together.
 ///
-/// A tissue is asked for where a Column (all that depends on x and y) crosses a Row (all that depends on y
-/// and z). An image shares them between its voxels; a single position makes its own, and so gets exactly the
-/// image's answer.
+/// A tissue is asked for where a Column (all that depends on x and y) crosses a Row (all that
+/// depends on y and z). An image shares them between its voxels; a single position makes its own,
+/// and so gets exactly the image's answer.
 class Anatomy
 {
 public:
@@ -36,7 +36,8 @@ public:
     {
         double y;
         double z;
-        double headHalfWidth; ///< negative where the line misses the head; nothing below is filled in then
+        /// Negative where the line misses the head; the members below are then not filled in.
+        double headHalfWidth;
         Mandible::Row mandible;
         QVarLengthArray<ToothShape::Slice, 8> teeth;
         std::array<CanalShape::Row, 2> canals;

@@ -8,8 +8,9 @@ namespace phantom {
 
 namespace {
 
-// (offset from the midline, y, z). The first point lies outside the bone, the second inside; the last but one
-// inside, the last outside: the foramina are where the line between them meets the surface.
+// (offset from the midline, y, z). The first point lies outside the bone, the second inside; the
+// last but one inside, the last outside: the foramina are where the line between them meets the
+// surface.
 constexpr auto kRightCourse = std::to_array<Point>({
     {37.0, 90.0, 72.0},
     {43.5, 87.5, 66.0},
@@ -49,7 +50,8 @@ Point entryIntoBone(const Mandible& mandible, Point outside, Point inside)
 }
 
 // side: -1 for the patient's right, 1 for the left.
-std::vector<Point> canalThrough(const Mandible& mandible, std::span<const Point> course, double side)
+std::vector<Point> canalThrough(const Mandible& mandible, std::span<const Point> course,
+                                double side)
 {
     std::vector<Point> points;
     for (const Point& corner : course)

@@ -34,8 +34,8 @@ private:
     Point high;
 };
 
-/// Centre line from the mandibular to the mental foramen, both on the surface of the bone; samples below 1 mm
-/// apart.
+/// Centre line from the mandibular to the mental foramen, both on the surface of the bone; samples
+/// below 1 mm apart.
 std::vector<Point> courseOfRightCanal(const Mandible& mandible);
 std::vector<Point> courseOfLeftCanal(const Mandible& mandible);
 

@@ -10,10 +10,11 @@
 #include <utility>
 #include <vector>
 
-/// The geometry that the phantom's anatomy is made of. Lengths are mm, positions lie in the patient's frame.
+/// The geometry that the phantom's anatomy is made of. Lengths are mm, positions lie in the
+/// patient's frame.
 ///
-/// Only addition, multiplication, division, square root and comparison take part: these round alike on every
-/// machine, and so the anatomy is the same everywhere.
+/// Only addition, multiplication, division, square root and comparison take part: these round alike
+/// on every machine, and so the anatomy is the same everywhere.
 namespace phantom {
 
 struct Point
@@ -68,7 +69,8 @@ inline double smoothStep(double value)
     return t * t * (3.0 - 2.0 * t);
 }
 
-/// Fraction of the way from `start` along `direction` at which the segment comes closest to the point.
+/// Fraction of the way from `start` along `direction` at which the segment comes closest to the
+/// point.
 inline double closestFraction(const Point& point, const Point& start, const Point& direction)
 {
     const double squaredLength = dot(direction, direction);
@@ -77,8 +79,8 @@ inline double closestFraction(const Point& point, const Point& start, const Poin
     return std::clamp(dot(point - start, direction) / squaredLength, 0.0, 1.0);
 }
 
-/// Depth below the surface of a box with rounded edges, negative outside; `pastA` and `pastB` are the signed
-/// distances past the two pairs of faces, negative inside.
+/// Depth below the surface of a box with rounded edges, negative outside; `pastA` and `pastB` are
+/// the signed distances past the two pairs of faces, negative inside.
 inline double depthInRoundedBox(double pastA, double pastB, double rounding)
 {
     const double a = pastA + rounding;
@@ -107,14 +109,15 @@ std::vector<Value> smoothThrough(std::span<const Value> points, int steps)
         const Value& before = points[i == 0 ? 0 : i - 1];
         const Value& after = points[std::min(i + 2, points.size() - 1)];
         for (int step = 0; step < steps; ++step)
-            curve.push_back(onSpline(before, points[i], points[i + 1], after, double(step) / steps));
+            curve.push_back(
+                onSpline(before, points[i], points[i + 1], after, double(step) / steps));
     }
     curve.push_back(points.back());
     return curve;
 }
 
-/// A smooth function through knots (position, value) in ascending position; constant beyond the first and the
-/// last.
+/// A smooth function through knots (position, value) in ascending position; constant beyond the
+/// first and the last.
 class Profile
 {
 public:
@@ -158,7 +161,8 @@ struct Ovoid
 
     bool reaches(double y, double z) const
     {
-        return y >= std::min(from.y, to.y) - semiAxes.y && y <= std::max(from.y, to.y) + semiAxes.y &&
+        return y >= std::min(from.y, to.y) - semiAxes.y &&
+               y <= std::max(from.y, to.y) + semiAxes.y &&
                z >= std::min(from.z, to.z) - semiAxes.z && z <= std::max(from.z, to.z) + semiAxes.z;
     }
 
@@ -179,7 +183,10 @@ struct Ovoid
     }
 
 private:
-    Point scaled(const Point& p) const { return {p.x / semiAxes.x, p.y / semiAxes.y, p.z / semiAxes.z}; }
+    Point scaled(const Point& p) const
+    {
+        return {p.x / semiAxes.x, p.y / semiAxes.y, p.z / semiAxes.z};
+    }
 };
 
 } // namespace phantom

@@ -23,7 +23,8 @@ Ovoid grown(const Ovoid& ovoid, double by)
     return {ovoid.from, ovoid.to, ovoid.semiAxes + Point{by, by, by}};
 }
 
-// A bone of which x is the distance from the midline, in the patient; side: -1 for the right, 1 for the left.
+// A bone of which x is the distance from the midline, in the patient; side: -1 for the right, 1 for
+// the left.
 Ovoid placed(const Ovoid& bone, double side)
 {
     return {{kMidlineX + side * bone.from.x, bone.from.y, bone.from.z},
@@ -49,22 +50,25 @@ void addCheekbone(std::vector<Ovoid>& bones)
 
 void addMidface(std::vector<Ovoid>& bones)
 {
-    bones.push_back(rod({15.5, 37.0, 87.0}, {9.0, 31.5, 132.0}, 3.8));             // frontal process
-    bones.push_back(rod({0.0, 24.5, 112.0}, {0.0, 27.0, 140.0}, 3.2));             // nasal bone
-    bones.push_back(rod({0.0, 28.5, 86.5}, {0.0, 34.0, 86.0}, 2.4));               // nasal spine
-    bones.push_back({{13.0, 40.0, 100.0}, {13.0, 74.0, 100.0}, {1.5, 4.0, 16.0}}); // side wall of the nose
-    bones.push_back(rod({16.0, 81.0, 83.0}, {17.0, 84.0, 112.0}, 2.8));            // pterygoid process
-    bones.push_back({{17.0, 42.0, 117.0}, {42.0, 54.0, 115.0}, {4.0, 4.0, 2.6}});  // lower rim of the orbit
-    bones.push_back({{22.0, 52.0, 118.5}, {36.0, 74.0, 119.5}, {7.0, 6.0, 1.6}});  // floor of the orbit
+    bones.push_back(rod({15.5, 37.0, 87.0}, {9.0, 31.5, 132.0}, 3.8)); // frontal process
+    bones.push_back(rod({0.0, 24.5, 112.0}, {0.0, 27.0, 140.0}, 3.2)); // nasal bone
+    bones.push_back(rod({0.0, 28.5, 86.5}, {0.0, 34.0, 86.0}, 2.4));   // nasal spine
+    // Side wall of the nose.
+    bones.push_back({{13.0, 40.0, 100.0}, {13.0, 74.0, 100.0}, {1.5, 4.0, 16.0}});
+    bones.push_back(rod({16.0, 81.0, 83.0}, {17.0, 84.0, 112.0}, 2.8)); // pterygoid process
+    // Lower rim and floor of the orbit.
+    bones.push_back({{17.0, 42.0, 117.0}, {42.0, 54.0, 115.0}, {4.0, 4.0, 2.6}});
+    bones.push_back({{22.0, 52.0, 118.5}, {36.0, 74.0, 119.5}, {7.0, 6.0, 1.6}});
 }
 
 void addSkullBase(std::vector<Ovoid>& bones)
 {
-    bones.push_back(ellipsoid({50.0, 106.0, 111.5}, {16.0, 15.0, 6.0}));             // above the condyle
-    bones.push_back(ellipsoid({54.0, 126.0, 102.0}, {9.0, 9.0, 18.0}));              // mastoid
-    bones.push_back(rod({0.0, 104.0, 128.0}, {0.0, 122.0, 110.0}, 7.0));             // clivus
-    bones.push_back({{16.0, 122.0, 108.0}, {46.0, 126.0, 112.0}, {9.0, 12.0, 6.0}}); // occipital bone
-    bones.push_back(rod({0.0, 88.0, 128.0}, {0.0, 104.0, 126.0}, 4.5));              // sphenoid bone
+    bones.push_back(ellipsoid({50.0, 106.0, 111.5}, {16.0, 15.0, 6.0})); // above the condyle
+    bones.push_back(ellipsoid({54.0, 126.0, 102.0}, {9.0, 9.0, 18.0}));  // mastoid
+    bones.push_back(rod({0.0, 104.0, 128.0}, {0.0, 122.0, 110.0}, 7.0)); // clivus
+    // Occipital bone.
+    bones.push_back({{16.0, 122.0, 108.0}, {46.0, 126.0, 112.0}, {9.0, 12.0, 6.0}});
+    bones.push_back(rod({0.0, 88.0, 128.0}, {0.0, 104.0, 126.0}, 4.5)); // sphenoid bone
 }
 
 // The bodies of the cervical vertebrae, their pillars at the sides and the arches behind them.
@@ -91,9 +95,10 @@ void addSpine(std::vector<Ovoid>& bones)
 } // namespace
 
 Skin::Skin()
-    : face{{0.0, 86.0},  {4.0, 76.0},  {7.5, 58.0},  {10.0, 42.0}, {13.0, 32.5},  {18.0, 26.5}, {24.0, 24.0},
-           {30.0, 25.0}, {37.0, 28.5}, {43.0, 25.5}, {49.0, 21.0}, {54.0, 22.0},  {57.5, 26.0}, {61.0, 20.5},
-           {66.0, 19.0}, {72.0, 22.0}, {78.0, 24.5}, {90.0, 26.5}, {110.0, 27.5}, {130.0, 23.5}},
+    : face{{0.0, 86.0},  {4.0, 76.0},  {7.5, 58.0},  {10.0, 42.0},  {13.0, 32.5},
+           {18.0, 26.5}, {24.0, 24.0}, {30.0, 25.0}, {37.0, 28.5},  {43.0, 25.5},
+           {49.0, 21.0}, {54.0, 22.0}, {57.5, 26.0}, {61.0, 20.5},  {66.0, 19.0},
+           {72.0, 22.0}, {78.0, 24.5}, {90.0, 26.5}, {110.0, 27.5}, {130.0, 23.5}},
       back{{0.0, 158.0}, {40.0, 162.0}, {90.0, 190.0}, {130.0, 200.0}},
       width{{0.0, 52.0}, {20.0, 57.0}, {40.0, 63.5}, {60.0, 66.5}, {100.0, 70.0}, {130.0, 70.0}},
       noseRidge{{78.0, 24.5}, {79.5, 16.0},  {83.0, 10.0}, {88.0, 8.5},
@@ -146,9 +151,10 @@ std::vector<Ovoid> airSpaces()
 {
     constexpr double m = kMidlineX;
     return {
-        {{m - 5.6, 41.0, 103.0}, {m - 5.6, 76.0, 103.0}, {5.8, 8.0, 17.0}}, // right half of the nose
-        {{m + 7.0, 41.0, 103.0}, {m + 7.0, 76.0, 103.0}, {4.6, 8.0, 17.0}}, // left half
-        {{m - 6.0, 17.0, 77.0}, {m - 5.6, 36.0, 93.0}, {3.2, 3.2, 3.2}},    // nostrils
+        // The right and the left half of the nose.
+        {{m - 5.6, 41.0, 103.0}, {m - 5.6, 76.0, 103.0}, {5.8, 8.0, 17.0}},
+        {{m + 7.0, 41.0, 103.0}, {m + 7.0, 76.0, 103.0}, {4.6, 8.0, 17.0}},
+        {{m - 6.0, 17.0, 77.0}, {m - 5.6, 36.0, 93.0}, {3.2, 3.2, 3.2}}, // nostrils
         {{m + 6.0, 17.0, 77.0}, {m + 6.0, 36.0, 93.0}, {3.2, 3.2, 3.2}},
         kRightSinus,
         kLeftSinus,

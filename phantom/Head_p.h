@@ -30,7 +30,8 @@ private:
 
 /// Cheekbones, walls of the maxillary sinuses, skull base and spine.
 std::vector<Ovoid> otherBones();
-/// Air inside the head. The left maxillary sinus is the larger one, and the nasal septum stands to the left.
+/// Air inside the head. The left maxillary sinus is the larger one, and the nasal septum stands to
+/// the left.
 std::vector<Ovoid> airSpaces();
 /// Soft tissue that fills part of the air spaces: tongue, soft palate and turbinates.
 std::vector<Ovoid> lumpsInAirSpaces();

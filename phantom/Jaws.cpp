@@ -58,7 +58,8 @@ constexpr auto kRamusOutline = std::to_array<Point>({
 
 constexpr int kSectionsPerSpan = 4;
 constexpr double kEdgeRounding = 0.7; // of the half-thickness
-constexpr double kFillet = 5.0; // mm: the parts of the mandible run smoothly into each other so near to both
+// mm: so near to both, the parts of the mandible run smoothly into each other.
+constexpr double kFillet = 5.0;
 
 std::vector<Point> smoothLoop(std::span<const Point> corners, int steps)
 {
@@ -66,8 +67,9 @@ std::vector<Point> smoothLoop(std::span<const Point> corners, int steps)
     std::vector<Point> loop;
     for (std::size_t i = 0; i < count; ++i) {
         for (int step = 0; step < steps; ++step)
-            loop.push_back(onSpline(corners[(i + count - 1) % count], corners[i], corners[(i + 1) % count],
-                                    corners[(i + 2) % count], double(step) / steps));
+            loop.push_back(onSpline(corners[(i + count - 1) % count], corners[i],
+                                    corners[(i + 1) % count], corners[(i + 2) % count],
+                                    double(step) / steps));
     }
     return loop;
 }
@@ -97,8 +99,8 @@ double joined(double a, double b)
     return std::max(a, b) + 0.25 * kFillet * square(overlap);
 }
 
-// The left half of the mandible flares: from the molars backwards it lies up to 1.5 mm farther from the
-// midline.
+// The left half of the mandible flares: from the molars backwards it lies up to 1.5 mm farther from
+// the midline.
 double leftFlare(double y)
 {
     constexpr double flare = 1.5;
@@ -143,7 +145,8 @@ double Ridge::depthAt(const Column& column, double z)
     const double high = std::max(section.crestZ, section.baseZ);
     if (z < low - kFillet || z > high + kFillet)
         return kFarOutside;
-    const double towardsCrest = std::clamp((z - section.baseZ) / (section.crestZ - section.baseZ), 0.0, 1.0);
+    const double towardsCrest =
+        std::clamp((z - section.baseZ) / (section.crestZ - section.baseZ), 0.0, 1.0);
     const double middle = section.lean * (1.0 - towardsCrest);
     const double half = mix(section.halfBase, section.halfCrest, towardsCrest);
     const double pastSide = std::max(column.outwards - middle, middle - column.outwards) - half;
@@ -184,7 +187,8 @@ Mandible::Mandible()
 
 Mandible::Column Mandible::columnAt(double x, double y) const
 {
-    const double offset = x < kMidlineX ? kMidlineX - x : std::max(x - kMidlineX - leftFlare(y), 0.0);
+    const double offset =
+        x < kMidlineX ? kMidlineX - x : std::max(x - kMidlineX - leftFlare(y), 0.0);
     return {offset, body.columnAt(offset, y)};
 }
 
@@ -195,7 +199,8 @@ Mandible::Row Mandible::rowAt(double y, double z) const
 
 double Mandible::depthAt(const Column& column, const Row& row) const
 {
-    double depth = joined(Ridge::depthAt(column.body, row.z), Ramus::depthAt(row.ramus, column.offset));
+    double depth =
+        joined(Ridge::depthAt(column.body, row.z), Ramus::depthAt(row.ramus, column.offset));
     if (row.reachesCondyle)
         depth = joined(depth, condyle.depthOf({column.offset, row.y, row.z}));
     return depth;

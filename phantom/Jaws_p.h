@@ -7,11 +7,12 @@
 #include <span>
 #include <vector>
 
-/// The bones that bear the teeth. Depths are mm below the bone's surface, about; negative outside, zero on
-/// it.
+/// The bones that bear the teeth. Depths are mm below the bone's surface, about; negative outside,
+/// zero on it.
 namespace phantom {
 
-/// A cross-section of a jaw's ridge and where it stands. Offsets from the midline and lengths are mm.
+/// A cross-section of a jaw's ridge and where it stands. Offsets from the midline and lengths are
+/// mm.
 struct RidgeSection
 {
     double offset; ///< of the ridge's crest from the midline
@@ -40,13 +41,13 @@ inline RidgeSection operator*(double factor, const RidgeSection& a)
             factor * a.halfCrest, factor * a.halfBase, factor * a.lean};
 }
 
-/// One half of a horseshoe of bone, drawn along the arch from the midline backwards. The other half is its
-/// mirror image.
+/// One half of a horseshoe of bone, drawn along the arch from the midline backwards. The other half
+/// is its mirror image.
 class Ridge
 {
 public:
-    /// The ridge seen from a point above: the nearest section and the distance from its crest, outwards
-    /// positive.
+    /// The ridge seen from a point above: the nearest section and the distance from its crest,
+    /// outwards positive.
     struct Column
     {
         RidgeSection section;
@@ -63,7 +64,8 @@ private:
     std::vector<RidgeSection> sections;
 };
 
-/// The plate that rises behind the lower teeth, with the coronoid process and the neck of the condyle.
+/// The plate that rises behind the lower teeth, with the coronoid process and the neck of the
+/// condyle.
 class Ramus
 {
 public:

@@ -6,18 +6,20 @@
 
 namespace phantom {
 
-/// 64 well-mixed bits of a seed and a voxel index: multiplications by odd constants and shifted copies, both
-/// invertible.
+/// 64 well-mixed bits of a seed and a voxel index: multiplications by odd constants and shifted
+/// copies, both invertible.
 inline std::uint64_t mixedBits(std::uint32_t seed, std::uint64_t voxelIndex)
 {
-    std::uint64_t bits = voxelIndex * 0x9E3779B97F4A7C15U + seed * 0xD1B54A32D192ED03U + 0x8CB92BA72F3D8DD7U;
+    std::uint64_t bits =
+        voxelIndex * 0x9E3779B97F4A7C15U + seed * 0xD1B54A32D192ED03U + 0x8CB92BA72F3D8DD7U;
     bits = (bits ^ (bits >> 32)) * 0xD6E8FEB86659FD93U;
     bits = (bits ^ (bits >> 32)) * 0xD6E8FEB86659FD93U;
     return bits ^ (bits >> 32);
 }
 
-/// Noise of mean 0 and variance 1, nearly normal: the sum of eight uniform bytes, centred and scaled. It
-/// depends on seed and voxel only, not on the order of painting, and stays within 4.9 standard deviations.
+/// Noise of mean 0 and variance 1, nearly normal: the sum of eight uniform bytes, centred and
+/// scaled. It depends on seed and voxel only, not on the order of painting, and stays within 4.9
+/// standard deviations.
 inline double unitNoise(std::uint32_t seed, std::uint64_t voxelIndex)
 {
     constexpr double mean = 8 * 127.5;

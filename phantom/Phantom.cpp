@@ -76,7 +76,8 @@ public:
     explicit Painter(const Patient& patient) : settings(patient.settings())
     {
         for (int tissue = 0; tissue < kTissueCount; ++tissue)
-            greyOf[static_cast<std::size_t>(tissue)] = double(patient.paintedGreyValue(Tissue(tissue)));
+            greyOf[static_cast<std::size_t>(tissue)] =
+                double(patient.paintedGreyValue(Tissue(tissue)));
     }
 
     std::int16_t voxel(Tissue tissue, std::size_t index) const
@@ -152,8 +153,9 @@ float Patient::paintedGreyValue(Tissue tissue) const
 
 std::optional<Tooth> Patient::tooth(int number) const
 {
-    const auto found = std::find_if(allTeeth.cbegin(), allTeeth.cend(),
-                                    [number](const Tooth& tooth) { return tooth.number == number; });
+    const auto found =
+        std::find_if(allTeeth.cbegin(), allTeeth.cend(),
+                     [number](const Tooth& tooth) { return tooth.number == number; });
     return found == allTeeth.cend() ? std::nullopt : std::optional<Tooth>(*found);
 }
 
@@ -168,7 +170,8 @@ QList<SkullLandmark> Patient::skullLandmarks() const
     constexpr int steps = 1000;
     const auto firstBone = [this](const QVector3D& from, const QVector3D& direction) {
         int step = 0;
-        while (step < steps && tissueAt(from + direction * (float(step) * stepMm)) != Tissue::CorticalBone)
+        while (step < steps &&
+               tissueAt(from + direction * (float(step) * stepMm)) != Tissue::CorticalBone)
             ++step;
         return from + direction * (float(step) * stepMm);
     };
@@ -201,7 +204,8 @@ VexelImage3D Patient::createVolume(const std::function<void(double)>& progress) 
     for (int y = 0; y < size.y; ++y) {
         const double centreY = voxelCentre(y, voxelSize);
         for (int x = 0; x < size.x; ++x)
-            columns[static_cast<std::size_t>(x)] = anatomy->columnAt(voxelCentre(x, voxelSize), centreY);
+            columns[static_cast<std::size_t>(x)] =
+                anatomy->columnAt(voxelCentre(x, voxelSize), centreY);
         for (int z = 0; z < size.z; ++z) {
             const Anatomy::Row row = anatomy->rowAt(centreY, voxelCentre(z, voxelSize));
             auto index = (static_cast<std::size_t>(z) * static_cast<std::size_t>(size.y) +

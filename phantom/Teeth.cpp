@@ -32,7 +32,8 @@ constexpr std::array<ToothForm, kTeethPerSide> kLowerForms = {{
     {Kind::LowerMolar, 10.6, 10.2, 7.2, 19.5, -2.0, 59.3},
 }};
 
-// The line on which the occlusal points stand: y = front + depth * (u^2 + u^4) / 2 with u = x / halfWidth.
+// The line on which the occlusal points stand: y = front + depth * (u^2 + u^4) / 2 with u = x /
+// halfWidth.
 struct ArchLine
 {
     double front;
@@ -89,13 +90,14 @@ double archLengthTo(const std::array<ToothForm, kTeethPerSide>& forms, int fromM
 ToothShape growTooth(ToothChart::Tooth number)
 {
     const bool upper = ToothChart::isUpperTooth(number);
-    const int across = upper ? int(number) : 33 - int(number); // 2 to 15 from right to left in both arches
+    // 2 to 15 from right to left in both arches.
+    const int across = upper ? int(number) : 33 - int(number);
     const bool right = across <= 8;
     const int fromMidline = right ? 8 - across : across - 9;
     const auto& forms = upper ? kUpperForms : kLowerForms;
-    return ToothShape(
-        number, forms[static_cast<std::size_t>(fromMidline)],
-        placeAt(upper ? kUpperLine : kLowerLine, archLengthTo(forms, fromMidline), right ? -1.0 : 1.0));
+    return ToothShape(number, forms[static_cast<std::size_t>(fromMidline)],
+                      placeAt(upper ? kUpperLine : kLowerLine, archLengthTo(forms, fromMidline),
+                              right ? -1.0 : 1.0));
 }
 
 // 0 at 0 and 2, 1 at 1; 0 elsewhere.
@@ -104,8 +106,8 @@ double hump(double value)
     return std::max(value * (2.0 - value), 0.0);
 }
 
-// Half-width factor of a crown: `edge` at the occlusal surface (0), 1 where it is widest, `neck` at its end
-// (1).
+// Half-width factor of a crown: `edge` at the occlusal surface (0), 1 where it is widest, `neck` at
+// its end (1).
 double crownBulge(double fraction, double widestAt, double edge, double neck)
 {
     if (fraction < widestAt)
@@ -128,7 +130,7 @@ constexpr double kPulpShare = 0.3;         // of the neck's widths
 constexpr double kRootCanalShare = 0.25;   // of the root's widths
 constexpr double kEndOfRootCanal = 0.88;   // of the root's length
 constexpr double kTopOfChamber = 0.5;      // of the crown's length from the occlusal surface
-constexpr double kFurcation = 0.4;         // of the root's length: where a molar's trunk has split into roots
+constexpr double kFurcation = 0.4;         // of the root's length: a molar's trunk has split
 constexpr double kRootSpreadAtNeck = 0.55; // of the spread of the tips
 constexpr double kMolarSquareness = 0.8;
 constexpr double kPremolarSquareness = 0.35;
@@ -181,7 +183,8 @@ std::span<const ToothShape::Root> ToothShape::roots() const
 Point ToothShape::onLongAxis(double belowOcclusal) const
 {
     const double inwards = form.lean * belowOcclusal / form.wholeLength;
-    return Point{place.x, place.y, form.occlusalZ - crownwards() * belowOcclusal} - inwards * place.out;
+    return Point{place.x, place.y, form.occlusalZ - crownwards() * belowOcclusal} -
+           inwards * place.out;
 }
 
 Point ToothShape::apex() const
@@ -228,7 +231,8 @@ bool ToothShape::reaches(double y, double z) const
     return y >= place.y - reach && y <= place.y + reach;
 }
 
-// How far the occlusal surface rises above the occlusal point: cusps, or the slopes of a canine's edge.
+// How far the occlusal surface rises above the occlusal point: cusps, or the slopes of a canine's
+// edge.
 double ToothShape::riseOfSurface(double alongMesial, double alongOut) const
 {
     const double u = std::abs(alongMesial) / (0.5 * form.width);
@@ -267,10 +271,12 @@ void ToothShape::sliceCrown(Slice& slice) const
     const double neckOut = neckOutline.semiOut / (0.5 * form.thickness);
 
     slice.outline.semiMesial =
-        0.5 * form.width * crownBulge(fraction, hasEdge ? 0.25 : 0.35, hasEdge ? 0.88 : 0.84, neckMesial);
-    slice.outline.semiOut = 0.5 * form.thickness *
-                            (hasEdge ? mix(edgeThickness, neckOut, 0.5 * (fraction + hump(fraction)))
-                                     : crownBulge(fraction, 0.5, 0.74, neckOut));
+        0.5 * form.width *
+        crownBulge(fraction, hasEdge ? 0.25 : 0.35, hasEdge ? 0.88 : 0.84, neckMesial);
+    slice.outline.semiOut =
+        0.5 * form.thickness *
+        (hasEdge ? mix(edgeThickness, neckOut, 0.5 * (fraction + hump(fraction)))
+                 : crownBulge(fraction, 0.5, 0.74, neckOut));
     slice.outline.squareness = isMolar() ? kMolarSquareness : kPremolarSquareness;
 
     const double enamel = kSideEnamel * (1.0 - fraction * fraction);
@@ -290,8 +296,8 @@ void ToothShape::sliceRoots(Slice& slice) const
     const double belowNeck = slice.belowOcclusal - form.crownLength;
     const Section neckOutline = neckSection();
 
-    const auto addRoot = [&slice](Section outline, double semiMesial, double semiOut, double fraction,
-                                  double endOfCanal) {
+    const auto addRoot = [&slice](Section outline, double semiMesial, double semiOut,
+                                  double fraction, double endOfCanal) {
         outline.semiMesial = semiMesial * rootTaper(fraction);
         outline.semiOut = semiOut * rootTaper(fraction);
         slice.roots.append(outline);
@@ -311,7 +317,8 @@ void ToothShape::sliceRoots(Slice& slice) const
     if (wholeFraction <= kFurcation) {
         Section trunk;
         trunk.squareness = mix(kMolarSquareness, 0.0, wholeFraction / kFurcation);
-        addRoot(trunk, neckOutline.semiMesial, neckOutline.semiOut, wholeFraction / kFurcation, 0.4);
+        addRoot(trunk, neckOutline.semiMesial, neckOutline.semiOut, wholeFraction / kFurcation,
+                0.4);
     }
     for (const Root& root : roots()) {
         const double fraction = belowNeck / (rootLength - root.shorter);
@@ -355,11 +362,13 @@ std::optional<Tissue> ToothShape::tissueIn(const Slice& slice, double x, double 
     return tissueInRoots(slice, alongMesial, alongOut);
 }
 
-std::optional<Tissue> ToothShape::tissueInCrown(const Slice& slice, double alongMesial, double alongOut)
+std::optional<Tissue> ToothShape::tissueInCrown(const Slice& slice, double alongMesial,
+                                                double alongOut)
 {
     if (!slice.outline.contains(alongMesial, alongOut))
         return std::nullopt;
-    const double belowSurface = slice.belowOcclusal + slice.tooth->riseOfSurface(alongMesial, alongOut);
+    const double belowSurface =
+        slice.belowOcclusal + slice.tooth->riseOfSurface(alongMesial, alongOut);
     if (belowSurface < 0.0)
         return std::nullopt;
     if (belowSurface < kOcclusalEnamel || !slice.core.contains(alongMesial, alongOut))
@@ -367,9 +376,12 @@ std::optional<Tissue> ToothShape::tissueInCrown(const Slice& slice, double along
     return slice.chamber.contains(alongMesial, alongOut) ? Tissue::Pulp : Tissue::Dentine;
 }
 
-std::optional<Tissue> ToothShape::tissueInRoots(const Slice& slice, double alongMesial, double alongOut)
+std::optional<Tissue> ToothShape::tissueInRoots(const Slice& slice, double alongMesial,
+                                                double alongOut)
 {
-    const auto isInside = [=](const Section& section) { return section.contains(alongMesial, alongOut); };
+    const auto isInside = [=](const Section& section) {
+        return section.contains(alongMesial, alongOut);
+    };
     if (std::none_of(slice.roots.begin(), slice.roots.end(), isInside))
         return std::nullopt;
     const bool inCanal = std::any_of(slice.rootCanals.begin(), slice.rootCanals.end(), isInside);

@@ -23,7 +23,8 @@ struct ToothForm
     double thickness;   ///< of the crown, across the arch
     double crownLength; ///< occlusal point to neck
     double wholeLength; ///< occlusal point to apex, along z
-    double lean; ///< how far the long axis moves towards the inside of the arch from occlusal point to apex
+    /// How far the long axis moves towards the inside of the arch from occlusal point to apex.
+    double lean;
     double occlusalZ; ///< height of the occlusal point in the patient's frame
 };
 
@@ -38,8 +39,8 @@ struct ToothPlace
 
 /// A tooth: crown, root and their insides.
 ///
-/// Cross-sections are horizontal, and a leaning tooth is a sheared upright one. All that depends on the
-/// height is worked out once for a Slice, so that a voxel costs little.
+/// Cross-sections are horizontal, and a leaning tooth is a sheared upright one. All that depends on
+/// the height is worked out once for a Slice, so that a voxel costs little.
 class ToothShape
 {
 public:
@@ -60,7 +61,7 @@ public:
         const ToothShape* tooth;
         double axisX; ///< where the long axis meets the slice
         double axisY;
-        double reach;         ///< half side of a square around the axis that holds the whole section
+        double reach; ///< half side of a square around the axis that holds the whole section
         double belowOcclusal; ///< towards the root positive
         Section outline;      ///< of the crown
         Section core;         ///< of the dentine in the crown
@@ -69,7 +70,8 @@ public:
         QVarLengthArray<Section, 4> rootCanals;
     };
 
-    ToothShape(ToothChart::Tooth toothNumber, const ToothForm& toothForm, const ToothPlace& toothPlace);
+    ToothShape(ToothChart::Tooth toothNumber, const ToothForm& toothForm,
+               const ToothPlace& toothPlace);
 
     ToothChart::Tooth universalNumber() const { return number; }
     Tooth description() const;
@@ -86,7 +88,10 @@ private:
     struct Root;
 
     std::span<const Root> roots() const;
-    bool isMolar() const { return form.kind == ToothForm::LowerMolar || form.kind == ToothForm::UpperMolar; }
+    bool isMolar() const
+    {
+        return form.kind == ToothForm::LowerMolar || form.kind == ToothForm::UpperMolar;
+    }
     // Direction along z from the root to the crown: 1 in the lower jaw, -1 in the upper.
     double crownwards() const { return ToothChart::isUpperTooth(number) ? -1.0 : 1.0; }
     double highestZ() const;
@@ -97,8 +102,10 @@ private:
     void sliceCrown(Slice& slice) const;
     void sliceRoots(Slice& slice) const;
     Section neckSection() const;
-    static std::optional<Tissue> tissueInCrown(const Slice& slice, double alongMesial, double alongOut);
-    static std::optional<Tissue> tissueInRoots(const Slice& slice, double alongMesial, double alongOut);
+    static std::optional<Tissue> tissueInCrown(const Slice& slice, double alongMesial,
+                                               double alongOut);
+    static std::optional<Tissue> tissueInRoots(const Slice& slice, double alongMesial,
+                                               double alongOut);
 
     ToothChart::Tooth number;
     ToothForm form;
@@ -108,8 +115,9 @@ private:
 /// The 28 teeth in ascending number.
 std::vector<ToothShape> growTeeth();
 
-/// A curve through the necks of one arch's teeth from right to left, longer by the last tooth's width at both
-/// ends.
-std::vector<Point> archThroughNecks(const std::vector<ToothShape>& teeth, ToothChart::ArchType arch);
+/// A curve through the necks of one arch's teeth from right to left, longer by the last tooth's
+/// width at both ends.
+std::vector<Point> archThroughNecks(const std::vector<ToothShape>& teeth,
+                                    ToothChart::ArchType arch);
 
 } // namespace phantom

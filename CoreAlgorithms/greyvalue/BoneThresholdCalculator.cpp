@@ -19,7 +19,8 @@ constexpr double kGreyValuesPerSliderStep = 10.0;
 struct Movement
 {
     Movement(const QPointF& from, const QPointF& to)
-        : dx(greyvalue::truncatedToInt(to.x() - from.x())), dy(greyvalue::truncatedToInt(from.y() - to.y()))
+        : dx(greyvalue::truncatedToInt(to.x() - from.x())),
+          dy(greyvalue::truncatedToInt(from.y() - to.y()))
     {}
 
     // Intended: a tie counts as vertical; users drag diagonally to raise a threshold.
@@ -39,7 +40,9 @@ float limited(float normalized)
 class GreyRange
 {
 public:
-    explicit GreyRange(const math::Range<float>& values) : min(values.min), span(values.max - values.min) {}
+    explicit GreyRange(const math::Range<float>& values)
+        : min(values.min), span(values.max - values.min)
+    {}
 
     float moved(float normalized, int greyValues) const
     {
@@ -62,7 +65,9 @@ private:
 
 } // namespace
 
-BoneThresholdCalculator::BoneThresholdCalculator(const VolumeObject& shownVolume) : volume(shownVolume) {}
+BoneThresholdCalculator::BoneThresholdCalculator(const VolumeObject& shownVolume)
+    : volume(shownVolume)
+{}
 
 BoneThresholdCalculator::~BoneThresholdCalculator() = default;
 
@@ -74,19 +79,23 @@ BoneThresholdCalculator::calculateMIPLevelWindowFunction(const QPointF& from, co
             volume.getMIPWindow() + static_cast<float>(movement.dx)};
 }
 
-BoneThresholdCalculator::LevelWindow BoneThresholdCalculator::calculateMIPLevelWindowFunction(int value)
+BoneThresholdCalculator::LevelWindow
+BoneThresholdCalculator::calculateMIPLevelWindowFunction(int value)
 {
     return {static_cast<float>(volume.getMIPLevel() + value * kGreyValuesPerSliderStep),
             volume.getMIPWindow()};
 }
 
 int BoneThresholdCalculator::calculateThresholdFunction(const colormap::ThresholdFunction& function,
-                                                        const QPointF& from, const QPointF& to) const
+                                                        const QPointF& from,
+                                                        const QPointF& to) const
 {
     const Movement movement(from, to);
     const std::int64_t current = volume.getThreshold(function.getUUID());
-    // Intended: to the right lowers the threshold, up raises it; both show more where the hand moves to.
-    return greyvalue::limitedToInt(movement.isHorizontal() ? current - movement.dx : current + movement.dy);
+    // Intended: to the right lowers the threshold, up raises it; both show more where the hand
+    // moves to.
+    return greyvalue::limitedToInt(movement.isHorizontal() ? current - movement.dx
+                                                           : current + movement.dy);
 }
 
 int BoneThresholdCalculator::calculateThresholdFunction(int value) const
@@ -94,8 +103,8 @@ int BoneThresholdCalculator::calculateThresholdFunction(int value) const
     return value;
 }
 
-BoneThresholdCalculator::Transfer BoneThresholdCalculator::calculateTransferFunction(const QPointF& from,
-                                                                                     const QPointF& to)
+BoneThresholdCalculator::Transfer
+BoneThresholdCalculator::calculateTransferFunction(const QPointF& from, const QPointF& to)
 {
     const Movement movement(from, to);
     return {static_cast<float>(movement.dx), static_cast<float>(movement.dy)};
@@ -107,16 +116,18 @@ BoneThresholdCalculator::Transfer BoneThresholdCalculator::calculateTransferFunc
 }
 
 BoneThresholdCalculator::Pulp
-BoneThresholdCalculator::calculatePulpFunction(const colormap::PulpFunction& function, const QPointF& from,
-                                               const QPointF& to)
+BoneThresholdCalculator::calculatePulpFunction(const colormap::PulpFunction& function,
+                                               const QPointF& from, const QPointF& to)
 {
     const Movement movement(from, to);
     const GreyRange range(getVolume().getValueRange());
-    Pulp pulp{function.getNormalizedPulpThreshold(), function.getNormalizedRestorationMaterialThreshold()};
+    Pulp pulp{function.getNormalizedPulpThreshold(),
+              function.getNormalizedRestorationMaterialThreshold()};
     if (movement.isHorizontal())
         pulp.pulpThreshold = range.moved(pulp.pulpThreshold, movement.dx);
     else
-        pulp.restorationMaterialThreshold = range.moved(pulp.restorationMaterialThreshold, movement.dy);
+        pulp.restorationMaterialThreshold =
+            range.moved(pulp.restorationMaterialThreshold, movement.dy);
     return pulp;
 }
 

@@ -14,14 +14,16 @@ class PulpFunction;
 class ThresholdFunction;
 } // namespace colormap
 
-/// Which parameters should a volume's display function get when the user drags over the view, or moves a slider?
+/// Which parameters should a volume's display function get when the user drags over the view, or
+/// moves a slider?
 ///
-/// A drag runs between two points of the screen, in pixels, y downward: dx = to.x - from.x and dy = from.y - to.y,
-/// each truncated towards zero, so that right and up are positive. It is an increment of the volume's values at
-/// the moment of the call. Nothing is changed; see BoneThresholdModifier. The volume must outlive the calculator.
+/// A drag runs between two points of the screen, in pixels, y downward: dx = to.x - from.x and dy =
+/// from.y - to.y, each truncated towards zero, so that right and up are positive. It is an
+/// increment of the volume's values at the moment of the call. Nothing is changed; see
+/// BoneThresholdModifier. The volume must outlive the calculator.
 ///
-/// Coordinates that are NaN count as no movement; movements, and thresholds that are whole numbers, are limited
-/// to the range of int.
+/// Coordinates that are NaN count as no movement; movements, and thresholds that are whole numbers,
+/// are limited to the range of int.
 class COREALGORITHMS_EXPORT BoneThresholdCalculator
 {
 public:
@@ -67,8 +69,9 @@ public:
     /// Pan by ten times the value, no stretch.
     Transfer calculateTransferFunction(int value);
 
-    /// The threshold for pulp moves by dx grey values if |dx| > |dy|, else that for restoration material by dy; the
-    /// one that moves is limited to 0 to 1. In an image of one grey value it is 0.
+    /// The threshold for pulp moves by dx grey values if |dx| > |dy|, else that for restoration
+    /// material by dy; the one that moves is limited to 0 to 1. In an image of one grey value it is
+    /// 0.
     Pulp calculatePulpFunction(const colormap::PulpFunction& function, const QPointF& from,
                                const QPointF& to);
     /// The threshold for pulp is the grey value `value`, normalised and limited as above.

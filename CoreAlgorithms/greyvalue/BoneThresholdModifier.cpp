@@ -16,7 +16,8 @@ constexpr float kPanPerPixel = 0.5F;
 template <typename Function>
 Function* as(colormap::ColormapFunction& function)
 {
-    return function.isOfType(Function::getClassTypeId()) ? dynamic_cast<Function*>(&function) : nullptr;
+    return function.isOfType(Function::getClassTypeId()) ? dynamic_cast<Function*>(&function)
+                                                         : nullptr;
 }
 
 // Input is what the user moved: the two points of a drag, or the value of a slider.
@@ -32,7 +33,8 @@ void applyInput(VolumeObject& volume, const Input&... input)
         volume.setMIPLevelWindow(result.level, result.window);
     } else if (const auto* threshold = as<colormap::ThresholdFunction>(*active)) {
         if constexpr (sizeof...(input) == 1)
-            volume.setThreshold(threshold->getUUID(), calculator.calculateThresholdFunction(input...));
+            volume.setThreshold(threshold->getUUID(),
+                                calculator.calculateThresholdFunction(input...));
         else
             volume.setThreshold(threshold->getUUID(),
                                 calculator.calculateThresholdFunction(*threshold, input...));
@@ -43,7 +45,8 @@ void applyInput(VolumeObject& volume, const Input&... input)
     } else if (auto* transfer = as<colormap::TransferFunction>(*active)) {
         const Calculator::Transfer result = calculator.calculateTransferFunction(input...);
         transfer->startEditing();
-        // Intended: the pan is halved here, not in the calculator, whose results other callers apply whole.
+        // Intended: the pan is halved here, not in the calculator, whose results other callers
+        // apply whole.
         transfer->panFunction(result.pan * kPanPerPixel);
         transfer->stretchFunction(result.stretch);
         transfer->stopEditing();

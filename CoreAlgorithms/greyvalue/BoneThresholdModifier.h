@@ -10,10 +10,10 @@ class VolumeObject;
 
 /// Applies a drag or a slider to the active display function of a volume.
 ///
-/// What it becomes, BoneThresholdCalculator tells; units and signs are explained there. Level and window, and
-/// thresholds, are set on the volume; thresholds for pulp and restoration material, pan and stretch on the function.
-/// A function of another kind, or none, is left alone. A drag of less than a pixel still sets the values that
-/// there are. The volume must outlive the modifier.
+/// What it becomes, BoneThresholdCalculator tells; units and signs are explained there. Level and
+/// window, and thresholds, are set on the volume; thresholds for pulp and restoration material, pan
+/// and stretch on the function. A function of another kind, or none, is left alone. A drag of less
+/// than a pixel still sets the values that there are. The volume must outlive the modifier.
 class COREALGORITHMS_EXPORT BoneThresholdModifier
 {
 public:

@@ -33,7 +33,8 @@ struct Interval
     std::size_t count() const { return last < first ? 0 : std::size_t(last - first) + 1; }
 };
 
-// The voxels along one axis between two bounds, each rounded to the nearest, halves away from zero. NaN gives none.
+// The voxels along one axis between two bounds, each rounded to the nearest, halves away from zero.
+// NaN gives none.
 Interval voxelsBetween(float lower, float upper, int size)
 {
     const double first = std::max(0.0, std::round(double(lower)));
@@ -52,7 +53,8 @@ bool isAffine(const QMatrix4x4& matrix)
 class PlacedBox
 {
 public:
-    PlacedBox(const primitives::BoundingBox& upright, const QMatrix4x4& voxelFromBox, const math::Ivec3& size)
+    PlacedBox(const primitives::BoundingBox& upright, const QMatrix4x4& voxelFromBox,
+              const math::Ivec3& size)
         : placed(primitives::OrientedBoundingBox(upright).transformed(voxelFromBox))
     {
         const primitives::BoundingBox hull = placed.getAABBOfTransformedBoundingBox();
@@ -117,8 +119,8 @@ public:
             }
             return;
         }
-        // Along x every local coordinate of an affine map rises or falls throughout, also after rounding: the
-        // voxels inside are one piece.
+        // Along x every local coordinate of an affine map rises or falls throughout, also after
+        // rounding: the voxels inside are one piece.
         while (row.first <= row.last && !isInside(row.first, atY, atZ))
             ++row.first;
         while (row.first < row.last && !isInside(row.last, atY, atZ))
@@ -141,10 +143,12 @@ private:
 
     bool isInside(int atX, int atY, int atZ) const
     {
-        return placed.isInside({static_cast<float>(atX), static_cast<float>(atY), static_cast<float>(atZ)});
+        return placed.isInside(
+            {static_cast<float>(atX), static_cast<float>(atY), static_cast<float>(atZ)});
     }
 
-    // The three slabs that the box is made of, each thicker by what isInside() may be off in single precision.
+    // The three slabs that the box is made of, each thicker by what isInside() may be off in single
+    // precision.
     void foreseeRows(const primitives::BoundingBox& upright, const QMatrix4x4& voxelFromBox)
     {
         const QMatrix4x4 boxFromVoxel = voxelFromBox.inverted();
@@ -157,8 +161,8 @@ private:
                                  std::abs(double(boxFromVoxel(axis, 1))) * y.last +
                                  std::abs(double(boxFromVoxel(axis, 2))) * z.last +
                                  std::abs(double(boxFromVoxel(axis, 3)));
-            const double margin =
-                RELATIVE_MARGIN * reach + 4.0 * errorOfInverse(boxFromVoxel, voxelFromBox, upright, axis);
+            const double margin = RELATIVE_MARGIN * reach +
+                                  4.0 * errorOfInverse(boxFromVoxel, voxelFromBox, upright, axis);
             slabs[std::size_t(axis)] = {boxFromVoxel(axis, 0),        boxFromVoxel(axis, 1),
                                         boxFromVoxel(axis, 2),        boxFromVoxel(axis, 3),
                                         double(lower[axis]) - margin, double(upper[axis]) + margin};
@@ -166,7 +170,8 @@ private:
         rowsAreForeseen = true;
     }
 
-    // How far, in the frame of the box, its corners come back elsewhere from their way to the voxels.
+    // How far, in the frame of the box, its corners come back elsewhere from their way to the
+    // voxels.
     static double errorOfInverse(const QMatrix4x4& inverse, const QMatrix4x4& matrix,
                                  const primitives::BoundingBox& upright, int row)
     {
@@ -201,8 +206,8 @@ struct Selection
     std::size_t count = 0;
 };
 
-Selection select(const std::vector<primitives::BoundingBox>& boxes, const QMatrix4x4& voxelFromBoxes,
-                 const math::Ivec3& size)
+Selection select(const std::vector<primitives::BoundingBox>& boxes,
+                 const QMatrix4x4& voxelFromBoxes, const math::Ivec3& size)
 {
     Selection selection;
     selection.isRead.reserve(boxes.size());
@@ -216,7 +221,8 @@ Selection select(const std::vector<primitives::BoundingBox>& boxes, const QMatri
 }
 
 template <typename Element>
-std::vector<int> collect(const VexelImage3D& image, const std::vector<primitives::BoundingBox>& boxes,
+std::vector<int> collect(const VexelImage3D& image,
+                         const std::vector<primitives::BoundingBox>& boxes,
                          const QMatrix4x4& voxelFromBoxes)
 {
     std::vector<int> values;
@@ -247,7 +253,8 @@ std::vector<int> collect(const VexelImage3D& image, const std::vector<primitives
 
 } // namespace
 
-std::vector<int> sampleBoxes(const VexelImage3D& image, const std::vector<primitives::BoundingBox>& boxes,
+std::vector<int> sampleBoxes(const VexelImage3D& image,
+                             const std::vector<primitives::BoundingBox>& boxes,
                              const QMatrix4x4& voxelFromBoxes)
 {
     const auto type = static_cast<int>(image.dataType());
@@ -262,7 +269,8 @@ std::vector<int> sampleBoxes(const VexelImage3D& image, const std::vector<primit
             QMessageLogger().warning(
                 "TissueEstimationHistogramCreator : not implemented for this data type.");
     }
-    // Intended: types from 7 on pass in silence; hosts number their other kinds of images from there.
+    // Intended: types from 7 on pass in silence; hosts number their other kinds of images from
+    // there.
     return {};
 }
 

@@ -33,7 +33,8 @@ float valueOf(Key key)
     return std::bit_cast<float>((key & kSignBit) != 0U ? key & ~kSignBit : ~key);
 }
 
-// Radix sort: three passes over 11 bits each, from the lowest; six times as fast as std::sort for ten million.
+// Radix sort: three passes over 11 bits each, from the lowest; six times as fast as std::sort for
+// ten million.
 void sortByDigits(std::vector<Key>& keys)
 {
     constexpr unsigned digitBits = 11;
@@ -60,7 +61,7 @@ void sortByDigits(std::vector<Key>& keys)
 
 void sortAscending(QList<float>& values)
 {
-    constexpr qsizetype fewForDigits = 2000; // below, counting the digits takes longer than comparing
+    constexpr qsizetype fewForDigits = 2000; // below, comparing is the faster way
     std::vector<Key> keys(static_cast<std::size_t>(values.size()));
     std::transform(values.cbegin(), values.cend(), keys.begin(), keyOf);
     if (values.size() < fewForDigits)
@@ -73,9 +74,12 @@ void sortAscending(QList<float>& values)
 // The percentile between the samples of 1-based rank k and k + 1, of n.
 float between(float lo, float hi, qsizetype k, qsizetype n, float percentile)
 {
-    const auto rankLo = static_cast<float>((static_cast<double>(k) - 0.5) * 100.0 / static_cast<double>(n));
-    const auto rankHi = static_cast<float>((static_cast<double>(k) + 0.5) * 100.0 / static_cast<double>(n));
-    if (!(rankHi > rankLo)) // beyond some ten million samples single precision cannot tell them apart
+    const auto rankLo =
+        static_cast<float>((static_cast<double>(k) - 0.5) * 100.0 / static_cast<double>(n));
+    const auto rankHi =
+        static_cast<float>((static_cast<double>(k) + 0.5) * 100.0 / static_cast<double>(n));
+    // Beyond some ten million samples single precision cannot tell the ranks apart.
+    if (!(rankHi > rankLo))
         return lo;
     return (hi - lo) * (percentile - rankLo) / (rankHi - rankLo) + lo;
 }
@@ -133,7 +137,8 @@ bool CalculatePercentile::execute()
     const QList<float>& samples = *data;
     const qsizetype n = samples.size();
     const float product = static_cast<float>(n) * percentile;
-    // Half up in single precision, as the ranks are defined. NOLINTNEXTLINE(bugprone-incorrect-roundings)
+    // Half up in single precision, as the ranks are defined.
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings)
     const auto k = static_cast<qsizetype>(static_cast<float>(product / 100.0 + 0.5));
     if (k < 1)
         result = samples.first();

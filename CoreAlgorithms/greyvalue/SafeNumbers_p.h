@@ -13,8 +13,8 @@ namespace greyvalue {
 /// The nearest int.
 inline int limitedToInt(std::int64_t value)
 {
-    return static_cast<int>(
-        std::clamp<std::int64_t>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+    return static_cast<int>(std::clamp<std::int64_t>(value, std::numeric_limits<int>::min(),
+                                                     std::numeric_limits<int>::max()));
 }
 
 /// Truncated towards zero, limited to the range of int; 0 for NaN.
@@ -26,7 +26,8 @@ inline int truncatedToInt(double value)
                                        static_cast<double>(std::numeric_limits<int>::max())));
 }
 
-/// Rounded to the nearest whole number, halves away from zero, limited to the range of int; 0 for NaN.
+/// Rounded to the nearest whole number, halves away from zero, limited to the range of int; 0 for
+/// NaN.
 inline int roundedToInt(float value)
 {
     return truncatedToInt(static_cast<double>(std::round(value)));

@@ -24,16 +24,17 @@ constexpr float kMiddleWeight = 0.42857143F;
 
 using Bins = std::vector<float>;
 
-// Intended: the remainder truncates, so that the start lies up to two widths below a smallest value of at least
-// width - 1 and less than one below another; where the bins of the estimates stand relies on it.
+// Intended: the remainder truncates, so that the start lies up to two widths below a smallest value
+// of at least width - 1 and less than one below another; where the bins of the estimates stand
+// relies on it.
 std::int64_t startBelow(std::int64_t smallest, std::int64_t width)
 {
     const std::int64_t t = smallest - width + 1;
     return t - t % width;
 }
 
-// Intended: neither the first nor the last bin can be a maximum, nor can a flat top; the creator adds a low bin
-// where a peak in the first one matters.
+// Intended: neither the first nor the last bin can be a maximum, nor can a flat top; the creator
+// adds a low bin where a peak in the first one matters.
 std::vector<int> strictMaxima(const Bins& bins)
 {
     std::vector<int> maxima;
@@ -48,7 +49,8 @@ std::vector<int> strictMaxima(const Bins& bins)
 int leastSeparation(int range, int width)
 {
     const float share = static_cast<float>(range) * kLeastSeparation;
-    return greyvalue::truncatedToInt(static_cast<double>(std::ceil(share / static_cast<float>(width))));
+    return greyvalue::truncatedToInt(
+        static_cast<double>(std::ceil(share / static_cast<float>(width))));
 }
 
 } // namespace
@@ -94,16 +96,17 @@ void TissueEstimationHistogram::restrict()
 void TissueEstimationHistogram::smooth()
 {
     const auto last = static_cast<std::ptrdiff_t>(bins.size()) - 1;
-    // Intended: the outermost bin stands in for the missing neighbours; the total changes where the outermost bins
-    // differ, and nothing makes up for it. The estimates rely on the heights that come of it.
+    // Intended: the outermost bin stands in for the missing neighbours; the total changes where the
+    // outermost bins differ, and nothing makes up for it. The estimates rely on the heights that
+    // come of it.
     const auto binAt = [this, last](std::ptrdiff_t i) {
         return bins[static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(i, 0, last))];
     };
     Bins smoothed(bins.size());
     for (std::ptrdiff_t i = 0; i <= last; ++i) {
-        smoothed[static_cast<std::size_t>(i)] = binAt(i - 2) * kOuterWeight + binAt(i - 1) * kInnerWeight +
-                                                binAt(i) * kMiddleWeight + binAt(i + 1) * kInnerWeight +
-                                                binAt(i + 2) * kOuterWeight;
+        smoothed[static_cast<std::size_t>(i)] =
+            binAt(i - 2) * kOuterWeight + binAt(i - 1) * kInnerWeight + binAt(i) * kMiddleWeight +
+            binAt(i + 1) * kInnerWeight + binAt(i + 2) * kOuterWeight;
     }
     bins = std::move(smoothed);
 }
@@ -114,14 +117,17 @@ utility::Optional<std::pair<int, int>> TissueEstimationHistogram::findMaxima() c
     if (maxima.size() < 2)
         return {};
     const auto height = [this](int index) { return bins[static_cast<std::size_t>(index)]; };
-    std::stable_sort(maxima.begin(), maxima.end(), [height](int a, int b) { return height(a) > height(b); });
+    std::stable_sort(maxima.begin(), maxima.end(),
+                     [height](int a, int b) { return height(a) > height(b); });
 
     const int main = maxima.front();
     const int separation = leastSeparation(getRangeOfPositiveBinCenters(), binWidth);
-    // Intended: the second peak is the highest of those far enough away, not the second highest maximum.
-    const auto second = std::find_if(maxima.begin() + 1, maxima.end(), [main, separation](int index) {
-        return std::abs(index - main) >= separation;
-    });
+    // Intended: the second peak is the highest of those far enough away, not the second highest
+    // maximum.
+    const auto second =
+        std::find_if(maxima.begin() + 1, maxima.end(), [main, separation](int index) {
+            return std::abs(index - main) >= separation;
+        });
     if (second == maxima.end())
         return {};
     return std::pair(binCenter(std::min(main, *second)), binCenter(std::max(main, *second)));

@@ -19,7 +19,8 @@ using Boxes = std::vector<primitives::BoundingBox>;
 
 constexpr int kBinWidth = 50;
 constexpr int kNarrowBinWidth = 10;
-constexpr int kNarrowRange = 1000; // grey values between the outermost bins, below which narrow bins serve
+// Grey values between the outermost bins, below which narrow bins serve.
+constexpr int kNarrowRange = 1000;
 constexpr float kToothHalfWidth = 2.5F;
 constexpr float kToothHalfHeight = 4.0F;
 
@@ -36,20 +37,23 @@ Boxes boxesAroundLandmarks(const CTData& ct, const QMatrix4x4& worldFromVolume,
         if (!landmark)
             continue;
         const auto type = static_cast<int>(landmark->getType());
-        const auto row = std::find_if(table.begin(), table.end(), [type](const greyvalue::LandmarkBox& box) {
-            return box.landmarkType == type;
-        });
+        const auto row =
+            std::find_if(table.begin(), table.end(), [type](const greyvalue::LandmarkBox& box) {
+                return box.landmarkType == type;
+            });
         if (row == table.end())
             continue;
         const auto position = landmark->getPosition(Context(hostvalues::kVolumeContext));
         if (position)
-            boxes.push_back(boxAround(worldFromVolume.map(position.value()) + row->offset, row->halfSize));
+            boxes.push_back(
+                boxAround(worldFromVolume.map(position.value()) + row->offset, row->halfSize));
     }
     return boxes;
 }
 
 // From the occlusal surface to the middle of the root's box, in mm along z.
-// Intended: deeper for lower back teeth than for all others; their roots stand in the thick body of the mandible.
+// Intended: deeper for lower back teeth than for all others; their roots stand in the thick body of
+// the mandible.
 float depthOfBox(ToothChart::Tooth tooth)
 {
     const bool isUpper = ToothChart::isUpperTooth(tooth);
@@ -89,13 +93,15 @@ TissueEstimationHistogramCreator::createHistogram(EstimatedRegion region) const
     auto histogram = createHistogram(values, kBinWidth);
     if (histogram->getRangeOfPositiveBinCenters() < kNarrowRange)
         histogram = createHistogram(values, kNarrowBinWidth);
-    // Intended: in the region in front of the face the lowest bin is air, which must be found as a maximum.
+    // Intended: in the region in front of the face the lowest bin is air, which must be found as a
+    // maximum.
     if (region == FirstLandmarkRegion)
         histogram->addLowBin();
     return histogram;
 }
 
-int TissueEstimationHistogramCreator::getNumberOfVOIsFullyContainedInVolume(EstimatedRegion region) const
+int TissueEstimationHistogramCreator::getNumberOfVOIsFullyContainedInVolume(
+    EstimatedRegion region) const
 {
     const primitives::BoundingBox extent = ctData->getBoundingBox();
     const QMatrix4x4 volumeFromWorld = volumeToWorld.inverted();
@@ -109,7 +115,8 @@ int TissueEstimationHistogramCreator::getNumberOfVOIsFullyContainedInVolume(Esti
 }
 
 std::unique_ptr<TissueEstimationHistogram>
-TissueEstimationHistogramCreator::createHistogram(const std::vector<int>& values, int binWidth) const
+TissueEstimationHistogramCreator::createHistogram(const std::vector<int>& values,
+                                                  int binWidth) const
 {
     auto histogram = std::make_unique<TissueEstimationHistogram>(values, binWidth);
     histogram->smooth();

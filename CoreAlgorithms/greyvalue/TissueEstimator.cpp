@@ -10,8 +10,8 @@
 #include <utility>
 
 const math::Range<float> TissueEstimator::DEFAULT_MEDICAL_CT_LW = {-1000.0F, 2200.0F};
-const colormap::Tissues TissueEstimator::DEFAULT_MEDICAL_CT_TISSUES = {-1000, -500, -50,  40,   500, 550,
-                                                                       1000,  1300, 1500, 1800, 2800};
+const colormap::Tissues TissueEstimator::DEFAULT_MEDICAL_CT_TISSUES = {
+    -1000, -500, -50, 40, 500, 550, 1000, 1300, 1500, 1800, 2800};
 
 namespace {
 
@@ -21,9 +21,9 @@ constexpr int kFewestBoxes = 2; // of a landmark region, for its histogram to be
 
 } // namespace
 
-TissueEstimator::TissueEstimator(const CTData& scan,
-                                 std::vector<std::pair<ToothChart::Tooth, QVector3D>> toothPositions,
-                                 const QMatrix4x4& worldFromVolume)
+TissueEstimator::TissueEstimator(
+    const CTData& scan, std::vector<std::pair<ToothChart::Tooth, QVector3D>> toothPositions,
+    const QMatrix4x4& worldFromVolume)
     : histogramCreator(scan, std::move(toothPositions), worldFromVolume)
 {}
 
@@ -32,9 +32,10 @@ TissueEstimator::~TissueEstimator() = default;
 bool TissueEstimator::estimate()
 {
     const auto face = histogramCreator.createHistogram(Creator::FirstLandmarkRegion)->findMaxima();
-    const auto skull = histogramCreator.createHistogram(Creator::SecondLandmarkRegion)->findMaxima();
-    // Intended: peaks out of order clear a held estimate, peaks that are missing keep it; so the application may
-    // estimate again after landmarks were removed, without losing what it shows.
+    const auto skull =
+        histogramCreator.createHistogram(Creator::SecondLandmarkRegion)->findMaxima();
+    // Intended: peaks out of order clear a held estimate, peaks that are missing keep it; so the
+    // application may estimate again after landmarks were removed, without losing what it shows.
     if (face && skull)
         estimatedTissues = greyvalue::tissuesFromLandmarks(face.value().first, skull.value());
 
@@ -75,7 +76,8 @@ math::Range<float> TissueEstimator::calculateLevelWindow(const colormap::Tissues
         values(row) = level;
         ++row;
     }
-    const Eigen::JacobiSVD<Eigen::MatrixXd> decomposition(design, Eigen::ComputeThinU | Eigen::ComputeThinV);
+    const Eigen::JacobiSVD<Eigen::MatrixXd> decomposition(design, Eigen::ComputeThinU |
+                                                                      Eigen::ComputeThinV);
     const Eigen::VectorXd ends = decomposition.solve(values);
     return {static_cast<float>(ends(0)), static_cast<float>(ends(1))};
 }

@@ -9,7 +9,8 @@
 namespace greyvalue {
 namespace {
 
-// Distances between the default levels, in grey values: from T0 to T3, from T3 to T9, from T3 to T7.
+// Distances between the default levels, in grey values: from T0 to T3, from T3 to T9, from T3 to
+// T7.
 constexpr float kAirToSoftTissue = 1040.0F;
 constexpr float kSoftTissueToDenseBone = 1760.0F;
 constexpr float kSoftTissueToDentine = 1260.0F;
@@ -19,7 +20,8 @@ float distance(int from, int to)
     return static_cast<float>(std::int64_t(to) - from);
 }
 
-// T4, T5, T6, T8 and T10 lie on the line through T3; T7 and T9 as well, unless they are peaks themselves.
+// T4, T5, T6, T8 and T10 lie on the line through T3; T7 and T9 as well, unless they are peaks
+// themselves.
 void placeAboveSoftTissue(colormap::Tissues& tissues, float scale, int softTissue)
 {
     const auto start = static_cast<float>(softTissue);

@@ -7,12 +7,14 @@
 
 #include <utility>
 
-/// The eleven levels from two or three peaks, in the proportions of the default levels. Nothing if the peaks do not
-/// ascend strictly.
+/// The eleven levels from two or three peaks, in the proportions of the default levels. Nothing if
+/// the peaks do not ascend strictly.
 namespace greyvalue {
 
-/// From air, T0, and the two peaks on the surface of the skull: soft tissue, T3, and dense bone, T9.
-utility::Optional<colormap::Tissues> tissuesFromLandmarks(int air, const std::pair<int, int>& skull);
+/// From air, T0, and the two peaks on the surface of the skull: soft tissue, T3, and dense bone,
+/// T9.
+utility::Optional<colormap::Tissues> tissuesFromLandmarks(int air,
+                                                          const std::pair<int, int>& skull);
 
 /// From the two peaks at the teeth: soft tissue, T3, and dentine, T7.
 utility::Optional<colormap::Tissues> tissuesFromTeeth(const std::pair<int, int>& teeth);

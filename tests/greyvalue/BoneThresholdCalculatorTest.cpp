@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/greyvalue/BoneThresholdCalculator.h>
 
-// Covered: what drags and sliders make of level and window, thresholds, pulp and restoration material, pan and
-// stretch.
+// Covered: what drags and sliders make of level and window, thresholds, pulp and restoration
+// material, pan and stretch.
 
 #include <CoreAlgorithms/model/dataobjects/ColormapFunctions.h>
 #include <CoreAlgorithms/model/dataobjects/VolumeObject.h>
@@ -46,9 +46,9 @@ protected:
 
     void showGreyValues(int smallest, int largest)
     {
-        volume.setImage(
-            test::makeImage<std::int16_t>({2, 1, 1}, {1.0F, 1.0F, 1.0F}, image::Int16,
-                                          [=](int x, int, int) { return x == 0 ? smallest : largest; }));
+        volume.setImage(test::makeImage<std::int16_t>(
+            {2, 1, 1}, {1.0F, 1.0F, 1.0F}, image::Int16,
+            [=](int x, int, int) { return x == 0 ? smallest : largest; }));
     }
 
     void expectLevelWindow(const QPointF& from, const QPointF& to, float level, float window)
@@ -98,7 +98,8 @@ TEST_F(BoneThresholdCalculatorTest, LevelRisesByTenTimesTheSlider)
 TEST_F(BoneThresholdCalculatorTest, LevelIsSummedInDoublePrecisionForTheSlider)
 {
     // 10 * 13421773 = 134217730 is no float, nearest
-    // 134217728, floats being 16 apart. With 7 it is 134217737, nearest 134217744; summed as floats, 134217728.
+    // 134217728, floats being 16 apart. With 7 it is 134217737, nearest 134217744; summed as
+    // floats, 134217728.
     volume.setMIPLevelWindow(7.0F, 0.0F);
     EXPECT_EQ(calculator.calculateMIPLevelWindowFunction(13421773).level, 134217744.0F);
     EXPECT_EQ(calculator.calculateMIPLevelWindowFunction(kLargest).level, 21474836480.0F);
@@ -144,7 +145,8 @@ TEST_F(BoneThresholdCalculatorTest, SliderIsTheThresholdItself)
 
 TEST_F(BoneThresholdCalculatorTest, TransferStretchesToTheRightAndPansUpwardsWithoutHalving)
 {
-    const Calculator::Transfer result = calculator.calculateTransferFunction({100.0, 100.0}, {130.0, 90.0});
+    const Calculator::Transfer result =
+        calculator.calculateTransferFunction({100.0, 100.0}, {130.0, 90.0});
     EXPECT_EQ(result.stretch, 30.0F);
     EXPECT_EQ(result.pan, 10.0F);
 }
@@ -157,12 +159,13 @@ TEST_F(BoneThresholdCalculatorTest, TransferPansByTenTimesTheSliderAndDoesNotStr
     EXPECT_EQ(calculator.calculateTransferFunction(kLargest).pan, 21474836480.0F);
 }
 
-// Pulp: 30 of 2000 grey values are 0.015. Expected values are of single precision: 0.25 * 2000 - 1000 = -500,
-// and -470 + 1000 = 530; 530 / 2000 rounds to 0.265F.
+// Pulp: 30 of 2000 grey values are 0.015. Expected values are of single precision: 0.25 * 2000 -
+// 1000 = -500, and -470 + 1000 = 530; 530 / 2000 rounds to 0.265F.
 
 TEST_F(BoneThresholdCalculatorTest, PulpThresholdMovesByAsManyGreyValuesAsPixelsToTheRight)
 {
-    expectPulp(calculator.calculatePulpFunction(pulp, {100.0, 100.0}, {130.0, 90.0}), 0.265F, 0.75F);
+    expectPulp(calculator.calculatePulpFunction(pulp, {100.0, 100.0}, {130.0, 90.0}), 0.265F,
+               0.75F);
     expectPulp(calculator.calculatePulpFunction(pulp, {100.0, 100.0}, {70.0, 90.0}), 0.235F, 0.75F);
 }
 
@@ -208,10 +211,12 @@ TEST_F(BoneThresholdCalculatorTest, SliderIsTheGreyValueOfThePulpThreshold)
 TEST_F(BoneThresholdCalculatorTest, ThresholdsAreNormalizedStepByStepInSinglePrecision)
 {
     // Of a span of 3: 3 * 0.1F = 0.3F (0x1.333334p-2); plus 7 is 7.3 (0x1.d33334p+2), plus 1 is 8.3
-    // (0x1.09999ap+3), minus 7 is 1.3000002 (0x1.4cccdp+0), a third of it 0.43333340 (0x1.bbbbc0p-2).
+    // (0x1.09999ap+3), minus 7 is 1.3000002 (0x1.4cccdp+0), a third of it 0.43333340
+    // (0x1.bbbbc0p-2).
     showGreyValues(7, 10);
     pulp.setNormalizedPulpThreshold(0.1F);
-    expectPulp(calculator.calculatePulpFunction(pulp, {0.0, 0.0}, {1.0, 0.0}), 0x1.bbbbcp-2F, 0.75F);
+    expectPulp(calculator.calculatePulpFunction(pulp, {0.0, 0.0}, {1.0, 0.0}), 0x1.bbbbcp-2F,
+               0.75F);
 }
 
 // Bad input
@@ -250,9 +255,11 @@ TEST_F(BoneThresholdCalculatorTest, MovementsAndThresholdsAreLimitedToTheRangeOf
     // 2^31 + 300 and 2^31 + 1500, floats being 256 apart there.
     expectLevelWindow({0.0, 0.0}, {1e30, -kInfinity}, 2147483904.0F, 2147485184.0F);
     EXPECT_EQ(calculator.calculateThresholdFunction(threshold, {0.0, 0.0}, {0.0, -1e30}), kLargest);
-    EXPECT_EQ(calculator.calculateThresholdFunction(threshold, {0.0, 0.0}, {1e30, 0.0}), 400 - kLargest);
+    EXPECT_EQ(calculator.calculateThresholdFunction(threshold, {0.0, 0.0}, {1e30, 0.0}),
+              400 - kLargest);
     EXPECT_EQ(calculator.calculateThresholdFunction(threshold, {0.0, 0.0}, {-1e30, 0.0}), kLargest);
-    EXPECT_EQ(calculator.calculateThresholdFunction(threshold, {0.0, 0.0}, {-1e30, 1e30}), 400 + kSmallest)
+    EXPECT_EQ(calculator.calculateThresholdFunction(threshold, {0.0, 0.0}, {-1e30, 1e30}),
+              400 + kSmallest)
         << "both limited to the same: vertical";
     volume.setThreshold(threshold.getUUID(), kSmallest);
     EXPECT_EQ(calculator.calculateThresholdFunction(threshold, {0.0, 0.0}, {0.0, 5.0}), kSmallest);

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/greyvalue/BoneThresholdModifier.h>
 
-// Covered: what is called on the volume and its active function, in which order, by kind of function.
+// Covered: what is called on the volume and its active function, in which order, by kind of
+// function.
 
 #include <CoreAlgorithms/model/dataobjects/ColormapFunctions.h>
 #include <CoreAlgorithms/model/dataobjects/VolumeObject.h>
@@ -87,7 +88,10 @@ public:
 
     void startEditing() override { calls.push_back(QStringLiteral("start")); }
     void stopEditing() override { calls.push_back(QStringLiteral("stop")); }
-    void panFunction(float greyValues) override { calls.push_back(QStringLiteral("pan %1").arg(greyValues)); }
+    void panFunction(float greyValues) override
+    {
+        calls.push_back(QStringLiteral("pan %1").arg(greyValues));
+    }
     void stretchFunction(float greyValues) override
     {
         calls.push_back(QStringLiteral("stretch %1").arg(greyValues));
@@ -112,7 +116,8 @@ private:
     QString name;
 };
 
-// A function of two kinds at once, which a host may have: the first in the order of the test counts.
+// A function of two kinds at once, which a host may have: the first in the order of the test
+// counts.
 template <typename First, typename Second>
 class TwoKinds : public First, public Second
 {
@@ -130,8 +135,9 @@ class BoneThresholdModifierTest : public testing::Test
 protected:
     BoneThresholdModifierTest()
     {
-        volume.setImage(test::makeImage<std::int16_t>({2, 1, 1}, {1.0F, 1.0F, 1.0F}, image::Int16,
-                                                      [](int x, int, int) { return x == 0 ? -1000 : 1000; }));
+        volume.setImage(
+            test::makeImage<std::int16_t>({2, 1, 1}, {1.0F, 1.0F, 1.0F}, image::Int16,
+                                          [](int x, int, int) { return x == 0 ? -1000 : 1000; }));
         volume.setMIPLevelWindow(300.0F, 1500.0F);
         calls.clear();
     }
@@ -288,9 +294,9 @@ TEST_F(BoneThresholdModifierTest, AFunctionThatOnlyClaimsToBeOfAKindIsLeftAlone)
 
 TEST_F(BoneThresholdModifierTest, TellsEveryFunctionOfThePreviewAndPassesOverNull)
 {
-    volume.setAllVisualizationFunctions({std::make_shared<RecordingPreview>(calls, QStringLiteral("a")),
-                                         nullptr,
-                                         std::make_shared<RecordingPreview>(calls, QStringLiteral("b"))});
+    volume.setAllVisualizationFunctions(
+        {std::make_shared<RecordingPreview>(calls, QStringLiteral("a")), nullptr,
+         std::make_shared<RecordingPreview>(calls, QStringLiteral("b"))});
     calls.clear();
     modifier.setPreviewUpdateEnabledState(true);
     modifier.setPreviewUpdateEnabledState(false);

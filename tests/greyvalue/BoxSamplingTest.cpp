@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/greyvalue/BoxSampling_p.h>
 
-// Covered: which voxels oriented boxes hold, in which order, beside the plain triple loop; element types; boxes far
-// outside, without sense and too large.
+// Covered: which voxels oriented boxes hold, in which order, beside the plain triple loop; element
+// types; boxes far outside, without sense and too large.
 
 #include <CoreAlgorithms/model/data/VexelImage3D.h>
 #include <CoreAlgorithms/model/math/OrientedBoundingBox.h>
@@ -66,22 +66,26 @@ std::vector<int> plainLoop(const VexelImage3D& image, const std::vector<Bounding
 
 TEST(BoxSampling, VisitsZBeforeYBeforeXWithInclusiveBounds)
 {
-    EXPECT_THAT(sampleBoxes(*numbered({5, 5, 5}), {BoundingBox(1.0F, 2.0F, 3.0F, 2.0F, 3.0F, 4.0F)}, {}),
-                ElementsAre(321, 322, 331, 332, 421, 422, 431, 432));
+    EXPECT_THAT(
+        sampleBoxes(*numbered({5, 5, 5}), {BoundingBox(1.0F, 2.0F, 3.0F, 2.0F, 3.0F, 4.0F)}, {}),
+        ElementsAre(321, 322, 331, 332, 421, 422, 431, 432));
 }
 
 TEST(BoxSampling, TakesVoxelsWhoseCentreIsInsideOrOnAFace)
 {
-    EXPECT_THAT(sampleBoxes(*numbered({5, 1, 1}), {BoundingBox(0.6F, -0.4F, -0.4F, 3.0F, 0.4F, 0.4F)}, {}),
-                ElementsAre(1, 2, 3));
-    EXPECT_THAT(sampleBoxes(*numbered({5, 1, 1}), {BoundingBox(1.1F, -0.4F, -0.4F, 1.9F, 0.4F, 0.4F)}, {}),
-                IsEmpty())
+    EXPECT_THAT(
+        sampleBoxes(*numbered({5, 1, 1}), {BoundingBox(0.6F, -0.4F, -0.4F, 3.0F, 0.4F, 0.4F)}, {}),
+        ElementsAre(1, 2, 3));
+    EXPECT_THAT(
+        sampleBoxes(*numbered({5, 1, 1}), {BoundingBox(1.1F, -0.4F, -0.4F, 1.9F, 0.4F, 0.4F)}, {}),
+        IsEmpty())
         << "between two centres";
 }
 
 TEST(BoxSampling, LooksNoFartherThanTheRoundedHull)
 {
-    // From 0.5 on the hull is rounded to 1, away from zero, and -0.5 is rounded to -1; the boxes hold the centres.
+    // From 0.5 on the hull is rounded to 1, away from zero, and -0.5 is rounded to -1; the boxes
+    // hold the centres.
     const auto image = numbered({5, 1, 1});
     EXPECT_THAT(sampleBoxes(*image, {BoundingBox(-0.5F, -0.5F, -0.5F, 2.5F, 0.5F, 0.5F)}, {}),
                 ElementsAre(0, 1, 2));
@@ -114,8 +118,8 @@ TEST(BoxSampling, MapsBoxesToVoxelsFirst)
     QMatrix4x4 voxelFromBoxes; // boxes of half a millimetre a voxel, standing at (10, 0, 0)
     voxelFromBoxes.scale(2.0F);
     voxelFromBoxes.translate(-10.0F, 0.0F, 0.0F);
-    EXPECT_THAT(sampleBoxes(*numbered({5, 5, 1}), {BoundingBox(10.5F, 0.5F, 0.0F, 11.0F, 1.0F, 0.0F)},
-                            voxelFromBoxes),
+    EXPECT_THAT(sampleBoxes(*numbered({5, 5, 1}),
+                            {BoundingBox(10.5F, 0.5F, 0.0F, 11.0F, 1.0F, 0.0F)}, voxelFromBoxes),
                 ElementsAre(11, 12, 21, 22));
 }
 
@@ -137,9 +141,11 @@ TEST(BoxSampling, HasTheValuesOfThePlainLoopInItsOrderForOrientedBoxes)
             worldFromVoxel = QMatrix4x4(); // faces through centres
         std::vector<BoundingBox> boxes;
         for (int i = 0; i < 3; ++i) {
-            QVector3D centre = worldFromVoxel.map(
-                {random.number(-4.0F, 52.0F), random.number(-4.0F, 44.0F), random.number(-4.0F, 40.0F)});
-            QVector3D half(random.number(0.0F, 9.0F), random.number(0.0F, 9.0F), random.number(0.0F, 9.0F));
+            QVector3D centre =
+                worldFromVoxel.map({random.number(-4.0F, 52.0F), random.number(-4.0F, 44.0F),
+                                    random.number(-4.0F, 40.0F)});
+            QVector3D half(random.number(0.0F, 9.0F), random.number(0.0F, 9.0F),
+                           random.number(0.0F, 9.0F));
             if (run % 5 == 0) {
                 centre = {std::round(centre.x()), std::round(centre.y()), std::round(centre.z())};
                 half = {std::round(half.x()), std::round(half.y()), std::round(half.z())};
@@ -159,14 +165,14 @@ TEST(BoxSampling, HasTheValuesOfThePlainLoopForShearedFlattenedAndProjectiveMaps
     const auto image = numbered({12, 10, 8});
     const std::vector<BoundingBox> boxes{BoundingBox(1.0F, 1.0F, 1.0F, 6.0F, 7.0F, 5.0F),
                                          BoundingBox(-20.0F, -20.0F, -20.0F, 20.0F, 20.0F, 20.0F)};
-    const QMatrix4x4 sheared(1.0F, 0.5F, 0.0F, 0.0F, 0.0F, 1.0F, 0.25F, 0.0F, 0.1F, 0.0F, 1.0F, 0.0F, 0.0F,
-                             0.0F, 0.0F, 1.0F);
-    const QMatrix4x4 flattened(1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 0.0F, 3.0F, 0.0F,
-                               0.0F, 0.0F, 1.0F);
-    const QMatrix4x4 nearlyFlat(1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 1.0F, 1.0F, 0.0F, 0.0F, 1.0F, 1.0000001F, 0.0F,
-                                0.0F, 0.0F, 0.0F, 1.0F);
-    const QMatrix4x4 projective(1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.02F,
-                                0.01F, 0.0F, 1.0F);
+    const QMatrix4x4 sheared(1.0F, 0.5F, 0.0F, 0.0F, 0.0F, 1.0F, 0.25F, 0.0F, 0.1F, 0.0F, 1.0F,
+                             0.0F, 0.0F, 0.0F, 0.0F, 1.0F);
+    const QMatrix4x4 flattened(1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 0.0F,
+                               3.0F, 0.0F, 0.0F, 0.0F, 1.0F);
+    const QMatrix4x4 nearlyFlat(1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 1.0F, 1.0F, 0.0F, 0.0F, 1.0F,
+                                1.0000001F, 0.0F, 0.0F, 0.0F, 0.0F, 1.0F);
+    const QMatrix4x4 projective(1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 1.0F,
+                                0.0F, 0.02F, 0.01F, 0.0F, 1.0F);
     for (const QMatrix4x4& matrix : {sheared, flattened, nearlyFlat, projective})
         EXPECT_EQ(sampleBoxes(*image, boxes, matrix), plainLoop(*image, boxes, matrix));
     EXPECT_FALSE(sampleBoxes(*image, boxes, projective).empty());
@@ -178,7 +184,8 @@ TEST(BoxSampling, ReservesNoMoreThanAFewVoxelsARow)
     QMatrix4x4 voxelFromBoxes;
     voxelFromBoxes.translate(50.0F, 50.0F, 50.0F);
     voxelFromBoxes.rotate(35.0F, 1.0F, 2.0F, 3.0F);
-    const std::vector<BoundingBox> boxes(60, BoundingBox(-12.0F, -12.0F, -12.0F, 12.0F, 12.0F, 12.0F));
+    const std::vector<BoundingBox> boxes(60,
+                                         BoundingBox(-12.0F, -12.0F, -12.0F, 12.0F, 12.0F, 12.0F));
     const std::vector<int> values = sampleBoxes(*image, boxes, voxelFromBoxes);
     EXPECT_GT(values.size(), 60U * 13000U);
     EXPECT_LT(values.capacity() - values.size(), (std::size_t(1) << 20U) / sizeof(int));
@@ -193,17 +200,18 @@ TEST(BoxSampling, WidensTheThreeElementTypesOfScanners)
     const auto ends = [](int lower, int upper) {
         return [=](int x, int, int) { return x == 0 ? lower : upper; };
     };
-    EXPECT_THAT(
-        sampleBoxes(*test::makeImage<std::uint16_t>({2, 1, 1}, spacing, image::UInt16, ends(0, 65535)), {all},
-                    {}),
-        ElementsAre(0, 65535));
-    EXPECT_THAT(
-        sampleBoxes(*test::makeImage<std::int16_t>({2, 1, 1}, spacing, image::Int16, ends(-32768, 32767)),
-                    {all}, {}),
-        ElementsAre(-32768, 32767));
-    EXPECT_THAT(sampleBoxes(*test::makeImage<std::uint8_t>({2, 1, 1}, spacing, image::UInt8, ends(0, 255)),
+    EXPECT_THAT(sampleBoxes(*test::makeImage<std::uint16_t>({2, 1, 1}, spacing, image::UInt16,
+                                                            ends(0, 65535)),
                             {all}, {}),
-                ElementsAre(0, 255));
+                ElementsAre(0, 65535));
+    EXPECT_THAT(sampleBoxes(*test::makeImage<std::int16_t>({2, 1, 1}, spacing, image::Int16,
+                                                           ends(-32768, 32767)),
+                            {all}, {}),
+                ElementsAre(-32768, 32767));
+    EXPECT_THAT(
+        sampleBoxes(*test::makeImage<std::uint8_t>({2, 1, 1}, spacing, image::UInt8, ends(0, 255)),
+                    {all}, {}),
+        ElementsAre(0, 255));
 }
 
 TEST(BoxSampling, WarnsOncePerBoxOfTypesThreeToSixDeliberately)
@@ -223,7 +231,8 @@ TEST(BoxSampling, IsSilentFromTypeSevenOnDeliberately)
 {
     const VexelImage3D image({2, 2, 2}, {1.0F, 1.0F, 1.0F}, image::Float64);
     const test::WarningLog log;
-    EXPECT_THAT(sampleBoxes(image, {BoundingBox(0.0F, 0.0F, 0.0F, 1.0F, 1.0F, 1.0F)}, {}), IsEmpty());
+    EXPECT_THAT(sampleBoxes(image, {BoundingBox(0.0F, 0.0F, 0.0F, 1.0F, 1.0F, 1.0F)}, {}),
+                IsEmpty());
     EXPECT_TRUE(log.texts().isEmpty());
 }
 
@@ -243,7 +252,8 @@ TEST(BoxSampling, TakesBoxesBeyondTheRangeOfIntForWhatTheyHoldOfTheImage)
         EXPECT_THAT(sampleBoxes(*image, {BoundingBox(-far, -far, -far, far, far, far)}, {}),
                     ElementsAre(0, 1, 10, 11))
             << far;
-        EXPECT_THAT(sampleBoxes(*image, {BoundingBox(far, far, far, far, far, far)}, {}), IsEmpty()) << far;
+        EXPECT_THAT(sampleBoxes(*image, {BoundingBox(far, far, far, far, far, far)}, {}), IsEmpty())
+            << far;
     }
 }
 
@@ -263,7 +273,8 @@ TEST(BoxSampling, NeverReadsOutsideForBoundsAndMapsThatAreNotFinite)
         for (int element = 0; element < 16; ++element) {
             QMatrix4x4 matrix;
             matrix.data()[element] = odd;
-            EXPECT_LE(sampleBoxes(*image, {BoundingBox(0.0F, 0.0F, 0.0F, 3.0F, 3.0F, 3.0F)}, matrix).size(),
+            EXPECT_LE(sampleBoxes(*image, {BoundingBox(0.0F, 0.0F, 0.0F, 3.0F, 3.0F, 3.0F)}, matrix)
+                          .size(),
                       64U);
         }
     }
@@ -271,7 +282,8 @@ TEST(BoxSampling, NeverReadsOutsideForBoundsAndMapsThatAreNotFinite)
 
 TEST(BoxSampling, LeavesOutTheBoxesBeyondItsBound)
 {
-    // A box of 512 * 512 * 256 voxels holds 2^26: with 256 more, a second one would bring it beyond 2^27.
+    // A box of 512 * 512 * 256 voxels holds 2^26: with 256 more, a second one would bring it beyond
+    // 2^27.
     const VexelImage3D image({512, 512, 256}, {1.0F, 1.0F, 1.0F}, image::UInt8);
     ASSERT_FALSE(image.isEmpty());
     const BoundingBox all(-1.0F, -1.0F, -1.0F, 600.0F, 600.0F, 600.0F);

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/greyvalue/CalculatePercentile.h>
 
-// Covered: ranks and interpolation, the state between calls, refusals, samples that are not finite, many samples.
+// Covered: ranks and interpolation, the state between calls, refusals, samples that are not finite,
+// many samples.
 
 #include <gtest/gtest.h>
 
@@ -31,11 +32,13 @@ float percentileOf(std::vector<float> samples, float percent)
     return calculator.getResult();
 }
 
-// Hazen's definition by itself, in double precision: linear between the points (100 * (i - 0.5) / n, sample i).
+// Hazen's definition by itself, in double precision: linear between the points (100 * (i - 0.5) /
+// n, sample i).
 double hazen(std::vector<float> samples, double percent)
 {
     std::sort(samples.begin(), samples.end());
-    const double place = percent / 100.0 * static_cast<double>(samples.size()) - 0.5; // index from 0
+    const double place =
+        percent / 100.0 * static_cast<double>(samples.size()) - 0.5; // index from 0
     if (place <= 0.0)
         return static_cast<double>(samples.front());
     const auto below = static_cast<std::size_t>(place);
@@ -96,17 +99,19 @@ TEST(CalculatePercentile, RoundsEveryStepToSinglePrecision)
 
 TEST(CalculatePercentile, CountsSamplesTimesPercentileInSinglePrecision)
 {
-    // The percentile is the fifth of seven ranks, 64.2857142..., in single precision and a little below it. Times 7 it
-    // rounds to 450: the result is the fifth sample itself. In double precision the product is below 450, and
-    // from the fourth sample on, 1e8 + 1 being 1e8, one would arrive at 0.
+    // The percentile is the fifth of seven ranks, 64.2857142..., in single precision and a little
+    // below it. Times 7 it rounds to 450: the result is the fifth sample itself. In double
+    // precision the product is below 450, and from the fourth sample on, 1e8 + 1 being 1e8, one
+    // would arrive at 0.
     EXPECT_EQ(percentileOf({-4e8F, -3e8F, -2e8F, -1e8F, 1.0F, 2.0F, 3.0F}, 0x1.012492p+6F), 1.0F);
 }
 
 TEST(CalculatePercentile, RoundsTheRankToSinglePrecisionBeforeItIsTruncated)
 {
-    // Nine million times 0x1.7c0046p+6 is 855002432 in single precision; over 100, plus 0.5, it is 8550024.82 in
-    // double precision and 8550025 as a float. Truncated without that, or worked out in floats, where 8550024.5 is a
-    // tie, the rank would be 8550024, and the result 500, midway to the first of the larger samples.
+    // Nine million times 0x1.7c0046p+6 is 855002432 in single precision; over 100, plus 0.5, it is
+    // 8550024.82 in double precision and 8550025 as a float. Truncated without that, or worked out
+    // in floats, where 8550024.5 is a tie, the rank would be 8550024, and the result 500, midway to
+    // the first of the larger samples.
     constexpr qsizetype smaller = 8550024;
     QList<float> samples(9'000'000, 1000.0F);
     std::fill_n(samples.begin(), smaller, 0.0F);
@@ -134,7 +139,7 @@ TEST(CalculatePercentile, AgreesWithHazenOnRandomLists)
     }
 }
 
-TEST(CalculatePercentile, DoesNotFallWhileThePercentileRises) // law 1
+TEST(CalculatePercentile, Law1DoesNotFallWhileThePercentileRises)
 {
     std::mt19937 engine(7);
     std::vector<float> samples(37);
@@ -148,9 +153,9 @@ TEST(CalculatePercentile, DoesNotFallWhileThePercentileRises) // law 1
     }
 }
 
-TEST(CalculatePercentile,
-     DoesNotDependOnTheOrderOfManySamples) // law 2, on either side of the change of sorting
+TEST(CalculatePercentile, Law2DoesNotDependOnTheOrderOfTheSamples)
 {
+    // On either side of the number from which on digits are sorted.
     std::mt19937 engine(8);
     for (const std::size_t count : {1999U, 2000U, 2001U, 70000U}) {
         std::vector<float> samples(count);
@@ -178,7 +183,8 @@ TEST(CalculatePercentile, SortsManySamplesOfEveryMagnitude)
     // Sample i of 5000 has the rank (i - 0.5) / 50.
     for (const int i : {1, 2, 1250, 2500, 2501, 4999, 5000}) {
         const float percent = (static_cast<float>(i) - 0.5F) / 50.0F;
-        EXPECT_FLOAT_EQ(percentileOf(samples, percent), sorted[static_cast<std::size_t>(i - 1)]) << i;
+        EXPECT_FLOAT_EQ(percentileOf(samples, percent), sorted[static_cast<std::size_t>(i - 1)])
+            << i;
     }
 }
 
@@ -295,7 +301,8 @@ TEST(CalculatePercentile, RefusesPercentilesOutsideZeroToAHundredAndKeepsItsResu
     CalculatePercentile calculator;
     calculator.setData(values, 3);
     ASSERT_TRUE(calculator.execute());
-    for (const float percent : {100.5F, 0x1.900002p+6F, -0.5F, -0x1p-149F, kInfinity, -kInfinity, kNan}) {
+    for (const float percent :
+         {100.5F, 0x1.900002p+6F, -0.5F, -0x1p-149F, kInfinity, -kInfinity, kNan}) {
         calculator.setPercentile(percent);
         EXPECT_FALSE(calculator.execute()) << percent;
         EXPECT_EQ(calculator.getResult(), 2.0F) << percent;

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/greyvalue/TissueEstimationHistogramCreator.h>
 
-// Covered: the boxes round landmarks and at teeth, the histograms of their voxels, the boxes inside the scan.
+// Covered: the boxes round landmarks and at teeth, the histograms of their voxels, the boxes inside
+// the scan.
 
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
 
@@ -121,10 +122,11 @@ TEST(TissueEstimationHistogramCreator, BoxesComeInTheOrderOfTheLandmarks)
 
 TEST(TissueEstimationHistogramCreator, BoxesStandUprightInTheWorldRoundMappedLandmarks)
 {
-    QMatrix4x4 worldFromVolume(0.0F, -1.0F, 0.0F, 7.0F, // a quarter turn about z, then moved along x
-                               1.0F, 0.0F, 0.0F, 0.0F,  //
-                               0.0F, 0.0F, 1.0F, 0.0F,  //
-                               0.0F, 0.0F, 0.0F, 1.0F);
+    // A quarter turn about z, then moved along x.
+    const QMatrix4x4 worldFromVolume(0.0F, -1.0F, 0.0F, 7.0F, //
+                                     1.0F, 0.0F, 0.0F, 0.0F,  //
+                                     0.0F, 0.0F, 1.0F, 0.0F,  //
+                                     0.0F, 0.0F, 0.0F, 1.0F);
     CTData ct;
     ct.addLandmarkAnnotation(test::makeLandmark(9, {20.0F, 30.0F, 40.0F})); // at (-23, 20, 40)
     const Creator creator(ct, {}, worldFromVolume);
@@ -148,8 +150,8 @@ TEST(TissueEstimationHistogramCreator, AsksForAllLandmarksAndTheirPositionsInCon
     class Scan : public CTData
     {
     public:
-        std::vector<std::shared_ptr<dataobject::LandmarkAnnotation>>
-        getLandmarkAnnotations(const std::vector<landmarkDetection::LandmarkType>& types) const override
+        std::vector<std::shared_ptr<dataobject::LandmarkAnnotation>> getLandmarkAnnotations(
+            const std::vector<landmarkDetection::LandmarkType>& types) const override
         {
             asked.push_back(types.size());
             return CTData::getLandmarkAnnotations(types);
@@ -190,23 +192,25 @@ TEST(TissueEstimationHistogramCreator, BoxesAtTeethStandDeeperAtLowerBackTeethDe
 {
     const struct
     {
-        int tooth;
+        std::vector<int> teeth;
         float lowest; // of a tooth at z = 20
     } rows[] = {
-        {3, 22.0F}, {14, 22.0F}, {1, 22.0F},  {16, 22.0F}, // upper molars: 6 above, 4 to either side
-        {4, 22.0F}, {5, 22.0F},  {12, 22.0F}, {13, 22.0F}, // upper premolars
-        {6, 24.0F}, {8, 24.0F},  {11, 24.0F},              // upper canines and incisors: 8 above
-        {19, 4.0F}, {30, 4.0F},  {17, 4.0F},  {32, 4.0F},  // lower molars: 12 below
-        {20, 4.0F}, {21, 4.0F},  {28, 4.0F},  {29, 4.0F},  // lower premolars
-        {22, 8.0F}, {24, 8.0F},  {27, 8.0F},               // lower canines and incisors: 8 below
+        {{1, 3, 14, 16}, 22.0F},  // upper molars: 6 above, 4 to either side
+        {{4, 5, 12, 13}, 22.0F},  // upper premolars
+        {{6, 8, 11}, 24.0F},      // upper canines and incisors: 8 above
+        {{17, 19, 30, 32}, 4.0F}, // lower molars: 12 below
+        {{20, 21, 28, 29}, 4.0F}, // lower premolars
+        {{22, 24, 27}, 8.0F},     // lower canines and incisors: 8 below
     };
     const CTData ct;
     for (const auto& row : rows) {
-        const Creator creator(ct, {{ToothChart::Tooth(row.tooth), {10.0F, 15.0F, 20.0F}}}, {});
-        const auto boxes = Access::boxes(creator, Creator::TeethRegion);
-        ASSERT_EQ(boxes.size(), 1U);
-        SCOPED_TRACE(row.tooth);
-        expectBox(boxes[0], {7.5F, 12.5F, row.lowest}, {12.5F, 17.5F, row.lowest + 8.0F});
+        for (const int tooth : row.teeth) {
+            const Creator creator(ct, {{ToothChart::Tooth(tooth), {10.0F, 15.0F, 20.0F}}}, {});
+            const auto boxes = Access::boxes(creator, Creator::TeethRegion);
+            ASSERT_EQ(boxes.size(), 1U);
+            SCOPED_TRACE(tooth);
+            expectBox(boxes[0], {7.5F, 12.5F, row.lowest}, {12.5F, 17.5F, row.lowest + 8.0F});
+        }
     }
 }
 
@@ -218,7 +222,8 @@ TEST(TissueEstimationHistogramCreator, HeightOfABoxIsSummedFromLeftToRight)
     EXPECT_EQ(Access::boxes(creator, Creator::TeethRegion).at(0).min().z(), 0x1.d99998p+1F);
 }
 
-TEST(TissueEstimationHistogramCreator, TeethAreMappedFromNaturalHeadPositionThroughTheVolumeToTheWorld)
+TEST(TissueEstimationHistogramCreator,
+     TeethAreMappedFromNaturalHeadPositionThroughTheVolumeToTheWorld)
 {
     CTData ct;
     QMatrix4x4 headPositionFromVolume;
@@ -237,7 +242,9 @@ TEST(TissueEstimationHistogramCreator, AnyOtherRegionIsThatOfTheTeeth)
     CTData ct;
     ct.addLandmarkAnnotation(test::makeLandmark(26, {9.0F, 9.0F, 9.0F}));
     const Creator creator(
-        ct, {{ToothChart::Tooth(8), {1.0F, 2.0F, 3.0F}}, {ToothChart::Tooth(9), {4.0F, 2.0F, 3.0F}}}, {});
+        ct,
+        {{ToothChart::Tooth(8), {1.0F, 2.0F, 3.0F}}, {ToothChart::Tooth(9), {4.0F, 2.0F, 3.0F}}},
+        {});
     for (const int region : {2, 3, -1, 99}) {
         const auto boxes = Access::boxes(creator, Creator::EstimatedRegion(region));
         ASSERT_EQ(boxes.size(), 2U) << region;
@@ -246,22 +253,24 @@ TEST(TissueEstimationHistogramCreator, AnyOtherRegionIsThatOfTheTeeth)
     }
 }
 
-// Histograms. The box of landmark type 26 in the second region is 11 x 7 x 11 voxels of 1 mm; the values of its
-// lower half in x (5 voxels) and of the others (6) are chosen.
+// Histograms. The box of landmark type 26 in the second region is 11 x 7 x 11 voxels of 1 mm; the
+// values of its lower half in x (5 voxels) and of the others (6) are chosen.
 
-std::unique_ptr<TissueEstimationHistogram> histogramOf(int lower, int higher, Creator::EstimatedRegion region)
+std::unique_ptr<TissueEstimationHistogram> histogramOf(int lower, int higher,
+                                                       Creator::EstimatedRegion region)
 {
     CTData ct;
-    test::setImage(ct,
-                   test::makeImage<std::int16_t>({40, 40, 40}, {1.0F, 1.0F, 1.0F}, image::Int16,
-                                                 [=](int x, int, int) { return x < 20 ? lower : higher; }));
+    test::setImage(ct, test::makeImage<std::int16_t>(
+                           {40, 40, 40}, {1.0F, 1.0F, 1.0F}, image::Int16,
+                           [=](int x, int, int) { return x < 20 ? lower : higher; }));
     ct.addLandmarkAnnotation(test::makeLandmark(26, {20.0F, 25.0F, 20.0F}));
     return Creator(ct, {}, {}).createHistogram(region);
 }
 
 TEST(TissueEstimationHistogramCreator, HistogramIsSmoothed)
 {
-    // From 50: 100 in bin 1, 1500 in bin 29. 5/11 and 6/11 of the values, over 50, times 1, 3, 6 or 10 fourteenths.
+    // From 50: 100 in bin 1, 1500 in bin 29. 5/11 and 6/11 of the values, over 50, times 1, 3, 6 or
+    // 10 fourteenths.
     const auto histogram = histogramOf(100, 1500, Creator::SecondLandmarkRegion);
     const std::vector<float>& bins = histogram->getBins();
     ASSERT_EQ(bins.size(), 30U);
@@ -275,8 +284,9 @@ TEST(TissueEstimationHistogramCreator, HistogramIsSmoothed)
 
 TEST(TissueEstimationHistogramCreator, SmoothsBeforeItRestricts)
 {
-    // Bins of 1 from 30 on, with 9 of 1100 values in the first one: 0.0082. Restricted first it would be kept, and
-    // the fourteenth of it, 0.00058, that smoothing puts two bins further on would be kept as well.
+    // Bins of 1 from 30 on, with 9 of 1100 values in the first one: 0.0082. Restricted first it
+    // would be kept, and the fourteenth of it, 0.00058, that smoothing puts two bins further on
+    // would be kept as well.
     const CTData ct;
     std::vector<int> values(1091, 50);
     values.insert(values.end(), 9, 30);
@@ -323,22 +333,25 @@ TEST(TissueEstimationHistogramCreator, LowBinComesLastSoThatItDoesNotWidenTheRan
 
 TEST(TissueEstimationHistogramCreator, FindsTheVoxelsOfABoxThroughVoxelSizeAndPlacement)
 {
-    // Voxels of 0.5 x 1 x 2 mm. The volume is turned a quarter about z and moved: volume (x, y) is world (100 - y, x).
+    // Voxels of 0.5 x 1 x 2 mm. The volume is turned a quarter about z and moved: volume (x, y) is
+    // world (100 - y, x).
     const QMatrix4x4 worldFromVolume(0.0F, -1.0F, 0.0F, 100.0F, //
                                      1.0F, 0.0F, 0.0F, 0.0F,    //
                                      0.0F, 0.0F, 1.0F, 0.0F,    //
                                      0.0F, 0.0F, 0.0F, 1.0F);
     CTData ct;
-    test::setImage(ct, test::makeImage<std::uint16_t>({80, 40, 20}, {0.5F, 1.0F, 2.0F}, image::UInt16,
-                                                      [](int x, int y, int z) {
-                                                          const bool inside = x >= 34 && x <= 46 && y >= 15 &&
-                                                                              y <= 25 && z >= 8 && z <= 12;
+    test::setImage(ct, test::makeImage<std::uint16_t>({80, 40, 20}, {0.5F, 1.0F, 2.0F},
+                                                      image::UInt16, [](int x, int y, int z) {
+                                                          const bool inside = x >= 34 && x <= 46 &&
+                                                                              y >= 15 && y <= 25 &&
+                                                                              z >= 8 && z <= 12;
                                                           return inside ? 100 : 5000;
                                                       }));
-    // At (80, 20, 20) in the world. The box, 5 x 3 x 5 mm to either side, is 15 to 25, 17 to 23, 15 to 25 in the
-    // volume: voxels x from 34 to 46, y from 15 to 25, z from 7.5 to 12.5.
+    // At (80, 20, 20) in the world. The box, 5 x 3 x 5 mm to either side, is 15 to 25, 17 to 23, 15
+    // to 25 in the volume: voxels x from 34 to 46, y from 15 to 25, z from 7.5 to 12.5.
     ct.addLandmarkAnnotation(test::makeLandmark(26, {20.0F, 20.0F, 20.0F}));
-    const auto histogram = Creator(ct, {}, worldFromVolume).createHistogram(Creator::SecondLandmarkRegion);
+    const auto histogram =
+        Creator(ct, {}, worldFromVolume).createHistogram(Creator::SecondLandmarkRegion);
     EXPECT_EQ(histogram->getBins().size(), 2U) << "nothing but 100, from 90 in bins of 10";
 }
 
@@ -380,7 +393,8 @@ TEST(TissueEstimationHistogramCreator, WarnsOncePerBoxOfAnElementTypeThatIsNotRe
     ct.addLandmarkAnnotation(test::makeLandmark(14, {2.0F, 2.0F, 2.0F}));
     const Creator creator(ct, {{ToothChart::Tooth(8), {1.0F, 2.0F, 3.0F}}}, {});
     for (const int type : {3, 4, 5, 6, 7}) {
-        test::setImage(ct, std::make_shared<VexelImage3D>(math::Ivec3{4, 4, 4}, QVector3D(1.0F, 1.0F, 1.0F),
+        test::setImage(ct, std::make_shared<VexelImage3D>(math::Ivec3{4, 4, 4},
+                                                          QVector3D(1.0F, 1.0F, 1.0F),
                                                           image::DataType(type)));
         test::WarningLog log;
         EXPECT_TRUE(creator.createHistogram(Creator::FirstLandmarkRegion)->getBins().empty());
@@ -400,15 +414,17 @@ TEST(TissueEstimationHistogramCreator, CountsTheBoxesWithAllCornersInTheScan)
         QVector3D landmark; // its box in the second region reaches 5, 3 and 5 mm to either side
         int count;
     } rows[] = {
-        {{20.0F, 20.0F, 20.0F}, 1}, {{4.5F, 2.5F, 4.5F}, 1},    {{34.5F, 36.5F, 34.5F}, 1}, // faces on faces
-        {{4.4F, 20.0F, 20.0F}, 0},  {{20.0F, 36.6F, 20.0F}, 0}, {{20.0F, 20.0F, 60.0F}, 0},
-        {{34.6F, 36.6F, 34.6F}, 0}, // only one corner is inside in full
+        {{20.0F, 20.0F, 20.0F}, 1}, {{4.5F, 2.5F, 4.5F}, 1},
+        {{34.5F, 36.5F, 34.5F}, 1}, // faces on faces
+        {{4.4F, 20.0F, 20.0F}, 0},  {{20.0F, 36.6F, 20.0F}, 0},
+        {{20.0F, 20.0F, 60.0F}, 0}, {{34.6F, 36.6F, 34.6F}, 0}, // only one corner is inside in full
     };
     for (const auto& row : rows) {
         CTData ct;
         test::setImage(ct, evenImage(5));
         ct.addLandmarkAnnotation(test::makeLandmark(26, row.landmark));
-        EXPECT_EQ(Creator(ct, {}, {}).getNumberOfVOIsFullyContainedInVolume(Creator::SecondLandmarkRegion),
+        EXPECT_EQ(Creator(ct, {}, {})
+                      .getNumberOfVOIsFullyContainedInVolume(Creator::SecondLandmarkRegion),
                   row.count)
             << row.landmark.x();
     }
@@ -416,8 +432,9 @@ TEST(TissueEstimationHistogramCreator, CountsTheBoxesWithAllCornersInTheScan)
 
 TEST(TissueEstimationHistogramCreator, OneCornerOutsideTheScanIsEnoughNotToCount)
 {
-    // Turned so that the box stands on one corner: along x the eight corners lie (+-5 +-3 +-5) / sqrt(3) mm from its
-    // centre, the outermost 7.5 mm, the next 4.0 mm. The scan begins at -0.5 mm.
+    // Turned so that the box stands on one corner: along x the eight corners lie (+-5 +-3 +-5) /
+    // sqrt(3) mm from its centre, the outermost 7.5 mm, the next 4.0 mm. The scan begins at -0.5
+    // mm.
     CTData ct;
     test::setImage(ct, evenImage(5));
     QMatrix4x4 turned;
@@ -437,7 +454,9 @@ TEST(TissueEstimationHistogramCreator, CountsEveryBoxOfTheRegion)
     for (const float x : {10.0F, 20.0F, 30.0F, 39.0F})
         ct.addLandmarkAnnotation(test::makeLandmark(26, {x, 20.0F, 20.0F}));
     const Creator creator(
-        ct, {{ToothChart::Tooth(3), {20.0F, 20.0F, 20.0F}}, {ToothChart::Tooth(3), {1.0F, 1.0F, 1.0F}}}, {});
+        ct,
+        {{ToothChart::Tooth(3), {20.0F, 20.0F, 20.0F}}, {ToothChart::Tooth(3), {1.0F, 1.0F, 1.0F}}},
+        {});
     EXPECT_EQ(creator.getNumberOfVOIsFullyContainedInVolume(Creator::SecondLandmarkRegion), 3);
     EXPECT_EQ(creator.getNumberOfVOIsFullyContainedInVolume(Creator::FirstLandmarkRegion), 3);
     EXPECT_EQ(creator.getNumberOfVOIsFullyContainedInVolume(Creator::TeethRegion), 1);
@@ -445,15 +464,18 @@ TEST(TissueEstimationHistogramCreator, CountsEveryBoxOfTheRegion)
 
 TEST(TissueEstimationHistogramCreator, CornersAreMappedBackToTheVolume)
 {
-    // Turned by 45 degrees about the middle of the scan, a box's corner lies up to 5.8 instead of 5 mm away from
-    // its centre along x, and no longer inside.
+    // Turned by 45 degrees about the middle of the scan, a box's corner lies up to 5.8 instead of 5
+    // mm away from its centre along x, and no longer inside.
     CTData ct;
     test::setImage(ct, evenImage(5));
     ct.addLandmarkAnnotation(test::makeLandmark(26, {4.6F, 20.0F, 20.0F}));
-    EXPECT_EQ(Creator(ct, {}, {}).getNumberOfVOIsFullyContainedInVolume(Creator::SecondLandmarkRegion), 1);
+    EXPECT_EQ(
+        Creator(ct, {}, {}).getNumberOfVOIsFullyContainedInVolume(Creator::SecondLandmarkRegion),
+        1);
     QMatrix4x4 turned;
     turned.rotate(45.0F, 0.0F, 0.0F, 1.0F);
-    EXPECT_EQ(Creator(ct, {}, turned).getNumberOfVOIsFullyContainedInVolume(Creator::SecondLandmarkRegion),
+    EXPECT_EQ(Creator(ct, {}, turned)
+                  .getNumberOfVOIsFullyContainedInVolume(Creator::SecondLandmarkRegion),
               0);
 }
 
@@ -499,8 +521,8 @@ TEST(TissueEstimationHistogramCreator, CopiesReadTheSameScan)
     CTData ct;
     test::setImage(ct, evenImage(5));
     ct.addLandmarkAnnotation(test::makeLandmark(26, {20.0F, 20.0F, 20.0F}));
-    auto original =
-        std::make_unique<Creator>(ct, Teeth{{ToothChart::Tooth(3), {20.0F, 20.0F, 20.0F}}}, QMatrix4x4());
+    auto original = std::make_unique<Creator>(
+        ct, Teeth{{ToothChart::Tooth(3), {20.0F, 20.0F, 20.0F}}}, QMatrix4x4());
     const Creator copy = *original;
     original.reset();
     EXPECT_EQ(copy.getNumberOfVOIsFullyContainedInVolume(Creator::SecondLandmarkRegion), 1);

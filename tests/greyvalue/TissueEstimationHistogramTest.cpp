@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/greyvalue/TissueEstimationHistogram.h>
 
-// Covered: binning, the density, smoothing, restricting, the low bin, the two maxima, their separation.
+// Covered: binning, the density, smoothing, restricting, the low bin, the two maxima, their
+// separation.
 
 #include <tests/support/GreyValueAccess.h>
 
@@ -100,7 +101,8 @@ TEST(TissueEstimationHistogram, StartsBelowTheSmallestValueByTruncatingRemainder
     };
     for (const auto& row : rows) {
         const TissueEstimationHistogram histogram({row.smallest}, row.width);
-        EXPECT_EQ(histogram.getLowestBinStart(), row.start) << row.smallest << " in bins of " << row.width;
+        EXPECT_EQ(histogram.getLowestBinStart(), row.start)
+            << row.smallest << " in bins of " << row.width;
     }
 }
 
@@ -224,15 +226,16 @@ TEST(TissueEstimationHistogram, RestrictRemovesBinsWithLessThanAThousandthOfTheV
     EXPECT_EQ(histogram.getRangeOfPositiveBinCenters(), 0) << "one bin is left";
 }
 
-// smooth. 1/14, 3/14 and 6/14 are 0x1.24924ap-4, 0x1.b6db6ep-3 and 0x1.b6db6ep-2; their sums in single precision
-// were worked out by another program: 4/14 is 0x1.24924ap-2, 10/14 is 0x1.6db6dcp-1.
+// smooth. 1/14, 3/14 and 6/14 are 0x1.24924ap-4, 0x1.b6db6ep-3 and 0x1.b6db6ep-2; their sums in
+// single precision were worked out by another program: 4/14 is 0x1.24924ap-2, 10/14 is
+// 0x1.6db6dcp-1.
 
 TEST(TissueEstimationHistogram, SmoothSpreadsABinOverFiveByOneThreeSixThreeOne)
 {
     TissueEstimationHistogram histogram = withBins(10, {0.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F});
     histogram.smooth();
-    EXPECT_EQ(histogram.getBins(), Bins({0.0F, 0x1.24924ap-4F, 0x1.b6db6ep-3F, 0x1.b6db6ep-2F, 0x1.b6db6ep-3F,
-                                         0x1.24924ap-4F, 0.0F}));
+    EXPECT_EQ(histogram.getBins(), Bins({0.0F, 0x1.24924ap-4F, 0x1.b6db6ep-3F, 0x1.b6db6ep-2F,
+                                         0x1.b6db6ep-3F, 0x1.24924ap-4F, 0.0F}));
 }
 
 TEST(TissueEstimationHistogram, SmoothLetsTheOutermostBinStandInForMissingOnesDeliberately)
@@ -275,7 +278,8 @@ TEST(TissueEstimationHistogram, SmoothKeepsASingleBinAndEvenOnes)
 
 TEST(TissueEstimationHistogram, RangeIsFromTheFirstToTheLastBinThatIsNotEmpty)
 {
-    EXPECT_EQ(withBins(50, {0.0F, 1.0F, 0.0F, 0.0F, 2.0F, 0.0F}).getRangeOfPositiveBinCenters(), 150);
+    EXPECT_EQ(withBins(50, {0.0F, 1.0F, 0.0F, 0.0F, 2.0F, 0.0F}).getRangeOfPositiveBinCenters(),
+              150);
     EXPECT_EQ(withBins(50, {1.0F, 0.0F, 2.0F}).getRangeOfPositiveBinCenters(), 100);
     EXPECT_EQ(withBins(50, {0.0F, 1.0F, 0.0F}).getRangeOfPositiveBinCenters(), 0) << "a single one";
     EXPECT_EQ(withBins(50, {0.0F, 0.0F}).getRangeOfPositiveBinCenters(), 0) << "none";
@@ -314,13 +318,15 @@ TEST(TissueEstimationHistogram, ATopOfTwoEqualBinsIsNoMaximumDeliberately)
 
 TEST(TissueEstimationHistogram, OfEqualPeaksTheOneOfLowerGreyValueComesFirstDeliberately)
 {
-    // 18 % of 160 grey values are 2.88 bins, hence 3: 2 is the main peak, 4 is too near, and 10 comes before 18.
+    // 18 % of 160 grey values are 2.88 bins, hence 3: 2 is the main peak, 4 is too near, and 10
+    // comes before 18.
     expectMaxima(withPeaks(10, 21, {{2, 1.0F}, {4, 1.0F}, {10, 1.0F}, {18, 1.0F}}), 25, 105);
 }
 
 TEST(TissueEstimationHistogram, ManyEqualPeaksKeepTheirOrderToo)
 {
-    // 2000 peaks, every other bin; R = 3998 * 10, 18 % are 719.64 bins, hence 720: from bin 1 on to bin 721.
+    // 2000 peaks, every other bin; R = 3998 * 10, 18 % are 719.64 bins, hence 720: from bin 1 on to
+    // bin 721.
     std::vector<std::pair<std::size_t, float>> peaks;
     for (std::size_t i = 0; i < 2000; ++i)
         peaks.emplace_back(2 * i + 1, 1.0F);
@@ -329,8 +335,10 @@ TEST(TissueEstimationHistogram, ManyEqualPeaksKeepTheirOrderToo)
 
 TEST(TissueEstimationHistogram, SecondPeakIsTheHighestFarEnoughAwayNotTheSecondHighestDeliberately)
 {
-    // R = 360: 6.48 bins, hence 7. The peaks at 16 and 24 are higher than that at 2 but too near to 20.
-    expectMaxima(withPeaks(10, 41, {{2, 1.0F}, {16, 8.0F}, {20, 9.0F}, {24, 7.0F}, {38, 0.5F}}), 25, 205);
+    // R = 360: 6.48 bins, hence 7. The peaks at 16 and 24 are higher than that at 2 but too near
+    // to 20.
+    expectMaxima(withPeaks(10, 41, {{2, 1.0F}, {16, 8.0F}, {20, 9.0F}, {24, 7.0F}, {38, 0.5F}}), 25,
+                 205);
 }
 
 TEST(TissueEstimationHistogram, PeaksNearerThanTheSeparationGiveNothingAlthoughThereAreTwo)
@@ -342,15 +350,16 @@ TEST(TissueEstimationHistogram, PeaksNearerThanTheSeparationGiveNothingAlthoughT
 
 TEST(TissueEstimationHistogram, SeparationIsRoundedToSinglePrecisionBeforeItIsRoundedUp)
 {
-    // 0.18F is 0.18000000715: times 100 it rounds to 18 in single precision, over 2 gives 9 bins. In double
-    // precision it would be a little more than 9, hence 10.
+    // 0.18F is 0.18000000715: times 100 it rounds to 18 in single precision, over 2 gives 9 bins.
+    // In double precision it would be a little more than 9, hence 10.
     expectMaxima(withPeaks(2, 51, {{0, 0.1F}, {20, 2.0F}, {29, 1.0F}, {50, 0.1F}}), 41, 59);
     EXPECT_FALSE(withPeaks(2, 51, {{0, 0.1F}, {20, 2.0F}, {28, 1.0F}, {50, 0.1F}}).findMaxima());
 }
 
 TEST(TissueEstimationHistogram, SeparationFollowsTheBinsAsTheyAreNow)
 {
-    // The bin at 40 is below a thousandth: with it R = 400 and 8 bins, without it R = 180 and 4 bins.
+    // The bin at 40 is below a thousandth: with it R = 400 and 8 bins, without it R = 180 and 4
+    // bins.
     TissueEstimationHistogram histogram =
         withPeaks(10, 41, {{0, 0.02F}, {10, 0.05F}, {15, 0.03F}, {18, 0.01F}, {40, 0.00009F}});
     expectMaxima(histogram, 105, 185);
@@ -420,7 +429,8 @@ TEST(TissueEstimationHistogram, HasAtMostTwoToTheTwentiethBins)
 TEST(TissueEstimationHistogram, HasNoBinsIfItsStartIsBelowTheRangeOfInt)
 {
     EXPECT_TRUE(TissueEstimationHistogram({kSmallest}, 10).getBins().empty());
-    // -2147483641 - 9 = -2147483650, a multiple of 10, is below; -2147483639 - 9 is cut to -2147483640.
+    // -2147483641 - 9 = -2147483650, a multiple of 10, is below; -2147483639 - 9 is cut to
+    // -2147483640.
     EXPECT_TRUE(TissueEstimationHistogram({-2147483641}, 10).getBins().empty());
     EXPECT_EQ(TissueEstimationHistogram({-2147483639}, 10).getLowestBinStart(), -2147483640);
 }
@@ -436,7 +446,8 @@ TEST(TissueEstimationHistogram, GetsNoLowBinBelowTheRangeOfInt)
 TEST(TissueEstimationHistogram, LimitsCentresAndDistancesToTheRangeOfInt)
 {
     TissueEstimationHistogram highest({kLargest}, 10);
-    EXPECT_EQ(Access::centreOf(highest, static_cast<int>(highest.getBins().size()) - 1), 2147483645);
+    EXPECT_EQ(Access::centreOf(highest, static_cast<int>(highest.getBins().size()) - 1),
+              2147483645);
     EXPECT_EQ(Access::centreOf(highest, kLargest), kLargest);
     EXPECT_EQ(Access::indexOf(Access::withBins(1, -10, {}), kLargest), kLargest);
     // Four bins of a thousand million: from -2e9 to 2e9.

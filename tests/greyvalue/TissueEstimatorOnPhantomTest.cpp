@@ -81,7 +81,8 @@ const std::vector<float>& noiseTable()
 std::shared_ptr<VexelImage3D> paint(const Patient& patient)
 {
     const VexelImage3D& numbers = tissueNumbers();
-    auto image = std::make_shared<VexelImage3D>(numbers.imageSize(), numbers.voxelSize(), image::Int16);
+    auto image =
+        std::make_shared<VexelImage3D>(numbers.imageSize(), numbers.voxelSize(), image::Int16);
     std::array<float, phantom::kTissueCount> grey{};
     for (int tissue = 0; tissue < phantom::kTissueCount; ++tissue)
         grey[static_cast<std::size_t>(tissue)] = patient.paintedGreyValue(Tissue(tissue));
@@ -90,8 +91,10 @@ std::shared_ptr<VexelImage3D> paint(const Patient& patient)
     const float sigma = patient.settings().noiseSigma;
     for (std::size_t i = 0; i < numbers.voxelCount(); ++i) {
         const float noise =
-            sigma > 0.0F ? sigma * noiseTable()[(i * 2654435761U >> 8U) % noiseTable().size()] : 0.0F;
-        voxel[i] = static_cast<std::int16_t>(std::round(grey[static_cast<std::size_t>(number[i])] + noise));
+            sigma > 0.0F ? sigma * noiseTable()[(i * 2654435761U >> 8U) % noiseTable().size()]
+                         : 0.0F;
+        voxel[i] = static_cast<std::int16_t>(
+            std::round(grey[static_cast<std::size_t>(number[i])] + noise));
     }
     return image;
 }
@@ -132,7 +135,8 @@ void expectNear(int level, float truth, int binWidth, const char* name)
     EXPECT_NEAR(static_cast<float>(level), truth, static_cast<float>(binWidth)) << name;
 }
 
-// T0 is air, T3 soft tissue, and T9 cortical bone, the densest tissue on the surface of the phantom's skull.
+// T0 is air, T3 soft tissue, and T9 cortical bone, the densest tissue on the surface of the
+// phantom's skull.
 void expectTruthFromLandmarks(const ScannedPatient& scanned)
 {
     TissueEstimator estimator(scanned.ct, occlusalPoints(scanned.patient), {});
@@ -142,8 +146,10 @@ void expectTruthFromLandmarks(const ScannedPatient& scanned)
     expectNear(tissues.air, scanned.patient.paintedGreyValue(Tissue::Air),
                scanned.binWidth(Creator::FirstLandmarkRegion), "T0");
     const int width = scanned.binWidth(Creator::SecondLandmarkRegion);
-    expectNear(tissues.softTissue, scanned.patient.paintedGreyValue(Tissue::SoftTissue), width, "T3");
-    expectNear(tissues.denseBone, scanned.patient.paintedGreyValue(Tissue::CorticalBone), width, "T9");
+    expectNear(tissues.softTissue, scanned.patient.paintedGreyValue(Tissue::SoftTissue), width,
+               "T3");
+    expectNear(tissues.denseBone, scanned.patient.paintedGreyValue(Tissue::CorticalBone), width,
+               "T9");
 }
 
 void expectTruthFromTeeth(const ScannedPatient& scanned)
@@ -153,7 +159,8 @@ void expectTruthFromTeeth(const ScannedPatient& scanned)
     EXPECT_TRUE(TissueEstimatorTestAccess::useTeethFallback(estimator));
     const colormap::Tissues tissues = estimator.getEstimatedTissues().value();
     const int width = scanned.binWidth(Creator::TeethRegion);
-    expectNear(tissues.softTissue, scanned.patient.paintedGreyValue(Tissue::SoftTissue), width, "T3");
+    expectNear(tissues.softTissue, scanned.patient.paintedGreyValue(Tissue::SoftTissue), width,
+               "T3");
     expectNear(tissues.dentine, scanned.patient.paintedGreyValue(Tissue::Dentine), width, "T7");
 }
 
@@ -182,8 +189,8 @@ TEST(TissueEstimatorOnPhantom, IsWithinOneBinOfTheTruthForEveryScanner)
 
 TEST(TissueEstimatorOnPhantom, IsWithinOneBinOfTheTruthInThePhantomsOwnVolumes)
 {
-    for (const Settings& settings :
-         {scanner(0.6F, -300.0F, 25.0F), scanner(1.0F, 0.0F, 40.0F), scanner(1.5F, 300.0F, 60.0F)}) {
+    for (const Settings& settings : {scanner(0.6F, -300.0F, 25.0F), scanner(1.0F, 0.0F, 40.0F),
+                                     scanner(1.5F, 300.0F, 60.0F)}) {
         SCOPED_TRACE(describe(settings).toStdString());
         const auto image = std::make_shared<VexelImage3D>(Patient(settings).createVolume());
         expectTruthFromLandmarks(ScannedPatient(settings, true, image));
@@ -202,7 +209,8 @@ TEST(TissueEstimatorOnPhantom, TestPaintsWhatThePhantomPaints)
     EXPECT_TRUE(std::equal(a, a + original.voxelCount(), b));
 }
 
-// Without noise all voxels of a tissue fall into one bin. If it is the first one, no peak can be found there.
+// Without noise all voxels of a tissue fall into one bin. If it is the first one, no peak can be
+// found there.
 TEST(TissueEstimatorOnPhantom, WithoutNoiseTheLowestTissueMayHideInTheFirstBin)
 {
     const ScannedPatient scanned(scanner(1.0F, 0.0F, 0.0F), false);
@@ -211,13 +219,14 @@ TEST(TissueEstimatorOnPhantom, WithoutNoiseTheLowestTissueMayHideInTheFirstBin)
     EXPECT_EQ(TissueEstimationHistogramTestAccess::indexOf(*histogram, 40), 0);
     TissueEstimator estimator(scanned.ct, occlusalPoints(scanned.patient), {});
     ASSERT_TRUE(estimator.estimate());
-    EXPECT_GT(estimator.getEstimatedTissues().value().softTissue, 300) << "the cancellous bone instead";
+    EXPECT_GT(estimator.getEstimatedTissues().value().softTissue, 300)
+        << "the cancellous bone instead";
 }
 
 TEST(TissueEstimatorOnPhantom, WindowFollowsTheScannerWhereTissuesLieAtTheirDefaultLevels)
 {
-    for (const Settings& miscalibrated :
-         {scanner(1.0F, 0.0F, 40.0F), scanner(0.6F, -300.0F, 40.0F), scanner(1.5F, 300.0F, 40.0F)}) {
+    for (const Settings& miscalibrated : {scanner(1.0F, 0.0F, 40.0F), scanner(0.6F, -300.0F, 40.0F),
+                                          scanner(1.5F, 300.0F, 40.0F)}) {
         Settings settings = miscalibrated;
         SCOPED_TRACE(describe(settings).toStdString());
         settings.greyValues = {-1000.0F, 40.0F, 550.0F, 1800.0F, 1300.0F, 2800.0F, 60.0F, 20.0F};

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/greyvalue/TissueEstimator.h>
 
-// Covered: which regions make the estimate, when it is kept, cleared and replaced; level and window.
+// Covered: which regions make the estimate, when it is kept, cleared and replaced; level and
+// window.
 
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
 
@@ -57,13 +58,17 @@ struct GreyValues
     int root = 1300;     // at the tooth, column 16; 300 more in column 17
 };
 
-// 60 mm along each axis, 1 mm voxels. The outermost values of each region keep the peaks from its first and last bin.
+// 60 mm along each axis, 1 mm voxels. The outermost values of each region keep the peaks from its
+// first and last bin.
 std::shared_ptr<VexelImage3D> paint(const GreyValues& grey)
 {
     return test::makeImage<std::int16_t>(
         {60, 60, 60}, {1.0F, 1.0F, 1.0F}, image::Int16, [&](int x, int y, int) {
             if (y >= 45)
-                return x <= 13 ? grey.gum - 120 : x <= 15 ? grey.gum : x == 16 ? grey.root : grey.root + 300;
+                return x <= 13   ? grey.gum - 120
+                       : x <= 15 ? grey.gum
+                       : x == 16 ? grey.root
+                                 : grey.root + 300;
             if (y >= 27)
                 return y == 27   ? grey.softTissue - 120
                        : y <= 30 ? grey.softTissue
@@ -73,7 +78,8 @@ std::shared_ptr<VexelImage3D> paint(const GreyValues& grey)
         });
 }
 
-// Boxes of the first region round type 26 reach 5 mm to either side of y - 10, those of the second 3 mm of y.
+// Boxes of the first region round type 26 reach 5 mm to either side of y - 10, those of the second
+// 3 mm of y.
 void addLandmarks(CTData& ct, int count)
 {
     for (int i = 0; i < count; ++i)
@@ -87,8 +93,8 @@ Teeth oneTooth()
     return {{ToothChart::Tooth(8), {15.0F, 50.0F, 5.0F}}};
 }
 
-// Bins of 50. First region, from -1000: peaks -975 and 25. Second, from -100: 25 and 1825. Teeth, from -100: 25 and
-// 1325. The levels are those of TissueLevelsTest.
+// Bins of 50. First region, from -1000: peaks -975 and 25. Second, from -100: 25 and 1825. Teeth,
+// from -100: 25 and 1325. The levels are those of TissueLevelsTest.
 const Levels kFromLandmarks{-975, -494, -62, 25, 495, 547, 1007, 1314, 1518, 1825, 2848};
 const Levels kFromTeeth{-1048, -532, -68, 25, 500, 551, 1015, 1325, 1531, 1841, 2873};
 
@@ -141,10 +147,10 @@ TEST(TissueEstimator, TeethOverwriteAnEstimateFromTooFewBoxesDeliberately)
 
 TEST(TissueEstimator, CountsTheBoxesOfEachLandmarkRegionByThemselves)
 {
-    // Of type 14 at y = 6 the box of the first region leaves the scan, that of the second is inside; of type 19 there
-    // is no box in the first region.
-    for (const auto& [type, position] :
-         {std::pair(14, QVector3D(40.0F, 6.0F, 20.0F)), std::pair(19, QVector3D(40.0F, 28.0F, 20.0F))}) {
+    // Of type 14 at y = 6 the box of the first region leaves the scan, that of the second is
+    // inside; of type 19 there is no box in the first region.
+    for (const auto& [type, position] : {std::pair(14, QVector3D(40.0F, 6.0F, 20.0F)),
+                                         std::pair(19, QVector3D(40.0F, 28.0F, 20.0F))}) {
         Scan ct;
         test::setImage(ct, paint({}));
         addLandmarks(ct, 1);
@@ -157,7 +163,8 @@ TEST(TissueEstimator, CountsTheBoxesOfEachLandmarkRegionByThemselves)
 
 TEST(TissueEstimator, NeedsTwoBoxesOfTheSecondRegionToo)
 {
-    // At z = 5 a box of type 9, 10 mm to either side, leaves the scan; its box of the first region, 5 mm, does not.
+    // At z = 5 a box of type 9, 10 mm to either side, leaves the scan; its box of the first region,
+    // 5 mm, does not.
     Scan ct;
     test::setImage(ct, paint({}));
     addLandmarks(ct, 1);
@@ -188,7 +195,8 @@ TEST(TissueEstimator, EstimatesFromTheTeethAlone)
 
 TEST(TissueEstimator, FailsIfAirIsNotBelowSoftTissueUnlessTheTeethHelp)
 {
-    // Air of the same level as the soft tissue: its peak in the first region is 325, in the second 275 or 325.
+    // Air of the same level as the soft tissue: its peak in the first region is 325, in the second
+    // 275 or 325.
     GreyValues grey;
     grey.air = 300;
     grey.skin = 1500;
@@ -285,8 +293,10 @@ TEST(TissueEstimatorLevelWindow, OfTheDefaultLevelsIsTheGivenRange) // law 2
     expectRange(TissueEstimator::calculateLevelWindow(TissueEstimator::DEFAULT_MEDICAL_CT_TISSUES,
                                                       TissueEstimator::DEFAULT_MEDICAL_CT_LW),
                 -1000.0, 2200.0, 1e-3);
-    for (const Range& range : {Range{-300.0F, 900.0F}, Range{-5000.0F, 5000.0F}, Range{2200.0F, -1000.0F}})
-        expectRange(TissueEstimator::calculateLevelWindow(TissueEstimator::DEFAULT_MEDICAL_CT_TISSUES, range),
+    for (const Range& range :
+         {Range{-300.0F, 900.0F}, Range{-5000.0F, 5000.0F}, Range{2200.0F, -1000.0F}})
+        expectRange(TissueEstimator::calculateLevelWindow(
+                        TissueEstimator::DEFAULT_MEDICAL_CT_TISSUES, range),
                     static_cast<double>(range.min), static_cast<double>(range.max), 2e-3);
 }
 
@@ -302,18 +312,19 @@ TEST(TissueEstimatorLevelWindow, IsShiftedAndScaledWithTheLevels) // law 3
     Levels doubled = defaults();
     for (int& level : doubled)
         level *= 2;
-    expectRange(TissueEstimator::calculateLevelWindow(tissuesOf(doubled), {-1000.0F, 2200.0F}), -2000.0,
-                4400.0, 2e-3);
+    expectRange(TissueEstimator::calculateLevelWindow(tissuesOf(doubled), {-1000.0F, 2200.0F}),
+                -2000.0, 4400.0, 2e-3);
 }
 
 TEST(TissueEstimatorLevelWindow, IgnoresDefaultLevelsAtOrBeyondTheEndsOfTheRange)
 {
     Levels levels = defaults();
     levels[0] = levels[1] = levels[9] = levels[10] = 30000;
-    expectRange(TissueEstimator::calculateLevelWindow(tissuesOf(levels), {-500.0F, 1800.0F}), -500.0, 1800.0,
-                1e-3);
+    expectRange(TissueEstimator::calculateLevelWindow(tissuesOf(levels), {-500.0F, 1800.0F}),
+                -500.0, 1800.0, 1e-3);
     levels[2] = 30000;
-    EXPECT_GT(TissueEstimator::calculateLevelWindow(tissuesOf(levels), {-500.0F, 1800.0F}).min, 0.0F);
+    EXPECT_GT(TissueEstimator::calculateLevelWindow(tissuesOf(levels), {-500.0F, 1800.0F}).min,
+              0.0F);
 }
 
 // The normal equations, by Cramer's rule: another way to the same least squares.
@@ -343,8 +354,8 @@ TEST(TissueEstimatorLevelWindow, AgreesWithTheNormalEquationsOnRandomLevels)
             bt += x * levels[i];
         }
         const long double determinant = aa * bb - ab * ab;
-        expectRange(TissueEstimator::calculateLevelWindow(tissuesOf(levels),
-                                                          {static_cast<float>(from), static_cast<float>(to)}),
+        expectRange(TissueEstimator::calculateLevelWindow(
+                        tissuesOf(levels), {static_cast<float>(from), static_cast<float>(to)}),
                     static_cast<double>((at * bb - bt * ab) / determinant),
                     static_cast<double>((bt * aa - at * ab) / determinant), 0.01);
     }
@@ -352,29 +363,35 @@ TEST(TissueEstimatorLevelWindow, AgreesWithTheNormalEquationsOnRandomLevels)
 
 TEST(TissueEstimatorLevelWindow, OfOneLevelIsTheShortestSolution)
 {
-    // Only 40 is kept. At x = 1/2 both ends are the level; at x = 2/5 they are 3/5 and 2/5 of it over 9/25 + 4/25.
+    // Only 40 is kept. At x = 1/2 both ends are the level; at x = 2/5 they are 3/5 and 2/5 of it
+    // over 9/25 + 4/25.
     Levels levels = defaults();
     levels[3] = 52;
-    expectRange(TissueEstimator::calculateLevelWindow(tissuesOf(levels), {39.0F, 41.0F}), 52.0, 52.0, 1e-4);
-    expectRange(TissueEstimator::calculateLevelWindow(tissuesOf(levels), {0.0F, 100.0F}), 60.0, 40.0, 1e-4);
+    expectRange(TissueEstimator::calculateLevelWindow(tissuesOf(levels), {39.0F, 41.0F}), 52.0,
+                52.0, 1e-4);
+    expectRange(TissueEstimator::calculateLevelWindow(tissuesOf(levels), {0.0F, 100.0F}), 60.0,
+                40.0, 1e-4);
 }
 
 TEST(TissueEstimatorLevelWindow, FormsTheRestOfAPlaceInDoublePrecision)
 {
-    // x is 0.1F and 1 - x is 0.89999999851 in double precision; in single precision it is 0.89999998, and the lower
-    // end the next float, 0x1.c8bd7ep+25. From another program.
+    // x is 0.1F and 1 - x is 0.89999999851 in double precision; in single precision it is
+    // 0.89999998, and the lower end the next float, 0x1.c8bd7ep+25. From another program.
     Levels levels = defaults();
     levels[3] = 54544440;
-    EXPECT_EQ(TissueEstimator::calculateLevelWindow(tissuesOf(levels), {0.0F, 400.0F}).min, 0x1.c8bd7cp+25F);
+    EXPECT_EQ(TissueEstimator::calculateLevelWindow(tissuesOf(levels), {0.0F, 400.0F}).min,
+              0x1.c8bd7cp+25F);
 }
 
 TEST(TissueEstimatorLevelWindow, WithoutAnyLevelIsZero)
 {
     const Range none{0.0F, 0.0F};
-    for (const Range& range : {Range{40.0F, 40.0F}, Range{41.0F, 42.0F}, Range{3000.0F, 4000.0F},
-                               Range{kNan, 2200.0F}, Range{-1000.0F, kNan}, Range{-kInfinity, kInfinity},
-                               Range{-1000.0F, kInfinity}, Range{-3e38F, 3e38F}})
-        EXPECT_EQ(TissueEstimator::calculateLevelWindow(TissueEstimator::DEFAULT_MEDICAL_CT_TISSUES, range),
+    for (const Range& range :
+         {Range{40.0F, 40.0F}, Range{41.0F, 42.0F}, Range{3000.0F, 4000.0F}, Range{kNan, 2200.0F},
+          Range{-1000.0F, kNan}, Range{-kInfinity, kInfinity}, Range{-1000.0F, kInfinity},
+          Range{-3e38F, 3e38F}})
+        EXPECT_EQ(TissueEstimator::calculateLevelWindow(TissueEstimator::DEFAULT_MEDICAL_CT_TISSUES,
+                                                        range),
                   none)
             << range.min << " " << range.max;
 }
@@ -384,11 +401,11 @@ TEST(TissueEstimatorLevelWindow, TakesLevelsAtTheEndsOfInt)
     const int largest = std::numeric_limits<int>::max();
     const int smallest = std::numeric_limits<int>::min();
     Levels levels(11, largest);
-    expectRange(TissueEstimator::calculateLevelWindow(tissuesOf(levels), {-1000.0F, 2200.0F}), largest,
-                largest, 256.0);
+    expectRange(TissueEstimator::calculateLevelWindow(tissuesOf(levels), {-1000.0F, 2200.0F}),
+                largest, largest, 256.0);
     levels.assign(11, smallest);
-    expectRange(TissueEstimator::calculateLevelWindow(tissuesOf(levels), {-1000.0F, 2200.0F}), smallest,
-                smallest, 256.0);
+    expectRange(TissueEstimator::calculateLevelWindow(tissuesOf(levels), {-1000.0F, 2200.0F}),
+                smallest, smallest, 256.0);
 }
 
 } // namespace

@@ -29,8 +29,9 @@ TEST(TissueLevels, FromThePeaksOfACalibratedScanAreTheDefaultLevels) // law 1 of
     EXPECT_EQ(tissuesFromTeeth({40, 1300}).value().toVector(), defaults);
 }
 
-// By hand in fractions, halves away from zero: with 1000 below and 1800 above, T1 = -975 + 1000 * 500 / 1040 = -494.23,
-// T2 = -975 + 1000 * 950 / 1040 = -61.54, T4 = 25 + 1800 * 460 / 1760 = 495.45, and so on.
+// By hand in fractions, halves away from zero: with 1000 below and 1800 above, T1 = -975 + 1000 *
+// 500 / 1040 = -494.23, T2 = -975 + 1000 * 950 / 1040 = -61.54, T4 = 25 + 1800 * 460 / 1760 =
+// 495.45, and so on.
 TEST(TissueLevels, FromLandmarksStretchBelowAndAboveSoftTissueByThemselves)
 {
     EXPECT_EQ(tissuesFromLandmarks(-975, {25, 1825}).value().toVector(),
@@ -39,15 +40,16 @@ TEST(TissueLevels, FromLandmarksStretchBelowAndAboveSoftTissueByThemselves)
               Levels({-1275, -794, -362, -275, 117, 160, 543, 799, 969, 1225, 2077}));
 }
 
-// One scale of 1300 / 1260: T0 = 25 - 1040 * 1300 / 1260 = -1048.02, T4 = 25 + 460 * 1300 / 1260 = 499.60, and so on.
+// One scale of 1300 / 1260: T0 = 25 - 1040 * 1300 / 1260 = -1048.02, T4 = 25 + 460 * 1300 / 1260 =
+// 499.60, and so on.
 TEST(TissueLevels, FromTeethStretchAllByOneScale)
 {
     EXPECT_EQ(tissuesFromTeeth({25, 1325}).value().toVector(),
               Levels({-1048, -532, -68, 25, 500, 551, 1015, 1325, 1531, 1841, 2873}));
 }
 
-// Halves that single precision misses. Exactly, T2 is -957.5, T8 79.5 and T2 of the teeth -252.5: in double precision
-// they would be -958, 80 and -253. From another program.
+// Halves that single precision misses. Exactly, T2 is -957.5, T8 79.5 and T2 of the teeth -252.5:
+// in double precision they would be -958, 80 and -253. From another program.
 TEST(TissueLevels, AreWorkedOutInSinglePrecision)
 {
     EXPECT_EQ(tissuesFromLandmarks(-3000, {-764, 996}).value().toVector(),

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "phantom/Phantom.h"
 
-// The synthetic patient: teeth, canals and arches against the tissues they are made of, the painted image
-// against the truth, noise, grey values and unusable settings.
+// The synthetic patient: teeth, canals and arches against the tissues they are made of, the painted
+// image against the truth, noise, grey values and unusable settings.
 
 #include <gtest/gtest.h>
 
@@ -30,7 +30,8 @@ namespace phantom {
 void PrintTo(Tissue tissue, std::ostream* out)
 {
     constexpr std::array<const char*, kTissueCount> names = {
-        "Air", "SoftTissue", "CancellousBone", "CorticalBone", "Dentine", "Enamel", "Pulp", "NerveCanal"};
+        "Air",     "SoftTissue", "CancellousBone", "CorticalBone",
+        "Dentine", "Enamel",     "Pulp",           "NerveCanal"};
     *out << names.at(static_cast<std::size_t>(tissue));
 }
 
@@ -63,7 +64,8 @@ bool isBone(Tissue tissue)
     return tissue == Tissue::CorticalBone || tissue == Tissue::CancellousBone;
 }
 
-// Tissues met from one point to another in steps of 0.1 mm, neighbours that are equal taken together.
+// Tissues met from one point to another in steps of 0.1 mm, neighbours that are equal taken
+// together.
 std::vector<Tissue> tissuesBetween(const QVector3D& from, const QVector3D& to)
 {
     std::vector<Tissue> met;
@@ -87,7 +89,8 @@ float widthOf(Tissue tissue, const QVector3D& around)
     return 0.1F * float(samples);
 }
 
-// The y at which a line from the front first meets something else than air on the midline, to 0.1 mm.
+// The y at which a line from the front first meets something else than air on the midline, to 0.1
+// mm.
 float frontOfFace(float z)
 {
     float y = 0.0F;
@@ -186,9 +189,11 @@ TEST(PhantomTeeth, AreNotFoundByNumbersThatThePatientLacks)
 TEST(PhantomTeeth, FollowTheArchFromRightToLeftAboveAndFromLeftToRightBelow)
 {
     for (int number = 2; number < 15; ++number)
-        EXPECT_LT(toothOf(number).occlusalPoint.x(), toothOf(number + 1).occlusalPoint.x()) << number;
+        EXPECT_LT(toothOf(number).occlusalPoint.x(), toothOf(number + 1).occlusalPoint.x())
+            << number;
     for (int number = 18; number < 31; ++number)
-        EXPECT_GT(toothOf(number).occlusalPoint.x(), toothOf(number + 1).occlusalPoint.x()) << number;
+        EXPECT_GT(toothOf(number).occlusalPoint.x(), toothOf(number + 1).occlusalPoint.x())
+            << number;
 }
 
 TEST(PhantomTeeth, StandOppositeEachOtherInOcclusion)
@@ -208,10 +213,12 @@ TEST(PhantomTeeth, OfTheUpperArchStandOutsideTheLower)
 {
     for (const auto& [upper, lower] :
          {std::pair{2, 31}, std::pair{3, 30}, std::pair{4, 29}, std::pair{5, 28}})
-        EXPECT_LT(toothOf(upper).occlusalPoint.x(), toothOf(lower).occlusalPoint.x() - 1.5F) << upper;
+        EXPECT_LT(toothOf(upper).occlusalPoint.x(), toothOf(lower).occlusalPoint.x() - 1.5F)
+            << upper;
     for (const auto& [upper, lower] :
          {std::pair{15, 18}, std::pair{14, 19}, std::pair{13, 20}, std::pair{12, 21}})
-        EXPECT_GT(toothOf(upper).occlusalPoint.x(), toothOf(lower).occlusalPoint.x() + 1.5F) << upper;
+        EXPECT_GT(toothOf(upper).occlusalPoint.x(), toothOf(lower).occlusalPoint.x() + 1.5F)
+            << upper;
 }
 
 TEST(PhantomTeeth, InFrontHaveAboutTwoMillimetresOfOverbiteAndOverjet)
@@ -226,11 +233,13 @@ TEST(PhantomTeeth, InFrontHaveAboutTwoMillimetresOfOverbiteAndOverjet)
 TEST(PhantomTeeth, AreEnamelJustInsideTheOcclusalPointAndNoToothAboveTheBitingEdge)
 {
     for (const Tooth& tooth : patient().teeth())
-        EXPECT_EQ(patient().tissueAt(tooth.occlusalPoint - 0.3F * tooth.axisToCrown), Tissue::Enamel)
+        EXPECT_EQ(patient().tissueAt(tooth.occlusalPoint - 0.3F * tooth.axisToCrown),
+                  Tissue::Enamel)
             << tooth.number;
     for (const int incisor : {7, 8, 9, 10, 23, 24, 25, 26}) {
         const Tooth tooth = toothOf(incisor);
-        EXPECT_EQ(patient().tissueAt(tooth.occlusalPoint + 0.3F * tooth.axisToCrown), Tissue::SoftTissue)
+        EXPECT_EQ(patient().tissueAt(tooth.occlusalPoint + 0.3F * tooth.axisToCrown),
+                  Tissue::SoftTissue)
             << incisor;
     }
 }
@@ -264,16 +273,18 @@ TEST(PhantomTeeth, AreExactlyWhereTheirTissuesAre)
 TEST(PhantomTeeth, AreDentineJustInsideTheApexAndBoneBeyondIt)
 {
     for (const Tooth& tooth : patient().teeth()) {
-        EXPECT_EQ(patient().tissueAt(tooth.apex + 0.5F * tooth.axisToCrown), Tissue::Dentine) << tooth.number;
-        EXPECT_TRUE(isBone(patient().tissueAt(tooth.apex - 0.5F * tooth.axisToCrown))) << tooth.number;
+        EXPECT_EQ(patient().tissueAt(tooth.apex + 0.5F * tooth.axisToCrown), Tissue::Dentine)
+            << tooth.number;
+        EXPECT_TRUE(isBone(patient().tissueAt(tooth.apex - 0.5F * tooth.axisToCrown)))
+            << tooth.number;
     }
 }
 
 TEST(PhantomTeeth, HavePulpWithinDentineWithinEnamel)
 {
     for (const Tooth& tooth : patient().teeth()) {
-        const std::vector<Tissue> met = tissuesBetween(tooth.occlusalPoint - 0.1F * tooth.axisToCrown,
-                                                       tooth.apex + 0.3F * tooth.axisToCrown);
+        const std::vector<Tissue> met = tissuesBetween(
+            tooth.occlusalPoint - 0.1F * tooth.axisToCrown, tooth.apex + 0.3F * tooth.axisToCrown);
         EXPECT_EQ(std::count(met.begin(), met.end(), Tissue::Enamel), 1) << tooth.number;
         EXPECT_EQ(met.front(), Tissue::Enamel) << tooth.number;
         EXPECT_EQ(met[1], Tissue::Dentine) << tooth.number;
@@ -286,7 +297,8 @@ TEST(PhantomTeeth, HaveAUnitAxisFromApexToOcclusalPoint)
 {
     for (const Tooth& tooth : patient().teeth()) {
         EXPECT_NEAR(tooth.axisToCrown.length(), 1.0F, 1e-6F) << tooth.number;
-        const float along = QVector3D::dotProduct(tooth.occlusalPoint - tooth.apex, tooth.axisToCrown);
+        const float along =
+            QVector3D::dotProduct(tooth.occlusalPoint - tooth.apex, tooth.axisToCrown);
         EXPECT_NEAR(along, (tooth.occlusalPoint - tooth.apex).length(), 1e-4F) << tooth.number;
     }
 }
@@ -325,7 +337,8 @@ TEST(PhantomTeeth, OfTheLowerMolarsHaveBoneBetweenTwoRoots)
     const Tooth molar = toothOf(30);
     const QVector3D distal = molar.apex + QVector3D(0.0F, 0.0F, 4.0F);
     const QVector3D forwards = (toothOf(29).occlusalPoint - toothOf(31).occlusalPoint).normalized();
-    const std::vector<Tissue> met = tissuesBetween(distal - 2.5F * forwards, distal + 9.0F * forwards);
+    const std::vector<Tissue> met =
+        tissuesBetween(distal - 2.5F * forwards, distal + 9.0F * forwards);
     int bonesAfterRoot = 0;
     int roots = 0;
     for (std::size_t i = 0; i + 1 < met.size(); ++i) {
@@ -353,10 +366,12 @@ TEST(PhantomArchCurve, RunsFromRightToLeftInStepsBelowAMillimetre)
 TEST(PhantomArchCurve, PassesThroughEveryToothOfItsArch)
 {
     for (const Tooth& tooth : patient().teeth()) {
-        const QList<QVector3D>& curve = patient().archCurve(ToothChart::getArchTypeOfTooth(tooth.number));
-        const bool passes = std::any_of(curve.begin(), curve.end(), [&tooth](const QVector3D& sample) {
-            return sample.distanceToLine(tooth.apex, tooth.axisToCrown) < 1.8F;
-        });
+        const QList<QVector3D>& curve =
+            patient().archCurve(ToothChart::getArchTypeOfTooth(tooth.number));
+        const bool passes =
+            std::any_of(curve.begin(), curve.end(), [&tooth](const QVector3D& sample) {
+                return sample.distanceToLine(tooth.apex, tooth.axisToCrown) < 1.8F;
+            });
         EXPECT_TRUE(passes) << tooth.number;
     }
 }
@@ -444,8 +459,9 @@ TEST(PhantomCanal, KeepsThreeMillimetresFromEveryApexAndTouchesNoRoot)
             for (const Tooth& tooth : patient().teeth())
                 EXPECT_GE((sample - tooth.apex).length(), 3.0F) << tooth.number;
             for (const auto& [dx, dy, dz] :
-                 {std::array{2.5F, 0.0F, 0.0F}, std::array{-2.5F, 0.0F, 0.0F}, std::array{0.0F, 2.5F, 0.0F},
-                  std::array{0.0F, -2.5F, 0.0F}, std::array{0.0F, 0.0F, 2.5F}, std::array{0.0F, 0.0F, -2.5F}})
+                 {std::array{2.5F, 0.0F, 0.0F}, std::array{-2.5F, 0.0F, 0.0F},
+                  std::array{0.0F, 2.5F, 0.0F}, std::array{0.0F, -2.5F, 0.0F},
+                  std::array{0.0F, 0.0F, 2.5F}, std::array{0.0F, 0.0F, -2.5F}})
                 EXPECT_NE(patient().tissueAt(sample + QVector3D(dx, dy, dz)), Tissue::Dentine);
         }
     }
@@ -458,7 +474,8 @@ TEST(PhantomCanal, HasItsRadiusAndACorticalRimInsideTheBone)
         const QList<QVector3D>& line = canal->centreLine;
         for (qsizetype i = 20; i < line.size() - 20; ++i) {
             const QVector3D along = line[i + 1] - line[i - 1];
-            const QVector3D across = QVector3D::crossProduct(along, {1.0F, 0.0F, 0.0F}).normalized();
+            const QVector3D across =
+                QVector3D::crossProduct(along, {1.0F, 0.0F, 0.0F}).normalized();
             EXPECT_EQ(patient().tissueAt(line[i] + 1.1F * across), Tissue::NerveCanal) << i;
             EXPECT_EQ(patient().tissueAt(line[i] - 1.1F * across), Tissue::NerveCanal) << i;
             EXPECT_EQ(patient().tissueAt(line[i] + 1.45F * across), Tissue::CorticalBone) << i;
@@ -472,7 +489,8 @@ TEST(PhantomCanal, OpensAtTheMentalForamenOnTheOuterSurfaceOfTheBone)
     for (const NerveCanal* canal : bothCanals()) {
         const float outwards = canal->mentalForamen.x() < kMidlineX ? -1.0F : 1.0F;
         const QVector3D foramen = canal->mentalForamen;
-        EXPECT_EQ(patient().tissueAt(foramen + QVector3D(outwards * 2.0F, 0.0F, 0.0F)), Tissue::SoftTissue);
+        EXPECT_EQ(patient().tissueAt(foramen + QVector3D(outwards * 2.0F, 0.0F, 0.0F)),
+                  Tissue::SoftTissue);
         // Beside the opening, the same depth is bone.
         EXPECT_TRUE(isBone(patient().tissueAt(foramen + QVector3D(-outwards * 1.5F, 0.0F, -4.0F))));
     }
@@ -483,7 +501,8 @@ TEST(PhantomCanal, OpensAtTheMandibularForamenOnTheInnerSideOfTheRamus)
     for (const NerveCanal* canal : bothCanals()) {
         const float inwards = canal->mandibularForamen.x() < kMidlineX ? 1.0F : -1.0F;
         const QVector3D foramen = canal->mandibularForamen;
-        EXPECT_EQ(patient().tissueAt(foramen + QVector3D(inwards * 2.0F, 0.0F, 0.0F)), Tissue::SoftTissue);
+        EXPECT_EQ(patient().tissueAt(foramen + QVector3D(inwards * 2.0F, 0.0F, 0.0F)),
+                  Tissue::SoftTissue);
         EXPECT_TRUE(isBone(patient().tissueAt(foramen - QVector3D(inwards * 3.0F, 0.0F, 0.0F))));
     }
 }
@@ -532,7 +551,8 @@ TEST(PhantomSides, DifferInTheMaxillarySinuses)
 
 TEST(PhantomSides, DifferInTheNasalSeptumWhichStandsToTheLeft)
 {
-    // The right half of the nose reaches 0.2 mm beyond the midline, the left half begins 2.4 mm from it.
+    // The right half of the nose reaches 0.2 mm beyond the midline, the left half begins 2.4 mm
+    // from it.
     EXPECT_EQ(patient().tissueAt({kMidlineX + 0.1F, 60.0F, 103.0F}), Tissue::Air);
     EXPECT_EQ(patient().tissueAt({kMidlineX + 0.3F, 60.0F, 103.0F}), Tissue::SoftTissue);
     EXPECT_EQ(patient().tissueAt({kMidlineX + 2.3F, 60.0F, 103.0F}), Tissue::SoftTissue);
@@ -544,15 +564,17 @@ TEST(PhantomSides, DifferInTheNasalSeptumWhichStandsToTheLeft)
 TEST(PhantomBone, OfTheMandibleIsCancellousWithinACorticalShell)
 {
     // Across the right body below the roots and the canal.
-    const std::vector<Tissue> expected = {Tissue::SoftTissue, Tissue::CorticalBone, Tissue::CancellousBone,
-                                          Tissue::CorticalBone, Tissue::SoftTissue};
+    const std::vector<Tissue> expected = {Tissue::SoftTissue, Tissue::CorticalBone,
+                                          Tissue::CancellousBone, Tissue::CorticalBone,
+                                          Tissue::SoftTissue};
     EXPECT_EQ(tissuesBetween({35.0F, 58.0F, 28.0F}, {kMidlineX, 58.0F, 28.0F}), expected);
 }
 
 TEST(PhantomBone, OfTheRamusStandsBehindTheTeethOnBothSides)
 {
-    const std::vector<Tissue> expected = {Tissue::SoftTissue, Tissue::CorticalBone, Tissue::CancellousBone,
-                                          Tissue::CorticalBone, Tissue::SoftTissue};
+    const std::vector<Tissue> expected = {Tissue::SoftTissue, Tissue::CorticalBone,
+                                          Tissue::CancellousBone, Tissue::CorticalBone,
+                                          Tissue::SoftTissue};
     EXPECT_EQ(tissuesBetween({18.0F, 92.0F, 60.0F}, {45.0F, 92.0F, 60.0F}), expected);
     EXPECT_EQ(tissuesBetween({105.0F, 92.0F, 60.0F}, {132.0F, 92.0F, 60.0F}), expected);
 }
@@ -608,14 +630,15 @@ TEST(PhantomFace, CoversTheTeethAndTheChinWithSoftTissue)
     // From the front on the midline: at the chin and through the upper front teeth.
     EXPECT_EQ(tissuesBetween({kMidlineX, 5.0F, 24.0F}, {kMidlineX, 33.5F, 24.0F}),
               (std::vector<Tissue>{Tissue::Air, Tissue::SoftTissue, Tissue::CorticalBone}));
-    EXPECT_EQ(tissuesBetween({70.7F, 5.0F, 62.0F}, {70.7F, 31.0F, 62.0F}),
-              (std::vector<Tissue>{Tissue::Air, Tissue::SoftTissue, Tissue::Enamel, Tissue::Dentine}));
+    EXPECT_EQ(
+        tissuesBetween({70.7F, 5.0F, 62.0F}, {70.7F, 31.0F, 62.0F}),
+        (std::vector<Tissue>{Tissue::Air, Tissue::SoftTissue, Tissue::Enamel, Tissue::Dentine}));
 }
 
 TEST(PhantomFace, LeavesTheAirwayOpenFromTheNoseToTheFloorOfTheVolume)
 {
-    for (const auto& [y, z] : {std::pair{92.0F, 100.0F}, std::pair{101.0F, 75.0F}, std::pair{98.0F, 40.0F},
-                               std::pair{95.0F, 0.0F}})
+    for (const auto& [y, z] : {std::pair{92.0F, 100.0F}, std::pair{101.0F, 75.0F},
+                               std::pair{98.0F, 40.0F}, std::pair{95.0F, 0.0F}})
         EXPECT_EQ(patient().tissueAt({kMidlineX, y, z}), Tissue::Air) << y << ' ' << z;
 }
 
@@ -658,8 +681,9 @@ TEST(Phantom, AnswersAlikeFromACopyThatOutlivesIt)
     auto original = std::make_unique<Patient>();
     const Patient copy = *original;
     original.reset();
-    EXPECT_EQ(copy.tissueAt(copy.teeth().front().occlusalPoint - 0.3F * copy.teeth().front().axisToCrown),
-              Tissue::Enamel);
+    EXPECT_EQ(
+        copy.tissueAt(copy.teeth().front().occlusalPoint - 0.3F * copy.teeth().front().axisToCrown),
+        Tissue::Enamel);
 }
 
 // Image
@@ -676,7 +700,8 @@ TEST(PhantomVolume, HasSixteenBitVoxelsOfTheChosenSizeThatFillTheExtent)
 
 TEST(PhantomVolume, KeepsTheLastCentreInsideWhenTheVoxelSizeDoesNotDivideTheExtent)
 {
-    // 150 / 7 = 21.4, 165 / 7 = 23.6, 130 / 7 = 18.6: one more than fits whole, for the centre at the origin.
+    // 150 / 7 = 21.4, 165 / 7 = 23.6, 130 / 7 = 18.6: one more than fits whole, for the centre at
+    // the origin.
     const VexelImage3D volume = Patient(noiseless(7.0F)).createVolume();
     EXPECT_EQ(volume.imageSize().x, 22);
     EXPECT_EQ(volume.imageSize().y, 24);
@@ -738,9 +763,9 @@ TEST(PhantomVolume, HasOtherNoiseForAnotherSeed)
 
 TEST(PhantomVolume, HasNoiseOfKnownBits)
 {
-    // The sums of eight bytes, less 1020, worked out with whole numbers of unlimited size in another
-    // language, divided by the square root of 8 * 65535 / 12 and multiplied by the sigma of 1000: 96, 93,
-    // -324, 63, -17, 151.
+    // The sums of eight bytes, less 1020, worked out with whole numbers of unlimited size in
+    // another language, divided by the square root of 8 * 65535 / 12 and multiplied by the sigma of
+    // 1000: 96, 93, -324, 63, -17, 151.
     const std::vector<std::int16_t> voxels = voxelsOf(noiseAlone(5.0F, 1000.0F, 2026));
     const std::vector<std::int16_t> expected = {459, 445, -1550, 301, -81, 722};
     EXPECT_EQ(std::vector<std::int16_t>(voxels.begin(), voxels.begin() + 6), expected);
@@ -783,8 +808,9 @@ TEST(PhantomVolume, HasNoiseThatNeighboursDoNotShare)
 TEST(PhantomVolume, ReportsProgressInAscendingOrderFromZeroToOne)
 {
     std::vector<double> reported;
-    const VexelImage3D volume =
-        Patient(noiseless(5.0F)).createVolume([&reported](double fraction) { reported.push_back(fraction); });
+    const VexelImage3D volume = Patient(noiseless(5.0F)).createVolume([&reported](double fraction) {
+        reported.push_back(fraction);
+    });
     ASSERT_GE(reported.size(), 3U);
     EXPECT_EQ(reported.front(), 0.0);
     EXPECT_EQ(reported.back(), 1.0);
@@ -857,7 +883,8 @@ TEST(PhantomSkull, LandmarksLieOnCorticalBoneUnderSoftTissue)
     for (int i = 0; i < 5; ++i) {
         EXPECT_EQ(landmarks[i].type, rows[i].type);
         EXPECT_EQ(patient().tissueAt(landmarks[i].position), Tissue::CorticalBone) << rows[i].type;
-        EXPECT_EQ(patient().tissueAt(landmarks[i].position + 0.1F * rows[i].outwards), Tissue::SoftTissue)
+        EXPECT_EQ(patient().tissueAt(landmarks[i].position + 0.1F * rows[i].outwards),
+                  Tissue::SoftTissue)
             << rows[i].type;
     }
 }

@@ -43,7 +43,8 @@ struct TissueEstimationHistogramCreatorTestAccess
         return creator.getBBsForRegion(region);
     }
     static std::unique_ptr<TissueEstimationHistogram>
-    histogram(const TissueEstimationHistogramCreator& creator, const std::vector<int>& values, int width)
+    histogram(const TissueEstimationHistogramCreator& creator, const std::vector<int>& values,
+              int width)
     {
         return creator.createHistogram(values, width);
     }
@@ -51,5 +52,8 @@ struct TissueEstimationHistogramCreatorTestAccess
 
 struct TissueEstimatorTestAccess
 {
-    static bool useTeethFallback(const TissueEstimator& estimator) { return estimator.useTeethFallback(); }
+    static bool useTeethFallback(const TissueEstimator& estimator)
+    {
+        return estimator.useTeethFallback();
+    }
 };

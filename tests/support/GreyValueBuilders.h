@@ -35,10 +35,11 @@ inline void setImage(CTData& ct, std::shared_ptr<const VexelImage3D> image)
 }
 
 /// A landmark with a position in the volume frame.
-inline std::shared_ptr<dataobject::LandmarkAnnotation> makeLandmark(int type, const QVector3D& positionMm)
+inline std::shared_ptr<dataobject::LandmarkAnnotation> makeLandmark(int type,
+                                                                    const QVector3D& positionMm)
 {
-    auto landmark =
-        std::make_shared<dataobject::LandmarkAnnotation>(static_cast<landmarkDetection::LandmarkType>(type));
+    auto landmark = std::make_shared<dataobject::LandmarkAnnotation>(
+        static_cast<landmarkDetection::LandmarkType>(type));
     landmark->setPosition(VolumeContext, positionMm);
     return landmark;
 }
