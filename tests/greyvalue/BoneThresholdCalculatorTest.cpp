@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/greyvalue/BoneThresholdCalculator.h>
 
-// Covered: what drags and sliders make of level and window, thresholds, pulp and restoration
-// material, pan and stretch.
+// Covered: how drags and sliders change level and window, thresholds, those for pulp and
+// restoration material, pan and stretch.
 
 #include <CoreAlgorithms/model/dataobjects/ColormapFunctions.h>
 #include <CoreAlgorithms/model/dataobjects/VolumeObject.h>
@@ -80,7 +80,7 @@ TEST_F(BoneThresholdCalculatorTest, LevelRisesByUpwardAndWindowWidensByRightward
     expectLevelWindow({100.0, 100.0}, {70.0, 110.0}, 290.0F, 1470.0F);
 }
 
-TEST_F(BoneThresholdCalculatorTest, PixelsAreTruncatedTowardsZero)
+TEST_F(BoneThresholdCalculatorTest, PixelsAreTruncatedTowardZero)
 {
     expectLevelWindow({0.0, 0.0}, {0.9, 0.9}, 300.0F, 1500.0F);
     expectLevelWindow({0.0, 0.0}, {-0.9, -0.9}, 300.0F, 1500.0F);
@@ -112,7 +112,7 @@ TEST_F(BoneThresholdCalculatorTest, LevelAndWindowAreNotBounded)
 
 // Threshold
 
-TEST_F(BoneThresholdCalculatorTest, ThresholdFallsToTheRightAndRisesUpwards)
+TEST_F(BoneThresholdCalculatorTest, ThresholdFallsToTheRightAndRisesUpwardByDesign)
 {
     EXPECT_EQ(calculator.calculateThresholdFunction(threshold, {100.0, 100.0}, {130.0, 90.0}), 370);
     EXPECT_EQ(calculator.calculateThresholdFunction(threshold, {100.0, 100.0}, {70.0, 90.0}), 430);
@@ -120,7 +120,7 @@ TEST_F(BoneThresholdCalculatorTest, ThresholdFallsToTheRightAndRisesUpwards)
     EXPECT_EQ(calculator.calculateThresholdFunction(threshold, {0.0, 0.0}, {3.0, 20.0}), 380);
 }
 
-TEST_F(BoneThresholdCalculatorTest, ThresholdTakesADiagonalDragForVerticalDeliberately)
+TEST_F(BoneThresholdCalculatorTest, ThresholdTakesADiagonalDragForVerticalByDesign)
 {
     EXPECT_EQ(calculator.calculateThresholdFunction(threshold, {0.0, 0.0}, {5.0, -5.0}), 405);
     EXPECT_EQ(calculator.calculateThresholdFunction(threshold, {0.0, 0.0}, {5.0, 5.0}), 395);
@@ -143,7 +143,7 @@ TEST_F(BoneThresholdCalculatorTest, SliderIsTheThresholdItself)
 
 // Transfer
 
-TEST_F(BoneThresholdCalculatorTest, TransferStretchesToTheRightAndPansUpwardsWithoutHalving)
+TEST_F(BoneThresholdCalculatorTest, TransferStretchesToTheRightAndPansUpwardWithoutHalving)
 {
     const Calculator::Transfer result =
         calculator.calculateTransferFunction({100.0, 100.0}, {130.0, 90.0});
@@ -169,13 +169,13 @@ TEST_F(BoneThresholdCalculatorTest, PulpThresholdMovesByAsManyGreyValuesAsPixels
     expectPulp(calculator.calculatePulpFunction(pulp, {100.0, 100.0}, {70.0, 90.0}), 0.235F, 0.75F);
 }
 
-TEST_F(BoneThresholdCalculatorTest, RestorationThresholdMovesByAsManyGreyValuesAsPixelsUpwards)
+TEST_F(BoneThresholdCalculatorTest, RestorationThresholdMovesByAsManyGreyValuesAsPixelsUpward)
 {
     expectPulp(calculator.calculatePulpFunction(pulp, {0.0, 0.0}, {10.0, -30.0}), 0.25F, 0.765F);
     expectPulp(calculator.calculatePulpFunction(pulp, {0.0, 0.0}, {10.0, 30.0}), 0.25F, 0.735F);
 }
 
-TEST_F(BoneThresholdCalculatorTest, RestorationThresholdMovesOnADiagonalDragDeliberately)
+TEST_F(BoneThresholdCalculatorTest, RestorationThresholdMovesOnADiagonalDragByDesign)
 {
     // 0.75 * 2000 - 1000 + 5 + 1000 = 1505.
     expectPulp(calculator.calculatePulpFunction(pulp, {0.0, 0.0}, {5.0, -5.0}), 0.25F, 0.7525F);
@@ -210,7 +210,7 @@ TEST_F(BoneThresholdCalculatorTest, SliderIsTheGreyValueOfThePulpThreshold)
 
 TEST_F(BoneThresholdCalculatorTest, ThresholdsAreNormalizedStepByStepInSinglePrecision)
 {
-    // Of a span of 3: 3 * 0.1F = 0.3F (0x1.333334p-2); plus 7 is 7.3 (0x1.d33334p+2), plus 1 is 8.3
+    // The span is 3: 3 * 0.1F = 0.3F (0x1.333334p-2); plus 7 is 7.3 (0x1.d33334p+2), plus 1 is 8.3
     // (0x1.09999ap+3), minus 7 is 1.3000002 (0x1.4cccdp+0), a third of it 0.43333340
     // (0x1.bbbbc0p-2).
     showGreyValues(7, 10);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/greyvalue/BoneThresholdModifier.h>
 
-// Covered: what is called on the volume and its active function, in which order, by kind of
+// Covered: the calls on the volume and its active function and their order, for each kind of
 // function.
 
 #include <CoreAlgorithms/model/dataobjects/ColormapFunctions.h>
@@ -106,9 +106,9 @@ class RecordingPreview : public colormap::TransferFunction
 public:
     explicit RecordingPreview(Calls& log, const QString& ownName) : calls(log), name(ownName) {}
 
-    void setPreviewUpdateEnabledState(bool enabled, bool tellObservers) override
+    void setPreviewUpdateEnabledState(bool enabled, bool notify) override
     {
-        calls.push_back(QStringLiteral("%1 %2 %3").arg(name).arg(enabled).arg(tellObservers));
+        calls.push_back(QStringLiteral("%1 %2 %3").arg(name).arg(enabled).arg(notify));
     }
 
 private:
@@ -201,14 +201,14 @@ TEST_F(BoneThresholdModifierTest, PansBeforeItStretchesInABracketAndAnnouncesItA
     EXPECT_THAT(calls, ElementsAre("start", "pan 5", "stretch 30", "stop", "volume changed, true"));
 }
 
-TEST_F(BoneThresholdModifierTest, HalvesThePanDeliberately)
+TEST_F(BoneThresholdModifierTest, HalvesThePanByDesign)
 {
     activate(std::make_shared<RecordingTransfer>(calls));
     modifier.update(3);
     EXPECT_THAT(calls, ElementsAre("start", "pan 15", "stretch 0", "stop", "volume changed, true"));
 }
 
-TEST_F(BoneThresholdModifierTest, ADragOfLessThanAPixelStillSetsTheValuesThatThereAre)
+TEST_F(BoneThresholdModifierTest, ADragOfLessThanAPixelSetsThePresentValuesAgain)
 {
     const QPointF from(0.0, 0.0);
     const QPointF to(0.9, 0.9);
@@ -226,7 +226,7 @@ TEST_F(BoneThresholdModifierTest, ADragOfLessThanAPixelStillSetsTheValuesThatThe
     EXPECT_THAT(calls, ElementsAre("start", "pan 0", "stretch 0", "stop", "volume changed, true"));
 }
 
-TEST_F(BoneThresholdModifierTest, StartsFromTheValuesAtEachCall)
+TEST_F(BoneThresholdModifierTest, StartsFromThePresentValuesAtEachCall)
 {
     activate(std::make_shared<colormap::LevelWindowFunction>());
     drag();
@@ -235,7 +235,7 @@ TEST_F(BoneThresholdModifierTest, StartsFromTheValuesAtEachCall)
     EXPECT_EQ(volume.getMIPWindow(), 1560.0F);
 }
 
-TEST_F(BoneThresholdModifierTest, LeavesOtherFunctionsAndNoneAlone)
+TEST_F(BoneThresholdModifierTest, DoesNothingForOtherFunctionsOrWithoutOne)
 {
     const auto other = activate(std::make_shared<colormap::ColormapFunction>());
     drag();
@@ -247,7 +247,7 @@ TEST_F(BoneThresholdModifierTest, LeavesOtherFunctionsAndNoneAlone)
     EXPECT_THAT(calls, IsEmpty());
 }
 
-TEST_F(BoneThresholdModifierTest, TestsForThresholdBeforePulpBeforeTransferDeliberately)
+TEST_F(BoneThresholdModifierTest, TestsForThresholdBeforePulpBeforeTransferByDesign)
 {
     using ThresholdAndPulp = TwoKinds<colormap::PulpFunction, colormap::ThresholdFunction>;
     const auto first = std::make_shared<ThresholdAndPulp>();
@@ -265,11 +265,11 @@ TEST_F(BoneThresholdModifierTest, TestsForThresholdBeforePulpBeforeTransferDelib
         second, static_cast<colormap::PulpFunction*>(second.get())));
     calls.clear();
     modifier.update(500);
-    EXPECT_THAT(calls, IsEmpty()) << "the volume is not told of a changed transfer function";
+    EXPECT_THAT(calls, IsEmpty()) << "the volume does not announce a changed transfer function";
     EXPECT_EQ(second->getNormalizedPulpThreshold(), 0.75F);
 }
 
-TEST_F(BoneThresholdModifierTest, TestsForLevelAndWindowFirstDeliberately)
+TEST_F(BoneThresholdModifierTest, TestsForLevelAndWindowFirstByDesign)
 {
     using LevelAndThreshold = TwoKinds<colormap::ThresholdFunction, colormap::LevelWindowFunction>;
     const auto function = std::make_shared<LevelAndThreshold>();
@@ -280,7 +280,7 @@ TEST_F(BoneThresholdModifierTest, TestsForLevelAndWindowFirstDeliberately)
     EXPECT_THAT(calls, ElementsAre("volume level 310 window 1500"));
 }
 
-TEST_F(BoneThresholdModifierTest, AFunctionThatOnlyClaimsToBeOfAKindIsLeftAlone)
+TEST_F(BoneThresholdModifierTest, AFunctionThatOnlyClaimsToBeOfAKindIsUnchanged)
 {
     class Claims : public colormap::ColormapFunction
     {
@@ -292,7 +292,7 @@ TEST_F(BoneThresholdModifierTest, AFunctionThatOnlyClaimsToBeOfAKindIsLeftAlone)
     EXPECT_THAT(calls, IsEmpty());
 }
 
-TEST_F(BoneThresholdModifierTest, TellsEveryFunctionOfThePreviewAndPassesOverNull)
+TEST_F(BoneThresholdModifierTest, SetsThePreviewStateOfEveryFunctionAndSkipsNull)
 {
     volume.setAllVisualizationFunctions(
         {std::make_shared<RecordingPreview>(calls, QStringLiteral("a")), nullptr,

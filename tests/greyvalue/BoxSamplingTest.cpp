@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/greyvalue/BoxSampling_p.h>
 
-// Covered: which voxels oriented boxes hold, in which order, beside the plain triple loop; element
-// types; boxes far outside, without sense and too large.
+// Covered: the voxels of oriented boxes and their order, compared with the plain triple loop;
+// element types; boxes that are far outside, invalid or too large.
 
 #include <CoreAlgorithms/model/data/VexelImage3D.h>
 #include <CoreAlgorithms/model/math/OrientedBoundingBox.h>
@@ -37,7 +37,7 @@ std::shared_ptr<VexelImage3D> numbered(const math::Ivec3& size)
                                           [](int x, int y, int z) { return 100 * z + 10 * y + x; });
 }
 
-// The definition: every voxel of the hull is asked for.
+// The definition: tests every voxel of the hull.
 std::vector<int> plainLoop(const VexelImage3D& image, const std::vector<BoundingBox>& boxes,
                            const QMatrix4x4& voxelFromBoxes)
 {
@@ -71,7 +71,7 @@ TEST(BoxSampling, VisitsZBeforeYBeforeXWithInclusiveBounds)
         ElementsAre(321, 322, 331, 332, 421, 422, 431, 432));
 }
 
-TEST(BoxSampling, TakesVoxelsWhoseCentreIsInsideOrOnAFace)
+TEST(BoxSampling, TakesVoxelsWhoseCenterIsInsideOrOnAFace)
 {
     EXPECT_THAT(
         sampleBoxes(*numbered({5, 1, 1}), {BoundingBox(0.6F, -0.4F, -0.4F, 3.0F, 0.4F, 0.4F)}, {}),
@@ -79,19 +79,18 @@ TEST(BoxSampling, TakesVoxelsWhoseCentreIsInsideOrOnAFace)
     EXPECT_THAT(
         sampleBoxes(*numbered({5, 1, 1}), {BoundingBox(1.1F, -0.4F, -0.4F, 1.9F, 0.4F, 0.4F)}, {}),
         IsEmpty())
-        << "between two centres";
+        << "between two centers";
 }
 
-TEST(BoxSampling, LooksNoFartherThanTheRoundedHull)
+TEST(BoxSampling, TakesTheCentersInABoxThatEndsMidwayBetweenThem)
 {
-    // From 0.5 on the hull is rounded to 1, away from zero, and -0.5 is rounded to -1; the boxes
-    // hold the centres.
+    // The ends of the hull are rounded away from zero, to -1 and 3.
     const auto image = numbered({5, 1, 1});
     EXPECT_THAT(sampleBoxes(*image, {BoundingBox(-0.5F, -0.5F, -0.5F, 2.5F, 0.5F, 0.5F)}, {}),
                 ElementsAre(0, 1, 2));
 }
 
-TEST(BoxSampling, ClipsABoxToTheImageAndPassesOverOneOutside)
+TEST(BoxSampling, ClipsABoxToTheImageAndSkipsOneOutside)
 {
     const auto image = numbered({3, 2, 2});
     EXPECT_THAT(sampleBoxes(*image, {BoundingBox(-9.0F, -9.0F, -9.0F, 0.0F, 9.0F, 9.0F)}, {}),
@@ -115,7 +114,7 @@ TEST(BoxSampling, CountsVoxelsOfSeveralBoxesInEachOfThem)
 
 TEST(BoxSampling, MapsBoxesToVoxelsFirst)
 {
-    QMatrix4x4 voxelFromBoxes; // boxes of half a millimetre a voxel, standing at (10, 0, 0)
+    QMatrix4x4 voxelFromBoxes; // voxels of half a millimeter, the first at (10, 0, 0)
     voxelFromBoxes.scale(2.0F);
     voxelFromBoxes.translate(-10.0F, 0.0F, 0.0F);
     EXPECT_THAT(sampleBoxes(*numbered({5, 5, 1}),
@@ -138,19 +137,19 @@ TEST(BoxSampling, HasTheValuesOfThePlainLoopInItsOrderForOrientedBoxes)
             worldFromVoxel.scale(random.number(0.2F, 3.0F), random.number(0.2F, 3.0F),
                                  random.number(0.2F, 3.0F));
         if (run % 5 == 0)
-            worldFromVoxel = QMatrix4x4(); // faces through centres
+            worldFromVoxel = QMatrix4x4(); // faces through centers
         std::vector<BoundingBox> boxes;
         for (int i = 0; i < 3; ++i) {
-            QVector3D centre =
+            QVector3D center =
                 worldFromVoxel.map({random.number(-4.0F, 52.0F), random.number(-4.0F, 44.0F),
                                     random.number(-4.0F, 40.0F)});
             QVector3D half(random.number(0.0F, 9.0F), random.number(0.0F, 9.0F),
                            random.number(0.0F, 9.0F));
             if (run % 5 == 0) {
-                centre = {std::round(centre.x()), std::round(centre.y()), std::round(centre.z())};
+                center = {std::round(center.x()), std::round(center.y()), std::round(center.z())};
                 half = {std::round(half.x()), std::round(half.y()), std::round(half.z())};
             }
-            boxes.emplace_back(centre - half, centre + half);
+            boxes.emplace_back(center - half, center + half);
         }
         const QMatrix4x4 voxelFromWorld = worldFromVoxel.inverted();
         const std::vector<int> values = sampleBoxes(*image, boxes, voxelFromWorld);
@@ -214,7 +213,7 @@ TEST(BoxSampling, WidensTheThreeElementTypesOfScanners)
         ElementsAre(0, 255));
 }
 
-TEST(BoxSampling, WarnsOncePerBoxOfTypesThreeToSixDeliberately)
+TEST(BoxSampling, WarnsOncePerBoxOfTypesThreeToSixByDesign)
 {
     const QString text =
         QStringLiteral("TissueEstimationHistogramCreator : not implemented for this data type.");
@@ -227,7 +226,7 @@ TEST(BoxSampling, WarnsOncePerBoxOfTypesThreeToSixDeliberately)
     }
 }
 
-TEST(BoxSampling, IsSilentFromTypeSevenOnDeliberately)
+TEST(BoxSampling, IsSilentFromTypeSevenOnByDesign)
 {
     const VexelImage3D image({2, 2, 2}, {1.0F, 1.0F, 1.0F}, image::Float64);
     const test::WarningLog log;
@@ -238,7 +237,7 @@ TEST(BoxSampling, IsSilentFromTypeSevenOnDeliberately)
 
 // Bad input
 
-TEST(BoxSampling, OfAnImageWithoutVoxelsIsEmpty)
+TEST(BoxSampling, IsEmptyForAnImageWithoutVoxels)
 {
     EXPECT_THAT(sampleBoxes(VexelImage3D(), {BoundingBox(0.0F, 0.0F, 0.0F, 1.0F, 1.0F, 1.0F)}, {}),
                 IsEmpty());

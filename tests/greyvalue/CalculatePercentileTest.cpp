@@ -32,8 +32,8 @@ float percentileOf(std::vector<float> samples, float percent)
     return calculator.getResult();
 }
 
-// Hazen's definition by itself, in double precision: linear between the points (100 * (i - 0.5) /
-// n, sample i).
+// Hazen's definition in double precision: linear between the points
+// (100 * (i - 0.5) / n, sample i).
 double hazen(std::vector<float> samples, double percent)
 {
     std::sort(samples.begin(), samples.end());
@@ -66,7 +66,7 @@ TEST(CalculatePercentile, GivesASampleAtItsRank)
     EXPECT_EQ(percentileOf({10.0F, 20.0F, 30.0F, 40.0F, 50.0F}, 60.0F), 35.0F);
 }
 
-TEST(CalculatePercentile, OfOneSampleIsThatSample)
+TEST(CalculatePercentile, IsTheSampleIfThereIsOnlyOne)
 {
     for (const float percent : {0.0F, 0.1F, 49.9F, 50.0F, 50.1F, 99.0F, 100.0F})
         EXPECT_EQ(percentileOf({5.0F}, percent), 5.0F) << percent;
@@ -83,7 +83,7 @@ TEST(CalculatePercentile, IsTheExtremeSampleBeyondTheOutermostRanks)
     EXPECT_EQ(percentileOf(samples, 100.0F), 4.0F);
 }
 
-TEST(CalculatePercentile, SortsWhatIsNot)
+TEST(CalculatePercentile, SortsTheSamples)
 {
     EXPECT_EQ(percentileOf({40.0F, 10.0F, 50.0F, 30.0F, 20.0F}, 50.0F), 30.0F);
     EXPECT_EQ(percentileOf({-3.0F, 7.0F, -8.0F, 0.5F}, 50.0F), -1.25F);
@@ -183,8 +183,7 @@ TEST(CalculatePercentile, SortsManySamplesOfEveryMagnitude)
     // Sample i of 5000 has the rank (i - 0.5) / 50.
     for (const int i : {1, 2, 1250, 2500, 2501, 4999, 5000}) {
         const float percent = (static_cast<float>(i) - 0.5F) / 50.0F;
-        EXPECT_FLOAT_EQ(percentileOf(samples, percent), sorted[static_cast<std::size_t>(i - 1)])
-            << i;
+        EXPECT_FLOAT_EQ(percentileOf(samples, percent), sorted[i - 1]) << i;
     }
 }
 
@@ -200,7 +199,7 @@ TEST(CalculatePercentile, StartsWithTheMedianAndTheResultZero)
     EXPECT_EQ(calculator.getResult(), 2.0F);
 }
 
-TEST(CalculatePercentile, LeavesTheListsOfTheCallerAlone)
+TEST(CalculatePercentile, DoesNotChangeTheListsOfTheCaller)
 {
     QList<float> list{3.0F, 1.0F, 2.0F};
     float values[] = {3.0F, 1.0F, 2.0F};
@@ -255,7 +254,7 @@ TEST(CalculatePercentile, ReplacesAllDataAndSortsThemAgain)
     EXPECT_EQ(calculator.getResult(), 200.0F);
 }
 
-TEST(CalculatePercentile, CopiesHaveAllOfItAndGoTheirOwnWay)
+TEST(CalculatePercentile, CopiesHaveDataPercentileAndResultOfTheirOwn)
 {
     float values[] = {3.0F, 1.0F, 2.0F};
     CalculatePercentile original;
@@ -337,7 +336,7 @@ TEST(CalculatePercentile, WithoutDataReturnsFalseAndKeepsItsResult)
 
 // Samples that are not finite, few and many
 
-TEST(CalculatePercentile, TakesNotANumberForLargerThanAllNumbers)
+TEST(CalculatePercentile, CountsNaNAsLargerThanAllNumbers)
 {
     std::vector<float> samples{kNan, 2.0F, -kNan, 3.0F, 1.0F};
     EXPECT_EQ(percentileOf(samples, 10.0F), 1.0F);
@@ -349,7 +348,7 @@ TEST(CalculatePercentile, TakesNotANumberForLargerThanAllNumbers)
     EXPECT_TRUE(std::isnan(percentileOf(samples, 100.0F)));
 }
 
-TEST(CalculatePercentile, TakesMinusZeroForSmallerThanZero)
+TEST(CalculatePercentile, CountsMinusZeroAsSmallerThanZero)
 {
     for (const std::size_t count : {2U, 3000U}) {
         std::vector<float> samples(count, 0.0F);
@@ -359,7 +358,7 @@ TEST(CalculatePercentile, TakesMinusZeroForSmallerThanZero)
     }
 }
 
-TEST(CalculatePercentile, GivesTheSampleWhereRanksCoincideInSinglePrecision)
+TEST(CalculatePercentile, GivesTheLowerSampleWhereRanksCoincideInSinglePrecision)
 {
     // With 30 million samples ranks are 3.3e-6 apart, half of what floats near 99 are.
     QList<float> samples(30'000'000, 4.0F);

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/greyvalue/TissueEstimationHistogramCreator.h>
 
-// Covered: the boxes round landmarks and at teeth, the histograms of their voxels, the boxes inside
-// the scan.
+// Covered: the boxes around landmarks and at teeth, the histograms of their voxels, the boxes
+// inside the scan.
 
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
 
@@ -52,25 +52,25 @@ std::shared_ptr<VexelImage3D> evenImage(int value)
                                          [value](int, int, int) { return value; });
 }
 
-// Boxes round landmarks
+// Boxes around landmarks
 
-struct Row
+struct TableRow
 {
     int type;
     QVector3D offset;
     QVector3D half;
 };
 
-void expectTable(Creator::EstimatedRegion region, const std::vector<Row>& rows)
+void expectTable(Creator::EstimatedRegion region, const std::vector<TableRow>& rows)
 {
     std::vector<int> types;
-    for (const Row& row : rows) {
+    for (const TableRow& row : rows) {
         CTData ct;
         ct.addLandmarkAnnotation(test::makeLandmark(row.type, {100.0F, 60.0F, 30.0F}));
         const auto boxes = Access::boxes(Creator(ct, {}, {}), region);
         ASSERT_EQ(boxes.size(), 1U) << row.type;
-        const QVector3D centre = QVector3D(100.0F, 60.0F, 30.0F) + row.offset;
-        expectBox(boxes[0], centre - row.half, centre + row.half);
+        const QVector3D center = QVector3D(100.0F, 60.0F, 30.0F) + row.offset;
+        expectBox(boxes[0], center - row.half, center + row.half);
         types.push_back(row.type);
     }
     CTData others;
@@ -120,7 +120,7 @@ TEST(TissueEstimationHistogramCreator, BoxesComeInTheOrderOfTheLandmarks)
     EXPECT_EQ(boxes[2].center().x(), 3.0F);
 }
 
-TEST(TissueEstimationHistogramCreator, BoxesStandUprightInTheWorldRoundMappedLandmarks)
+TEST(TissueEstimationHistogramCreator, BoxesAreUprightInTheWorldAroundMappedLandmarks)
 {
     // A quarter turn about z, then moved along x.
     const QMatrix4x4 worldFromVolume(0.0F, -1.0F, 0.0F, 7.0F, //
@@ -134,7 +134,7 @@ TEST(TissueEstimationHistogramCreator, BoxesStandUprightInTheWorldRoundMappedLan
               {-8.0F, 15.0F, 45.0F});
 }
 
-TEST(TissueEstimationHistogramCreator, AsksForAllLandmarksAndTheirPositionsInContextZero)
+TEST(TissueEstimationHistogramCreator, QueriesAllLandmarksAndTheirPositionsInContextZero)
 {
     class Landmark : public dataobject::LandmarkAnnotation
     {
@@ -166,7 +166,7 @@ TEST(TissueEstimationHistogramCreator, AsksForAllLandmarksAndTheirPositionsInCon
     EXPECT_EQ(landmark->contexts, std::vector<int>{0});
 }
 
-TEST(TissueEstimationHistogramCreator, PassesOverLandmarksWithoutPositionAndNull)
+TEST(TissueEstimationHistogramCreator, SkipsLandmarksWithoutPositionAndNull)
 {
     class Scan : public CTData
     {
@@ -188,7 +188,7 @@ TEST(TissueEstimationHistogramCreator, PassesOverLandmarksWithoutPositionAndNull
 
 // Boxes at teeth
 
-TEST(TissueEstimationHistogramCreator, BoxesAtTeethStandDeeperAtLowerBackTeethDeliberately)
+TEST(TissueEstimationHistogramCreator, BoxesAtTeethAreDeeperAtLowerBackTeethByDesign)
 {
     const struct
     {
@@ -216,7 +216,7 @@ TEST(TissueEstimationHistogramCreator, BoxesAtTeethStandDeeperAtLowerBackTeethDe
 
 TEST(TissueEstimationHistogramCreator, HeightOfABoxIsSummedFromLeftToRight)
 {
-    // In single precision 1.7 + 6 - 4 is 0x1.d99998p+1, 1.7 + 2 would be 0x1.d9999ap+1.
+    // 1.7 + 6 - 4 is 0x1.d99998p+1 in single precision, 1.7 + 2 would be 0x1.d9999ap+1.
     const CTData ct;
     const Creator creator(ct, {{ToothChart::Tooth(3), {0.0F, 0.0F, 1.7F}}}, {});
     EXPECT_EQ(Access::boxes(creator, Creator::TeethRegion).at(0).min().z(), 0x1.d99998p+1F);
@@ -285,7 +285,7 @@ TEST(TissueEstimationHistogramCreator, HistogramIsSmoothed)
 TEST(TissueEstimationHistogramCreator, SmoothsBeforeItRestricts)
 {
     // Bins of 1 from 30 on, with 9 of 1100 values in the first one: 0.0082. Restricted first it
-    // would be kept, and the fourteenth of it, 0.00058, that smoothing puts two bins further on
+    // would be kept, and the fourteenth of it, 0.00058, that smoothing adds two bins further on
     // would be kept as well.
     const CTData ct;
     std::vector<int> values(1091, 50);
@@ -314,7 +314,7 @@ TEST(TissueEstimationHistogramCreator, NarrowBinsAreSmoothedToo)
     EXPECT_NEAR(histogram->getBins()[9], 6.0 / 110.0 * 1.0 / 14.0, 1e-8);
 }
 
-TEST(TissueEstimationHistogramCreator, OnlyTheFirstLandmarkRegionHasALowBinDeliberately)
+TEST(TissueEstimationHistogramCreator, OnlyTheFirstLandmarkRegionHasALowBinByDesign)
 {
     const auto first = histogramOf(-1000, 1500, Creator::FirstLandmarkRegion);
     EXPECT_EQ(first->getLowestBinStart(), -1050);
@@ -331,7 +331,7 @@ TEST(TissueEstimationHistogramCreator, LowBinComesLastSoThatItDoesNotWidenTheRan
     EXPECT_EQ(histogramOf(100, 1049, Creator::FirstLandmarkRegion)->getLowestBinStart(), 80);
 }
 
-TEST(TissueEstimationHistogramCreator, FindsTheVoxelsOfABoxThroughVoxelSizeAndPlacement)
+TEST(TissueEstimationHistogramCreator, Law1CountsTheVoxelsInsideABoxThroughVoxelSizeAndPlacement)
 {
     // Voxels of 0.5 x 1 x 2 mm. The volume is turned a quarter about z and moved: volume (x, y) is
     // world (100 - y, x).
@@ -355,7 +355,24 @@ TEST(TissueEstimationHistogramCreator, FindsTheVoxelsOfABoxThroughVoxelSizeAndPl
     EXPECT_EQ(histogram->getBins().size(), 2U) << "nothing but 100, from 90 in bins of 10";
 }
 
-TEST(TissueEstimationHistogramCreator, WithoutLandmarksOfItsTypesHasNoBinsAndNoBoxes)
+TEST(TissueEstimationHistogramCreator, Law1CountsAVoxelOfTwoBoxesTwice)
+{
+    // 100 up to x = 19, 1500 from 20 on. The box at x = 20 has five columns of 100 and six of 1500,
+    // that at x = 14 has eleven of 100, five of them shared: 16 and 6 of 22. From 50: 100 in bin 1,
+    // 1500 in bin 29.
+    CTData ct;
+    test::setImage(
+        ct, test::makeImage<std::int16_t>({40, 40, 40}, {1.0F, 1.0F, 1.0F}, image::Int16,
+                                          [](int x, int, int) { return x < 20 ? 100 : 1500; }));
+    ct.addLandmarkAnnotation(test::makeLandmark(26, {20.0F, 25.0F, 20.0F}));
+    ct.addLandmarkAnnotation(test::makeLandmark(26, {14.0F, 25.0F, 20.0F}));
+    const auto histogram = Creator(ct, {}, {}).createHistogram(Creator::SecondLandmarkRegion);
+    ASSERT_EQ(histogram->getBins().size(), 30U);
+    EXPECT_NEAR(histogram->getBins()[1], 16.0 / 1100.0 * 6.0 / 14.0, 1e-8);
+    EXPECT_NEAR(histogram->getBins()[29], 6.0 / 1100.0 * 10.0 / 14.0, 1e-8);
+}
+
+TEST(TissueEstimationHistogramCreator, HasNoBinsAndNoBoxesWithoutLandmarksOfItsTypes)
 {
     CTData ct;
     test::setImage(ct, evenImage(5));
@@ -368,7 +385,7 @@ TEST(TissueEstimationHistogramCreator, WithoutLandmarksOfItsTypesHasNoBinsAndNoB
     }
 }
 
-TEST(TissueEstimationHistogramCreator, WithoutImageVolumeOrVoxelsHasNoBins)
+TEST(TissueEstimationHistogramCreator, HasNoBinsWithoutImageVolumeOrVoxels)
 {
     CTData ct;
     ct.addLandmarkAnnotation(test::makeLandmark(26, {20.0F, 20.0F, 20.0F}));
@@ -384,7 +401,7 @@ TEST(TissueEstimationHistogramCreator, WithoutImageVolumeOrVoxelsHasNoBins)
     }
 }
 
-TEST(TissueEstimationHistogramCreator, WarnsOncePerBoxOfAnElementTypeThatIsNotRead)
+TEST(TissueEstimationHistogramCreator, WarnsOncePerBoxOfTypesThreeToSixAndNotOfTypeSevenByDesign)
 {
     const QString text =
         QStringLiteral("TissueEstimationHistogramCreator : not implemented for this data type.");
@@ -433,7 +450,7 @@ TEST(TissueEstimationHistogramCreator, CountsTheBoxesWithAllCornersInTheScan)
 TEST(TissueEstimationHistogramCreator, OneCornerOutsideTheScanIsEnoughNotToCount)
 {
     // Turned so that the box stands on one corner: along x the eight corners lie (+-5 +-3 +-5) /
-    // sqrt(3) mm from its centre, the outermost 7.5 mm, the next 4.0 mm. The scan begins at -0.5
+    // sqrt(3) mm from its center, the outermost 7.5 mm, the next 4.0 mm. The scan begins at -0.5
     // mm.
     CTData ct;
     test::setImage(ct, evenImage(5));
@@ -465,7 +482,7 @@ TEST(TissueEstimationHistogramCreator, CountsEveryBoxOfTheRegion)
 TEST(TissueEstimationHistogramCreator, CornersAreMappedBackToTheVolume)
 {
     // Turned by 45 degrees about the middle of the scan, a box's corner lies up to 5.8 instead of 5
-    // mm away from its centre along x, and no longer inside.
+    // mm away from its center along x, and no longer inside.
     CTData ct;
     test::setImage(ct, evenImage(5));
     ct.addLandmarkAnnotation(test::makeLandmark(26, {4.6F, 20.0F, 20.0F}));

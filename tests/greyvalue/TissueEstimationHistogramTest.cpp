@@ -64,19 +64,19 @@ static_assert(std::is_nothrow_move_constructible_v<TissueEstimationHistogram> &&
 
 // Binning
 
-TEST(TissueEstimationHistogram, OfNoValuesHasNoBinsAndNoMaxima)
+TEST(TissueEstimationHistogram, HasNoBinsAndNoMaximaWithoutValues)
 {
     TissueEstimationHistogram histogram({}, 10);
     histogram.addLowBin();
     histogram.smooth();
     histogram.restrict();
     EXPECT_TRUE(histogram.getBins().empty());
-    EXPECT_EQ(histogram.getLowestBinStart(), 0) << "a low bin has nothing to stand in front of";
+    EXPECT_EQ(histogram.getLowestBinStart(), 0) << "there is no bin to insert one in front of";
     EXPECT_FALSE(histogram.findMaxima());
     EXPECT_EQ(histogram.getRangeOfPositiveBinCenters(), 0);
 }
 
-TEST(TissueEstimationHistogram, StartsBelowTheSmallestValueByTruncatingRemaindersDeliberately)
+TEST(TissueEstimationHistogram, StartsBelowTheSmallestValueByTruncatingRemaindersByDesign)
 {
     const struct
     {
@@ -113,7 +113,7 @@ TEST(TissueEstimationHistogram, ReachesToTheBinOfTheLargestValue)
     EXPECT_EQ(TissueEstimationHistogram({100, 130}, 10).getBins().size(), 5U);
 }
 
-TEST(TissueEstimationHistogram, OfEqualValuesHasOneOrTwoBinsAndNoMaxima)
+TEST(TissueEstimationHistogram, HasOneOrTwoBinsAndNoMaximaForEqualValues)
 {
     const TissueEstimationHistogram one({99, 99, 99}, 10);
     EXPECT_EQ(one.getBins(), Bins({0.1F}));
@@ -143,16 +143,16 @@ TEST(TissueEstimationHistogram, BinsNegativeValuesFromTheTruncatedStart)
     EXPECT_EQ(histogram.getBins()[101], 0.02F);
 }
 
-TEST(TissueEstimationHistogram, IndexTruncatesTowardsZeroAndCentreTruncatesHalfTheWidth)
+TEST(TissueEstimationHistogram, IndexTruncatesTowardZeroAndCenterTruncatesHalfTheWidth)
 {
     const TissueEstimationHistogram histogram = Access::withBins(10, -1010, {});
     EXPECT_EQ(Access::indexOf(histogram, -1010), 0);
     EXPECT_EQ(Access::indexOf(histogram, -1001), 0);
     EXPECT_EQ(Access::indexOf(histogram, -1000), 1);
-    EXPECT_EQ(Access::indexOf(histogram, -1019), 0) << "below the start, truncated towards zero";
-    EXPECT_EQ(Access::centreOf(histogram, 0), -1005);
-    EXPECT_EQ(Access::centreOf(histogram, 3), -975);
-    EXPECT_EQ(Access::centreOf(Access::withBins(5, 100, {}), 1), 107) << "5 / 2 is 2";
+    EXPECT_EQ(Access::indexOf(histogram, -1019), 0) << "below the start, truncated toward zero";
+    EXPECT_EQ(Access::centerOf(histogram, 0), -1005);
+    EXPECT_EQ(Access::centerOf(histogram, 3), -975);
+    EXPECT_EQ(Access::centerOf(Access::withBins(5, 100, {}), 1), 107) << "5 / 2 is 2";
 }
 
 TEST(TissueEstimationHistogram, AddsOneForEachValueWithoutNormalizing)
@@ -169,7 +169,7 @@ TEST(TissueEstimationHistogram, NormalizesNothingWhoseSumIsZero)
     EXPECT_EQ(histogram.getBins(), Bins({0.0F, 0.0F}));
 }
 
-TEST(TissueEstimationHistogram, IsAValue)
+TEST(TissueEstimationHistogram, CopiesAndMovesLikeAValue)
 {
     TissueEstimationHistogram histogram({100, 110, 120}, 10);
     const TissueEstimationHistogram copy = histogram;
@@ -183,17 +183,17 @@ TEST(TissueEstimationHistogram, IsAValue)
 
 // addLowBin
 
-TEST(TissueEstimationHistogram, LowBinIsEmptyAndLeavesTheOthersAtTheirGreyValues)
+TEST(TissueEstimationHistogram, Law3LowBinIsEmptyAndLeavesTheOthersAtTheirGreyValues)
 {
     TissueEstimationHistogram histogram({100, 110, 110}, 10);
     const Bins before = histogram.getBins();
-    const int centre = Access::centreOf(histogram, 1);
+    const int center = Access::centerOf(histogram, 1);
     histogram.addLowBin();
     ASSERT_EQ(histogram.getBins().size(), before.size() + 1);
     EXPECT_EQ(histogram.getBins()[0], 0.0F);
     EXPECT_TRUE(std::equal(before.begin(), before.end(), histogram.getBins().begin() + 1));
     EXPECT_EQ(histogram.getLowestBinStart(), 80);
-    EXPECT_EQ(Access::centreOf(histogram, 2), centre); // law 3
+    EXPECT_EQ(Access::centerOf(histogram, 2), center);
 }
 
 // restrict
@@ -238,7 +238,7 @@ TEST(TissueEstimationHistogram, SmoothSpreadsABinOverFiveByOneThreeSixThreeOne)
                                          0x1.b6db6ep-3F, 0x1.24924ap-4F, 0.0F}));
 }
 
-TEST(TissueEstimationHistogram, SmoothLetsTheOutermostBinStandInForMissingOnesDeliberately)
+TEST(TissueEstimationHistogram, SmoothTakesTheOutermostBinForMissingOnesByDesign)
 {
     TissueEstimationHistogram first = withBins(10, {1.0F, 0.0F, 0.0F, 0.0F, 0.0F});
     first.smooth();
@@ -248,7 +248,7 @@ TEST(TissueEstimationHistogram, SmoothLetsTheOutermostBinStandInForMissingOnesDe
     EXPECT_EQ(last.getBins(), Bins({0.0F, 0.0F, 0x1.24924ap-4F, 0x1.24924ap-2F, 0x1.6db6dcp-1F}));
 }
 
-TEST(TissueEstimationHistogram, SmoothDoesNotMakeUpForATotalThatChangesAtTheEndsDeliberately)
+TEST(TissueEstimationHistogram, SmoothDoesNotRestoreATotalThatChangesAtTheEndsByDesign)
 {
     // 10/14 + 4/14 + 1/14.
     TissueEstimationHistogram histogram = withBins(10, {1.0F, 0.0F, 0.0F, 0.0F, 0.0F});
@@ -276,7 +276,7 @@ TEST(TissueEstimationHistogram, SmoothKeepsASingleBinAndEvenOnes)
 
 // getRangeOfPositiveBinCenters
 
-TEST(TissueEstimationHistogram, RangeIsFromTheFirstToTheLastBinThatIsNotEmpty)
+TEST(TissueEstimationHistogram, RangeReachesFromTheFirstToTheLastBinThatIsNotEmpty)
 {
     EXPECT_EQ(withBins(50, {0.0F, 1.0F, 0.0F, 0.0F, 2.0F, 0.0F}).getRangeOfPositiveBinCenters(),
               150);
@@ -305,18 +305,18 @@ TEST(TissueEstimationHistogram, OneMaximumIsNotEnough)
     EXPECT_FALSE(withBins(10, {0.0F, 1.0F, 0.0F}).findMaxima());
 }
 
-TEST(TissueEstimationHistogram, FirstAndLastBinAreNeverMaximaDeliberately)
+TEST(TissueEstimationHistogram, FirstAndLastBinAreNeverMaximaByDesign)
 {
     EXPECT_FALSE(withPeaks(10, 21, {{0, 9.0F}, {10, 1.0F}, {20, 9.0F}}).findMaxima());
     expectMaxima(withPeaks(10, 23, {{1, 9.0F}, {11, 1.0F}}), 15, 115);
 }
 
-TEST(TissueEstimationHistogram, ATopOfTwoEqualBinsIsNoMaximumDeliberately)
+TEST(TissueEstimationHistogram, ATopOfTwoEqualBinsIsNoMaximumByDesign)
 {
     EXPECT_FALSE(withPeaks(10, 21, {{3, 9.0F}, {4, 9.0F}, {17, 1.0F}}).findMaxima());
 }
 
-TEST(TissueEstimationHistogram, OfEqualPeaksTheOneOfLowerGreyValueComesFirstDeliberately)
+TEST(TissueEstimationHistogram, OfEqualPeaksTheOneOfLowerGreyValueComesFirstByDesign)
 {
     // 18 % of 160 grey values are 2.88 bins, hence 3: 2 is the main peak, 4 is too near, and 10
     // comes before 18.
@@ -333,7 +333,7 @@ TEST(TissueEstimationHistogram, ManyEqualPeaksKeepTheirOrderToo)
     expectMaxima(withPeaks(10, 4001, peaks), 15, 7215);
 }
 
-TEST(TissueEstimationHistogram, SecondPeakIsTheHighestFarEnoughAwayNotTheSecondHighestDeliberately)
+TEST(TissueEstimationHistogram, SecondPeakIsTheHighestFarEnoughAwayNotTheSecondHighestByDesign)
 {
     // R = 360: 6.48 bins, hence 7. The peaks at 16 and 24 are higher than that at 2 but too near
     // to 20.
@@ -351,12 +351,12 @@ TEST(TissueEstimationHistogram, PeaksNearerThanTheSeparationGiveNothingAlthoughT
 TEST(TissueEstimationHistogram, SeparationIsRoundedToSinglePrecisionBeforeItIsRoundedUp)
 {
     // 0.18F is 0.18000000715: times 100 it rounds to 18 in single precision, over 2 gives 9 bins.
-    // In double precision it would be a little more than 9, hence 10.
+    // It would be a little more than 9 in double precision, hence 10.
     expectMaxima(withPeaks(2, 51, {{0, 0.1F}, {20, 2.0F}, {29, 1.0F}, {50, 0.1F}}), 41, 59);
     EXPECT_FALSE(withPeaks(2, 51, {{0, 0.1F}, {20, 2.0F}, {28, 1.0F}, {50, 0.1F}}).findMaxima());
 }
 
-TEST(TissueEstimationHistogram, SeparationFollowsTheBinsAsTheyAreNow)
+TEST(TissueEstimationHistogram, SeparationFollowsThePresentBins)
 {
     // The bin at 40 is below a thousandth: with it R = 400 and 8 bins, without it R = 180 and 4
     // bins.
@@ -369,7 +369,7 @@ TEST(TissueEstimationHistogram, SeparationFollowsTheBinsAsTheyAreNow)
 
 // Laws over random values
 
-TEST(TissueEstimationHistogram, SumsToOneOverTheGreyValues) // law 1
+TEST(TissueEstimationHistogram, Law1SumsToOneOverTheGreyValues)
 {
     std::mt19937 engine(4);
     for (const int width : {1, 7, 10, 50}) {
@@ -381,7 +381,7 @@ TEST(TissueEstimationHistogram, SumsToOneOverTheGreyValues) // law 1
     }
 }
 
-TEST(TissueEstimationHistogram, MaximaMoveWithTheValues) // law 2
+TEST(TissueEstimationHistogram, Law2MaximaMoveWithTheValues)
 {
     std::mt19937 engine(5);
     for (int run = 0; run < 50; ++run) {
@@ -405,7 +405,7 @@ TEST(TissueEstimationHistogram, MaximaMoveWithTheValues) // law 2
 
 // Bad input
 
-TEST(TissueEstimationHistogram, WithoutAPositiveWidthHasNoBins)
+TEST(TissueEstimationHistogram, HasNoBinsWithoutAPositiveWidth)
 {
     for (const int width : {0, -1, -50, kSmallest}) {
         TissueEstimationHistogram histogram({1, 2, 3}, width);
@@ -443,19 +443,19 @@ TEST(TissueEstimationHistogram, GetsNoLowBinBelowTheRangeOfInt)
     EXPECT_EQ(histogram.getLowestBinStart(), -2147483640);
 }
 
-TEST(TissueEstimationHistogram, LimitsCentresAndDistancesToTheRangeOfInt)
+TEST(TissueEstimationHistogram, LimitsCentersAndDistancesToTheRangeOfInt)
 {
     TissueEstimationHistogram highest({kLargest}, 10);
-    EXPECT_EQ(Access::centreOf(highest, static_cast<int>(highest.getBins().size()) - 1),
+    EXPECT_EQ(Access::centerOf(highest, static_cast<int>(highest.getBins().size()) - 1),
               2147483645);
-    EXPECT_EQ(Access::centreOf(highest, kLargest), kLargest);
+    EXPECT_EQ(Access::centerOf(highest, kLargest), kLargest);
     EXPECT_EQ(Access::indexOf(Access::withBins(1, -10, {}), kLargest), kLargest);
     // Four bins of a thousand million: from -2e9 to 2e9.
     const TissueEstimationHistogram wide({-1000000000, 2000000000}, 1000000000);
     EXPECT_EQ(wide.getRangeOfPositiveBinCenters(), kLargest);
 }
 
-TEST(TissueEstimationHistogram, TakesTheWidestBins)
+TEST(TissueEstimationHistogram, AcceptsTheWidestBins)
 {
     EXPECT_EQ(TissueEstimationHistogram({0}, kLargest).getBins().size(), 1U);
     EXPECT_EQ(TissueEstimationHistogram({kLargest}, kLargest).getBins().size(), 2U);

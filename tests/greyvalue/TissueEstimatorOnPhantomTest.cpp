@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/greyvalue/TissueEstimator.h>
 
-// Covered: the estimate against the truth, on the phantom as miscalibrated scanners would show it.
+// Covered: the estimate compared with the truth, on the phantom as miscalibrated scanners show it.
 
 #include <phantom/Phantom.h>
 
@@ -39,13 +39,13 @@ Settings scanner(float gain, float offset, float noiseSigma)
     return settings;
 }
 
-// The tissue of every voxel, once: painting the anatomy anew for each scanner would take minutes.
+// The tissue of every voxel, once: painting the anatomy again for each scanner would take minutes.
 const VexelImage3D& tissueNumbers()
 {
     static const VexelImage3D numbers = [] {
         Settings settings = scanner(1.0F, 0.0F, 0.0F);
         for (int tissue = 0; tissue < phantom::kTissueCount; ++tissue)
-            settings.greyValues[static_cast<std::size_t>(tissue)] = static_cast<float>(tissue);
+            settings.greyValues[tissue] = static_cast<float>(tissue);
         return Patient(settings).createVolume();
     }();
     return numbers;
@@ -85,7 +85,7 @@ std::shared_ptr<VexelImage3D> paint(const Patient& patient)
         std::make_shared<VexelImage3D>(numbers.imageSize(), numbers.voxelSize(), image::Int16);
     std::array<float, phantom::kTissueCount> grey{};
     for (int tissue = 0; tissue < phantom::kTissueCount; ++tissue)
-        grey[static_cast<std::size_t>(tissue)] = patient.paintedGreyValue(Tissue(tissue));
+        grey[tissue] = patient.paintedGreyValue(Tissue(tissue));
     const auto* number = static_cast<const std::int16_t*>(numbers.dataPtr());
     auto* voxel = static_cast<std::int16_t*>(image->dataPtr());
     const float sigma = patient.settings().noiseSigma;
@@ -93,8 +93,7 @@ std::shared_ptr<VexelImage3D> paint(const Patient& patient)
         const float noise =
             sigma > 0.0F ? sigma * noiseTable()[(i * 2654435761U >> 8U) % noiseTable().size()]
                          : 0.0F;
-        voxel[i] = static_cast<std::int16_t>(
-            std::round(grey[static_cast<std::size_t>(number[i])] + noise));
+        voxel[i] = static_cast<std::int16_t>(std::round(grey[number[i]] + noise));
     }
     return image;
 }
@@ -198,7 +197,7 @@ TEST(TissueEstimatorOnPhantom, IsWithinOneBinOfTheTruthInThePhantomsOwnVolumes)
     }
 }
 
-TEST(TissueEstimatorOnPhantom, TestPaintsWhatThePhantomPaints)
+TEST(TissueEstimatorOnPhantom, TestPaintsTheVolumesOfThePhantom)
 {
     const Patient patient(scanner(1.2F, -77.0F, 0.0F));
     const VexelImage3D original = patient.createVolume();
@@ -209,9 +208,9 @@ TEST(TissueEstimatorOnPhantom, TestPaintsWhatThePhantomPaints)
     EXPECT_TRUE(std::equal(a, a + original.voxelCount(), b));
 }
 
-// Without noise all voxels of a tissue fall into one bin. If it is the first one, no peak can be
-// found there.
-TEST(TissueEstimatorOnPhantom, WithoutNoiseTheLowestTissueMayHideInTheFirstBin)
+// All voxels of a tissue fall into one bin if there is no noise. No peak can be found in the first
+// bin.
+TEST(TissueEstimatorOnPhantom, MissesTheLowestTissueInTheFirstBinWithoutNoise)
 {
     const ScannedPatient scanned(scanner(1.0F, 0.0F, 0.0F), false);
     const Creator creator(scanned.ct, occlusalPoints(scanned.patient), {});

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/greyvalue/TissueEstimator.h>
 
-// Covered: which regions make the estimate, when it is kept, cleared and replaced; level and
-// window.
+// Covered: the regions that an estimate is made from, when it is kept, cleared and replaced; level
+// and window.
 
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
 
@@ -36,16 +36,16 @@ static_assert(std::is_constructible_v<TissueEstimator, const CTData&, Teeth, QMa
 static_assert(!std::is_constructible_v<TissueEstimator, CTData, Teeth, QMatrix4x4>);
 static_assert(!std::is_constructible_v<TissueEstimator, const CTData, Teeth, QMatrix4x4>);
 
-// Counts what only the boxes of the teeth need.
+// Counts the calls that only the boxes of the teeth need.
 class Scan : public CTData
 {
 public:
     QMatrix4x4 getTotalResampleNHPTransformation() const override
     {
-        ++teethAsked;
+        ++teethQueries;
         return CTData::getTotalResampleNHPTransformation();
     }
-    mutable int teethAsked = 0;
+    mutable int teethQueries = 0;
 };
 
 struct GreyValues
@@ -78,7 +78,7 @@ std::shared_ptr<VexelImage3D> paint(const GreyValues& grey)
         });
 }
 
-// Boxes of the first region round type 26 reach 5 mm to either side of y - 10, those of the second
+// Boxes of the first region around type 26 reach 5 mm to either side of y - 10, those of the second
 // 3 mm of y.
 void addLandmarks(CTData& ct, int count)
 {
@@ -87,7 +87,7 @@ void addLandmarks(CTData& ct, int count)
             test::makeLandmark(26, {15.0F + 10.0F * static_cast<float>(i), 30.0F, 20.0F}));
 }
 
-// Its box: x from 13 to 17, y from 48 to 52, z from 9 to 17.
+// The box of the tooth: x from 13 to 17, y from 48 to 52, z from 9 to 17.
 Teeth oneTooth()
 {
     return {{ToothChart::Tooth(8), {15.0F, 50.0F, 5.0F}}};
@@ -131,11 +131,11 @@ TEST(TissueEstimator, DoesWithoutTheTeethIfBothLandmarkRegionsHaveTwoBoxesInTheS
     TissueEstimator estimator(ct, oneTooth(), {});
     EXPECT_TRUE(estimator.estimate());
     EXPECT_EQ(levelsOf(estimator), kFromLandmarks);
-    EXPECT_EQ(ct.teethAsked, 0);
+    EXPECT_EQ(ct.teethQueries, 0);
     EXPECT_FALSE(TissueEstimatorTestAccess::useTeethFallback(estimator));
 }
 
-TEST(TissueEstimator, TeethOverwriteAnEstimateFromTooFewBoxesDeliberately)
+TEST(TissueEstimator, TeethOverwriteAnEstimateFromTooFewBoxesByDesign)
 {
     Scan ct;
     test::setImage(ct, paint({}));
@@ -145,10 +145,10 @@ TEST(TissueEstimator, TeethOverwriteAnEstimateFromTooFewBoxesDeliberately)
     EXPECT_EQ(levelsOf(estimator), kFromTeeth);
 }
 
-TEST(TissueEstimator, CountsTheBoxesOfEachLandmarkRegionByThemselves)
+TEST(TissueEstimator, CountsTheBoxesOfEachLandmarkRegionSeparately)
 {
-    // Of type 14 at y = 6 the box of the first region leaves the scan, that of the second is
-    // inside; of type 19 there is no box in the first region.
+    // The box of type 14 at y = 6 leaves the scan in the first region and is inside in the second;
+    // type 19 has no box in the first region.
     for (const auto& [type, position] : {std::pair(14, QVector3D(40.0F, 6.0F, 20.0F)),
                                          std::pair(19, QVector3D(40.0F, 28.0F, 20.0F))}) {
         Scan ct;
@@ -193,7 +193,7 @@ TEST(TissueEstimator, EstimatesFromTheTeethAlone)
     EXPECT_EQ(levelsOf(estimator), kFromTeeth);
 }
 
-TEST(TissueEstimator, FailsIfAirIsNotBelowSoftTissueUnlessTheTeethHelp)
+TEST(TissueEstimator, FailsIfAirIsNotBelowSoftTissueUnlessTheTeethShowPeaks)
 {
     // Air of the same level as the soft tissue: its peak in the first region is 325, in the second
     // 275 or 325.
@@ -212,7 +212,7 @@ TEST(TissueEstimator, FailsIfAirIsNotBelowSoftTissueUnlessTheTeethHelp)
     EXPECT_EQ(levelsOf(withTeeth), kFromTeeth);
 }
 
-TEST(TissueEstimator, AnEmptyCandidateClearsAHeldEstimateDeliberately)
+TEST(TissueEstimator, PeaksOutOfOrderClearAHeldEstimateByDesign)
 {
     Scan ct;
     test::setImage(ct, paint({}));
@@ -227,7 +227,7 @@ TEST(TissueEstimator, AnEmptyCandidateClearsAHeldEstimateDeliberately)
     EXPECT_FALSE(estimator.getEstimatedTissues());
 }
 
-TEST(TissueEstimator, MissingMaximaKeepAHeldEstimateDeliberately)
+TEST(TissueEstimator, MissingMaximaKeepAHeldEstimateByDesign)
 {
     GreyValues evenFace;
     evenFace.air = evenFace.skin = 40;
@@ -246,6 +246,28 @@ TEST(TissueEstimator, MissingMaximaKeepAHeldEstimateDeliberately)
     }
 }
 
+TEST(TissueEstimator, Law1OtherLevelsKeepTheProportionsOfTheDefaultLevels)
+{
+    const Levels defaults = TissueEstimator::DEFAULT_MEDICAL_CT_TISSUES.toVector();
+    const auto expectProportions = [&defaults](const Levels& levels, std::size_t first,
+                                               std::size_t from, std::size_t to, std::size_t last) {
+        const double scale = double(levels[to] - levels[from]) / (defaults[to] - defaults[from]);
+        for (std::size_t i = first; i <= last; ++i)
+            EXPECT_NEAR(levels[i], levels[from] + scale * (defaults[i] - defaults[from]), 0.501)
+                << i;
+    };
+    Scan ct;
+    test::setImage(ct, paint({}));
+    TissueEstimator fromTeeth(ct, oneTooth(), {});
+    ASSERT_TRUE(fromTeeth.estimate());
+    expectProportions(levelsOf(fromTeeth), 0, 3, 7, 10);
+    addLandmarks(ct, 2);
+    TissueEstimator fromLandmarks(ct, {}, {});
+    ASSERT_TRUE(fromLandmarks.estimate());
+    expectProportions(levelsOf(fromLandmarks), 0, 0, 3, 3);
+    expectProportions(levelsOf(fromLandmarks), 3, 3, 9, 10);
+}
+
 TEST(TissueEstimator, ReturnsFalseWithoutAnyInput)
 {
     const Scan ct;
@@ -254,7 +276,7 @@ TEST(TissueEstimator, ReturnsFalseWithoutAnyInput)
     EXPECT_FALSE(estimator.getEstimatedTissues());
 }
 
-TEST(TissueEstimator, CopiesTakeTheEstimateAndGoTheirOwnWay)
+TEST(TissueEstimator, CopiesHaveAnEstimateOfTheirOwn)
 {
     Scan ct;
     test::setImage(ct, paint({}));
@@ -288,7 +310,7 @@ void expectRange(const Range& range, double min, double max, double tolerance)
     EXPECT_NEAR(static_cast<double>(range.max), max, tolerance);
 }
 
-TEST(TissueEstimatorLevelWindow, OfTheDefaultLevelsIsTheGivenRange) // law 2
+TEST(TissueEstimatorLevelWindow, Law2IsTheGivenRangeForTheDefaultLevels)
 {
     expectRange(TissueEstimator::calculateLevelWindow(TissueEstimator::DEFAULT_MEDICAL_CT_TISSUES,
                                                       TissueEstimator::DEFAULT_MEDICAL_CT_LW),
@@ -300,7 +322,7 @@ TEST(TissueEstimatorLevelWindow, OfTheDefaultLevelsIsTheGivenRange) // law 2
                     static_cast<double>(range.min), static_cast<double>(range.max), 2e-3);
 }
 
-TEST(TissueEstimatorLevelWindow, IsShiftedAndScaledWithTheLevels) // law 3
+TEST(TissueEstimatorLevelWindow, Law3IsShiftedAndScaledWithTheLevels)
 {
     for (const int k : {-300, 1, 300}) {
         Levels levels = defaults();
@@ -361,7 +383,7 @@ TEST(TissueEstimatorLevelWindow, AgreesWithTheNormalEquationsOnRandomLevels)
     }
 }
 
-TEST(TissueEstimatorLevelWindow, OfOneLevelIsTheShortestSolution)
+TEST(TissueEstimatorLevelWindow, IsTheShortestSolutionForOneLevel)
 {
     // Only 40 is kept. At x = 1/2 both ends are the level; at x = 2/5 they are 3/5 and 2/5 of it
     // over 9/25 + 4/25.
@@ -383,7 +405,7 @@ TEST(TissueEstimatorLevelWindow, FormsTheRestOfAPlaceInDoublePrecision)
               0x1.c8bd7cp+25F);
 }
 
-TEST(TissueEstimatorLevelWindow, WithoutAnyLevelIsZero)
+TEST(TissueEstimatorLevelWindow, IsZeroWithoutAnyLevel)
 {
     const Range none{0.0F, 0.0F};
     for (const Range& range :
@@ -396,7 +418,7 @@ TEST(TissueEstimatorLevelWindow, WithoutAnyLevelIsZero)
             << range.min << " " << range.max;
 }
 
-TEST(TissueEstimatorLevelWindow, TakesLevelsAtTheEndsOfInt)
+TEST(TissueEstimatorLevelWindow, AcceptsLevelsAtTheEndsOfInt)
 {
     const int largest = std::numeric_limits<int>::max();
     const int smallest = std::numeric_limits<int>::min();

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/greyvalue/TissueLevels_p.h>
 
-// Covered: the eleven levels from the peaks at landmarks, and from those at teeth.
+// Covered: the eleven levels from the peaks at landmarks and from those at teeth.
 
 #include <CoreAlgorithms/greyvalue/SafeNumbers_p.h>
 
@@ -22,17 +22,19 @@ constexpr int kSmallest = std::numeric_limits<int>::min();
 constexpr int kLargest = std::numeric_limits<int>::max();
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-TEST(TissueLevels, FromThePeaksOfACalibratedScanAreTheDefaultLevels) // law 1 of TissueEstimator
+TEST(TissueLevels, AreTheDefaultLevelsForThePeaksOfACalibratedScan)
 {
     const Levels defaults{-1000, -500, -50, 40, 500, 550, 1000, 1300, 1500, 1800, 2800};
     EXPECT_EQ(tissuesFromLandmarks(-1000, {40, 1800}).value().toVector(), defaults);
     EXPECT_EQ(tissuesFromTeeth({40, 1300}).value().toVector(), defaults);
 }
 
-// By hand in fractions, halves away from zero: with 1000 below and 1800 above, T1 = -975 + 1000 *
-// 500 / 1040 = -494.23, T2 = -975 + 1000 * 950 / 1040 = -61.54, T4 = 25 + 1800 * 460 / 1760 =
-// 495.45, and so on.
-TEST(TissueLevels, FromLandmarksStretchBelowAndAboveSoftTissueByThemselves)
+// The literals were computed by hand in fractions, halves away from zero. With 1000 below and 1800
+// above,
+//     T1 = -975 + 1000 * 500 / 1040 = -494.23
+//     T2 = -975 + 1000 * 950 / 1040 = -61.54
+//     T4 = 25 + 1800 * 460 / 1760 = 495.45, and so on.
+TEST(TissueLevels, FromLandmarksStretchBelowAndAboveSoftTissueSeparately)
 {
     EXPECT_EQ(tissuesFromLandmarks(-975, {25, 1825}).value().toVector(),
               Levels({-975, -494, -62, 25, 495, 547, 1007, 1314, 1518, 1825, 2848}));
@@ -40,8 +42,9 @@ TEST(TissueLevels, FromLandmarksStretchBelowAndAboveSoftTissueByThemselves)
               Levels({-1275, -794, -362, -275, 117, 160, 543, 799, 969, 1225, 2077}));
 }
 
-// One scale of 1300 / 1260: T0 = 25 - 1040 * 1300 / 1260 = -1048.02, T4 = 25 + 460 * 1300 / 1260 =
-// 499.60, and so on.
+// The one scale is 1300 / 1260:
+//     T0 = 25 - 1040 * 1300 / 1260 = -1048.02
+//     T4 = 25 + 460 * 1300 / 1260 = 499.60, and so on.
 TEST(TissueLevels, FromTeethStretchAllByOneScale)
 {
     EXPECT_EQ(tissuesFromTeeth({25, 1325}).value().toVector(),
@@ -50,7 +53,7 @@ TEST(TissueLevels, FromTeethStretchAllByOneScale)
 
 // Halves that single precision misses. Exactly, T2 is -957.5, T8 79.5 and T2 of the teeth -252.5:
 // in double precision they would be -958, 80 and -253. From another program.
-TEST(TissueLevels, AreWorkedOutInSinglePrecision)
+TEST(TissueLevels, AreComputedInSinglePrecision)
 {
     EXPECT_EQ(tissuesFromLandmarks(-3000, {-764, 996}).value().toVector(),
               Levels({-3000, -1925, -957, -764, -304, -254, 196, 496, 696, 996, 1996}));

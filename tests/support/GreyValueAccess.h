@@ -23,7 +23,7 @@ struct TissueEstimationHistogramTestAccess
     {
         return histogram.binIndex(value);
     }
-    static int centreOf(const TissueEstimationHistogram& histogram, int index)
+    static int centerOf(const TissueEstimationHistogram& histogram, int index)
     {
         return histogram.binCenter(index);
     }

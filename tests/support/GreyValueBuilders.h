@@ -10,7 +10,7 @@
 
 namespace test {
 
-/// An image whose voxel (x, y, z) is valueAt(x, y, z), which Element must fit.
+/// Returns an image whose voxel (x, y, z) is valueAt(x, y, z), which Element must be able to hold.
 template <typename Element, typename ValueAt>
 std::shared_ptr<VexelImage3D> makeImage(const math::Ivec3& size, const QVector3D& voxelSizeMm,
                                         image::DataType type, ValueAt valueAt)
@@ -26,7 +26,7 @@ std::shared_ptr<VexelImage3D> makeImage(const math::Ivec3& size, const QVector3D
     return image;
 }
 
-/// Makes the voxels those of the scan.
+/// Sets the voxels of a scan.
 inline void setImage(CTData& ct, std::shared_ptr<const VexelImage3D> image)
 {
     auto volume = std::make_shared<ImageVolume>();
@@ -34,7 +34,7 @@ inline void setImage(CTData& ct, std::shared_ptr<const VexelImage3D> image)
     ct.setImageVolume(volume);
 }
 
-/// A landmark with a position in the volume frame.
+/// Returns a landmark with a position in the volume frame.
 inline std::shared_ptr<dataobject::LandmarkAnnotation> makeLandmark(int type,
                                                                     const QVector3D& positionMm)
 {
