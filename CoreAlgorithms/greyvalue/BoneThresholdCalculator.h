@@ -14,38 +14,44 @@ class PulpFunction;
 class ThresholdFunction;
 } // namespace colormap
 
-/// Which parameters should a volume's display function get when the user drags over the view, or
-/// moves a slider?
+/// Turns a drag over the view, or the value of a slider, into new parameters of a display function.
 ///
-/// A drag runs between two points of the screen, in pixels, y downward: dx = to.x - from.x and dy =
-/// from.y - to.y, each truncated towards zero, so that right and up are positive. It is an
-/// increment of the volume's values at the moment of the call. Nothing is changed; see
-/// BoneThresholdModifier. The volume must outlive the calculator.
+/// A drag runs between two points of the screen, in pixels, y downward:
 ///
-/// Coordinates that are NaN count as no movement; movements, and thresholds that are whole numbers,
-/// are limited to the range of int.
+///     dx = to.x - from.x      truncated toward zero, positive to the right
+///     dy = from.y - to.y      truncated toward zero, positive upward
+///
+/// Parameters are computed from the values that the volume has at the moment of the call. Nothing
+/// is changed; BoneThresholdModifier applies the results. The volume must outlive the calculator.
+///
+/// A coordinate that is NaN counts as no movement. Movements, and thresholds that are whole
+/// numbers, are limited to the range of int.
 class COREALGORITHMS_EXPORT BoneThresholdCalculator
 {
 public:
-    /// Grey values: the middle and the width of what a maximum-intensity projection shows.
+    /// Holds the middle and the width, in grey values, of what a maximum-intensity projection
+    /// shows. Such a projection shows the brightest voxel along each line of sight.
     struct LevelWindow
     {
         float level = 0.0F;
         float window = 0.0F;
     };
-    /// Normalised to the image's grey values: 0 is the smallest, 1 the largest.
+    /// Holds the thresholds for pulp (the soft tissue inside a tooth) and for restoration material
+    /// (fillings and crowns). Both are normalized: 0 is the smallest grey value of the image, 1 the
+    /// largest.
     struct Pulp
     {
         float pulpThreshold = 0.0F;
         float restorationMaterialThreshold = 0.0F;
     };
-    /// Grey values.
+    /// Holds the changes of a transfer function, in grey values.
     struct Transfer
     {
         float stretch = 0.0F;
         float pan = 0.0F;
     };
 
+    /// Creates a calculator for a volume, which it reads at each call.
     explicit BoneThresholdCalculator(const VolumeObject& shownVolume);
     /// Refuses a temporary, which the calculator would outlive.
     explicit BoneThresholdCalculator(const VolumeObject&& shownVolume) = delete;
@@ -53,28 +59,30 @@ public:
     BoneThresholdCalculator& operator=(const BoneThresholdCalculator&) = delete;
     virtual ~BoneThresholdCalculator();
 
-    /// The level rises by dy, the window widens by dx; nothing bounds them.
+    /// Returns the level raised by dy and the window widened by dx. Neither is bounded.
     LevelWindow calculateMIPLevelWindowFunction(const QPointF& from, const QPointF& to);
-    /// The level rises by ten times the value.
+    /// Returns the level raised by ten times the value of the slider, and the window unchanged.
     LevelWindow calculateMIPLevelWindowFunction(int value);
 
-    /// Falls by dx if |dx| > |dy|, else rises by dy.
+    /// Returns the function's threshold, lowered by dx if |dx| > |dy|, or else raised by dy.
     int calculateThresholdFunction(const colormap::ThresholdFunction& function, const QPointF& from,
                                    const QPointF& to) const;
-    /// The value itself.
+    /// Returns the value of the slider, which is the threshold itself.
     int calculateThresholdFunction(int value) const;
 
-    /// Stretch dx, pan dy.
+    /// Returns dx as the stretch and dy as the pan.
     Transfer calculateTransferFunction(const QPointF& from, const QPointF& to);
-    /// Pan by ten times the value, no stretch.
+    /// Returns ten times the value of the slider as the pan, and no stretch.
     Transfer calculateTransferFunction(int value);
 
-    /// The threshold for pulp moves by dx grey values if |dx| > |dy|, else that for restoration
-    /// material by dy; the one that moves is limited to 0 to 1. In an image of one grey value it is
-    /// 0.
+    /// Returns the function's two thresholds, one of them moved: the threshold for pulp by dx grey
+    /// values if |dx| > |dy|, or else the threshold for restoration material by dy grey values. The
+    /// one that moves is limited to 0 to 1. It is 0 in an image of one grey value or without
+    /// voxels.
     Pulp calculatePulpFunction(const colormap::PulpFunction& function, const QPointF& from,
                                const QPointF& to);
-    /// The threshold for pulp is the grey value `value`, normalised and limited as above.
+    /// Returns the grey value of the slider as the threshold for pulp, normalized and limited in
+    /// the same way, and the threshold for restoration material unchanged.
     Pulp calculatePulpFunction(const colormap::PulpFunction& function, int value);
 
 private:

@@ -8,48 +8,62 @@
 
 #include <memory>
 
-/// Below which value lie p percent of the samples?
+/// Finds the value below which a given percentage of the samples lies.
 ///
-/// The i-th smallest of n samples, i from 1, has the percent rank 100 * (i - 0.5) / n: the plotting
-/// position of A. Hazen, Storage to be provided in impounding reservoirs, Transactions ASCE 77
-/// (1914), which is definition 5 of R. J. Hyndman and Y. Fan, Sample quantiles in statistical
-/// packages, The American Statistician 50 (1996). Between two ranks the result is interpolated
-/// linearly, below the first and above the last it is the smallest or the largest sample. Single
-/// precision.
+/// The i-th smallest of n samples, i from 1, has the percent rank 100 * (i - 0.5) / n. Between two
+/// ranks the result is interpolated linearly. Below the first rank it is the smallest sample, above
+/// the last rank the largest. All of it is computed in single precision.
 ///
-///     CalculatePercentile percentile;
-///     percentile.setData(values, count);
-///     percentile.setPercentile(95.0F);
-///     if (percentile.execute())
-///         use(percentile.getResult());
+/// This rank is the plotting position of A. Hazen, "Storage to be provided in impounding reservoirs
+/// for municipal water supply", Transactions of the American Society of Civil Engineers 77 (1914).
+/// It is definition 5 of R. J. Hyndman and Y. Fan, "Sample quantiles in statistical packages", The
+/// American Statistician 50 (1996).
+///
+/// Example (examples/find_a_percentile.cpp):
+/// \code
+/// QList<float> samples{40.0F, 10.0F, 50.0F, 30.0F, 20.0F};
+/// CalculatePercentile calculator;
+/// calculator.setData(&samples);
+/// calculator.setPercentile(60.0F);
+/// if (!calculator.execute())
+///     return 1;
+/// const float percentile = calculator.getResult(); // 35, midway between 30 and 40
+/// \endcode
 ///
 /// (1) The result does not fall while the percentile rises, up to rounding.
-/// (2) The order of the samples plays no part.
 ///
-/// Data and percentile stay for further calls. The first execute() after setData() sorts, in time
-/// linear in the number of samples and with twice as much memory again; further ones take constant
-/// time. Among samples, NaN counts as larger than all numbers and -0 as smaller than 0.
-/// Interpolation beside an infinite sample gives infinity or NaN. Where the two ranks beside the
-/// percentile are one in single precision, which needs some ten million samples, the result is the
-/// lower of the two samples.
+/// (2) The result does not depend on the order of the samples.
 class COREALGORITHMS_EXPORT CalculatePercentile
 {
 public:
+    /// Creates a calculator without data, for percentile 50.
     CalculatePercentile();
+    /// Copies the data, the percentile and the result.
     CalculatePercentile(const CalculatePercentile& other);
+    /// Replaces the data, the percentile and the result by those of another calculator.
     CalculatePercentile& operator=(const CalculatePercentile& other);
     virtual ~CalculatePercentile();
 
-    /// Copies the values; none if the count is not positive or the pointer null.
+    /// Copies `count` samples. There are no data if the count is not positive or the pointer null.
     void setData(float* values, int count);
-    /// Copies the list; null counts as an empty list.
+    /// Copies the samples of a list. Null counts as an empty list.
     void setData(QList<float>* values);
-    /// 50 at first. Not checked before execute().
+    /// Sets the percentile, which execute() expects from 0 to 100.
     void setPercentile(float percentile);
 
-    /// False, with the former result kept, if the percentile is not from 0 to 100, or without data.
+    /// Computes the percentile. Returns false, and keeps the former result, if the percentile is
+    /// not from 0 to 100 or if there are no data.
+    ///
+    /// The first call after setData() sorts the samples. It takes time linear in their number and
+    /// allocates twice the memory of the samples for that time; further calls take constant time.
+    /// Data and percentile are kept for them.
+    ///
+    /// NaN counts as larger than all numbers and -0 as smaller than 0. Interpolation next to an
+    /// infinite sample gives infinity or NaN. If the ranks on both sides of the percentile are
+    /// equal in single precision, which needs more than 13 million samples, the result is the
+    /// smaller of the two samples.
     bool execute();
-    /// Of the last execute() that was true; 0 before.
+    /// Returns the result of the last successful execute(), or 0 before the first one.
     float getResult() const;
 
 private:

@@ -8,17 +8,17 @@
 
 #include <span>
 
-/// Where, seen from a landmark, the two landmark regions have their boxes.
+/// The boxes of the two landmark regions, relative to their landmarks.
 namespace greyvalue {
 
 struct LandmarkBox
 {
-    int landmarkType; ///< value of landmarkDetection::LandmarkType
-    QVector3D offset; ///< of the box's centre from the landmark, mm
-    QVector3D halfSize;
+    int landmarkType;   ///< value of landmarkDetection::LandmarkType
+    QVector3D offset;   ///< of the box's center from the landmark, mm
+    QVector3D halfSize; ///< mm
 };
 
-/// In front of the face: air and the soft tissue of its surface.
+/// The region in front of the face: air and the surface of the skin.
 inline constexpr LandmarkBox kFirstLandmarkBoxes[] = {
     {hostvalues::kNasion, {0.0F, -10.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},
     {hostvalues::kGonionLeft, {10.0F, -10.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},
@@ -29,7 +29,7 @@ inline constexpr LandmarkBox kFirstLandmarkBoxes[] = {
     {hostvalues::kSupramentalePoint, {0.0F, -10.0F, 0.0F}, {5.0F, 5.0F, 5.0F}},
 };
 
-/// On the surface of the skull: soft tissue and dense bone.
+/// The region on the surface of the skull: soft tissue and dense bone.
 inline constexpr LandmarkBox kSecondLandmarkBoxes[] = {
     {hostvalues::kNasion, {0.0F, 4.0F, 5.0F}, {7.0F, 5.0F, 5.0F}},
     {hostvalues::kGonionLeft, {0.0F, 0.0F, 0.0F}, {5.0F, 5.0F, 10.0F}},

@@ -10,14 +10,14 @@
 /// Conversions to int that are defined for every input.
 namespace greyvalue {
 
-/// The nearest int.
+/// Returns the nearest int.
 inline int limitedToInt(std::int64_t value)
 {
     return static_cast<int>(std::clamp<std::int64_t>(value, std::numeric_limits<int>::min(),
                                                      std::numeric_limits<int>::max()));
 }
 
-/// Truncated towards zero, limited to the range of int; 0 for NaN.
+/// Returns the value truncated toward zero and limited to the range of int, or 0 for NaN.
 inline int truncatedToInt(double value)
 {
     if (std::isnan(value))
@@ -26,8 +26,8 @@ inline int truncatedToInt(double value)
                                        static_cast<double>(std::numeric_limits<int>::max())));
 }
 
-/// Rounded to the nearest whole number, halves away from zero, limited to the range of int; 0 for
-/// NaN.
+/// Returns the value rounded to the nearest whole number, halves away from zero, and limited to the
+/// range of int, or 0 for NaN.
 inline int roundedToInt(float value)
 {
     return truncatedToInt(static_cast<double>(std::round(value)));

@@ -16,29 +16,28 @@
 
 class CTData;
 
-/// Which grey values occur round the landmarks of a scan, or round its teeth?
+/// Samples the grey values around the landmarks of a scan, or at its teeth, and makes histograms.
 ///
-/// Frames, all in mm: the volume frame, in which the scan's landmarks and its extent lie; natural
-/// head position, in which the teeth are given; the world, in which the boxes stand upright. Boxes
-/// are closed: a voxel whose centre lies on a face counts.
+/// The voxels are sampled in boxes of three regions. There are three frames, all in mm: the volume
+/// frame, which holds the scan's landmarks and its extent; natural head position (the frame of a
+/// head that looks straight ahead), in which the teeth are given; and the world, in which the boxes
+/// are upright.
 ///
-/// (1) The sampled values are those of the voxels inside the boxes, box after box, z before y
-/// before x; a voxel inside several boxes counts in each.
+/// (1) A histogram counts the voxels whose centers lie inside a box of the region or on a face of
+/// it. A voxel inside several boxes counts once for each of them.
 ///
-/// The scan must outlive the creator and its copies. Without image volume or voxels, and in boxes
-/// that miss the image or have a bound that is NaN, there are no values; landmarks without position
-/// are passed over. A box that would bring a region beyond 2^27 voxels is left out.
+/// The scan must outlive the creator and its copies.
 class COREALGORITHMS_EXPORT TissueEstimationHistogramCreator
 {
 public:
     enum EstimatedRegion : int {
-        FirstLandmarkRegion = 0,
-        SecondLandmarkRegion = 1,
-        TeethRegion = 2
+        FirstLandmarkRegion = 0,  ///< in front of the face: air and the surface of the skin
+        SecondLandmarkRegion = 1, ///< on the skull: soft tissue and dense bone
+        TeethRegion = 2           ///< at the roots of the teeth: soft tissue and dentine
     };
 
-    /// Tooth positions are points of the occlusal surfaces in natural head position; the matrix
-    /// maps the volume frame to the world.
+    /// Creates a creator for a scan. The positions of the teeth are points of their chewing
+    /// surfaces, in natural head position. The matrix maps the volume frame to the world.
     TissueEstimationHistogramCreator(
         const CTData& scan, std::vector<std::pair<ToothChart::Tooth, QVector3D>> toothPositions,
         const QMatrix4x4& worldFromVolume);
@@ -50,16 +49,23 @@ public:
     TissueEstimationHistogramCreator& operator=(const TissueEstimationHistogramCreator&) = default;
     virtual ~TissueEstimationHistogramCreator();
 
-    /// Smoothed, then restricted; of bin width 50, or 10 if that leaves less than 1000 grey values
-    /// between the outermost bins. The first landmark region's has an empty bin in front. Never
-    /// null, but without bins if there are no values. Any other value is taken for the region of
-    /// the teeth.
+    /// Returns the histogram of a region, smoothed and then restricted. Its bins are 50 grey values
+    /// wide, or 10 if the outermost occupied bins of 50 are less than 1000 grey values apart. For
+    /// the first landmark region an empty bin is added in front. Any other number counts as the
+    /// region of the teeth.
     ///
-    /// Voxels may be unsigned and signed 16-bit and unsigned 8-bit. Those of types 3 to 6 are not
-    /// read, with a warning for each box; those of other types are not read.
+    /// The result is never null. It has no bins if there are no values: without an image volume or
+    /// voxels, without landmarks of the region's types that have a position, or if no box reaches
+    /// the image. A box with a bound that is NaN gives no values, and a box that would bring the
+    /// region beyond 2^27 voxels is left out.
+    ///
+    /// Unsigned and signed 16-bit and unsigned 8-bit voxels are read. Voxels of the element types 3
+    /// to 6 are not read, with one warning for each box; those of further types are not read
+    /// either.
     std::unique_ptr<TissueEstimationHistogram> createHistogram(EstimatedRegion region) const;
 
-    /// How many of the region's boxes have all their corners in the scan's extent.
+    /// Returns how many of the region's boxes have all their corners inside the scan's extent or on
+    /// a face of it.
     int getNumberOfVOIsFullyContainedInVolume(EstimatedRegion region) const;
 
 private:
@@ -67,7 +73,7 @@ private:
 
     std::unique_ptr<TissueEstimationHistogram> createHistogram(const std::vector<int>& values,
                                                                int binWidth) const;
-    /// In the world.
+    /// Returns the region's boxes in the world, in the order of the landmarks or teeth.
     std::vector<primitives::BoundingBox> getBBsForRegion(EstimatedRegion region) const;
 
     const CTData* ctData;

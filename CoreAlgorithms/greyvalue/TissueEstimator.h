@@ -11,23 +11,34 @@
 #include <utility>
 #include <vector>
 
-/// At which grey values does this scan show the tissues, and with which window does it look like
-/// any other?
+/// Estimates at which grey values a scan shows the tissues, and the window in which it looks
+/// calibrated.
 ///
-/// Scanners differ in offset and gain. The levels of a calibrated medical CT are carried over to
-/// the scan by two or three peaks in small regions of it: the first landmark region gives T0, the
-/// second T3 and T9, the teeth T3 and T7; the others lie between and beyond in the proportions of
-/// the default levels. T0 to T10 are the fields of colormap::Tissues in their order.
+/// Scanners differ in offset and gain. Two or three peaks of the histograms of small regions place
+/// the levels of a calibrated medical CT on the scale of the scan. The levels T0 to T10 are the
+/// fields of colormap::Tissues in their order. The first landmark region gives T0 (air), the second
+/// T3 and T9 (soft tissue and dense bone), the teeth T3 and T7 (soft tissue and dentine). All
+/// levels are limited to the range of int. docs/greyvalue.md has the formulas.
 ///
-/// (1) Peaks at their default levels, -1000, 40 and 1800, or 40 and 1300, give the default levels
-/// exactly.
+/// Example (examples/estimate_the_tissues_of_a_scan.cpp):
+/// \code
+/// TissueEstimator estimator(scan, occlusalPoints, worldFromVolume);
+/// if (!estimator.estimate())
+///     return 1; // neither the landmarks nor the teeth show two peaks in the right order
+/// const colormap::Tissues tissues = estimator.getEstimatedTissues().value();
+/// const math::Range<float> window =
+///     TissueEstimator::calculateLevelWindow(tissues, TissueEstimator::DEFAULT_MEDICAL_CT_LW);
+/// \endcode
 ///
-/// (2) calculateLevelWindow(default tissues, range) is the range, up to rounding.
+/// (1) The levels that are not peaks divide the distances between the peaks in the proportions of
+/// the default levels, rounded to whole numbers. Peaks at their default levels give the default
+/// levels exactly.
 ///
-/// (3) Levels shifted by k shift the range by k; levels scaled by f about 0 scale it by f.
+/// (2) calculateLevelWindow(default levels, range) is the range, up to rounding.
 ///
-/// Levels beyond the range of int are limited to it. The scan must outlive the estimator and its
-/// copies.
+/// (3) Levels shifted by k shift the range by k. Levels scaled by f about 0 scale it by f.
+///
+/// The scan must outlive the estimator and its copies.
 class COREALGORITHMS_EXPORT TissueEstimator
 {
 public:
@@ -36,7 +47,9 @@ public:
     static const colormap::Tissues DEFAULT_MEDICAL_CT_TISSUES; ///< -1000 ... 2800
     // NOLINTEND(readability-identifier-naming)
 
-    /// As for TissueEstimationHistogramCreator.
+    /// Creates an estimator without an estimate. The positions of the teeth are points of their
+    /// chewing surfaces, in natural head position and mm. The matrix maps the volume frame to the
+    /// world, in which the sampled boxes are upright.
     TissueEstimator(const CTData& scan,
                     std::vector<std::pair<ToothChart::Tooth, QVector3D>> toothPositions,
                     const QMatrix4x4& worldFromVolume);
@@ -48,19 +61,24 @@ public:
     TissueEstimator& operator=(const TissueEstimator&) = default;
     virtual ~TissueEstimator();
 
-    /// Estimates from the landmark regions, and from the teeth if that gives nothing or if one of
-    /// the landmark regions has fewer than two boxes wholly inside the scan; the teeth then replace
-    /// what the landmarks gave. True if an estimate is held afterwards. Peaks that are not in
-    /// ascending order clear a held estimate; peaks that are missing leave it as it is.
+    /// Estimates the levels from the landmark regions and returns whether an estimate is held
+    /// afterwards.
+    ///
+    /// Peaks that are not in ascending order clear a held estimate; missing peaks leave it
+    /// unchanged. The teeth are used if no estimate is held then, or if one of the landmark regions
+    /// has fewer than two boxes wholly inside the scan. Their peaks replace or clear what the
+    /// landmarks gave.
     bool estimate();
 
-    /// A copy; empty before an estimate and after one that was cleared.
+    /// Returns a copy of the estimate, or nothing before the first one and after one was cleared.
     utility::Optional<colormap::Tissues> getEstimatedTissues();
 
-    /// The range of this scan's grey values that corresponds to a range of a calibrated medical CT:
-    /// least squares, by Jacobi's singular value decomposition, over the levels whose default lies
-    /// strictly inside the range. With one such level it is the least of the ranges that fit, in
-    /// the sense of the norm; (0, 0) with none, as for a range without width or with a NaN.
+    /// Returns the range of a scan's grey values that corresponds to a range of a calibrated CT.
+    ///
+    /// The range is fitted by least squares to the levels whose default is strictly inside the
+    /// given range, with Jacobi's singular value decomposition. With one such level the result is
+    /// the solution of the smallest norm. It is (0, 0) without any, as for a range without width or
+    /// with NaN.
     static math::Range<float> calculateLevelWindow(const colormap::Tissues& tissues,
                                                    const math::Range<float>& range);
 

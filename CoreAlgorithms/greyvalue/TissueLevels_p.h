@@ -7,16 +7,16 @@
 
 #include <utility>
 
-/// The eleven levels from two or three peaks, in the proportions of the default levels. Nothing if
-/// the peaks do not ascend strictly.
+/// The eleven tissue levels, from two or three peaks and the proportions of the default levels.
 namespace greyvalue {
 
-/// From air, T0, and the two peaks on the surface of the skull: soft tissue, T3, and dense bone,
-/// T9.
+/// Returns the levels from the peak of air (T0) and the two peaks on the surface of the skull, soft
+/// tissue (T3) and dense bone (T9). Returns nothing if the three do not ascend strictly.
 utility::Optional<colormap::Tissues> tissuesFromLandmarks(int air,
                                                           const std::pair<int, int>& skull);
 
-/// From the two peaks at the teeth: soft tissue, T3, and dentine, T7.
+/// Returns the levels from the two peaks at the teeth, soft tissue (T3) and dentine (T7). Returns
+/// nothing if the two do not ascend strictly.
 utility::Optional<colormap::Tissues> tissuesFromTeeth(const std::pair<int, int>& teeth);
 
 } // namespace greyvalue
