@@ -15,7 +15,7 @@ namespace {
 
 constexpr double kGreyValuesPerSliderStep = 10.0;
 
-// Of a drag, right and up positive, in whole pixels.
+// The movement of a drag, right and up positive, in whole pixels.
 struct Movement
 {
     Movement(const QPointF& from, const QPointF& to)
@@ -30,13 +30,13 @@ struct Movement
     int dy;
 };
 
-// 0 to 1. Not a number is what an image of one grey value gives, or one without voxels.
+// Returns the threshold limited to 0 to 1. It is NaN in an image without voxels.
 float limited(float normalized)
 {
     return std::isnan(normalized) ? 0.0F : std::clamp(normalized, 0.0F, 1.0F);
 }
 
-// The grey values of an image, and thresholds among them.
+// The grey values of an image, to which thresholds are normalized.
 class GreyRange
 {
 public:
@@ -92,8 +92,8 @@ int BoneThresholdCalculator::calculateThresholdFunction(const colormap::Threshol
 {
     const Movement movement(from, to);
     const std::int64_t current = volume.getThreshold(function.getUUID());
-    // Intended: to the right lowers the threshold, up raises it; both show more where the hand
-    // moves to.
+    // Intended: a drag to the right lowers the threshold and a drag upward raises it. Users rely on
+    // these directions.
     return greyvalue::limitedToInt(movement.isHorizontal() ? current - movement.dx
                                                            : current + movement.dy);
 }

@@ -12,7 +12,7 @@ using Calculator = BoneThresholdCalculator;
 
 constexpr float kPanPerPixel = 0.5F;
 
-// The function as one of the kind; null if it is none.
+// Returns the function as one of the kind, or null if it is of another.
 template <typename Function>
 Function* as(colormap::ColormapFunction& function)
 {
@@ -20,7 +20,7 @@ Function* as(colormap::ColormapFunction& function)
                                                          : nullptr;
 }
 
-// Input is what the user moved: the two points of a drag, or the value of a slider.
+// The input is either the two points of a drag or the value of a slider.
 template <typename... Input>
 void applyInput(VolumeObject& volume, const Input&... input)
 {
@@ -28,6 +28,8 @@ void applyInput(VolumeObject& volume, const Input&... input)
     const auto active = volume.getActiveVisualizationFunction();
     if (!active)
         return;
+    // Intended: the kinds are tested in this order, on which hosts with functions of two kinds
+    // rely.
     if (as<colormap::LevelWindowFunction>(*active)) {
         const Calculator::LevelWindow result = calculator.calculateMIPLevelWindowFunction(input...);
         volume.setMIPLevelWindow(result.level, result.window);

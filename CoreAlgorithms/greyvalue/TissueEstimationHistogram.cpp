@@ -7,15 +7,17 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <functional>
+#include <iterator>
 #include <limits>
 
 namespace {
 
 // 4 MiB of bins: sixteen bits of grey values need 65,538 bins of width 1.
 constexpr std::int64_t kMostBins = std::int64_t(1) << 20U;
-// Share of all values below which a bin is negligible.
+// The share of all values below which a bin is negligible.
 constexpr float kNegligibleShare = 0.001F;
-// Distance of the two peaks, as a share of the occupied range of grey values.
+// The least distance of the two peaks, as a share of the occupied range of grey values.
 constexpr float kLeastSeparation = 0.18F;
 // 1, 3 and 6 fourteenths.
 constexpr float kOuterWeight = 0.071428575F;
@@ -24,17 +26,17 @@ constexpr float kMiddleWeight = 0.42857143F;
 
 using Bins = std::vector<float>;
 
-// Intended: the remainder truncates, so that the start lies up to two widths below a smallest value
-// of at least width - 1 and less than one below another; where the bins of the estimates stand
-// relies on it.
+// Intended: the remainder truncates toward zero. The start is up to two widths below a smallest
+// value of at least width - 1, and less than one width below any other. The bins of all estimates
+// rely on it.
 std::int64_t startBelow(std::int64_t smallest, std::int64_t width)
 {
     const std::int64_t t = smallest - width + 1;
     return t - t % width;
 }
 
-// Intended: neither the first nor the last bin can be a maximum, nor can a flat top; the creator
-// adds a low bin where a peak in the first one matters.
+// Intended: neither the first nor the last bin can be a maximum, nor can a flat top. The creator of
+// the histograms relies on it and adds a low bin where a peak in the first one matters.
 std::vector<int> strictMaxima(const Bins& bins)
 {
     std::vector<int> maxima;
@@ -45,7 +47,7 @@ std::vector<int> strictMaxima(const Bins& bins)
     return maxima;
 }
 
-// In bins, for peaks within a range of grey values.
+// Returns the least distance of the two peaks in bins, for an occupied range of grey values.
 int leastSeparation(int range, int width)
 {
     const float share = static_cast<float>(range) * kLeastSeparation;
@@ -60,13 +62,13 @@ TissueEstimationHistogram::TissueEstimationHistogram(const std::vector<int>& val
 {
     if (values.empty() || width <= 0)
         return;
-    const auto [smallest, largest] = std::minmax_element(values.begin(), values.end());
-    const std::int64_t start = startBelow(*smallest, width);
-    const std::int64_t count = (*largest - start + width) / width;
+    const auto [smallest, largest] = std::ranges::minmax(values);
+    const std::int64_t start = startBelow(smallest, width);
+    const std::int64_t count = (largest - start + width) / width;
     if (start < std::numeric_limits<std::int32_t>::min() || count > kMostBins)
         return;
     lowestBinStart = static_cast<std::int32_t>(start);
-    bins.assign(static_cast<std::size_t>(count), 0.0F);
+    bins.assign(count, 0.0F);
     addValues(values);
     normalize();
 }
@@ -95,18 +97,17 @@ void TissueEstimationHistogram::restrict()
 
 void TissueEstimationHistogram::smooth()
 {
-    const auto last = static_cast<std::ptrdiff_t>(bins.size()) - 1;
-    // Intended: the outermost bin stands in for the missing neighbours; the total changes where the
-    // outermost bins differ, and nothing makes up for it. The estimates rely on the heights that
-    // come of it.
+    const std::ptrdiff_t last = std::ssize(bins) - 1;
+    // Intended: the outermost bin is taken for missing neighbors. The total changes if the two
+    // outermost bins differ, and it is not normalized again; the estimates rely on these heights.
     const auto binAt = [this, last](std::ptrdiff_t i) {
-        return bins[static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(i, 0, last))];
+        return bins[std::clamp<std::ptrdiff_t>(i, 0, last)];
     };
     Bins smoothed(bins.size());
     for (std::ptrdiff_t i = 0; i <= last; ++i) {
-        smoothed[static_cast<std::size_t>(i)] =
-            binAt(i - 2) * kOuterWeight + binAt(i - 1) * kInnerWeight + binAt(i) * kMiddleWeight +
-            binAt(i + 1) * kInnerWeight + binAt(i + 2) * kOuterWeight;
+        smoothed[i] = binAt(i - 2) * kOuterWeight + binAt(i - 1) * kInnerWeight +
+                      binAt(i) * kMiddleWeight + binAt(i + 1) * kInnerWeight +
+                      binAt(i + 2) * kOuterWeight;
     }
     bins = std::move(smoothed);
 }
@@ -116,27 +117,27 @@ utility::Optional<std::pair<int, int>> TissueEstimationHistogram::findMaxima() c
     std::vector<int> maxima = strictMaxima(bins);
     if (maxima.size() < 2)
         return {};
-    const auto height = [this](int index) { return bins[static_cast<std::size_t>(index)]; };
-    std::stable_sort(maxima.begin(), maxima.end(),
-                     [height](int a, int b) { return height(a) > height(b); });
+    // Intended: of equally high maxima the one of the lowest grey value comes first; the levels of
+    // the estimates rely on it.
+    std::ranges::stable_sort(maxima, std::ranges::greater(), [this](int i) { return bins[i]; });
 
-    const int main = maxima.front();
+    const int highest = maxima.front();
     const int separation = leastSeparation(getRangeOfPositiveBinCenters(), binWidth);
     // Intended: the second peak is the highest of those far enough away, not the second highest
-    // maximum.
+    // maximum. The estimates rely on it where a tissue has two maxima.
     const auto second =
-        std::find_if(maxima.begin() + 1, maxima.end(), [main, separation](int index) {
-            return std::abs(index - main) >= separation;
+        std::ranges::find_if(maxima.begin() + 1, maxima.end(), [highest, separation](int index) {
+            return std::abs(index - highest) >= separation;
         });
     if (second == maxima.end())
         return {};
-    return std::pair(binCenter(std::min(main, *second)), binCenter(std::max(main, *second)));
+    return std::pair(binCenter(std::min(highest, *second)), binCenter(std::max(highest, *second)));
 }
 
 int TissueEstimationHistogram::getRangeOfPositiveBinCenters() const
 {
     const auto isPositive = [](float bin) { return bin > 0.0F; };
-    const auto first = std::find_if(bins.begin(), bins.end(), isPositive);
+    const auto first = std::ranges::find_if(bins, isPositive);
     if (first == bins.end())
         return 0;
     const auto last = std::find_if(bins.rbegin(), bins.rend(), isPositive).base() - 1;
@@ -146,7 +147,7 @@ int TissueEstimationHistogram::getRangeOfPositiveBinCenters() const
 void TissueEstimationHistogram::addValues(const std::vector<int>& values)
 {
     for (const int value : values)
-        bins[static_cast<std::size_t>(binIndex(value))] += 1.0F;
+        bins[binIndex(value)] += 1.0F;
 }
 
 void TissueEstimationHistogram::normalize()

@@ -19,14 +19,14 @@ using Boxes = std::vector<primitives::BoundingBox>;
 
 constexpr int kBinWidth = 50;
 constexpr int kNarrowBinWidth = 10;
-// Grey values between the outermost bins, below which narrow bins serve.
+// The distance of the outermost bins, in grey values, below which narrow bins are used.
 constexpr int kNarrowRange = 1000;
 constexpr float kToothHalfWidth = 2.5F;
 constexpr float kToothHalfHeight = 4.0F;
 
-primitives::BoundingBox boxAround(const QVector3D& centre, const QVector3D& halfSize)
+primitives::BoundingBox boxAround(const QVector3D& center, const QVector3D& halfSize)
 {
-    return {centre - halfSize, centre + halfSize};
+    return {center - halfSize, center + halfSize};
 }
 
 Boxes boxesAroundLandmarks(const CTData& ct, const QMatrix4x4& worldFromVolume,
@@ -37,10 +37,7 @@ Boxes boxesAroundLandmarks(const CTData& ct, const QMatrix4x4& worldFromVolume,
         if (!landmark)
             continue;
         const auto type = static_cast<int>(landmark->getType());
-        const auto row =
-            std::find_if(table.begin(), table.end(), [type](const greyvalue::LandmarkBox& box) {
-                return box.landmarkType == type;
-            });
+        const auto row = std::ranges::find(table, type, &greyvalue::LandmarkBox::landmarkType);
         if (row == table.end())
             continue;
         const auto position = landmark->getPosition(Context(hostvalues::kVolumeContext));
@@ -51,9 +48,9 @@ Boxes boxesAroundLandmarks(const CTData& ct, const QMatrix4x4& worldFromVolume,
     return boxes;
 }
 
-// From the occlusal surface to the middle of the root's box, in mm along z.
-// Intended: deeper for lower back teeth than for all others; their roots stand in the thick body of
-// the mandible.
+// Returns the way from the chewing surface to the middle of the tooth's box, in mm along z.
+// Intended: it is longer for lower back teeth than for all others. Their roots are in the thick
+// body of the mandible, and the fallback on the teeth relies on bone around them.
 float depthOfBox(ToothChart::Tooth tooth)
 {
     const bool isUpper = ToothChart::isUpperTooth(tooth);
@@ -93,8 +90,8 @@ TissueEstimationHistogramCreator::createHistogram(EstimatedRegion region) const
     auto histogram = createHistogram(values, kBinWidth);
     if (histogram->getRangeOfPositiveBinCenters() < kNarrowRange)
         histogram = createHistogram(values, kNarrowBinWidth);
-    // Intended: in the region in front of the face the lowest bin is air, which must be found as a
-    // maximum.
+    // Intended: only this region gets a low bin. Its lowest bin is air, which the estimate needs as
+    // a maximum.
     if (region == FirstLandmarkRegion)
         histogram->addLowBin();
     return histogram;
@@ -106,12 +103,13 @@ int TissueEstimationHistogramCreator::getNumberOfVOIsFullyContainedInVolume(
     const primitives::BoundingBox extent = ctData->getBoundingBox();
     const QMatrix4x4 volumeFromWorld = volumeToWorld.inverted();
     const Boxes boxes = getBBsForRegion(region);
-    return static_cast<int>(std::count_if(boxes.begin(), boxes.end(), [&](const auto& box) {
+    const auto isInside = [&](const primitives::BoundingBox& box) {
         const auto corners =
             primitives::OrientedBoundingBox(box).transformed(volumeFromWorld).getCornerPoints();
-        return std::all_of(corners.begin(), corners.end(),
-                           [&extent](const QVector3D& corner) { return extent.contains(corner); });
-    }));
+        return std::ranges::all_of(
+            corners, [&extent](const QVector3D& corner) { return extent.contains(corner); });
+    };
+    return static_cast<int>(std::ranges::count_if(boxes, isInside));
 }
 
 std::unique_ptr<TissueEstimationHistogram>

@@ -7,6 +7,7 @@
 #include <Eigen/SVD>
 
 #include <cstddef>
+#include <iterator>
 #include <utility>
 
 const math::Range<float> TissueEstimator::DEFAULT_MEDICAL_CT_LW = {-1000.0F, 2200.0F};
@@ -17,7 +18,8 @@ namespace {
 
 using Creator = TissueEstimationHistogramCreator;
 
-constexpr int kFewestBoxes = 2; // of a landmark region, for its histogram to be trusted
+// The fewest boxes inside the scan with which the histogram of a landmark region is trusted.
+constexpr int kFewestBoxes = 2;
 
 } // namespace
 
@@ -34,14 +36,14 @@ bool TissueEstimator::estimate()
     const auto face = histogramCreator.createHistogram(Creator::FirstLandmarkRegion)->findMaxima();
     const auto skull =
         histogramCreator.createHistogram(Creator::SecondLandmarkRegion)->findMaxima();
-    // Intended: peaks out of order clear a held estimate, peaks that are missing keep it; so the
-    // application may estimate again after landmarks were removed, without losing what it shows.
+    // Intended: peaks out of order clear a held estimate, missing peaks keep it. Applications rely
+    // on it: they estimate again after landmarks were removed without losing what they show.
     if (face && skull)
         estimatedTissues = greyvalue::tissuesFromLandmarks(face.value().first, skull.value());
 
     if (!useTeethFallback())
         return true;
-    // Intended: the teeth replace an estimate from too few boxes.
+    // Intended: the teeth replace an estimate from too few boxes; applications trust what is held.
     const auto teeth = histogramCreator.createHistogram(Creator::TeethRegion)->findMaxima();
     if (teeth)
         estimatedTissues = greyvalue::tissuesFromTeeth(teeth.value());
@@ -67,8 +69,8 @@ math::Range<float> TissueEstimator::calculateLevelWindow(const colormap::Tissues
     if (kept.empty())
         return {};
 
-    Eigen::MatrixXd design(static_cast<Eigen::Index>(kept.size()), 2);
-    Eigen::VectorXd values(static_cast<Eigen::Index>(kept.size()));
+    Eigen::MatrixXd design(std::ssize(kept), 2);
+    Eigen::VectorXd values(std::ssize(kept));
     Eigen::Index row = 0;
     for (const auto& [place, level] : kept) {
         design(row, 0) = 1.0 - place;
@@ -84,9 +86,9 @@ math::Range<float> TissueEstimator::calculateLevelWindow(const colormap::Tissues
 
 bool TissueEstimator::useTeethFallback() const
 {
-    return !estimatedTissues ||
-           histogramCreator.getNumberOfVOIsFullyContainedInVolume(Creator::FirstLandmarkRegion) <
-               kFewestBoxes ||
-           histogramCreator.getNumberOfVOIsFullyContainedInVolume(Creator::SecondLandmarkRegion) <
-               kFewestBoxes;
+    const auto hasTooFewBoxes = [this](Creator::EstimatedRegion region) {
+        return histogramCreator.getNumberOfVOIsFullyContainedInVolume(region) < kFewestBoxes;
+    };
+    return !estimatedTissues || hasTooFewBoxes(Creator::FirstLandmarkRegion) ||
+           hasTooFewBoxes(Creator::SecondLandmarkRegion);
 }

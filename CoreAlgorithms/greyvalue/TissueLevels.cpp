@@ -9,8 +9,8 @@
 namespace greyvalue {
 namespace {
 
-// Distances between the default levels, in grey values: from T0 to T3, from T3 to T9, from T3 to
-// T7.
+// The distances from T0 to T3, from T3 to T9 and from T3 to T7 of the default levels, in grey
+// values.
 constexpr float kAirToSoftTissue = 1040.0F;
 constexpr float kSoftTissueToDenseBone = 1760.0F;
 constexpr float kSoftTissueToDentine = 1260.0F;
@@ -20,8 +20,7 @@ float distance(int from, int to)
     return static_cast<float>(std::int64_t(to) - from);
 }
 
-// T4, T5, T6, T8 and T10 lie on the line through T3; T7 and T9 as well, unless they are peaks
-// themselves.
+// Places T3, and T4 to T10 on the line through it. The callers then replace T7 or T9 by a peak.
 void placeAboveSoftTissue(colormap::Tissues& tissues, float scale, int softTissue)
 {
     const auto start = static_cast<float>(softTissue);
