@@ -23,7 +23,7 @@ void addReachable(Reachable& reachable, const std::vector<Ovoid>& parts, double 
 template <typename Reachable>
 bool isInsideAny(const Reachable& parts, const Point& position)
 {
-    return std::any_of(parts.begin(), parts.end(), [&position](const Ovoid* part) {
+    return std::ranges::any_of(parts, [&position](const Ovoid* part) {
         return part->reachesAlongX(position.x) && part->depthOf(position) >= 0.0;
     });
 }
@@ -90,15 +90,14 @@ Tissue Anatomy::tissueAt(const Column& column, const Row& row) const
 ToothChart::Tooth Anatomy::toothAt(const Column& column, const Row& row) const
 {
     const bool isInHead = std::abs(column.x - kMidlineX) <= row.headHalfWidth;
-    const auto found =
-        std::find_if(row.teeth.begin(), row.teeth.end(), [&](const ToothShape::Slice& slice) {
-            return ToothShape::tissueIn(slice, column.x, row.y).has_value();
-        });
+    const auto found = std::ranges::find_if(row.teeth, [&](const ToothShape::Slice& slice) {
+        return ToothShape::tissueIn(slice, column.x, row.y).has_value();
+    });
     return isInHead && found != row.teeth.end() ? found->tooth->universalNumber()
                                                 : ToothChart::NoTooth;
 }
 
-// The nerve, and its cortical rim where it runs inside the mandible.
+// Finds the nerve, and its cortical rim where it runs inside the mandible.
 std::optional<Tissue> Anatomy::canalAt(const Column& column, const Row& row) const
 {
     const std::size_t side = column.x < kMidlineX ? 0 : 1;

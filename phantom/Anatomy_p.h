@@ -19,9 +19,9 @@ namespace phantom {
 
 /// All parts of the patient together.
 ///
-/// A tissue is asked for where a Column (all that depends on x and y) crosses a Row (all that
-/// depends on y and z). An image shares them between its voxels; a single position makes its own,
-/// and so gets exactly the image's answer.
+/// A tissue is found where a Column (all that depends on x and y) crosses a Row (all that depends
+/// on y and z). An image shares them between its voxels. A single position makes its own, and so
+/// gives exactly the tissue of the image.
 class Anatomy
 {
 public:
@@ -49,14 +49,14 @@ public:
     Anatomy();
 
     const std::vector<ToothShape>& teeth() const { return allTeeth; }
-    /// Right, left.
+    /// Returns the canals on the patient's right and left.
     const std::array<CanalShape, 2>& canals() const { return bothCanals; }
 
     Column columnAt(double x, double y) const;
     Row rowAt(double y, double z) const;
-    /// The two must have the same y.
+    /// Returns the tissue where the two cross. Both must have the same y.
     Tissue tissueAt(const Column& column, const Row& row) const;
-    /// NoTooth where no tooth is.
+    /// Returns the tooth where the two cross, or NoTooth.
     ToothChart::Tooth toothAt(const Column& column, const Row& row) const;
 
 private:

@@ -8,9 +8,8 @@ namespace phantom {
 
 namespace {
 
-// (offset from the midline, y, z). The first point lies outside the bone, the second inside; the
-// last but one inside, the last outside: the foramina are where the line between them meets the
-// surface.
+// (offset from the midline, y, z). The first and the last point are outside the bone, their
+// neighbors inside: the foramina are where the line between them meets the surface.
 constexpr auto kRightCourse = std::to_array<Point>({
     {37.0, 90.0, 72.0},
     {43.5, 87.5, 66.0},
@@ -38,7 +37,7 @@ constexpr auto kLeftCourse = std::to_array<Point>({
 
 constexpr double kSampleDistance = 0.7; // mm, the longest
 
-// Where the line from a point outside to a point inside enters the bone.
+// Returns where the line from a point outside to a point inside enters the bone.
 Point entryIntoBone(const Mandible& mandible, Point outside, Point inside)
 {
     constexpr int halvings = 40;
@@ -105,8 +104,8 @@ double CanalShape::squaredDistance(const Row& row, const Point& position, double
     if (position.x < low.x || position.x > high.x)
         return nearest;
     for (const int i : row) {
-        const Point& start = chain[static_cast<std::size_t>(i)];
-        const Point along = chain[static_cast<std::size_t>(i) + 1] - start;
+        const Point& start = chain[i];
+        const Point along = chain[i + 1] - start;
         const Point away = position - (start + closestFraction(position, start, along) * along);
         nearest = std::min(nearest, dot(away, away));
     }

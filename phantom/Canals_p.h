@@ -24,8 +24,9 @@ public:
     explicit CanalShape(std::vector<Point> samples);
 
     const std::vector<Point>& centreLine() const { return chain; }
+    /// Adds the stretches that a line in x at (y, z) may come close to.
     void addReachable(Row& row, double y, double z) const;
-    /// Squared distance from the centre line, never more than `limit`.
+    /// Returns the squared distance from the center line, at most `limit`.
     double squaredDistance(const Row& row, const Point& position, double limit) const;
 
 private:
@@ -34,9 +35,10 @@ private:
     Point high;
 };
 
-/// Centre line from the mandibular to the mental foramen, both on the surface of the bone; samples
-/// below 1 mm apart.
+/// Returns the center line of the right canal from the mandibular to the mental foramen, both on
+/// the surface of the bone, in samples less than 1 mm apart.
 std::vector<Point> courseOfRightCanal(const Mandible& mandible);
+/// Does the same for the left canal.
 std::vector<Point> courseOfLeftCanal(const Mandible& mandible);
 
 } // namespace phantom

@@ -10,11 +10,10 @@
 #include <utility>
 #include <vector>
 
-/// The geometry that the phantom's anatomy is made of. Lengths are mm, positions lie in the
-/// patient's frame.
+/// The geometry of the phantom's anatomy. Lengths are in mm, positions in the patient's frame.
 ///
-/// Only addition, multiplication, division, square root and comparison take part: these round alike
-/// on every machine, and so the anatomy is the same everywhere.
+/// It uses addition, multiplication, division, square root and comparison alone. These round in the
+/// same way on every machine, and so the anatomy is the same everywhere.
 namespace phantom {
 
 struct Point
@@ -62,15 +61,15 @@ inline double mix(double from, double to, double fraction)
     return from + (to - from) * fraction;
 }
 
-/// 0 below 0, 1 above 1, level at both ends.
+/// Returns 0 below 0, 1 above 1, and between them a cubic that is level at both ends.
 inline double smoothStep(double value)
 {
     const double t = std::clamp(value, 0.0, 1.0);
     return t * t * (3.0 - 2.0 * t);
 }
 
-/// Fraction of the way from `start` along `direction` at which the segment comes closest to the
-/// point.
+/// Returns the fraction of the way from `start` along `direction` at which the segment is closest
+/// to the point.
 inline double closestFraction(const Point& point, const Point& start, const Point& direction)
 {
     const double squaredLength = dot(direction, direction);
@@ -79,8 +78,8 @@ inline double closestFraction(const Point& point, const Point& start, const Poin
     return std::clamp(dot(point - start, direction) / squaredLength, 0.0, 1.0);
 }
 
-/// Depth below the surface of a box with rounded edges, negative outside; `pastA` and `pastB` are
-/// the signed distances past the two pairs of faces, negative inside.
+/// Returns the depth below the surface of a box with rounded edges, negative outside. `pastA` and
+/// `pastB` are the signed distances past the two pairs of faces, negative inside.
 inline double depthInRoundedBox(double pastA, double pastB, double rounding)
 {
     const double a = pastA + rounding;
@@ -90,7 +89,8 @@ inline double depthInRoundedBox(double pastA, double pastB, double rounding)
     return rounding - outside - inside;
 }
 
-/// The cubic from `b` (fraction 0) to `c` (fraction 1) whose tangents are parallel to ac and bd.
+/// Returns a point of the cubic from `b` (t = 0) to `c` (t = 1) whose tangents are parallel to ac
+/// and bd.
 template <typename Value>
 Value onSpline(const Value& a, const Value& b, const Value& c, const Value& d, double t)
 {
@@ -100,7 +100,7 @@ Value onSpline(const Value& a, const Value& b, const Value& c, const Value& d, d
            (0.5 * (4.0 * t2 - 3.0 * t3 + t)) * c + (0.5 * (t3 - t2)) * d;
 }
 
-/// A smooth open curve through all points, `steps` samples for each span.
+/// Returns a smooth open curve through all points, with `steps` samples for each span.
 template <typename Value>
 std::vector<Value> smoothThrough(std::span<const Value> points, int steps)
 {
@@ -116,7 +116,7 @@ std::vector<Value> smoothThrough(std::span<const Value> points, int steps)
     return curve;
 }
 
-/// A smooth function through knots (position, value) in ascending position; constant beyond the
+/// A smooth function through knots (position, value) in ascending position, constant beyond the
 /// first and the last.
 class Profile
 {
@@ -141,7 +141,7 @@ public:
     }
 
 private:
-    // Slope between the neighbours of a knot.
+    // Returns the slope between the neighbors of a knot.
     double slopeAt(std::size_t knot) const
     {
         const auto& before = all[knot == 0 ? 0 : knot - 1];
@@ -152,7 +152,7 @@ private:
     std::vector<std::pair<double, double>> all;
 };
 
-/// An ellipsoid drawn along a segment; with equal ends, the ellipsoid itself.
+/// An ellipsoid moved along a segment, or the ellipsoid itself if both ends are equal.
 struct Ovoid
 {
     Point from;
@@ -171,7 +171,7 @@ struct Ovoid
         return x >= std::min(from.x, to.x) - semiAxes.x && x <= std::max(from.x, to.x) + semiAxes.x;
     }
 
-    /// About the depth below the surface; negative outside, zero on it.
+    /// Returns an estimate of the depth below the surface, negative outside and zero on it.
     double depthOf(const Point& point) const
     {
         const Point start = scaled(from);

@@ -8,9 +8,9 @@ namespace {
 
 constexpr double kWidestY = 98.0; // where the head is widest, whatever the height
 
-Ovoid ellipsoid(const Point& centre, const Point& semiAxes)
+Ovoid ellipsoid(const Point& center, const Point& semiAxes)
 {
-    return {centre, centre, semiAxes};
+    return {center, center, semiAxes};
 }
 
 Ovoid rod(const Point& from, const Point& to, double radius)
@@ -23,8 +23,8 @@ Ovoid grown(const Ovoid& ovoid, double by)
     return {ovoid.from, ovoid.to, ovoid.semiAxes + Point{by, by, by}};
 }
 
-// A bone of which x is the distance from the midline, in the patient; side: -1 for the right, 1 for
-// the left.
+// Returns a bone in the patient; its x is the distance from the midline. The side is -1 for the
+// right and 1 for the left.
 Ovoid placed(const Ovoid& bone, double side)
 {
     return {{kMidlineX + side * bone.from.x, bone.from.y, bone.from.z},

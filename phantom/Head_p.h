@@ -6,7 +6,7 @@
 
 #include <vector>
 
-/// What surrounds the jaws: skin, airways and the other bones in the field of view.
+/// The parts around the jaws: skin, airways and the other bones in the field of view.
 namespace phantom {
 
 /// The skin's surface: lower face and neck.
@@ -15,7 +15,7 @@ class Skin
 public:
     Skin();
 
-    /// Half the head's width along a line in x; negative where the line misses the head.
+    /// Returns half the head's width along a line in x, negative where the line misses the head.
     double halfWidthAt(double y, double z) const;
 
 private:
@@ -28,12 +28,12 @@ private:
     Profile noseWidth;
 };
 
-/// Cheekbones, walls of the maxillary sinuses, skull base and spine.
+/// Returns cheekbones, walls of the maxillary sinuses, skull base and spine.
 std::vector<Ovoid> otherBones();
-/// Air inside the head. The left maxillary sinus is the larger one, and the nasal septum stands to
-/// the left.
+/// Returns the air inside the head. The left maxillary sinus is the larger one, and the nasal
+/// septum is to the left.
 std::vector<Ovoid> airSpaces();
-/// Soft tissue that fills part of the air spaces: tongue, soft palate and turbinates.
+/// Returns soft tissue that fills part of the air spaces: tongue, soft palate and turbinates.
 std::vector<Ovoid> lumpsInAirSpaces();
 
 } // namespace phantom

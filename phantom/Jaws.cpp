@@ -8,7 +8,7 @@ namespace phantom {
 
 namespace {
 
-constexpr double kFarOutside = -1000.0; // mm, where nobody asks how far
+constexpr double kFarOutside = -1000.0; // mm, where the exact depth does not matter
 
 // offset, y, crestZ, baseZ, halfCrest, halfBase, lean
 constexpr auto kMandibleSections = std::to_array<RidgeSection>({
@@ -58,7 +58,7 @@ constexpr auto kRamusOutline = std::to_array<Point>({
 
 constexpr int kSectionsPerSpan = 4;
 constexpr double kEdgeRounding = 0.7; // of the half-thickness
-// mm: so near to both, the parts of the mandible run smoothly into each other.
+// The distance, in mm, within which the parts of the mandible run smoothly into each other.
 constexpr double kFillet = 5.0;
 
 std::vector<Point> smoothLoop(std::span<const Point> corners, int steps)
@@ -74,7 +74,7 @@ std::vector<Point> smoothLoop(std::span<const Point> corners, int steps)
     return loop;
 }
 
-// Distance to a loop in the plane x = 0, positive inside.
+// Returns the distance to a loop in the plane x = 0, positive inside.
 double depthInLoop(const std::vector<Point>& loop, const Point& position)
 {
     double nearestSquared = square(kFarOutside);
@@ -92,14 +92,14 @@ double depthInLoop(const std::vector<Point>& loop, const Point& position)
     return inside ? std::sqrt(nearestSquared) : -std::sqrt(nearestSquared);
 }
 
-// The larger of two depths, with a fillet where they are nearly equal.
+// Returns the larger of two depths, with a fillet where they are nearly equal.
 double joined(double a, double b)
 {
     const double overlap = std::max(kFillet - std::abs(a - b), 0.0) / kFillet;
     return std::max(a, b) + 0.25 * kFillet * square(overlap);
 }
 
-// The left half of the mandible flares: from the molars backwards it lies up to 1.5 mm farther from
+// The left half of the mandible flares: from the molars backward it is up to 1.5 mm farther from
 // the midline.
 double leftFlare(double y)
 {
@@ -166,7 +166,7 @@ Ramus::Row Ramus::rowAt(double y, double z) const
     if (z < lowest || z > highest || y < foremost || y > hindmost)
         return row;
     row.insideOutline = depthInLoop(outline, {0.0, y, z});
-    // The plate flares upwards and comes in forwards, where it meets the body.
+    // The plate flares upward and comes in forward, where it meets the body.
     row.middle = 45.0 + 0.2 * std::max(z - 70.0, 0.0) - 0.45 * std::max(86.0 - y, 0.0);
     row.halfThickness = mix(3.4, 4.6, smoothStep((100.0 - z) / 40.0));
     return row;

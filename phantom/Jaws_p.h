@@ -7,17 +7,16 @@
 #include <span>
 #include <vector>
 
-/// The bones that bear the teeth. Depths are mm below the bone's surface, about; negative outside,
-/// zero on it.
+/// The bones that bear the teeth. Depths are estimates in mm below the bone's surface, negative
+/// outside and zero on it.
 namespace phantom {
 
-/// A cross-section of a jaw's ridge and where it stands. Offsets from the midline and lengths are
-/// mm.
+/// A cross-section of a jaw's ridge and its place. Lengths are in mm, offsets from the midline.
 struct RidgeSection
 {
     double offset; ///< of the ridge's crest from the midline
     double y;
-    double crestZ;    ///< where the teeth stand
+    double crestZ;    ///< the end with the teeth
     double baseZ;     ///< the other end
     double halfCrest; ///< half the thickness at the crest
     double halfBase;
@@ -41,13 +40,13 @@ inline RidgeSection operator*(double factor, const RidgeSection& a)
             factor * a.halfCrest, factor * a.halfBase, factor * a.lean};
 }
 
-/// One half of a horseshoe of bone, drawn along the arch from the midline backwards. The other half
-/// is its mirror image.
+/// One half of a horseshoe of bone, along the arch from the midline backward. The other half is its
+/// mirror image.
 class Ridge
 {
 public:
     /// The ridge seen from a point above: the nearest section and the distance from its crest,
-    /// outwards positive.
+    /// positive outward.
     struct Column
     {
         RidgeSection section;

@@ -6,8 +6,8 @@
 
 namespace phantom {
 
-/// 64 well-mixed bits of a seed and a voxel index: multiplications by odd constants and shifted
-/// copies, both invertible.
+/// Returns 64 well-mixed bits for a seed and a voxel index. It multiplies by odd constants and adds
+/// shifted copies; both can be inverted.
 inline std::uint64_t mixedBits(std::uint32_t seed, std::uint64_t voxelIndex)
 {
     std::uint64_t bits =
@@ -17,9 +17,9 @@ inline std::uint64_t mixedBits(std::uint32_t seed, std::uint64_t voxelIndex)
     return bits ^ (bits >> 32);
 }
 
-/// Noise of mean 0 and variance 1, nearly normal: the sum of eight uniform bytes, centred and
-/// scaled. It depends on seed and voxel only, not on the order of painting, and stays within 4.9
-/// standard deviations.
+/// Returns noise of mean 0 and variance 1 that is nearly normal: the sum of eight uniform bytes,
+/// centered and scaled. It depends on the seed and the voxel alone, not on the order of painting,
+/// and stays within 4.9 standard deviations.
 inline double unitNoise(std::uint32_t seed, std::uint64_t voxelIndex)
 {
     constexpr double mean = 8 * 127.5;

@@ -51,7 +51,8 @@ Settings usable(Settings settings)
     return settings;
 }
 
-// Voxels along the three axes, all centres inside the volume; zeros if there can be no image.
+// Returns the numbers of voxels along the axes, all centers inside the volume, or zeros if there
+// can be no image.
 math::Ivec3 voxelCounts(float voxelSizeMm)
 {
     if (!std::isfinite(voxelSizeMm) || voxelSizeMm <= 0.0F)
@@ -64,25 +65,24 @@ math::Ivec3 voxelCounts(float voxelSizeMm)
     return {int(alongX), int(alongY), int(alongZ)};
 }
 
-double voxelCentre(int index, float voxelSizeMm)
+double voxelCenter(int index, float voxelSizeMm)
 {
     return double(float(index) * voxelSizeMm);
 }
 
-// Grey values, noise and rounding.
+// Paints voxels: grey values, noise and rounding.
 class Painter
 {
 public:
     explicit Painter(const Patient& patient) : settings(patient.settings())
     {
         for (int tissue = 0; tissue < kTissueCount; ++tissue)
-            greyOf[static_cast<std::size_t>(tissue)] =
-                double(patient.paintedGreyValue(Tissue(tissue)));
+            greyOf[tissue] = double(patient.paintedGreyValue(Tissue(tissue)));
     }
 
     std::int16_t voxel(Tissue tissue, std::size_t index) const
     {
-        double grey = greyOf[static_cast<std::size_t>(tissue)];
+        double grey = greyOf[int(tissue)];
         if (settings.noiseSigma > 0.0F)
             grey += double(settings.noiseSigma) * unitNoise(settings.seed, index);
         return static_cast<std::int16_t>(std::round(std::clamp(grey, -32768.0, 32767.0)));
@@ -146,16 +146,13 @@ float Patient::paintedGreyValue(Tissue tissue) const
     if (index < 0 || index >= kTissueCount)
         return 0.0F;
     constexpr double largest = std::numeric_limits<float>::max();
-    const double grey =
-        double(chosen.gain) * chosen.greyValues[static_cast<std::size_t>(index)] + chosen.offset;
+    const double grey = double(chosen.gain) * chosen.greyValues[index] + chosen.offset;
     return float(std::clamp(grey, -largest, largest));
 }
 
 std::optional<Tooth> Patient::tooth(int number) const
 {
-    const auto found =
-        std::find_if(allTeeth.cbegin(), allTeeth.cend(),
-                     [number](const Tooth& tooth) { return tooth.number == number; });
+    const auto found = std::ranges::find(allTeeth, number, &Tooth::number);
     return found == allTeeth.cend() ? std::nullopt : std::optional<Tooth>(*found);
 }
 
@@ -200,17 +197,14 @@ VexelImage3D Patient::createVolume(const std::function<void(double)>& progress) 
     report(0.0);
     const Painter painter(*this);
     auto* const voxels = static_cast<std::int16_t*>(volume.dataPtr());
-    std::vector<Anatomy::Column> columns(static_cast<std::size_t>(size.x));
+    std::vector<Anatomy::Column> columns(size.x);
     for (int y = 0; y < size.y; ++y) {
-        const double centreY = voxelCentre(y, voxelSize);
+        const double centerY = voxelCenter(y, voxelSize);
         for (int x = 0; x < size.x; ++x)
-            columns[static_cast<std::size_t>(x)] =
-                anatomy->columnAt(voxelCentre(x, voxelSize), centreY);
+            columns[x] = anatomy->columnAt(voxelCenter(x, voxelSize), centerY);
         for (int z = 0; z < size.z; ++z) {
-            const Anatomy::Row row = anatomy->rowAt(centreY, voxelCentre(z, voxelSize));
-            auto index = (static_cast<std::size_t>(z) * static_cast<std::size_t>(size.y) +
-                          static_cast<std::size_t>(y)) *
-                         columns.size();
+            const Anatomy::Row row = anatomy->rowAt(centerY, voxelCenter(z, voxelSize));
+            std::size_t index = (std::size_t(z) * size.y + y) * columns.size();
             for (const Anatomy::Column& column : columns) {
                 voxels[index] = painter.voxel(anatomy->tissueAt(column, row), index);
                 ++index;

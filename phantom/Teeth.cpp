@@ -12,7 +12,7 @@ using Kind = ToothForm::Kind;
 
 constexpr int kTeethPerSide = 7;
 
-// From the midline to the second molar.
+// The teeth of one side, from the midline to the second molar.
 constexpr std::array<ToothForm, kTeethPerSide> kUpperForms = {{
     {Kind::Incisor, 8.6, 7.0, 10.5, 23.5, 8.0, 59.0},
     {Kind::Incisor, 6.7, 6.2, 9.5, 22.5, 7.0, 59.3},
@@ -32,8 +32,7 @@ constexpr std::array<ToothForm, kTeethPerSide> kLowerForms = {{
     {Kind::LowerMolar, 10.6, 10.2, 7.2, 19.5, -2.0, 59.3},
 }};
 
-// The line on which the occlusal points stand: y = front + depth * (u^2 + u^4) / 2 with u = x /
-// halfWidth.
+// The line of the occlusal points: y = front + depth * (u^2 + u^4) / 2 with u = x / halfWidth.
 struct ArchLine
 {
     double front;
@@ -55,7 +54,7 @@ struct ArchLine
 constexpr ArchLine kUpperLine = {30.0, 39.0, 25.6};
 constexpr ArchLine kLowerLine = {33.0, 36.0, 23.0};
 
-// Distance from the midline of the point that lies a length of arch away from it.
+// Returns the distance from the midline of the point at a length of arch from it.
 double offsetAtArchLength(const ArchLine& line, double archLength)
 {
     constexpr double step = 0.005;
@@ -81,9 +80,9 @@ ToothPlace placeAt(const ArchLine& line, double archLength, double side)
 
 double archLengthTo(const std::array<ToothForm, kTeethPerSide>& forms, int fromMidline)
 {
-    double archLength = 0.5 * forms[static_cast<std::size_t>(fromMidline)].width;
+    double archLength = 0.5 * forms[fromMidline].width;
     for (int i = 0; i < fromMidline; ++i)
-        archLength += forms[static_cast<std::size_t>(i)].width;
+        archLength += forms[i].width;
     return archLength;
 }
 
@@ -95,19 +94,19 @@ ToothShape growTooth(ToothChart::Tooth number)
     const bool right = across <= 8;
     const int fromMidline = right ? 8 - across : across - 9;
     const auto& forms = upper ? kUpperForms : kLowerForms;
-    return ToothShape(number, forms[static_cast<std::size_t>(fromMidline)],
+    return ToothShape(number, forms[fromMidline],
                       placeAt(upper ? kUpperLine : kLowerLine, archLengthTo(forms, fromMidline),
                               right ? -1.0 : 1.0));
 }
 
-// 0 at 0 and 2, 1 at 1; 0 elsewhere.
+// Returns a parabola that is 0 at 0 and 2 and 1 at 1, and 0 elsewhere.
 double hump(double value)
 {
     return std::max(value * (2.0 - value), 0.0);
 }
 
-// Half-width factor of a crown: `edge` at the occlusal surface (0), 1 where it is widest, `neck` at
-// its end (1).
+// Returns the half-width factor of a crown: `edge` at the occlusal surface (0), 1 where it is
+// widest, `neck` at its end (1).
 double crownBulge(double fraction, double widestAt, double edge, double neck)
 {
     if (fraction < widestAt)
@@ -115,7 +114,7 @@ double crownBulge(double fraction, double widestAt, double edge, double neck)
     return mix(1.0, neck, square((fraction - widestAt) / (1.0 - widestAt)));
 }
 
-// Half-width factor of a root from the neck (0) to the rounded tip (1).
+// Returns the half-width factor of a root from the neck (0) to the rounded tip (1).
 double rootTaper(double fraction)
 {
     return (1.0 - 0.5 * fraction) * std::sqrt(std::max(1.0 - square(square(fraction)), 0.0));
@@ -231,8 +230,8 @@ bool ToothShape::reaches(double y, double z) const
     return y >= place.y - reach && y <= place.y + reach;
 }
 
-// How far the occlusal surface rises above the occlusal point: cusps, or the slopes of a canine's
-// edge.
+// Returns how far the occlusal surface rises above the occlusal point: cusps, or the slopes of a
+// canine's edge.
 double ToothShape::riseOfSurface(double alongMesial, double alongOut) const
 {
     const double u = std::abs(alongMesial) / (0.5 * form.width);
@@ -382,9 +381,9 @@ std::optional<Tissue> ToothShape::tissueInRoots(const Slice& slice, double along
     const auto isInside = [=](const Section& section) {
         return section.contains(alongMesial, alongOut);
     };
-    if (std::none_of(slice.roots.begin(), slice.roots.end(), isInside))
+    if (std::ranges::none_of(slice.roots, isInside))
         return std::nullopt;
-    const bool inCanal = std::any_of(slice.rootCanals.begin(), slice.rootCanals.end(), isInside);
+    const bool inCanal = std::ranges::any_of(slice.rootCanals, isInside);
     return inCanal ? Tissue::Pulp : Tissue::Dentine;
 }
 
@@ -409,7 +408,7 @@ std::vector<Point> archThroughNecks(const std::vector<ToothShape>& teeth, ToothC
         endWidth = tooth.width();
     }
     if (arch == ToothChart::LowerArch)
-        std::reverse(necks.begin(), necks.end());
+        std::ranges::reverse(necks);
     const auto beyond = [endWidth](const Point& end, const Point& before) {
         const Point direction = end - before;
         return end + (endWidth / length(direction)) * direction;

@@ -23,31 +23,31 @@ struct ToothForm
     double thickness;   ///< of the crown, across the arch
     double crownLength; ///< occlusal point to neck
     double wholeLength; ///< occlusal point to apex, along z
-    /// How far the long axis moves towards the inside of the arch from occlusal point to apex.
+    /// How far the long axis moves toward the inside of the arch from occlusal point to apex.
     double lean;
     double occlusalZ; ///< height of the occlusal point in the patient's frame
 };
 
-/// Where a tooth stands, seen from above.
+/// The place of a tooth, seen from above.
 struct ToothPlace
 {
     double x; ///< of the occlusal point
     double y;
-    Point mesial; ///< unit vector along the arch towards the midline
+    Point mesial; ///< unit vector along the arch toward the midline
     Point out;    ///< unit vector across the arch to lip and cheek
 };
 
 /// A tooth: crown, root and their insides.
 ///
 /// Cross-sections are horizontal, and a leaning tooth is a sheared upright one. All that depends on
-/// the height is worked out once for a Slice, so that a voxel costs little.
+/// the height is computed once for a Slice.
 class ToothShape
 {
 public:
     /// A round or squarish outline in the axes of the tooth.
     struct Section
     {
-        double mesial = 0.0; ///< centre, from the long axis
+        double mesial = 0.0; ///< center, from the long axis
         double out = 0.0;
         double semiMesial = 0.0;
         double semiOut = 0.0;
@@ -62,7 +62,7 @@ public:
         double axisX; ///< where the long axis meets the slice
         double axisY;
         double reach; ///< half side of a square around the axis that holds the whole section
-        double belowOcclusal; ///< towards the root positive
+        double belowOcclusal; ///< positive toward the root
         Section outline;      ///< of the crown
         Section core;         ///< of the dentine in the crown
         Section chamber;      ///< of the pulp in the crown
@@ -75,13 +75,13 @@ public:
 
     ToothChart::Tooth universalNumber() const { return number; }
     Tooth description() const;
-    /// Middle of the section between crown and root.
+    /// Returns the middle of the section between crown and root.
     Point neck() const;
     double width() const { return form.width; }
 
     bool reaches(double y, double z) const;
     Slice sliceAt(double z) const;
-    /// Enamel, Dentine or Pulp, or nothing outside the tooth.
+    /// Returns Enamel, Dentine or Pulp, or nothing outside the tooth.
     static std::optional<Tissue> tissueIn(const Slice& slice, double x, double y);
 
 private:
@@ -112,11 +112,11 @@ private:
     ToothPlace place;
 };
 
-/// The 28 teeth in ascending number.
+/// Returns the 28 teeth in ascending number.
 std::vector<ToothShape> growTeeth();
 
-/// A curve through the necks of one arch's teeth from right to left, longer by the last tooth's
-/// width at both ends.
+/// Returns a curve through the necks of one arch's teeth from right to left, longer by the last
+/// tooth's width at both ends.
 std::vector<Point> archThroughNecks(const std::vector<ToothShape>& teeth,
                                     ToothChart::ArchType arch);
 
