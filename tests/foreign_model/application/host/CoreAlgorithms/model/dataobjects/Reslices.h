@@ -43,12 +43,7 @@ public:
     QVector3D getDirection1(bool) const { return {0.0F, 1.0F, 0.0F}; }
     QVector3D getSampleSize() const { return {1.0F, 1.0F, 1.0F}; }
     std::shared_ptr<CTData> getCTData() const { return nullptr; }
-#ifndef OMIT_GET_ORIGIN
-    QVector3D getOrigin() const
-    {
-        return {};
-    }
-#endif
+    QVector3D getOrigin() const { return {}; }
 };
 
 /// This application unrolls its arches along no line.
