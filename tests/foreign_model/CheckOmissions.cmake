@@ -14,7 +14,8 @@ file(GLOB headers RELATIVE "${model}" "${model}/*/*.h")
 list(FILTER headers EXCLUDE REGEX "^contract/")
 
 # change(<concept> <class> <text> <its replacement> <what the compiler must name>)
-# Replaces the first such text in the definition of a class; `class X : ` stands for its head with all its bases.
+# Replaces the first such text in the definition of a class; `class X : ` stands for its head with all its bases,
+# `class X` for the head of a definition that gets another name behind an empty class X.
 function(change concept class text replacement named)
     set(namespace "")
     if(class MATCHES "^([a-z]+)::(.*)")
@@ -46,6 +47,11 @@ function(change concept class text replacement named)
         set(text "${matched}")
         set(replacement "${replacement}\n{")
     endif()
+    if(text STREQUAL "class ${class}")
+        string(REPLACE "${class}" "Omitted${class}" definition "${matched}")
+        set(text "${matched}")
+        set(replacement "class ${class}\n{};\n${definition}")
+    endif()
     string(FIND "${rest}" "${text}" at)
     string(FIND "${rest}" "\n};" end)
     if(at EQUAL -1 OR at GREATER end)
@@ -66,6 +72,13 @@ function(omit concept operation)
     foreach(class IN LISTS ARGN)
         change(${concept} ${class} " ${operation}(" " omitted_${operation}(" "${operation}(")
     endforeach()
+    set(rows "${rows}" PARENT_SCOPE)
+endfunction()
+
+# without_base(<concept> <class>)
+# Puts an empty class in the place of a class, whose definition gets another name.
+function(without_base concept class)
+    change(${concept} ${class} "class ${class}" "" "${class}")
     set(rows "${rows}" PARENT_SCOPE)
 endfunction()
 
@@ -233,15 +246,12 @@ omit(ResliceFamily isMirroredVerticallyIn2D Reslice)
 omit(GuidingSplineFamily appendLastControlPoint GuidingSpline)
 omit(SurfaceModelFamily getSceneBoundingBox SurfaceObject Surface3DModel SurfaceTree)
 expect(SurfaceObjectFamily getSceneBoundingBox)
-change(TypedObject Maxilla "bool isOfType(const QString& classTypeId) const override;" "bool isOfType(int) const;"
-    "object.isOfType(classTypeId)")
 
-# Bases
-change(DynamicKindOf Implant3D "class Implant3D : "
-    "class Implant3D : public CoreObject, public std::enable_shared_from_this<CoreObject>" "Implant3D")
-change(DynamicKindOf Distractor "class Distractor : " "class Distractor : public CoreObject" "Distractor")
-change(DynamicKindOf ArrowAnnotation3D "class ArrowAnnotation3D : " "class ArrowAnnotation3D : public CoreObject"
-    "ArrowAnnotation3D")
+# Classes without any base (without_base() needs one without constructors)
+without_base(TypedObject Maxilla)
+without_base(DynamicKindOf PointUnlinkedMultiPositions)
+without_base(DynamicKindOf SoftTissueModel)
+expect(derived_from SoftTissueModel)
 change(StaticKindOf CephReslice "class CephReslice : " "class CephReslice : public virtual Reslice" "CephReslice")
 
 # Results of another type, though they convert, and pointers of another kind
