@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+
+namespace utility {
+
+/// The clinic's optional is the standard one.
+template <typename T>
+class Optional : public std::optional<T>
+{
+public:
+    using std::optional<T>::optional;
+};
+
+} // namespace utility
