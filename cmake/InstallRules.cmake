@@ -1,4 +1,5 @@
-# What an installation holds: both libraries, the public headers, a CMake package and a pkg-config file.
+# What an installation holds: both libraries, the public headers, a CMake package, a pkg-config file, and the sources
+# for applications with a model of their own.
 # An installation of a build against an application's own model would dangle, so there is none.
 if(NOT CoreAlgorithms_MODEL_TARGET STREQUAL "CoreAlgorithms::Model")
     return()
@@ -7,6 +8,7 @@ endif()
 include(CMakePackageConfigHelpers)
 
 set(CoreAlgorithms_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/CoreAlgorithms")
+set(CoreAlgorithms_INSTALLED_SOURCE "${CMAKE_INSTALL_DATADIR}/CoreAlgorithms/source")
 
 install(TARGETS CoreAlgorithms CoreAlgorithmsModel
     EXPORT CoreAlgorithmsTargets
@@ -23,13 +25,19 @@ install(EXPORT CoreAlgorithmsTargets
 configure_package_config_file(
     "${PROJECT_SOURCE_DIR}/cmake/CoreAlgorithmsConfig.cmake.in"
     "${PROJECT_BINARY_DIR}/CoreAlgorithmsConfig.cmake"
-    INSTALL_DESTINATION "${CoreAlgorithms_CMAKE_DIR}")
+    INSTALL_DESTINATION "${CoreAlgorithms_CMAKE_DIR}"
+    PATH_VARS CoreAlgorithms_INSTALLED_SOURCE)
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/CoreAlgorithmsConfigVersion.cmake"
     COMPATIBILITY SameMinorVersion) # until 1.0 a new minor version may break callers
 install(FILES
     "${PROJECT_BINARY_DIR}/CoreAlgorithmsConfig.cmake"
     "${PROJECT_BINARY_DIR}/CoreAlgorithmsConfigVersion.cmake"
     DESTINATION "${CoreAlgorithms_CMAKE_DIR}")
+
+install(FILES "${PROJECT_SOURCE_DIR}/CMakeLists.txt" "${PROJECT_SOURCE_DIR}/LICENSE"
+    DESTINATION "${CoreAlgorithms_INSTALLED_SOURCE}")
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/CoreAlgorithms" "${PROJECT_SOURCE_DIR}/cmake"
+    DESTINATION "${CoreAlgorithms_INSTALLED_SOURCE}")
 
 # Relative, so that the installation can be moved.
 file(RELATIVE_PATH prefixFromPkgConfigDir "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
