@@ -58,14 +58,17 @@ int interpolated(const ToothPoints& points, ToothChart::Tooth tooth, const QList
     const auto notBelow = points.lowerBound(tooth);
     const auto lower = notBelow != points.begin() ? std::prev(notBelow) : points.begin();
 
-    const int lowerIndex = ComputeIndexOnGuidingLine::getIndexOf(lower.value()->getPosition(), path);
-    const int upperIndex = ComputeIndexOnGuidingLine::getIndexOf(upper.value()->getPosition(), path);
+    const int lowerIndex =
+        ComputeIndexOnGuidingLine::getIndexOf(lower.value()->getPosition(), path);
+    const int upperIndex =
+        ComputeIndexOnGuidingLine::getIndexOf(upper.value()->getPosition(), path);
     const float lowerOrdinal = ordinalOf(lower.key());
     const float upperOrdinal = ordinalOf(upper.key());
     if (lowerOrdinal == upperOrdinal)
         return lowerIndex;
     const float share = (ordinalOf(tooth) - lowerOrdinal) / (upperOrdinal - lowerOrdinal);
-    return rounded(static_cast<float>(lowerIndex) + static_cast<float>(upperIndex - lowerIndex) * share);
+    return rounded(static_cast<float>(lowerIndex) +
+                   static_cast<float>(upperIndex - lowerIndex) * share);
 }
 
 } // namespace
@@ -74,7 +77,8 @@ int ComputeIndexOnGuidingLine::getIndexOf(const QVector3D& point, const QList<QV
 {
     if (path.isEmpty())
         return -1;
-    const auto size = static_cast<int>(std::min<qsizetype>(path.size(), std::numeric_limits<int>::max()));
+    const auto size =
+        static_cast<int>(std::min<qsizetype>(path.size(), std::numeric_limits<int>::max()));
     return nearestsample::find(point, path.constData(), size);
 }
 
@@ -88,8 +92,8 @@ int ComputeIndexOnGuidingLine::getIndexOfMidPoint(GuidingLine* line)
     if (!line)
         return -1;
     const QList<QVector3D>& path = line->getOriginalPath();
-    // Intended: the middle sample is searched for, so that a path which passes there twice gives the first passage;
-    // whoever asks for the index of that position gets the same.
+    // Intended: the middle sample is searched for, so that a path which passes there twice gives
+    // the first passage; whoever asks for the index of that position gets the same.
     return path.isEmpty() ? -1 : getIndexOf(path[path.size() / 2], path);
 }
 
@@ -108,7 +112,8 @@ int ComputeIndexOnGuidingLine::getToothIndex(ToothChart::Tooth tooth, PlanarDent
     return interpolated(points, tooth, path);
 }
 
-QVector3D ComputeIndexOnGuidingLine::getToothPosition(ToothChart::Tooth tooth, PlanarDentalSpline* spline,
+QVector3D ComputeIndexOnGuidingLine::getToothPosition(ToothChart::Tooth tooth,
+                                                      PlanarDentalSpline* spline,
                                                       bool mapToSplineArch)
 {
     const int index = getToothIndex(tooth, spline, mapToSplineArch);
@@ -127,11 +132,12 @@ QList<int> ComputeIndexOnGuidingLine::getTeethIndices(PlanarDentalSpline* spline
     return indices;
 }
 
-QMap<int, QVector3D> ComputeIndexOnGuidingLine::calculateTeethPositions(ToothChart::ArchType /*archType*/,
-                                                                        PlanarDentalSpline* spline)
+QMap<int, QVector3D>
+ComputeIndexOnGuidingLine::calculateTeethPositions(ToothChart::ArchType /*archType*/,
+                                                   PlanarDentalSpline* spline)
 {
-    // Intended: the arch type plays no part. An arch that serves both jaws gives all its teeth to callers that ask
-    // for either.
+    // Intended: the arch type plays no part. An arch that serves both jaws gives all its teeth to
+    // callers that ask for either.
     QMap<int, QVector3D> positions;
     const ToothPoints points = toothPointsOf(spline);
     for (auto tooth = points.cbegin(); tooth != points.cend(); ++tooth)
@@ -140,7 +146,8 @@ QMap<int, QVector3D> ComputeIndexOnGuidingLine::calculateTeethPositions(ToothCha
 }
 
 std::map<ToothChart::Tooth, QVector3D>
-ComputeIndexOnGuidingLine::getIntermediateTeeth(PlanarDentalSpline* spline, dataobject::Mouth* mouth)
+ComputeIndexOnGuidingLine::getIntermediateTeeth(PlanarDentalSpline* spline,
+                                                dataobject::Mouth* mouth)
 {
     const ToothPoints points = toothPointsOf(spline);
     if (points.isEmpty())

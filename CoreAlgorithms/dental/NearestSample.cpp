@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/dental/NearestSample_p.h>
 
-// The compiler's own flags stay as they are: single functions are compiled for AVX2 and chosen when the program runs.
+// The compiler's own flags stay as they are: single functions are compiled for AVX2 and chosen when
+// the program runs.
 #if defined(__GNUC__) && defined(__x86_64__)
 #define COREALGORITHMS_AVX2 __attribute__((target("avx2")))
 #define COREALGORITHMS_AVX2_INLINE __attribute__((target("avx2"), always_inline)) inline
@@ -59,9 +60,10 @@ COREALGORITHMS_AVX2_INLINE Query makeQuery(const QVector3D& point)
             _mm256_setr_ps(y, z, x, y, z, x, y, z)};
 }
 
-// The square is that of the sample's coordinates less the point's; this way round the compiler reads them as it
-// subtracts.
-COREALGORITHMS_AVX2_INLINE __m256 squaredDifferences(const __m256& coordinates, const float* samples)
+// The square is that of the sample's coordinates less the point's; this way round the compiler
+// reads them as it subtracts.
+COREALGORITHMS_AVX2_INLINE __m256 squaredDifferences(const __m256& coordinates,
+                                                     const float* samples)
 {
     const __m256 difference = _mm256_sub_ps(coordinates, _mm256_loadu_ps(samples));
     return _mm256_mul_ps(difference, difference);
@@ -71,8 +73,8 @@ COREALGORITHMS_AVX2_INLINE __m256 squaredDifferences(const __m256& coordinates, 
 //     first   x0 y0 z0 x1 y1 z1 x2 y2
 //     second  z2 x3 y3 z3 x4 y4 z4 x5
 //     third   y5 z5 x6 y6 z6 x7 y7 z7
-// so that the eight x lie in different places, and likewise y and z. Picked out, x has the samples in the order
-// 0 3 6 1 4 7 2 5; y is turned to it by one place and z by two.
+// so that the eight x lie in different places, and likewise y and z. Picked out, x has the samples
+// in the order 0 3 6 1 4 7 2 5; y is turned to it by one place and z by two.
 COREALGORITHMS_AVX2_INLINE __m256 squaredDistances(const float* samples, const Query& query)
 {
     const __m256 first = squaredDifferences(query.first, samples);
@@ -137,11 +139,13 @@ COREALGORITHMS_AVX2 int findAvx2(const QVector3D& point, const QVector3D* sample
     Lanes lanes{_mm256_set1_ps(first), _mm256_setzero_si256()};
     const int lastStart = size - kBlock;
     __m256i start = _mm256_setzero_si256();
-    for (const float *block = floats, *end = blockAt(floats, lastStart); block < end; block += kBlockFloats) {
+    for (const float *block = floats, *end = blockAt(floats, lastStart); block < end;
+         block += kBlockFloats) {
         take(lanes, block, start, query);
         start = _mm256_add_epi32(start, _mm256_set1_epi32(kBlock));
     }
-    // The last block may overlap the one before: samples of both count with the earlier one, see below.
+    // The last block may overlap the one before: samples of both count with the earlier one, see
+    // below.
     take(lanes, blockAt(floats, lastStart), _mm256_set1_epi32(lastStart), query);
 
     alignas(32) float smallest[kLanes];
@@ -154,7 +158,8 @@ COREALGORITHMS_AVX2 int findAvx2(const QVector3D& point, const QVector3D* sample
             (smallest[lane] == smallest[best] && blockStart[lane] < blockStart[best]))
             best = lane;
     }
-    return blockStart[best] + placeInBlock(blockAt(floats, blockStart[best]), smallest[best], query);
+    return blockStart[best] +
+           placeInBlock(blockAt(floats, blockStart[best]), smallest[best], query);
 }
 
 } // namespace

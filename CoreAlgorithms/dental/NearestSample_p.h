@@ -4,8 +4,9 @@
 
 #include <QVector3D>
 
-/// The index of the first sample of least squared distance to a point, in single precision: x * x + y * y + z * z. A
-/// distance that is NaN is not less than another, and no distance is less than NaN.
+/// The index of the first sample of least squared distance to a point, in single precision: x * x +
+/// y * y + z * z. A distance that is NaN is not less than another, and no distance is less than
+/// NaN.
 ///
 /// Every version gives the same index for every input. The size must be positive.
 namespace nearestsample {

@@ -64,17 +64,18 @@ bool NerveGuidingSplineCalculator::validateSettings()
         return false;
     }
     if (!isPlaced(settings.mental_foramen)) {
-        QMessageLogger().warning("NerveGuidingSplineCalculator : mental foramen not correctly filled in.");
+        QMessageLogger().warning(
+            "NerveGuidingSplineCalculator : mental foramen not correctly filled in.");
         return false;
     }
     if (isOutOfBounds(settings.start_point_angle)) {
-        QMessageLogger().warning(
-            "NerveGuidingSplineCalculator : start_point_angle not within bounds [0,90], will be bound.");
+        QMessageLogger().warning("NerveGuidingSplineCalculator : start_point_angle not within "
+                                 "bounds [0,90], will be bound.");
         settings.start_point_angle = std::clamp(settings.start_point_angle, 0.0F, kRightAngle);
     }
     if (isOutOfBounds(settings.end_point_angle)) {
-        QMessageLogger().warning(
-            "NerveGuidingSplineCalculator : end_point_angle not within bounds [0,90], will be bound.");
+        QMessageLogger().warning("NerveGuidingSplineCalculator : end_point_angle not within bounds "
+                                 "[0,90], will be bound.");
         settings.end_point_angle = std::clamp(settings.end_point_angle, 0.0F, kRightAngle);
     }
     return true;
@@ -123,14 +124,17 @@ QVector3D NerveGuidingSplineCalculator::generateEndPoint() const
 {
     const float share = toLerpValue(settings.end_point_angle);
     const QVector2D course = share * getPerpendicular() + (1.0F - share) * getDirection();
-    // Intended: the share of the perpendicular is subtracted like that of the direction, so that the nerve leaves the
-    // line of the foramina on opposite sides at its two ends; the application's default angles rely on it.
-    return {settings.mandibular_foramen.toVector2D() - course * settings.end_point_distance, zValue};
+    // Intended: the share of the perpendicular is subtracted like that of the direction, so that
+    // the nerve leaves the line of the foramina on opposite sides at its two ends; the
+    // application's default angles rely on it.
+    return {settings.mandibular_foramen.toVector2D() - course * settings.end_point_distance,
+            zValue};
 }
 
 QVector2D NerveGuidingSplineCalculator::getDirection() const
 {
-    QVector2D direction = settings.mental_foramen.toVector2D() - settings.mandibular_foramen.toVector2D();
+    QVector2D direction =
+        settings.mental_foramen.toVector2D() - settings.mandibular_foramen.toVector2D();
     direction.normalize();
     return direction;
 }

@@ -41,10 +41,12 @@ struct NerveGuidingSplineCalculatorSettings
 
 // NOLINTEND(readability-identifier-naming)
 
-/// Which way does the mandibular nerve run between its two foramina, as a first proposal to be edited?
+/// Which way does the mandibular nerve run between its two foramina, as a first proposal to be
+/// edited?
 ///
-/// Five points at the height z midway between the foramina. With d the unit vector from the mandibular (N) towards the
-/// mental foramen (M), p = (d.y, -d.x), or (-d.y, d.x) on side 1, a and b the angles over 90 degrees:
+/// Five points at the height z midway between the foramina. With d the unit vector from the
+/// mandibular (N) towards the mental foramen (M), p = (d.y, -d.x), or (-d.y, d.x) on side 1, a and
+/// b the angles over 90 degrees:
 ///
 ///     start        M + (a p + (1 - a) d) start_point_distance
 ///     mental       M
@@ -52,21 +54,24 @@ struct NerveGuidingSplineCalculatorSettings
 ///     mandibular   N
 ///     end          N - (b p + (1 - b) d) end_point_distance
 ///
-/// The share of the perpendicular is subtracted at the end too: a start and an end of 90 degrees lie on opposite sides
-/// of the nerve. For foramina at the same x and y, d and p are (0, 0). Single precision throughout.
+/// The share of the perpendicular is subtracted at the end too: a start and an end of 90 degrees
+/// lie on opposite sides of the nerve. For foramina at the same x and y, d and p are (0, 0). Single
+/// precision throughout.
 ///
-/// Numbers that are not finite give points that are not; distances are used as they are, negative ones included.
+/// Numbers that are not finite give points that are not; distances are used as they are, negative
+/// ones included.
 class COREALGORITHMS_EXPORT NerveGuidingSplineCalculator
 {
 public:
-    explicit NerveGuidingSplineCalculator(const NerveGuidingSplineCalculatorSettings& nerveSettings);
+    explicit NerveGuidingSplineCalculator(
+        const NerveGuidingSplineCalculatorSettings& nerveSettings);
     NerveGuidingSplineCalculator(const NerveGuidingSplineCalculator&) = default;
     NerveGuidingSplineCalculator& operator=(const NerveGuidingSplineCalculator&) = default;
     virtual ~NerveGuidingSplineCalculator();
 
-    /// Computes the points and puts them in place of those of the spline. False, the spline untouched, if a foramen is
-    /// not placed, which is told in the warning log, or for a null spline. Angles outside [0, 90] are clamped for good,
-    /// with a warning.
+    /// Computes the points and puts them in place of those of the spline. False, the spline
+    /// untouched, if a foramen is not placed, which is told in the warning log, or for a null
+    /// spline. Angles outside [0, 90] are clamped for good, with a warning.
     bool fillSpline(GuidingSpline* spline);
 
     /// Of the last computation, in the order above; empty before the first.

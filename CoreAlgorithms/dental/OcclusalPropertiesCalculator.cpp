@@ -18,7 +18,8 @@ int truncated(float value)
 
 } // namespace
 
-float occlusalPropertiesCalculator::getOcclusalCenterPercentage(CTData::OcclusalPlaneDefinition definition)
+float occlusalPropertiesCalculator::getOcclusalCenterPercentage(
+    CTData::OcclusalPlaneDefinition definition)
 {
     return static_cast<int>(definition) == hostvalues::kOcclusalPlaneAtCenter ? 1.0F
                                                                               : kCentrePercentageBelowCentre;

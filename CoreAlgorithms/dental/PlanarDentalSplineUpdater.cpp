@@ -28,8 +28,9 @@ void tag(PlanarDentalSpline& spline, const std::shared_ptr<Point>& point,
     if (!point)
         return;
     const QVector3D position = point->getPosition();
-    const auto tooth = std::find_if(teethPositions.cbegin(), teethPositions.cend(),
-                                    [&](const QVector3D& candidate) { return isEqual(candidate, position); });
+    const auto tooth =
+        std::find_if(teethPositions.cbegin(), teethPositions.cend(),
+                     [&](const QVector3D& candidate) { return isEqual(candidate, position); });
     if (tooth != teethPositions.cend())
         spline.setTooth(tooth.key(), point);
 }
@@ -41,8 +42,8 @@ void rebuildPoints(PlanarDentalSpline& spline, const std::vector<QVector3D>& poi
     const auto last = std::prev(pointPositions.end());
     for (auto position = pointPositions.begin(); position != last; ++position)
         tag(spline, spline.appendControlPoint(*position), teethPositions, isFuzzilyEqual);
-    // Intended: the last point alone is compared exactly. Arches rely on it whose last tooth lies next to, but not
-    // at the end of the curve: the end stays without a tag.
+    // Intended: the last point alone is compared exactly. Arches rely on it whose last tooth lies
+    // next to, but not at the end of the curve: the end stays without a tag.
     tag(spline, spline.appendLastControlPoint(*last), teethPositions, isExactlyEqual);
 }
 
@@ -85,8 +86,8 @@ void PlanarDentalSplineUpdater::copy(const PlanarDentalSpline& source, PlanarDen
     const int occlusalIndex = source.getOcclusalIndex();
     const TeethPositions teeth = getTeethPositions(source);
     const std::vector<QVector3D> points = getPointPositions(source);
-    update(target, points, teeth, occlusalIndex, archType, cloneCurveOf(cloneSourceSpline ? source : target),
-           creationType);
+    update(target, points, teeth, occlusalIndex, archType,
+           cloneCurveOf(cloneSourceSpline ? source : target), creationType);
 }
 
 void PlanarDentalSplineUpdater::transform(PlanarDentalSpline& spline, const QMatrix4x4& matrix,
@@ -104,7 +105,8 @@ void PlanarDentalSplineUpdater::transform(PlanarDentalSpline& spline, const QMat
     update(spline, points, teeth, occlusalIndex, archType, std::move(curve), creationType);
 }
 
-std::vector<QVector3D> PlanarDentalSplineUpdater::getPointPositions(const PlanarDentalSpline& spline)
+std::vector<QVector3D>
+PlanarDentalSplineUpdater::getPointPositions(const PlanarDentalSpline& spline)
 {
     std::vector<QVector3D> positions;
     const QList<std::shared_ptr<Point>> points = spline.getControlPoints();

@@ -30,8 +30,9 @@ float labelOffset(ToothChart::ArchType archType)
 QList<ToothChart::Tooth> regionOf(const PlanarDentalSpline& spline)
 {
     const auto points = spline.getObjects();
-    return points.isEmpty() ? QList<ToothChart::Tooth>()
-                            : ToothChart::createContinuousRegion(points.firstKey(), points.lastKey());
+    return points.isEmpty()
+               ? QList<ToothChart::Tooth>()
+               : ToothChart::createContinuousRegion(points.firstKey(), points.lastKey());
 }
 
 } // namespace
@@ -47,8 +48,8 @@ Annotations ToothAnnotations3DGenerator::generate(const QList<PlanarDentalSpline
     Annotations annotations;
     for (PlanarDentalSpline* spline : splines) {
         if (spline)
-            annotations +=
-                generate(spline, ToothChart::filterTeethForArchType(teeth, spline->getArchType()), mouth);
+            annotations += generate(
+                spline, ToothChart::filterTeethForArchType(teeth, spline->getArchType()), mouth);
     }
     return annotations;
 }
@@ -62,19 +63,21 @@ std::shared_ptr<ToothAnnotation3D> ToothAnnotations3DGenerator::generate(
         return nullptr;
     const ToothChart::Tooth type = tooth->getToothType();
     const ToothChart::ArchType archType = ToothChart::getArchTypeOfTooth(type);
-    const auto ofArch = std::find_if(splines.begin(), splines.end(), [archType](PlanarDentalSpline* spline) {
-        return spline && spline->getArchType() == archType;
-    });
+    const auto ofArch =
+        std::find_if(splines.begin(), splines.end(), [archType](PlanarDentalSpline* spline) {
+            return spline && spline->getArchType() == archType;
+        });
     const bool found = ofArch != splines.end();
-    const auto chosen =
-        found ? ofArch
-              : std::find_if(splines.begin(), splines.end(), [](auto* spline) { return spline != nullptr; });
+    const auto chosen = found ? ofArch
+                              : std::find_if(splines.begin(), splines.end(),
+                                             [](auto* spline) { return spline != nullptr; });
     if (chosen == splines.end())
         return nullptr;
     QVector3D position = ComputeIndexOnGuidingLine::getToothPosition(
         found ? type : ToothChart::getOppositeTooth(type), *chosen, false);
     position.setZ(occlusalHeightOfSpline(*chosen, position.z()));
-    return makeToothAnnotation(tooth, position, labelOffset(archType), getDirection(*chosen, position));
+    return makeToothAnnotation(tooth, position, labelOffset(archType),
+                               getDirection(*chosen, position));
 }
 
 Annotations ToothAnnotations3DGenerator::generate(PlanarDentalSpline* spline,
@@ -93,16 +96,18 @@ Annotations ToothAnnotations3DGenerator::generate(PlanarDentalSpline* spline,
             continue;
         QVector3D position = ComputeIndexOnGuidingLine::getToothPosition(toothType, spline, false);
         position.setZ(occlusalHeightOfSpline(spline, position.z()));
-        annotations += createToothAnnotation(tooth, archType, position, labelOffset(archType),
-                                             getDirection(spline, position), teeth, bothArches, mouth);
+        annotations +=
+            createToothAnnotation(tooth, archType, position, labelOffset(archType),
+                                  getDirection(spline, position), teeth, bothArches, mouth);
     }
     return annotations;
 }
 
 Annotations ToothAnnotations3DGenerator::createToothAnnotation(
     // NOLINTNEXTLINE(performance-unnecessary-value-param): as the header has it
-    std::shared_ptr<dataobject::Tooth> tooth, ToothChart::ArchType archType, QVector3D position, float offset,
-    QVector3D direction, const QList<ToothChart::Tooth>& teeth, bool bothArches, dataobject::Mouth* mouth)
+    std::shared_ptr<dataobject::Tooth> tooth, ToothChart::ArchType archType, QVector3D position,
+    float offset, QVector3D direction, const QList<ToothChart::Tooth>& teeth, bool bothArches,
+    dataobject::Mouth* mouth)
 {
     Annotations annotations;
     if (!tooth || !mouth)
@@ -115,9 +120,10 @@ Annotations ToothAnnotations3DGenerator::createToothAnnotation(
     if (bothArches) {
         const ToothChart::Tooth opposite = ToothChart::getOppositeTooth(ownType);
         const ToothChart::ArchType ownArch = ToothChart::getArchTypeOfTooth(ownType);
-        const ToothChart::ArchType otherArch = ownArch == kUpperArch ? kLowerArch : kUpperArch;
-        // Intended: the opposing label is made without asking whether the mouth has the tooth; a requested tooth gets
-        // its label also where there is none, for the tooth that is to be created.
+        const ToothChart::ArchType otherArch = ownArch == kArch0 ? kArch1 : kArch0;
+        // Intended: the opposing label is made without asking whether the mouth has the tooth; a
+        // requested tooth gets its label also where there is none, for the tooth that is to be
+        // created.
         if (ToothChart::filterTeethForArchType(teeth, otherArch).contains(opposite))
             annotations.append(makeToothAnnotation(mouth->getToothForToothType(opposite), position,
                                                    labelOffset(ToothChart::getOppositeJaw(ownArch)),
@@ -128,7 +134,8 @@ Annotations ToothAnnotations3DGenerator::createToothAnnotation(
 
 std::shared_ptr<ToothAnnotation3D>
 ToothAnnotations3DGenerator::makeToothAnnotation(const std::shared_ptr<dataobject::Tooth>& tooth,
-                                                 QVector3D position, float offset, const QVector3D& direction)
+                                                 QVector3D position, float offset,
+                                                 const QVector3D& direction)
 {
     position.setZ(position.z() + offset);
     auto annotation = std::make_shared<ToothAnnotation3D>();
@@ -144,7 +151,8 @@ float ToothAnnotations3DGenerator::occlusalHeightOfSpline(PlanarDentalSpline* sp
     const std::shared_ptr<CTData> scan = plane ? plane->getCTData() : nullptr;
     if (!scan)
         return height;
-    return occlusalPropertiesCalculator::getOcclusalCenterPercentage(scan->getOcclusalPlaneDefinition()) *
+    return occlusalPropertiesCalculator::getOcclusalCenterPercentage(
+               scan->getOcclusalPlaneDefinition()) *
            scan->getBoundingBox().center().z();
 }
 
@@ -156,5 +164,6 @@ QVector3D ToothAnnotations3DGenerator::getDirection(PlanarDentalSpline* spline, 
 ToothChart::Tooth ToothAnnotations3DGenerator::getToothFromArchType(ToothChart::Tooth tooth,
                                                                     ToothChart::ArchType archType)
 {
-    return ToothChart::getArchTypeOfTooth(tooth) == archType ? tooth : ToothChart::getOppositeTooth(tooth);
+    return ToothChart::getArchTypeOfTooth(tooth) == archType ? tooth
+                                                             : ToothChart::getOppositeTooth(tooth);
 }

@@ -35,9 +35,8 @@ std::vector<ToothChart::Tooth> sortedTypesOf(const Objects& objects)
 
 } // namespace
 
-std::vector<std::shared_ptr<dataobject::Tooth>>
-ToothGenerationTools::createMissingTeeth(const Diagnosis* diagnosis,
-                                         const QList<std::shared_ptr<ToothAnnotation3D>>& annotations)
+std::vector<std::shared_ptr<dataobject::Tooth>> ToothGenerationTools::createMissingTeeth(
+    const Diagnosis* diagnosis, const QList<std::shared_ptr<ToothAnnotation3D>>& annotations)
 {
     const std::shared_ptr<dataobject::Mouth> mouth = mouthOf(diagnosis);
     if (!mouth)

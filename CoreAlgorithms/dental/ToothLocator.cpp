@@ -41,7 +41,8 @@ toothlocator::teethAround(double toothId, ToothChart::Tooth smallest, ToothChart
         neighbour -= 1.0;
     else if (nearest < toothId)
         neighbour += 1.0;
-    // Intended: only the neighbour is held within the spline's teeth; the nearest tooth is told as it was found.
+    // Intended: only the neighbour is held within the spline's teeth; the nearest tooth is told as
+    // it was found.
     neighbour = std::clamp(neighbour, static_cast<double>(smallest), static_cast<double>(largest));
     return {static_cast<ToothChart::Tooth>(static_cast<int>(nearest)),
             static_cast<ToothChart::Tooth>(static_cast<int>(neighbour))};
@@ -49,8 +50,8 @@ toothlocator::teethAround(double toothId, ToothChart::Tooth smallest, ToothChart
 
 ToothLocator::~ToothLocator() = default;
 
-std::pair<ToothChart::Tooth, ToothChart::Tooth> ToothLocator::getNearestToothIds(PlanarDentalSpline* spline,
-                                                                                 const QVector3D& point)
+std::pair<ToothChart::Tooth, ToothChart::Tooth>
+ToothLocator::getNearestToothIds(PlanarDentalSpline* spline, const QVector3D& point)
 {
     if (!spline)
         return kNobody;
@@ -58,18 +59,20 @@ std::pair<ToothChart::Tooth, ToothChart::Tooth> ToothLocator::getNearestToothIds
     QMap<int, ToothChart::Tooth> indexToTooth;
     for (auto tooth = points.cbegin(); tooth != points.cend(); ++tooth) {
         if (tooth.value())
-            indexToTooth.insert(ComputeIndexOnGuidingLine::getIndexOf(tooth.value()->getPosition(), spline),
-                                tooth.key());
+            indexToTooth.insert(
+                ComputeIndexOnGuidingLine::getIndexOf(tooth.value()->getPosition(), spline),
+                tooth.key());
     }
     const int index = ComputeIndexOnGuidingLine::getIndexOf(point, spline);
     if (indexToTooth.isEmpty() || index == -1)
-        return kNobody;
-    return toothlocator::teethAround(calculateToothIdByInterpolation(indexToTooth, index), points.firstKey(),
-                                     points.lastKey());
+        return nobody;
+    return toothlocator::teethAround(calculateToothIdByInterpolation(indexToTooth, index),
+                                     points.firstKey(), points.lastKey());
 }
 
-double ToothLocator::calculateToothIdByInterpolation(const QMap<int, ToothChart::Tooth>& indexToTooth,
-                                                     int index)
+double
+ToothLocator::calculateToothIdByInterpolation(const QMap<int, ToothChart::Tooth>& indexToTooth,
+                                              int index)
 {
     if (indexToTooth.isEmpty())
         return 0.0;
@@ -79,9 +82,10 @@ double ToothLocator::calculateToothIdByInterpolation(const QMap<int, ToothChart:
     if (upper == indexToTooth.cbegin())
         return static_cast<double>(upper.value());
     const auto lower = std::prev(upper);
-    const double share =
-        (static_cast<double>(index) - lower.key()) / (static_cast<double>(upper.key()) - lower.key());
-    return static_cast<double>(lower.value()) * (1.0 - share) + static_cast<double>(upper.value()) * share;
+    const double share = (static_cast<double>(index) - lower.key()) /
+                         (static_cast<double>(upper.key()) - lower.key());
+    return static_cast<double>(lower.value()) * (1.0 - share) +
+           static_cast<double>(upper.value()) * share;
 }
 
 float ToothLocator::getToothHeight(PlanarDentalSpline* spline, JawType jaw)
@@ -90,7 +94,8 @@ float ToothLocator::getToothHeight(PlanarDentalSpline* spline, JawType jaw)
     const std::shared_ptr<ImageVolume> volume = scan ? scan->getImageVolume() : nullptr;
     if (!volume)
         return 0.0F;
-    const float height = static_cast<float>(spline->getOcclusalIndex()) * volume->getImage().voxelSize().z();
-    return static_cast<int>(jaw) == hostvalues::kLowerJaw ? height - kToothLevelOffset
-                                                          : height + kToothLevelOffset;
+    const float height =
+        static_cast<float>(spline->getOcclusalIndex()) * volume->getImage().voxelSize().z();
+    return static_cast<int>(jaw) == kLowerJaw ? height - kToothLevelOffset
+                                              : height + kToothLevelOffset;
 }

@@ -39,10 +39,10 @@ PointInPlane toPointInPlane(bool inPlane)
 
 // QMatrix4x4::map for many points, with the bits of that operation.
 //
-// Qt works out a fourth coordinate for every point and divides by it. For an affine matrix it is 1 if the
-// point is finite. A coordinate that is not finite makes all three results infinite or NaN (0 times infinity
-// is NaN), so that a finite x tells that the fourth coordinate is 1. Without it, a list of points takes 1.3 instead of
-// 1.5 times as long as a loop over an Eigen affine transform.
+// Qt works out a fourth coordinate for every point and divides by it. For an affine matrix it is 1
+// if the point is finite. A coordinate that is not finite makes all three results infinite or NaN
+// (0 times infinity is NaN), so that a finite x tells that the fourth coordinate is 1. Without it,
+// a list of points takes 1.3 instead of 1.5 times as long as a loop over an Eigen affine transform.
 class PointMapping
 {
 public:
@@ -70,17 +70,18 @@ private:
     bool isAffine;
 };
 
-// How a view lays its rectangle over the x and y of its reslice. Each rule is its own inverse, so the same two
-// functions serve both ways.
+// How a view lays its rectangle over the x and y of its reslice. Each rule is its own inverse, so
+// the same two functions serve both ways.
 struct Mirroring
 {
-    // Intended: the view that is mirrored vertically is the one whose y is the local y. The local y points
-    // up, the view's y points down; the application draws all its views that way.
-    explicit Mirroring(const PlanarReslice& reslice) : Mirroring(reslice, !reslice.isMirroredVerticallyIn2D())
+    // Intended: the view that is mirrored vertically is the one whose y is the local y. The local y
+    // points up, the view's y points down; the application draws all its views that way.
+    explicit Mirroring(const PlanarReslice& reslice)
+        : Mirroring(reslice, !reslice.isMirroredVerticallyIn2D())
     {}
 
-    // Intended: the vertical rule is opposite to that of a planar reslice. The y of a panoramic reslice points down
-    // already.
+    // Intended: the vertical rule is opposite to that of a planar reslice. The y of a panoramic
+    // reslice points down already.
     explicit Mirroring(const PanoramicReslice& reslice)
         : Mirroring(reslice, reslice.isMirroredVerticallyIn2D())
     {}
@@ -122,7 +123,8 @@ class PlanarView
 public:
     explicit PlanarView(const PlanarReslice& reslice)
         : localFromWorld(reslice.getTransformationFromResliceToWorld().inverted()),
-          // Intended: a slice stands for one sample, whatever slab getThickness() tells the view to show.
+          // Intended: a slice stands for one sample, whatever slab getThickness() tells the view to
+          // show.
           halfThickness(reslice.getSampleSize().z() * 0.5F),
           mirroring(reslice)
     {}
@@ -134,9 +136,11 @@ public:
     Image imageOf(const QVector3D& local) const
     {
         const bool inPlane = halfThickness >= std::abs(local.z());
-        const bool inRectangle = local.x() >= 0.0F && local.y() >= 0.0F && mirroring.width >= local.x() &&
-                                 mirroring.height >= local.y();
-        return {{mirroring.mapX(local.x()), mirroring.mapY(local.y())}, inPlane, inPlane && inRectangle};
+        const bool inRectangle = local.x() >= 0.0F && local.y() >= 0.0F &&
+                                 mirroring.width >= local.x() && mirroring.height >= local.y();
+        return {{mirroring.mapX(local.x()), mirroring.mapY(local.y())},
+                inPlane,
+                inPlane && inRectangle};
     }
 
 private:
@@ -147,19 +151,21 @@ private:
 
 // Calls mapPoint (world point to view point and verdict) for every point, in order.
 template <typename MapPoint>
-QList<std::pair<QPointF, PointInPlane>> mapAllPoints(const QList<QVector3D>& points, const MapPoint& mapPoint)
+QList<std::pair<QPointF, PointInPlane>> mapAllPoints(const QList<QVector3D>& points,
+                                                     const MapPoint& mapPoint)
 {
     QList<std::pair<QPointF, PointInPlane>> images(points.size());
     std::transform(points.begin(), points.end(), images.begin(), mapPoint);
     return images;
 }
 
-// A panoramic reslice's geometry of this moment: a ribbon of flat segments, one column wide each, along a path.
+// A panoramic reslice's geometry of this moment: a ribbon of flat segments, one column wide each,
+// along a path.
 //
-//     up                      Segment i runs from sample i to sample i + 1. Its local coordinates are the way along it,
-//      |   depth              the height above its lower edge, and the depth, the distance from its plane.
-//      |  /
-//      | /
+//     up                      Segment i runs from sample i to sample i + 1.
+//      |   depth              Its local coordinates are the way along it,
+//      |  /                   the height above its lower edge,
+//      | /                    and the depth, the distance from its plane.
 //      o-------- along        o = sample i + up * (lowest height)
 class PanoramicView
 {
@@ -184,7 +190,8 @@ public:
         return std::clamp(index, 0, static_cast<int>(last));
     }
 
-    // Maps into the local coordinates (along, height, depth) of a segment, which must be a clamped one.
+    // Maps into the local coordinates (along, height, depth) of a segment, which must be a clamped
+    // one.
     QMatrix4x4 localFromWorld(int segment) const
     {
         const QVector3D& start = samples[segment];
@@ -208,12 +215,13 @@ public:
         return {mirroring.mapX(x), mirroring.mapY(y)};
     }
 
-    // Of a world point whose nearest sample is known. localIn(segment) tells the point's local coordinates.
+    // Of a world point whose nearest sample is known. localIn(segment) tells the point's local
+    // coordinates.
     template <typename LocalIn>
     Image imageOf(int nearestSample, bool keepOutside, const LocalIn& localIn) const
     {
-        // Intended: where the two segments at the nearest sample are equally deep, the one before it; the columns of
-        // existing drawings rely on it.
+        // Intended: where the two segments at the nearest sample are equally deep, the one before
+        // it; the columns of existing drawings rely on it.
         int segment = clampedSegment(nearestSample - 1);
         QVector3D local = localIn(segment);
         const int next = clampedSegment(nearestSample);
@@ -231,8 +239,9 @@ public:
         image.inPlane = halfThickness >= depth;
         if (!image.inPlane && !keepOutside)
             return image;
-        // Intended: the depth is held against the width of a column, not the point against the view's rectangle; the
-        // drawing of segments relies on "in slice" meaning close to the curved surface.
+        // Intended: the depth is held against the width of a column, not the point against the
+        // view's rectangle; the drawing of segments relies on "in slice" meaning close to the
+        // curved surface.
         image.inSlice = columnWidth >= depth;
         image.point = viewPoint(segment, local);
         return image;
@@ -245,7 +254,7 @@ private:
           up(upperDirection),
           heights(reslice.getVerticalRange()),
           columnWidth(reslice.getSampleSize().x()),
-          halfThickness(reslice.isType(static_cast<ResliceType>(hostvalues::kThickSlab))
+          halfThickness(reslice.isType(static_cast<ResliceType>(kThickSlab))
                             ? reslice.getThickness() * 0.5F
                             : 0.5F),
           mirroring(reslice)
@@ -268,8 +277,8 @@ class PanoramicPointMapper
 public:
     PanoramicPointMapper(const PanoramicView& panoramicView, qsizetype numPoints)
         : view(panoramicView),
-          frames(std::bit_ceil(static_cast<std::size_t>(
-              std::clamp(std::min(numPoints, panoramicView.path().size()), kFewestFrames, kMostFrames))))
+          frames(std::bit_ceil(static_cast<std::size_t>(std::clamp(
+              std::min(numPoints, panoramicView.path().size()), kFewestFrames, kMostFrames))))
     {
         if (numPoints >= kPointsWorthATree && view.path().size() >= kSamplesWorthATree)
             tree.emplace(view.path());
@@ -278,9 +287,10 @@ public:
 
     Image map(const QVector3D& point, bool keepOutside)
     {
-        const int nearest =
-            tree ? tree->nearestTo(point) : ComputeIndexOnGuidingLine::getIndexOf(point, view.path());
-        return view.imageOf(nearest, keepOutside, [&](int segment) { return frame(segment).map(point); });
+        const int nearest = tree ? tree->nearestTo(point)
+                                 : ComputeIndexOnGuidingLine::getIndexOf(point, view.path());
+        return view.imageOf(nearest, keepOutside,
+                            [&](int segment) { return frame(segment).map(point); });
     }
 
 private:
@@ -311,7 +321,8 @@ struct PathPosition
 };
 
 // On the line from one sample towards another.
-PathPosition onLine(const QVector3D& from, const QVector3D& towards, const QVector3D& start, float steps)
+PathPosition onLine(const QVector3D& from, const QVector3D& towards, const QVector3D& start,
+                    float steps)
 {
     const QVector3D tangent = towards - from;
     return {start + tangent * steps, tangent};
@@ -324,8 +335,9 @@ PathPosition leftOfPath(const QList<QVector3D>& path, float column)
 
 PathPosition rightOfPath(const QList<QVector3D>& path, float column)
 {
-    // Intended: column - n, where going on straight would take column - (n - 1): the first column beyond the last
-    // sample lies one step back on the path. Positions that were stored by the application rely on it.
+    // Intended: column - n, where going on straight would take column - (n - 1): the first column
+    // beyond the last sample lies one step back on the path. Positions that were stored by the
+    // application rely on it.
     const qsizetype n = path.size();
     return onLine(path[n - 2], path[n - 1], path[n - 1], column - static_cast<float>(n));
 }
@@ -342,8 +354,8 @@ QVector3D intersectWithFace(const PlanarReslice& reslice, float height, const QV
     const QVector3D corner = reslice.getOrigin() + normal * height;
     const primitives::Plane face(corner, corner + direction0, corner + direction1);
 
-    // Intended: normalize() leaves a vector of up to 1e-5 as it is, where normalized() would make it zero: a segment
-    // of a few nanometres still meets the face.
+    // Intended: normalize() leaves a vector of up to 1e-5 as it is, where normalized() would make
+    // it zero: a segment of a few nanometres still meets the face.
     QVector3D towards = b - a;
     towards.normalize();
 
@@ -356,8 +368,8 @@ QVector3D intersectWithFace(const PlanarReslice& reslice, float height, const QV
 
 CoordinateMapper::~CoordinateMapper() = default;
 
-QPointF CoordinateMapper::_3D_To_2D_Planar(const PlanarReslice* reslice, QVector3D point, bool& inPlane,
-                                           bool& inSlice)
+QPointF CoordinateMapper::_3D_To_2D_Planar(const PlanarReslice* reslice, QVector3D point,
+                                           bool& inPlane, bool& inSlice)
 {
     inPlane = false;
     inSlice = false;
@@ -375,7 +387,8 @@ CoordinateMapper::_3D_To_2D_Planar(const PlanarReslice* reslice, QVector3D point
     bool inPlane = false;
     bool inSlice = false;
     const QPointF image = _3D_To_2D_Planar(reslice, point, inPlane, inSlice);
-    return {image, toPointInPlane(inPlane), inSlice ? PointInSlice::InSlice : PointInSlice::OutOfSlice};
+    return {image, toPointInPlane(inPlane),
+            inSlice ? PointInSlice::InSlice : PointInSlice::OutOfSlice};
 }
 
 QPointF CoordinateMapper::_3D_To_2D_PlanarPoint(const PlanarReslice* reslice, QVector3D point)
@@ -385,8 +398,8 @@ QPointF CoordinateMapper::_3D_To_2D_PlanarPoint(const PlanarReslice* reslice, QV
     return _3D_To_2D_Planar(reslice, point, inPlane, inSlice);
 }
 
-QLineF CoordinateMapper::_3D_To_2D_Line_Planar(const PlanarReslice* reslice, QVector3D p1, QVector3D p2,
-                                               bool& inPlane)
+QLineF CoordinateMapper::_3D_To_2D_Line_Planar(const PlanarReslice* reslice, QVector3D p1,
+                                               QVector3D p2, bool& inPlane)
 {
     inPlane = false;
     if (!reslice)
@@ -415,14 +428,14 @@ QLineF CoordinateMapper::_3D_To_2D_Line_Planar(const PlanarReslice* reslice, QVe
         return lineBetween(p1, inside2 ? p2 : crossingOnSideOf(distance2));
     }
     if (inside2) {
-        // Intended: the line starts at the end that lies inside, against the caller's order; whoever draws the
-        // line relies on its second end being the clipped one.
+        // Intended: the line starts at the end that lies inside, against the caller's order;
+        // whoever draws the line relies on its second end being the clipped one.
         inPlane = true;
         return lineBetween(p2, crossingOnSideOf(distance1));
     }
     if ((distance1 > 0.0 && distance2 < 0.0) || (distance1 < 0.0 && distance2 > 0.0)) {
-        // Intended: the upper face first, whichever end lies above, so that a line does not depend on the direction
-        // of its segment.
+        // Intended: the upper face first, whichever end lies above, so that a line does not depend
+        // on the direction of its segment.
         inPlane = true;
         return lineBetween(intersectWithUpperPlane(reslice, p1, p2),
                            intersectWithLowerPlane(reslice, p1, p2));
@@ -460,8 +473,9 @@ QVector3D CoordinateMapper::_2D_To_3D_Ceph(const CephReslice* reslice, QPointF p
 {
     if (!reslice)
         return {};
-    // Intended: y is subtracted in double and x in single precision; the bits of existing plans rely on it. The
-    // mirroring of the reslice plays no part, here and on the way to the view: the point of view takes its place.
+    // Intended: y is subtracted in double and x in single precision; the bits of existing plans
+    // rely on it. The mirroring of the reslice plays no part, here and on the way to the view: the
+    // point of view takes its place.
     auto x = static_cast<float>(point.x());
     const auto y = static_cast<float>(double(reslice->getHeight()) - point.y());
     if (static_cast<int>(reslice->getPointOfView()) == hostvalues::kMirroringPointOfView)
@@ -474,26 +488,27 @@ QVector3D CoordinateMapper::map2DPointTo3DPointOnPlane(const PlanarReslice& resl
 {
     const QMatrix4x4 worldFromLocal = reslice.getTransformationFromResliceToWorld();
     plane.transform(worldFromLocal.inverted());
-    // Intended: the direction stands in world coordinates and has no unit length, although the projection
-    // happens in the local frame; existing plans rely on it.
+    // Intended: the direction stands in world coordinates and has no unit length, although the
+    // projection happens in the local frame; existing plans rely on it.
     const QVector3D direction =
         QVector3D::crossProduct(reslice.getDirection0(false), reslice.getDirection1(false));
     return worldFromLocal.map(plane.project(Mirroring(reslice).unmap(point), direction));
 }
 
 QList<std::pair<QPointF, PointInPlane>>
-CoordinateMapper::mapAllPointsOntoReslice(const QList<QVector3D>& points, const PlanarReslice& reslice)
+CoordinateMapper::mapAllPointsOntoReslice(const QList<QVector3D>& points,
+                                          const PlanarReslice& reslice)
 {
     const PlanarView view(reslice);
-    return mapAllPoints(points,
-                        [view, localFromWorld = PointMapping(view.transformation())](const QVector3D& point) {
-                            const Image image = view.imageOf(localFromWorld.map(point));
-                            return std::pair(image.point, toPointInPlane(image.inPlane));
-                        });
+    return mapAllPoints(points, [view, localFromWorld = PointMapping(view.transformation())](
+                                    const QVector3D& point) {
+        const Image image = view.imageOf(localFromWorld.map(point));
+        return std::pair(image.point, toPointInPlane(image.inPlane));
+    });
 }
 
-QPointF CoordinateMapper::_3D_To_2D_Panoramic(const PanoramicReslice* reslice, QVector3D point, bool& inPlane,
-                                              bool& inSlice, bool keepOutside)
+QPointF CoordinateMapper::_3D_To_2D_Panoramic(const PanoramicReslice* reslice, QVector3D point,
+                                              bool& inPlane, bool& inSlice, bool keepOutside)
 {
     inPlane = false;
     inSlice = false;
@@ -501,20 +516,23 @@ QPointF CoordinateMapper::_3D_To_2D_Panoramic(const PanoramicReslice* reslice, Q
     if (!view)
         return {};
     const int nearest = ComputeIndexOnGuidingLine::getIndexOf(point, view->path());
-    const Image image = view->imageOf(nearest, keepOutside,
-                                      [&](int segment) { return view->localFromWorld(segment).map(point); });
+    const Image image = view->imageOf(nearest, keepOutside, [&](int segment) {
+        return view->localFromWorld(segment).map(point);
+    });
     inPlane = image.inPlane;
     inSlice = image.inSlice;
     return image.point;
 }
 
 std::tuple<QPointF, PointInPlane, PointInSlice>
-CoordinateMapper::_3D_To_2D_Panoramic(const PanoramicReslice* reslice, QVector3D point, bool keepOutside)
+CoordinateMapper::_3D_To_2D_Panoramic(const PanoramicReslice* reslice, QVector3D point,
+                                      bool keepOutside)
 {
     bool inPlane = false;
     bool inSlice = false;
     const QPointF image = _3D_To_2D_Panoramic(reslice, point, inPlane, inSlice, keepOutside);
-    return {image, toPointInPlane(inPlane), inSlice ? PointInSlice::InSlice : PointInSlice::OutOfSlice};
+    return {image, toPointInPlane(inPlane),
+            inSlice ? PointInSlice::InSlice : PointInSlice::OutOfSlice};
 }
 
 QPointF CoordinateMapper::_3D_To_2D_PanoramicPoint(const PanoramicReslice* reslice, QVector3D point,
@@ -536,8 +554,9 @@ QPointF CoordinateMapper::_3D_To_2D_PanoramicIntersection(const PanoramicReslice
     return finiteness::isFinite(local) ? view->viewPoint(segment, local) : QPointF();
 }
 
-QList<QLineF> CoordinateMapper::_3D_To_2D_Line_Panoramic(const PanoramicReslice* reslice, QVector3D p1,
-                                                         QVector3D p2, bool keepOutside, float step)
+QList<QLineF> CoordinateMapper::_3D_To_2D_Line_Panoramic(const PanoramicReslice* reslice,
+                                                         QVector3D p1, QVector3D p2,
+                                                         bool keepOutside, float step)
 {
     const auto view = PanoramicView::of(reslice);
     if (!view)
@@ -554,7 +573,8 @@ QList<QLineF> CoordinateMapper::_3D_To_2D_Line_Panoramic(const PanoramicReslice*
     PanoramicPointMapper mapper(*view, qsizetype{count} + 2); // with both ends
     Image previous = mapper.map(p1, keepOutside);
     for (int i = 1; i <= count; ++i) {
-        const Image current = mapper.map(p1 + direction * (static_cast<float>(i) * step), keepOutside);
+        const Image current =
+            mapper.map(p1 + direction * (static_cast<float>(i) * step), keepOutside);
         if (previous.inSlice && current.inSlice)
             lines.append({previous.point, current.point});
         previous = current;
@@ -581,7 +601,8 @@ QVector3D CoordinateMapper::_2D_To_3D_Panoramic(const PanoramicReslice* reslice,
                                       {mirroring.mapX(point.x()), mirroring.mapY(point.y())});
 }
 
-QVector3D CoordinateMapper::_2D_To_3D_Panoramic_Helper(const QList<QVector3D>& path, const QVector3D& up,
+QVector3D CoordinateMapper::_2D_To_3D_Panoramic_Helper(const QList<QVector3D>& path,
+                                                       const QVector3D& up,
                                                        const math::Range<float>& range, float sx,
                                                        QPointF point)
 {
@@ -591,7 +612,8 @@ QVector3D CoordinateMapper::_2D_To_3D_Panoramic_Helper(const QList<QVector3D>& p
 
     // Compared as numbers: a column may lie beyond what an int holds, or be NaN.
     const float left = std::floor(column);
-    const bool isInner = left >= 0.0F && double(std::ceil(column)) < static_cast<double>(path.size());
+    const bool isInner =
+        left >= 0.0F && double(std::ceil(column)) < static_cast<double>(path.size());
     if (!isInner && path.size() < 2)
         return {};
     PathPosition place;
@@ -620,11 +642,13 @@ QVector3D CoordinateMapper::_2D_To_3D(const Reslice* reslice, QPointF point)
 }
 
 QList<std::pair<QPointF, PointInPlane>>
-CoordinateMapper::mapAllPointsOntoReslice(const QList<QVector3D>& points, const PanoramicReslice& reslice)
+CoordinateMapper::mapAllPointsOntoReslice(const QList<QVector3D>& points,
+                                          const PanoramicReslice& reslice)
 {
     const auto view = PanoramicView::of(&reslice);
     if (!view || points.isEmpty())
-        return QList<std::pair<QPointF, PointInPlane>>(points.size(), {QPointF(), PointInPlane::OutOfPlane});
+        return QList<std::pair<QPointF, PointInPlane>>(points.size(),
+                                                       {QPointF(), PointInPlane::OutOfPlane});
     PanoramicPointMapper mapper(*view, points.size());
     return mapAllPoints(points, [&mapper](const QVector3D& point) {
         const Image image = mapper.map(point, false);
@@ -642,8 +666,8 @@ QMatrix4x4 CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(const Panora
     if (!line || path.size() < 2)
         return {};
     const QVector3D sampleSize = reslice->getSampleSize();
-    // Intended: heights count from the middle of the view, and mirroring is not undone: the frame belongs to the
-    // picture as it is sampled. Whoever places an object with it relies on both.
+    // Intended: heights count from the middle of the view, and mirroring is not undone: the frame
+    // belongs to the picture as it is sampled. Whoever places an object with it relies on both.
     const float halfHeight =
         static_cast<float>(reslice->getDimensions().height() * double(sampleSize.y())) * 0.5F;
     const auto height = static_cast<float>(double(halfHeight) - pos.y());
@@ -694,12 +718,16 @@ float CoordinateMapper::panoramicProjection(QVector3D a, QVector3D up, QVector3D
     return distance;
 }
 
-QVector3D CoordinateMapper::intersectWithUpperPlane(const PlanarReslice* reslice, QVector3D a, QVector3D b)
+QVector3D CoordinateMapper::intersectWithUpperPlane(const PlanarReslice* reslice, QVector3D a,
+                                                    QVector3D b)
 {
-    return reslice ? intersectWithFace(*reslice, reslice->getSampleSize().z() * 0.5F, a, b) : QVector3D();
+    return reslice ? intersectWithFace(*reslice, reslice->getSampleSize().z() * 0.5F, a, b)
+                   : QVector3D();
 }
 
-QVector3D CoordinateMapper::intersectWithLowerPlane(const PlanarReslice* reslice, QVector3D a, QVector3D b)
+QVector3D CoordinateMapper::intersectWithLowerPlane(const PlanarReslice* reslice, QVector3D a,
+                                                    QVector3D b)
 {
-    return reslice ? intersectWithFace(*reslice, -(reslice->getSampleSize().z() * 0.5F), a, b) : QVector3D();
+    return reslice ? intersectWithFace(*reslice, -(reslice->getSampleSize().z() * 0.5F), a, b)
+                   : QVector3D();
 }

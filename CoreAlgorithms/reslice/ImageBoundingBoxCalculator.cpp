@@ -77,7 +77,10 @@ public:
     bool anyInRow(int row) const { return firstIn(row, 0, image.width()) < image.width(); }
 
 private:
-    const QRgb* argbRow(int row) const { return reinterpret_cast<const QRgb*>(image.constScanLine(row)); }
+    const QRgb* argbRow(int row) const
+    {
+        return reinterpret_cast<const QRgb*>(image.constScanLine(row));
+    }
 
     // Without a way out of the loop, so that compilers test several pixels at once.
     static bool anyInBlock(const QRgb* pixels)

@@ -9,9 +9,8 @@
 
 #include <cmath>
 
-QMatrix4x4 implantRotationCalculator::calculatePerpendicularRotation(GuidingLine& line,
-                                                                     const QVector3D& position,
-                                                                     const QMatrix4x4& implantTransform)
+QMatrix4x4 implantRotationCalculator::calculatePerpendicularRotation(
+    GuidingLine& line, const QVector3D& position, const QMatrix4x4& implantTransform)
 {
     const int index = ComputeIndexOnGuidingLine::getIndexOf(position, line.getOriginalPath());
     if (index < 0)

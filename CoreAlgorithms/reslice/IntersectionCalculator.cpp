@@ -8,7 +8,8 @@
 
 namespace {
 
-// A corner of the rectangle, in heights along direction 1 and widths along direction 0 from the origin.
+// A corner of the rectangle, in heights along direction 1 and widths along direction 0 from the
+// origin.
 struct Corner
 {
     float heights;
@@ -32,7 +33,8 @@ constexpr std::array<Edge, 4> kBorder = {{
 
 IntersectionCalculator::~IntersectionCalculator() = default;
 
-QList<QVector3D> IntersectionCalculator::calculatePlaneIntersections(QVector3D pointOnPlane, QVector3D normal,
+QList<QVector3D> IntersectionCalculator::calculatePlaneIntersections(QVector3D pointOnPlane,
+                                                                     QVector3D normal,
                                                                      PlanarReslice* reslice)
 {
     if (!reslice)
@@ -54,8 +56,8 @@ QList<QVector3D> IntersectionCalculator::calculatePlaneIntersections(QVector3D p
         const float distance =
             QVector3D::dotProduct(normal, start) - QVector3D::dotProduct(normal, pointOnPlane);
         const float t = -distance / approach;
-        // Intended: a corner is met by both of its edges and stays in the list twice; the application draws
-        // from the first point to the last.
+        // Intended: a corner is met by both of its edges and stays in the list twice; the
+        // application draws from the first point to the last.
         if (t >= 0.0F && t <= 1.0F)
             intersections.append(start + t * along);
     }

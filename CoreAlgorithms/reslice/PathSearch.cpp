@@ -136,14 +136,15 @@ void PathSearch::searchRun(std::size_t run, const QVector3D& point, Nearest& nea
     const Run& samples = runs[run];
     std::array<float, RUN_LENGTH> squaredDistances;
     for (std::size_t i = 0; i < RUN_LENGTH; ++i) {
-        squaredDistances[i] =
-            lengthSquared(samples.x[i] - point.x(), samples.y[i] - point.y(), samples.z[i] - point.z());
+        squaredDistances[i] = lengthSquared(samples.x[i] - point.x(), samples.y[i] - point.y(),
+                                            samples.z[i] - point.z());
     }
     const float smallest = *std::min_element(squaredDistances.begin(), squaredDistances.end());
     if (smallest > nearest.squaredDistance)
         return;
     const auto* first = std::find(squaredDistances.begin(), squaredDistances.end(), smallest);
-    const int index = static_cast<int>(run) * RUN_LENGTH + static_cast<int>(first - squaredDistances.begin());
+    const int index =
+        static_cast<int>(run) * RUN_LENGTH + static_cast<int>(first - squaredDistances.begin());
     if (smallest < nearest.squaredDistance || index < nearest.index)
         nearest = {index, smallest};
 }

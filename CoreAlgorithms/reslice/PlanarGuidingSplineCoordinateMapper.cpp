@@ -22,7 +22,8 @@ QVector3D narrowed(const Eigen::Vector3d& v)
 
 } // namespace
 
-PlanarGuidingSplineCoordinateMapper::PlanarGuidingSplineCoordinateMapper(PlanarGuidingSpline& observedSpline)
+PlanarGuidingSplineCoordinateMapper::PlanarGuidingSplineCoordinateMapper(
+    PlanarGuidingSpline& observedSpline)
     : spline(observedSpline), fittedPointCount(countPoints(observedSpline))
 {
     fitPlane();
@@ -48,7 +49,8 @@ QVector3D PlanarGuidingSplineCoordinateMapper::mapToSplinePlane(const PlanarResl
     return CoordinateMapper::map2DPointTo3DPointOnPlane(reslice, point, *splinePlane);
 }
 
-void PlanarGuidingSplineCoordinateMapper::changedEvent(GuidingLine* /*line*/, events::GuidingLineEvent* event)
+void PlanarGuidingSplineCoordinateMapper::changedEvent(GuidingLine* /*line*/,
+                                                       events::GuidingLineEvent* event)
 {
     if (event && static_cast<int>(event->type) == hostvalues::kNumberOfPointsUpdated)
         onNumberOfPointsUpdated();
@@ -56,8 +58,8 @@ void PlanarGuidingSplineCoordinateMapper::changedEvent(GuidingLine* /*line*/, ev
 
 void PlanarGuidingSplineCoordinateMapper::onNumberOfPointsUpdated()
 {
-    // Intended: a plane stays while points are added. The first points anchor it; a user who goes on drawing in a view
-    // that has moved relies on new points not tilting it.
+    // Intended: a plane stays while points are added. The first points anchor it; a user who goes
+    // on drawing in a view that has moved relies on new points not tilting it.
     const std::int32_t count = countPoints(spline);
     if (count <= fittedPointCount || !splinePlane)
         fitPlane();

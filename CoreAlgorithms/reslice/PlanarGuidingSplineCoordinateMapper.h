@@ -15,17 +15,19 @@
 
 class PlanarReslice;
 
-/// Where in the world does a point belong that is drawn in a view, if the points of its spline are to stay in one
-/// plane although the view moves?
+/// Where in the world does a point belong that is drawn in a view, if the points of its spline are
+/// to stay in one plane although the view moves?
 ///
-/// The mapper keeps the plane of least squares through the spline's control points; algebra::fitPlane says how many
-/// points that takes. It observes the spline:
-///     more points than before      the plane stays where the first points put it, or is fitted if there is none
-///     as many points, or fewer     the plane is fitted anew, and is gone if too few points are left
+/// The mapper keeps the plane of least squares through the spline's control points;
+/// algebra::fitPlane says how many points that takes. It observes the spline:
+///     more points than before      the plane stays where the first points put it,
+///                                  or is fitted if there is none
+///     as many points, or fewer     the plane is fitted again, and is gone if too few are left
 /// Events other than NumberOfPointsUpdated change nothing.
 ///
-/// The spline must live as long as the mapper's private hooks are called; once it is gone the mapper is attached to
-/// nothing and keeps its plane. World points are in mm, view points as for CoordinateMapper.
+/// The spline must live as long as the mapper's private hooks are called; once it is gone the
+/// mapper is attached to nothing and keeps its plane. World points are in mm, view points as for
+/// CoordinateMapper.
 class COREALGORITHMS_EXPORT PlanarGuidingSplineCoordinateMapper
     : public patterns::Observer<GuidingLine, events::GuidingLineEvent>
 {
@@ -33,14 +35,15 @@ public:
     /// Fits the plane and attaches itself to the spline's observers of guiding lines.
     explicit PlanarGuidingSplineCoordinateMapper(PlanarGuidingSpline& observedSpline);
     PlanarGuidingSplineCoordinateMapper(const PlanarGuidingSplineCoordinateMapper&) = delete;
-    PlanarGuidingSplineCoordinateMapper& operator=(const PlanarGuidingSplineCoordinateMapper&) = delete;
+    PlanarGuidingSplineCoordinateMapper&
+    operator=(const PlanarGuidingSplineCoordinateMapper&) = delete;
     ~PlanarGuidingSplineCoordinateMapper() override;
 
     /// CoordinateMapper::_3D_To_2D_PlanarPoint; the fitted plane plays no part.
     QPointF mapToReslice(const PlanarReslice& reslice, const QVector3D& point);
 
-    /// The view point moved onto the fitted plane by CoordinateMapper::map2DPointTo3DPointOnPlane; without a plane the
-    /// point on the reslice.
+    /// The view point moved onto the fitted plane by CoordinateMapper::map2DPointTo3DPointOnPlane;
+    /// without a plane the point on the reslice.
     QVector3D mapToSplinePlane(const PlanarReslice& reslice, const QPointF& point);
 
 private:

@@ -56,9 +56,9 @@ void Point2DBoundingRectangleCalculator::calculateBounding2DRectangle()
         smallestY = std::min(smallestY, point.y());
         largestY = std::max(largestY, point.y());
     }
-    // Intended: anchored at the largest y, and sizes without the + 1 that would count the points of both edges: the
-    // application reads the rectangle in a frame whose y axis points up.
-    boundingRect =
-        QRect(QPoint(smallestX, largestY), QPoint(lastOf(smallestX, sizeBetween(smallestX, largestX)),
-                                                  lastOf(largestY, sizeBetween(smallestY, largestY))));
+    // Intended: anchored at the largest y, and sizes without the + 1 that would count the points of
+    // both edges: the application reads the rectangle in a frame whose y axis points up.
+    boundingRect = QRect(QPoint(smallestX, largestY),
+                         QPoint(lastOf(smallestX, sizeBetween(smallestX, largestX)),
+                                lastOf(largestY, sizeBetween(smallestY, largestY))));
 }

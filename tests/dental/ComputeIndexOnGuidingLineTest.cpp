@@ -61,8 +61,10 @@ TEST(ComputeIndexOnGuidingLine, PointLiesAtTheNearestSample)
 
 TEST(ComputeIndexOnGuidingLine, EquallyNearSamplesGiveTheFirst)
 {
-    EXPECT_EQ(Index::getIndexOf(kNull, {{1.0F, 0.0F, 0.0F}, {5.0F, 0.0F, 0.0F}, {-1.0F, 0.0F, 0.0F}}), 0);
-    EXPECT_EQ(Index::getIndexOf(kNull, {{2.0F, 0.0F, 0.0F}, {0.0F, 1.0F, 0.0F}, {0.0F, 0.0F, 1.0F}}), 1);
+    EXPECT_EQ(
+        Index::getIndexOf(kNull, {{1.0F, 0.0F, 0.0F}, {5.0F, 0.0F, 0.0F}, {-1.0F, 0.0F, 0.0F}}), 0);
+    EXPECT_EQ(
+        Index::getIndexOf(kNull, {{2.0F, 0.0F, 0.0F}, {0.0F, 1.0F, 0.0F}, {0.0F, 0.0F, 1.0F}}), 1);
     EXPECT_EQ(Index::getIndexOf(kNull, QList<QVector3D>(100, QVector3D(3.0F, 3.0F, 3.0F))), 0);
 }
 
@@ -81,8 +83,9 @@ TEST(ComputeIndexOnGuidingLine, PathOfOneSampleGivesItWhateverThePoint)
 
 TEST(ComputeIndexOnGuidingLine, DistancesAreSquaredInSinglePrecision)
 {
-    // 4096^2 + 1 and 4096^2 + 1.5^2 = 2^24 + 2.25: single precision, spaced 2 there, rounds the first down to 2^24
-    // (ties to even) and the second to 2^24 + 2. The first two samples are thus equally near.
+    // 4096^2 + 1 and 4096^2 + 1.5^2 = 2^24 + 2.25: single precision, spaced 2 there, rounds the
+    // first down to 2^24 (ties to even) and the second to 2^24 + 2. The first two samples are thus
+    // equally near.
     EXPECT_EQ(Index::getIndexOf(kNull, {{4096.0F, 1.0F, 0.0F}, {4096.0F, 0.0F, 0.0F}}), 0);
     EXPECT_EQ(Index::getIndexOf(kNull, {{4096.0F, 1.5F, 0.0F}, {4096.0F, 0.0F, 0.0F}}), 1);
     // x * x + y * y comes first: 1 is lost in 2^24, and lost again. y * y + z * z = 2 would not be.
@@ -179,9 +182,10 @@ TEST(ComputeIndexOnGuidingLine, NeighboursAreTheNearestTeethOfTheSpline)
 
 TEST(ComputeIndexOnGuidingLine, IndexIsInterpolatedAndRoundedInSinglePrecision)
 {
-    // Tooth 8 lies at 7/10 of the way from 1 to 11. In single precision 45 * 0.7 is 31.5, which rounds to 32; in double
-    // precision it is 31.499999999999996.
-    EXPECT_EQ(Index::getToothIndex(tooth(8), makeArch(50, {{1, 0.0F}, {11, 45.0F}}).get(), false), 32);
+    // Tooth 8 lies at 7/10 of the way from 1 to 11. In single precision 45 * 0.7 is 31.5, which
+    // rounds to 32; in double precision it is 31.499999999999996.
+    EXPECT_EQ(Index::getToothIndex(tooth(8), makeArch(50, {{1, 0.0F}, {11, 45.0F}}).get(), false),
+              32);
 }
 
 TEST(ComputeIndexOnGuidingLine, StepFromTheLowerIndexIsRoundedToAFloatBeforeItIsAdded)
@@ -189,7 +193,8 @@ TEST(ComputeIndexOnGuidingLine, StepFromTheLowerIndexIsRoundedToAFloatBeforeItIs
     // Tooth 12 lies at 11/12 of the way from 1 to 13, from index 6 to 0. 11/12 as a float is
     // 0.91666668653, and 6 times that as a float is 5.5, which leaves 0.5 and rounds to 1. In
     // double precision 0.49999988 would be left.
-    EXPECT_EQ(Index::getToothIndex(tooth(12), makeArch(10, {{1, 6.0F}, {13, 0.0F}}).get(), false), 1);
+    EXPECT_EQ(Index::getToothIndex(tooth(12), makeArch(10, {{1, 6.0F}, {13, 0.0F}}).get(), false),
+              1);
 }
 
 TEST(ComputeIndexOnGuidingLine, ToothWithAPointLiesAtTheSampleNearestToIt)
@@ -222,7 +227,8 @@ TEST(ComputeIndexOnGuidingLine, ToothOfTheOtherArchIsAnsweredAsItsOppositeIfAske
     const auto spline = makeArch(20, {{3, 10.0F}, {7, 15.0F}});
     EXPECT_EQ(Index::getToothIndex(tooth(30), spline.get(), true), 10); // opposite of 3
     EXPECT_EQ(Index::getToothIndex(tooth(28), spline.get(), true), 13); // opposite of 5: 12.5
-    EXPECT_EQ(Index::getToothIndex(tooth(28), spline.get(), false), 15) << "by its number, above the last";
+    EXPECT_EQ(Index::getToothIndex(tooth(28), spline.get(), false), 15)
+        << "by its number, above the last";
     EXPECT_EQ(Index::getToothIndex(tooth(5), spline.get(), true), 13) << "already of the arch";
     const auto lower = makeArch(20, {{19, 10.0F}, {23, 15.0F}});
     EXPECT_EQ(Index::getToothIndex(tooth(14), lower.get(), true), 10); // opposite of 19
@@ -232,12 +238,14 @@ TEST(ComputeIndexOnGuidingLine, ToothOfTheOtherArchIsAnsweredAsItsOppositeIfAske
 TEST(ComputeIndexOnGuidingLine, SplineOverBothArchesIsNeverMapped)
 {
     const auto spline = makeArch(40, {{3, 10.0F}, {7, 15.0F}, {23, 30.0F}});
-    EXPECT_EQ(Index::getToothIndex(tooth(26), spline.get(), true), 30) << "above the last, not opposite of 7";
+    EXPECT_EQ(Index::getToothIndex(tooth(26), spline.get(), true), 30)
+        << "above the last, not opposite of 7";
 }
 
 TEST(ComputeIndexOnGuidingLine, OrdinalsNotNumbersEnterTheInterpolation)
 {
-    // 14 and 19 stand at places 13 and 2 of their arches, 16 at 15: (15 - 13) / (2 - 13) = -2/11 of 22 is -4.
+    // 14 and 19 stand at places 13 and 2 of their arches, 16 at 15: (15 - 13) / (2 - 13) = -2/11 of
+    // 22 is -4.
     const auto spline = makeArch(40, {{14, 10.0F}, {19, 32.0F}});
     EXPECT_EQ(Index::getToothIndex(tooth(16), spline.get(), false), 6);
     // 18, at place 1: -12/-11 of 22 is 24.
@@ -253,8 +261,10 @@ TEST(ComputeIndexOnGuidingLine, NeighboursOfEqualOrdinalGiveTheLowerOne)
 TEST(ComputeIndexOnGuidingLine, NegativeInterpolationIsRoundedAwayFromZero)
 {
     // 16 lies 2/11 of the way from 19 to 14 before 14: at 3 - 4 = -1, and at 3 - 50/11 = -1.55.
-    EXPECT_EQ(Index::getToothIndex(tooth(16), makeArch(40, {{14, 3.0F}, {19, 25.0F}}).get(), false), -1);
-    EXPECT_EQ(Index::getToothIndex(tooth(16), makeArch(40, {{14, 3.0F}, {19, 28.0F}}).get(), false), -2);
+    EXPECT_EQ(Index::getToothIndex(tooth(16), makeArch(40, {{14, 3.0F}, {19, 25.0F}}).get(), false),
+              -1);
+    EXPECT_EQ(Index::getToothIndex(tooth(16), makeArch(40, {{14, 3.0F}, {19, 28.0F}}).get(), false),
+              -2);
 }
 
 TEST(ComputeIndexOnGuidingLine, SplineWithoutToothPointsHasNoToothIndex)
@@ -286,13 +296,18 @@ TEST(ComputeIndexOnGuidingLine, ToothPositionIsTheSampleAtItsIndex)
 
 TEST(ComputeIndexOnGuidingLine, ToothOutsideThePathIsAtZero)
 {
-    EXPECT_EQ(Index::getToothPosition(tooth(5), std::make_shared<PlanarDentalSpline>().get(), false), kNull);
+    EXPECT_EQ(
+        Index::getToothPosition(tooth(5), std::make_shared<PlanarDentalSpline>().get(), false),
+        kNull);
     // 18 lies at 34, the path ends at 32.
     const auto beyond = makeArch(33, {{14, 10.0F}, {19, 32.0F}});
     EXPECT_EQ(Index::getToothPosition(tooth(18), beyond.get(), false), kNull);
-    EXPECT_EQ(Index::getToothPosition(tooth(16), makeArch(40, {{14, 3.0F}, {19, 25.0F}}).get(), false),
-              kNull);
-    EXPECT_EQ(Index::getToothPosition(tooth(16), makeArch(40, {{14, 3.0F}, {19, 28.0F}}).get(), false), kNull)
+    EXPECT_EQ(
+        Index::getToothPosition(tooth(16), makeArch(40, {{14, 3.0F}, {19, 25.0F}}).get(), false),
+        kNull);
+    EXPECT_EQ(
+        Index::getToothPosition(tooth(16), makeArch(40, {{14, 3.0F}, {19, 28.0F}}).get(), false),
+        kNull)
         << "index -2";
 }
 
@@ -309,7 +324,8 @@ TEST(ComputeIndexOnGuidingLine, TeethPositionsAreThoseOfThePointsWhateverTheArch
     const QMap<int, QVector3D> expected{{3, {10.4F, 0.0F, 0.0F}}, {20, {12.6F, 0.0F, 0.0F}}};
     EXPECT_EQ(Index::calculateTeethPositions(ToothChart::UpperArch, spline.get()), expected);
     EXPECT_EQ(Index::calculateTeethPositions(ToothChart::LowerArch, spline.get()), expected);
-    EXPECT_EQ(Index::calculateTeethPositions(static_cast<ToothChart::ArchType>(7), spline.get()), expected);
+    EXPECT_EQ(Index::calculateTeethPositions(static_cast<ToothChart::ArchType>(7), spline.get()),
+              expected);
 }
 
 TEST(ComputeIndexOnGuidingLine, IntermediateTeethAreThoseOfTheMouthWithoutAPoint)
@@ -317,7 +333,8 @@ TEST(ComputeIndexOnGuidingLine, IntermediateTeethAreThoseOfTheMouthWithoutAPoint
     const auto spline = makeArch(40, {{2, 10.0F}, {5, 40.0F - 0.6F}});
     const auto mouth = makeMouth({1, 2, 3, 5, 6, 20});
     const std::map<ToothChart::Tooth, QVector3D> expected{{tooth(3), {20.0F, 0.0F, 0.0F}}};
-    EXPECT_EQ(Index::getIntermediateTeeth(spline.get(), mouth.get()), expected); // 10 + 29/3 = 19.67
+    EXPECT_EQ(Index::getIntermediateTeeth(spline.get(), mouth.get()),
+              expected); // 10 + 29/3 = 19.67
 }
 
 TEST(ComputeIndexOnGuidingLine, NullMouthKeepsAllIntermediateTeeth)
@@ -330,7 +347,8 @@ TEST(ComputeIndexOnGuidingLine, NullMouthKeepsAllIntermediateTeeth)
 
 TEST(ComputeIndexOnGuidingLine, IntermediateToothOutsideThePathIsAtZero)
 {
-    const auto spline = makeArch(33, {{14, 10.0F}, {19, 32.0F}}); // 15 at 8, 16 at 6, 17 at 36, 18 at 34
+    const auto spline =
+        makeArch(33, {{14, 10.0F}, {19, 32.0F}}); // 15 at 8, 16 at 6, 17 at 36, 18 at 34
     const auto teeth = Index::getIntermediateTeeth(spline.get(), nullptr);
     ASSERT_EQ(teeth.size(), 4U);
     EXPECT_EQ(teeth.at(tooth(15)), QVector3D(8.0F, 0.0F, 0.0F));

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/dental/NearestSample_p.h>
 
-// Covered: the fast search of the nearest sample against the plain one, ties, NaN, infinity and every length of the
-// remainder included.
+// Covered: the fast search of the nearest sample against the plain one, ties, NaN, infinity and
+// every length of the remainder included.
 
 #include <gtest/gtest.h>
 
@@ -44,12 +44,16 @@ class Draw
 public:
     explicit Draw(unsigned seed) : engine(seed) {}
     int below(int bound) { return static_cast<int>(engine() % static_cast<unsigned>(bound)); }
-    float number(float reach) { return reach * (static_cast<float>(engine() >> 8) * 0x1p-23F - 1.0F); }
+    float number(float reach)
+    {
+        return reach * (static_cast<float>(engine() >> 8) * 0x1p-23F - 1.0F);
+    }
     QVector3D point(float reach) { return {number(reach), number(reach), number(reach)}; }
     // Whole numbers from 0 to 2: most distances occur many times.
     QVector3D gridPoint()
     {
-        return {static_cast<float>(below(3)), static_cast<float>(below(3)), static_cast<float>(below(3))};
+        return {static_cast<float>(below(3)), static_cast<float>(below(3)),
+                static_cast<float>(below(3))};
     }
     float odd()
     {
@@ -67,7 +71,8 @@ TEST(NearestSample, Law2VersionsAgreeOnPathsOfEveryLength)
     Draw draw(1);
     for (int size = 1; size <= 300; ++size) {
         for (int repetition = 0; repetition < 20; ++repetition) {
-            SCOPED_TRACE(testing::Message() << "seed 1, size " << size << ", repetition " << repetition);
+            SCOPED_TRACE(testing::Message()
+                         << "seed 1, size " << size << ", repetition " << repetition);
             Samples samples;
             for (int i = 0; i < size; ++i)
                 samples.push_back(draw.point(100.0F));
@@ -81,7 +86,8 @@ TEST(NearestSample, Law2VersionsAgreeWhereManySamplesAreEquallyNear)
     Draw draw(2);
     for (int size = 1; size <= 300; ++size) {
         for (int repetition = 0; repetition < 20; ++repetition) {
-            SCOPED_TRACE(testing::Message() << "seed 2, size " << size << ", repetition " << repetition);
+            SCOPED_TRACE(testing::Message()
+                         << "seed 2, size " << size << ", repetition " << repetition);
             Samples samples;
             for (int i = 0; i < size; ++i)
                 samples.push_back(draw.gridPoint() + QVector3D(5.0F, 0.0F, 0.0F));
@@ -98,7 +104,8 @@ TEST(NearestSample, Law2VersionsAgreeOnNumbersThatAreNotFiniteHugeOrTiny)
     Draw draw(3);
     for (int size = 1; size <= 150; ++size) {
         for (int repetition = 0; repetition < 40; ++repetition) {
-            SCOPED_TRACE(testing::Message() << "seed 3, size " << size << ", repetition " << repetition);
+            SCOPED_TRACE(testing::Message()
+                         << "seed 3, size " << size << ", repetition " << repetition);
             Samples samples;
             const int share = 1 + draw.below(20);
             for (int i = 0; i < size; ++i) {

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/dental/NerveGuidingSplineCalculator.h>
 
-// Covered: the five points, the settings that are refused or repaired with their warnings, the filling of a spline.
+// Covered: the five points, the settings that are refused or repaired with their warnings, the
+// filling of a spline.
 
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 
@@ -30,16 +31,18 @@ constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 constexpr float kUnset = -3.4028235e38F;
 
-static_assert(std::has_virtual_destructor_v<Calculator> && std::is_copy_constructible_v<Calculator> &&
-              std::is_copy_assignable_v<Calculator>);
-static_assert(sizeof(Settings) == 48 && std::is_trivially_copyable_v<Settings>, "twelve fields of 32 bits");
+static_assert(std::has_virtual_destructor_v<Calculator> &&
+              std::is_copy_constructible_v<Calculator> && std::is_copy_assignable_v<Calculator>);
+static_assert(sizeof(Settings) == 48 && std::is_trivially_copyable_v<Settings>,
+              "twelve fields of 32 bits");
 static_assert(std::is_same_v<decltype(Settings::side), std::int32_t>);
-static_assert(offsetof(Settings, mental_foramen) == 0 && offsetof(Settings, mandibular_foramen) == 12 &&
+static_assert(offsetof(Settings, mental_foramen) == 0 &&
+                  offsetof(Settings, mandibular_foramen) == 12 &&
                   offsetof(Settings, middle_point_distance) == 24 &&
                   offsetof(Settings, start_point_distance) == 28 &&
                   offsetof(Settings, start_point_angle) == 32 &&
-                  offsetof(Settings, end_point_distance) == 36 && offsetof(Settings, end_point_angle) == 40 &&
-                  offsetof(Settings, side) == 44,
+                  offsetof(Settings, end_point_distance) == 36 &&
+                  offsetof(Settings, end_point_angle) == 40 && offsetof(Settings, side) == 44,
               "in this order");
 
 const QString kMandibularWarning =
@@ -48,8 +51,8 @@ const QString kMentalWarning =
     QStringLiteral("NerveGuidingSplineCalculator : mental foramen not correctly filled in.");
 const QString kStartWarning = QStringLiteral(
     "NerveGuidingSplineCalculator : start_point_angle not within bounds [0,90], will be bound.");
-const QString kEndWarning =
-    QStringLiteral("NerveGuidingSplineCalculator : end_point_angle not within bounds [0,90], will be bound.");
+const QString kEndWarning = QStringLiteral(
+    "NerveGuidingSplineCalculator : end_point_angle not within bounds [0,90], will be bound.");
 
 // The nerve runs along x: d is (1, 0), p is (0, -1), and (0, 1) on side 1.
 Settings makeSettings()
@@ -193,7 +196,8 @@ TEST(NerveGuidingSplineCalculator, DirectionOfUnitLengthOrShorterThanATenMicrome
     settings.start_point_distance = 1024.0F;
     // 0x1.00003p0 is 1 + 1.14e-5, 0x1.00001p0 is 1 + 3.8e-6.
     settings.mental_foramen = {0x1.00001p0F, 0.0F, 0.0F};
-    EXPECT_EQ(pointsOf(settings).first().x(), 0x1.00001p0F + 0x1.00001p10F) << "almost 1: left as it is";
+    EXPECT_EQ(pointsOf(settings).first().x(), 0x1.00001p0F + 0x1.00001p10F)
+        << "almost 1: left as it is";
     settings.mental_foramen = {0x1.0001p0F, 0.0F, 0.0F};
     EXPECT_EQ(pointsOf(settings).first().x(), 0x1.0001p0F + 1024.0F) << "normalised";
     settings.mental_foramen = {0x1p-17F, 0.0F, 0.0F}; // 7.6e-6
@@ -300,8 +304,9 @@ TEST(NerveGuidingSplineCalculator, MandibularForamenIsAskedFirstAndAlone)
 TEST(NerveGuidingSplineCalculator, ForamenWithOnlySomeCoordinatesAtTheMarkerIsPlaced)
 {
     const WarningLog log;
-    for (const QVector3D& foramen : {QVector3D(kUnset, kUnset, 0.0F), QVector3D(kUnset, 0.0F, kUnset),
-                                     QVector3D(0.0F, kUnset, kUnset)}) {
+    for (const QVector3D& foramen :
+         {QVector3D(kUnset, kUnset, 0.0F), QVector3D(kUnset, 0.0F, kUnset),
+          QVector3D(0.0F, kUnset, kUnset)}) {
         Settings settings = makeSettings();
         GuidingSpline spline;
         settings.mental_foramen = foramen;
@@ -365,8 +370,8 @@ TEST(NerveGuidingSplineCalculator, PutsItsPointsInPlaceOfThoseOfTheSplineInOrder
     spline.log.clear();
     EXPECT_TRUE(Calculator(makeSettings()).fillSpline(&spline));
     EXPECT_EQ(spline.log,
-              (std::vector<std::string>{"clear", "append 11.000000", "append 10.000000", "append 5.000000",
-                                        "append 0.000000", "append -1.000000"}));
+              (std::vector<std::string>{"clear", "append 11.000000", "append 10.000000",
+                                        "append 5.000000", "append 0.000000", "append -1.000000"}));
     Points positions;
     for (const auto& point : spline.getControlPoints())
         positions.append(point->getPosition());

@@ -27,7 +27,8 @@ TEST(OcclusalPropertiesCalculator, CentreIsTheWholeForTheDefinitionZeroAndSixTen
 {
     EXPECT_EQ(getOcclusalCenterPercentage(CTData::OcclusalPlaneDefinition(0)), 1.0F);
     for (const int other : {1, 2, -1, std::numeric_limits<int>::max()})
-        EXPECT_EQ(getOcclusalCenterPercentage(static_cast<CTData::OcclusalPlaneDefinition>(other)), 0.6F)
+        EXPECT_EQ(getOcclusalCenterPercentage(static_cast<CTData::OcclusalPlaneDefinition>(other)),
+                  0.6F)
             << other;
 }
 
@@ -45,7 +46,8 @@ TEST(OcclusalPropertiesCalculator, SliceIsTheHeightAboveTheScansBottomInVoxelsTr
 
 TEST(OcclusalPropertiesCalculator, SliceIsComputedInSinglePrecision)
 {
-    // 3 / 0.3 is 10 in single precision; in double precision, with the float nearest to 0.3, it is 9.9999996.
+    // 3 / 0.3 is 10 in single precision; in double precision, with the float nearest to 0.3, it
+    // is 9.9999996.
     const auto scan = makeScan(0.3F, 60.0F);
     EXPECT_EQ(indexAt(*scan, 3.0F), 10);
     // 0.6 + 9.9 is 10.5 as a float, and 10.5 / 0.3 is 35. In double precision, the sum of the
@@ -55,7 +57,8 @@ TEST(OcclusalPropertiesCalculator, SliceIsComputedInSinglePrecision)
     // 2.6 / 0.2 is 12.999999 for the floats nearest to these; times the reciprocal of 0.2, 5, it
     // would be 13.
     EXPECT_EQ(indexAt(*makeScan(0.2F, 60.0F), 2.6F), 12);
-    // 16777217 - 1 is even further below; 2^24 - 1 is exact, 2^24 + 2 - 1 ties to 2^24 + 2 in single precision.
+    // 16777217 - 1 is even further below; 2^24 - 1 is exact, 2^24 + 2 - 1 ties to 2^24 + 2 in
+    // single precision.
     EXPECT_EQ(indexAt(*makeScan(0.3F, 16777218.0F), 3e7F), 16777216);
 }
 

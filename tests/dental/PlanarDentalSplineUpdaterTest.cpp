@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/dental/PlanarDentalSplineUpdater.h>
 
-// Covered: the rebuilding of an arch, its order of host calls and its notifications; copies and movements.
+// Covered: the rebuilding of an arch, its order of host calls and its notifications; copies and
+// movements.
 
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 
@@ -245,8 +246,9 @@ private:
 std::shared_ptr<PlanarDentalSpline> makeSource()
 {
     auto source = std::make_shared<PlanarDentalSpline>();
-    Updater::update(*source, {kA, kB, kC}, {{tooth(18), kA}, {tooth(31), kC}}, 77, ToothChart::LowerArch,
-                    std::make_unique<CatmullRomSpline3D>(9), ManuallyCreated);
+    Updater::update(*source, {kA, kB, kC}, {{tooth(18), kA}, {tooth(31), kC}}, 77,
+                    ToothChart::LowerArch, std::make_unique<CatmullRomSpline3D>(9),
+                    ManuallyCreated);
     return source;
 }
 
@@ -264,8 +266,8 @@ TEST(PlanarDentalSplineUpdater, RebuildsPointsTagsAndValues)
     spline.setTooth(tooth(1), spline.appendControlPoint({1.0F, 2.0F, 3.0F}));
     auto curve = std::make_unique<CatmullRomSpline3D>(5);
     const math::Spline3DInterface* address = curve.get();
-    Updater::update(spline, {kA, kB, kC}, {{tooth(5), kB}, {tooth(7), kC}}, 120, ToothChart::LowerArch,
-                    std::move(curve), ManuallyCreated);
+    Updater::update(spline, {kA, kB, kC}, {{tooth(5), kB}, {tooth(7), kC}}, 120,
+                    ToothChart::LowerArch, std::move(curve), ManuallyCreated);
     EXPECT_EQ(positions(spline), (std::vector{kA, kB, kC}));
     EXPECT_TRUE(spline.isFinished());
     EXPECT_EQ(tags(spline), (QMap<int, QVector3D>{{5, kB}, {7, kC}}));
@@ -279,22 +281,24 @@ TEST(PlanarDentalSplineUpdater, RebuildsPointsTagsAndValues)
 
 TEST(PlanarDentalSplineUpdater, TagsAreFoundByFuzzyEqualityButThatOfTheLastPointExactlyOnPurpose)
 {
-    // 20 and the next float above it differ by 1e-7 of their value; the fuzzy comparison allows 1e-5.
+    // 20 and the next float above it differ by 1e-7 of their value; the fuzzy comparison allows
+    // 1e-5.
     const QVector3D nearB(0.0F, std::nextafter(-15.0F, 0.0F), 30.0F);
     const QVector3D nearC(std::nextafter(20.0F, 30.0F), 10.0F, 30.0F);
     PlanarDentalSpline spline;
-    Updater::update(spline, {kA, kB, kC}, {{tooth(5), nearB}, {tooth(7), nearC}}, 0, ToothChart::UpperArch,
-                    polyline(), AutomaticallyCreated);
+    Updater::update(spline, {kA, kB, kC}, {{tooth(5), nearB}, {tooth(7), nearC}}, 0,
+                    ToothChart::UpperArch, polyline(), AutomaticallyCreated);
     EXPECT_EQ(tags(spline), (QMap<int, QVector3D>{{5, kB}}));
-    Updater::update(spline, {kA, kB, kC}, {{tooth(5), nearB}, {tooth(7), kC}}, 0, ToothChart::UpperArch,
-                    polyline(), AutomaticallyCreated);
+    Updater::update(spline, {kA, kB, kC}, {{tooth(5), nearB}, {tooth(7), kC}}, 0,
+                    ToothChart::UpperArch, polyline(), AutomaticallyCreated);
     EXPECT_EQ(tags(spline), (QMap<int, QVector3D>{{5, kB}, {7, kC}}));
 }
 
 TEST(PlanarDentalSplineUpdater, AllThreeCoordinatesOfTheLastPointCount)
 {
-    for (const QVector3D& other : {kC + QVector3D(1.0F, 0.0F, 0.0F), kC + QVector3D(0.0F, 1.0F, 0.0F),
-                                   kC + QVector3D(0.0F, 0.0F, 1.0F)}) {
+    for (const QVector3D& other :
+         {kC + QVector3D(1.0F, 0.0F, 0.0F), kC + QVector3D(0.0F, 1.0F, 0.0F),
+          kC + QVector3D(0.0F, 0.0F, 1.0F)}) {
         PlanarDentalSpline spline;
         Updater::update(spline, {kA, kC}, {{tooth(7), other}}, 0, ToothChart::UpperArch, polyline(),
                         AutomaticallyCreated);
@@ -305,8 +309,9 @@ TEST(PlanarDentalSplineUpdater, AllThreeCoordinatesOfTheLastPointCount)
 TEST(PlanarDentalSplineUpdater, OfTwoTeethAtOnePositionTheLowerIsTagged)
 {
     PlanarDentalSpline spline;
-    Updater::update(spline, {kA, kB, kC}, {{tooth(9), kB}, {tooth(6), kB}, {tooth(14), kC}, {tooth(12), kC}},
-                    0, ToothChart::UpperArch, polyline(), AutomaticallyCreated);
+    Updater::update(spline, {kA, kB, kC},
+                    {{tooth(9), kB}, {tooth(6), kB}, {tooth(14), kC}, {tooth(12), kC}}, 0,
+                    ToothChart::UpperArch, polyline(), AutomaticallyCreated);
     EXPECT_EQ(tags(spline), (QMap<int, QVector3D>{{6, kB}, {12, kC}}));
 }
 
@@ -332,22 +337,24 @@ TEST(PlanarDentalSplineUpdater, OnePositionIsTheLastPoint)
 TEST(PlanarDentalSplineUpdater, ComparesWithThePositionReadBackFromTheAppendedPoint)
 {
     GridSpline spline;
-    Updater::update(
-        spline, {{0.4F, 5.0F, 9.0F}, {8.0F, 5.4F, 9.0F}},
-        {{tooth(3), {0.0F, 5.0F, 9.0F}}, {tooth(4), {8.0F, 5.0F, 9.0F}}, {tooth(5), {8.0F, 5.4F, 9.0F}}}, 0,
-        ToothChart::UpperArch, polyline(), AutomaticallyCreated);
+    Updater::update(spline, {{0.4F, 5.0F, 9.0F}, {8.0F, 5.4F, 9.0F}},
+                    {{tooth(3), {0.0F, 5.0F, 9.0F}},
+                     {tooth(4), {8.0F, 5.0F, 9.0F}},
+                     {tooth(5), {8.0F, 5.4F, 9.0F}}},
+                    0, ToothChart::UpperArch, polyline(), AutomaticallyCreated);
     EXPECT_EQ(tags(spline).keys(), (QList<int>{3, 4}));
 }
 
 TEST(PlanarDentalSplineUpdater, CallsTheHostInOrder)
 {
     RecordingSpline spline;
-    Updater::update(spline, {kA, kB, kC}, {{tooth(5), kB}, {tooth(7), kC}}, 120, ToothChart::LowerArch,
-                    polyline(), ManuallyCreated);
-    EXPECT_EQ(spline.log, (Log{"setSpline", "isCreateUndoEnabledForObject", "undo off", "notification off",
-                               "clear", "append", "append", "setTooth 5", "append last", "setTooth 7",
-                               "notification on", "pointsChanged", "notifyGuidingLineObservers",
-                               "setOcclusalIndex", "setArchType", "setCreationType", "undo on"}));
+    Updater::update(spline, {kA, kB, kC}, {{tooth(5), kB}, {tooth(7), kC}}, 120,
+                    ToothChart::LowerArch, polyline(), ManuallyCreated);
+    EXPECT_EQ(spline.log,
+              (Log{"setSpline", "isCreateUndoEnabledForObject", "undo off", "notification off",
+                   "clear", "append", "append", "setTooth 5", "append last", "setTooth 7",
+                   "notification on", "pointsChanged", "notifyGuidingLineObservers",
+                   "setOcclusalIndex", "setArchType", "setCreationType", "undo on"}));
 }
 
 TEST(PlanarDentalSplineUpdater, EmptyPositionListStillReplacesTheCurveAndTheValues)
@@ -360,9 +367,10 @@ TEST(PlanarDentalSplineUpdater, EmptyPositionListStillReplacesTheCurveAndTheValu
     ObjectObserver ofObject;
     spline.attach(&ofLine);
     spline.attach(&ofObject);
-    Updater::update(spline, {}, {{tooth(9), kA}}, 33, ToothChart::LowerArch, polyline(), ManuallyCreated);
-    EXPECT_EQ(spline.log, (Log{"setSpline", "isCreateUndoEnabledForObject", "undo off", "setOcclusalIndex",
-                               "setArchType", "setCreationType", "undo on"}));
+    Updater::update(spline, {}, {{tooth(9), kA}}, 33, ToothChart::LowerArch, polyline(),
+                    ManuallyCreated);
+    EXPECT_EQ(spline.log, (Log{"setSpline", "isCreateUndoEnabledForObject", "undo off",
+                               "setOcclusalIndex", "setArchType", "setCreationType", "undo on"}));
     EXPECT_NE(dynamic_cast<const PolylineSpline3D*>(spline.getSpline()), nullptr);
     EXPECT_EQ(positions(spline), std::vector{kA});
     EXPECT_EQ(tags(spline), (QMap<int, QVector3D>{{5, kA}}));
@@ -377,23 +385,26 @@ TEST(PlanarDentalSplineUpdater, UndoRecordingIsRestoredToWhatItWas)
 {
     PlanarDentalSpline spline;
     spline.enableCreateUndoForObjectAndProperties(false);
-    Updater::update(spline, {kA, kB}, {}, 0, ToothChart::UpperArch, polyline(), AutomaticallyCreated);
+    Updater::update(spline, {kA, kB}, {}, 0, ToothChart::UpperArch, polyline(),
+                    AutomaticallyCreated);
     EXPECT_FALSE(spline.isCreateUndoEnabledForObject());
     spline.enableCreateUndoForObjectAndProperties(true);
-    Updater::update(spline, {kA, kB}, {}, 0, ToothChart::UpperArch, polyline(), AutomaticallyCreated);
+    Updater::update(spline, {kA, kB}, {}, 0, ToothChart::UpperArch, polyline(),
+                    AutomaticallyCreated);
     EXPECT_TRUE(spline.isCreateUndoEnabledForObject());
 }
 
 TEST(PlanarDentalSplineUpdater, ObserversSeeExactlyOneNotification)
 {
     PlanarDentalSpline spline;
-    Updater::update(spline, {kA, kC}, {}, 0, ToothChart::UpperArch, polyline(), AutomaticallyCreated);
+    Updater::update(spline, {kA, kC}, {}, 0, ToothChart::UpperArch, polyline(),
+                    AutomaticallyCreated);
     LineObserver ofLine;
     ObjectObserver ofObject;
     spline.attach(&ofLine);
     spline.attach(&ofObject);
-    Updater::update(spline, {kA, kB, kC}, {{tooth(5), kB}, {tooth(7), kC}}, 120, ToothChart::LowerArch,
-                    std::make_unique<CatmullRomSpline3D>(), ManuallyCreated);
+    Updater::update(spline, {kA, kB, kC}, {{tooth(5), kB}, {tooth(7), kC}}, 120,
+                    ToothChart::LowerArch, std::make_unique<CatmullRomSpline3D>(), ManuallyCreated);
     EXPECT_EQ(ofLine.types, std::vector{events::GuidingLineEvent::PathChanged});
     EXPECT_EQ(ofObject.changes, 1);
 }
@@ -402,7 +413,8 @@ TEST(PlanarDentalSplineUpdater, NotificationIsOnAfterwards)
 {
     PlanarDentalSpline spline;
     spline.setNotifyObservers(false);
-    Updater::update(spline, {kA, kB}, {}, 0, ToothChart::UpperArch, polyline(), AutomaticallyCreated);
+    Updater::update(spline, {kA, kB}, {}, 0, ToothChart::UpperArch, polyline(),
+                    AutomaticallyCreated);
     EXPECT_TRUE(spline.canNotifyObservers());
 }
 
@@ -435,7 +447,8 @@ TEST(PlanarDentalSplineUpdater, Law2PositionsOfASplineAreThoseItWasBuiltFrom)
     const std::vector<QVector3D> points{kA, kB, kC};
     const Teeth teeth{{tooth(18), kA}, {tooth(24), kB}, {tooth(31), kC}};
     PlanarDentalSpline spline;
-    Updater::update(spline, points, teeth, 0, ToothChart::LowerArch, polyline(), AutomaticallyCreated);
+    Updater::update(spline, points, teeth, 0, ToothChart::LowerArch, polyline(),
+                    AutomaticallyCreated);
     EXPECT_EQ(Updater::getPointPositions(spline), points);
     EXPECT_EQ(Updater::getTeethPositions(spline), teeth);
     EXPECT_TRUE(Updater::getPointPositions(PlanarDentalSpline()).empty());
@@ -477,7 +490,8 @@ TEST(PlanarDentalSplineUpdater, CopyReadsTheSourceInOrder)
     ReadSpline source;
     ReadSpline withItsCurve;
     Updater::copy(source, withItsCurve, true);
-    EXPECT_EQ(source.log, (Log{"creation type", "arch type", "occlusal index", "teeth", "points", "curve"}));
+    EXPECT_EQ(source.log,
+              (Log{"creation type", "arch type", "occlusal index", "teeth", "points", "curve"}));
     EXPECT_EQ(withItsCurve.log, Log{"rebuild"});
 
     source.log.clear();
@@ -535,7 +549,8 @@ TEST(PlanarDentalSplineUpdater, TransformReadsTheSplineInOrderAndNotItsSlice)
 {
     ReadSpline spline;
     Updater::transform(spline, {}, 5);
-    EXPECT_EQ(spline.log, (Log{"points", "teeth", "arch type", "curve", "creation type", "rebuild"}));
+    EXPECT_EQ(spline.log,
+              (Log{"points", "teeth", "arch type", "curve", "creation type", "rebuild"}));
 }
 
 TEST(PlanarDentalSplineUpdater, TransformFindsTheTagsAgainUnderAnyRotation)

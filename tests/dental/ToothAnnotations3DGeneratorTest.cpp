@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/dental/ToothAnnotations3DGenerator.h>
 
-// Covered: which teeth are labelled along one spline or two, where the labels stand, and the label of one tooth.
+// Covered: which teeth are labelled along one spline or two, where the labels stand, and the label
+// of one tooth.
 
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
@@ -23,18 +24,18 @@ struct ToothAnnotations3DGeneratorTestAccess
     {
         return ToothAnnotations3DGenerator::getDirection(spline, position);
     }
-    static ToothChart::Tooth toothFromArchType(ToothChart::Tooth tooth, ToothChart::ArchType archType)
+    static ToothChart::Tooth toothFromArchType(ToothChart::Tooth tooth,
+                                               ToothChart::ArchType archType)
     {
         return ToothAnnotations3DGenerator::getToothFromArchType(tooth, archType);
     }
-    static QList<std::shared_ptr<ToothAnnotation3D>> create(std::shared_ptr<dataobject::Tooth> tooth,
-                                                            ToothChart::ArchType archType,
-                                                            const QList<ToothChart::Tooth>& teeth,
-                                                            bool bothArches, dataobject::Mouth* mouth)
+    static QList<std::shared_ptr<ToothAnnotation3D>>
+    create(std::shared_ptr<dataobject::Tooth> tooth, ToothChart::ArchType archType,
+           const QList<ToothChart::Tooth>& teeth, bool bothArches, dataobject::Mouth* mouth)
     {
         return ToothAnnotations3DGenerator::createToothAnnotation(
-            std::move(tooth), archType, {5.0F, 6.0F, 7.0F}, 2.0F, {1.0F, 0.0F, 0.0F}, teeth, bothArches,
-            mouth);
+            std::move(tooth), archType, {5.0F, 6.0F, 7.0F}, 2.0F, {1.0F, 0.0F, 0.0F}, teeth,
+            bothArches, mouth);
     }
 };
 
@@ -99,9 +100,10 @@ TEST(ToothAnnotations3DGenerator, LabelsEveryToothOfTheMouthAlongTheSpline)
     const auto mouth = makeMouth({19, 20, 21, 22});
     const Labels labels = Generator::generate(Splines{spline.get()}, teeth({20}), mouth.get());
     EXPECT_EQ(numbers(labels), (std::vector{19, 20, 21, 22})) << "requested or not";
-    EXPECT_EQ(positions(labels),
-              (std::vector<QVector3D>{
-                  {10.0F, 0.0F, -9.0F}, {20.0F, 0.0F, -9.0F}, {30.0F, 0.0F, -9.0F}, {40.0F, 0.0F, -9.0F}}));
+    EXPECT_EQ(positions(labels), (std::vector<QVector3D>{{10.0F, 0.0F, -9.0F},
+                                                         {20.0F, 0.0F, -9.0F},
+                                                         {30.0F, 0.0F, -9.0F},
+                                                         {40.0F, 0.0F, -9.0F}}));
     for (const auto& label : labels) {
         EXPECT_EQ(label->getTooth(), mouth->getToothForToothType(label->getToothType()));
         EXPECT_EQ(label->getDirection(), QVector3D(1.0F, 0.0F, 0.0F));
@@ -146,14 +148,16 @@ TEST(ToothAnnotations3DGenerator, OneUpperSplineLabelsRequestedLowerTeethBelow)
     const Labels labels =
         Generator::generate(Splines{spline.get()}, teeth({11, 22}), makeMouth({11, 22}).get());
     EXPECT_EQ(numbers(labels), (std::vector{11, 22}));
-    EXPECT_EQ(positions(labels), (std::vector<QVector3D>{{12.0F, 0.0F, 9.0F}, {12.0F, 0.0F, -9.0F}}));
+    EXPECT_EQ(positions(labels),
+              (std::vector<QVector3D>{{12.0F, 0.0F, 9.0F}, {12.0F, 0.0F, -9.0F}}));
 }
 
 TEST(ToothAnnotations3DGenerator, OppositesAreLabelledOnlyIfTeethOfBothArchesAreRequested)
 {
     const auto spline = makeLowerArch();
     const auto mouth = makeMouth({19, 14});
-    EXPECT_EQ(numbers(Generator::generate(Splines{spline.get()}, teeth({14}), mouth.get())), std::vector{19});
+    EXPECT_EQ(numbers(Generator::generate(Splines{spline.get()}, teeth({14}), mouth.get())),
+              std::vector{19});
     EXPECT_EQ(numbers(Generator::generate(Splines{spline.get()}, teeth({14, 30}), mouth.get())),
               (std::vector{19, 14}));
     EXPECT_EQ(numbers(Generator::generate(Splines{spline.get()}, teeth({14, 0, 33}), mouth.get())),
@@ -164,7 +168,8 @@ TEST(ToothAnnotations3DGenerator, OppositesAreLabelledOnlyIfTeethOfBothArchesAre
 TEST(ToothAnnotations3DGenerator, OpposingLabelIsMadeWithANullToothIfTheMouthHasNoneOnPurpose)
 {
     const auto spline = makeLowerArch();
-    const Labels labels = Generator::generate(Splines{spline.get()}, teeth({19, 14}), makeMouth({19}).get());
+    const Labels labels =
+        Generator::generate(Splines{spline.get()}, teeth({19, 14}), makeMouth({19}).get());
     ASSERT_EQ(labels.size(), 2);
     EXPECT_EQ(labels[1]->getTooth(), nullptr);
     EXPECT_EQ(labels[1]->getPosition(), QVector3D(10.0F, 0.0F, 9.0F));
@@ -188,24 +193,27 @@ TEST(ToothAnnotations3DGenerator, AnyOtherNumberOfSplinesGivesNoLabels)
     const auto spline = makeLowerArch();
     const auto mouth = makeMouth({19, 20});
     EXPECT_EQ(Generator::generate(Splines{}, teeth({19}), mouth.get()), kNone);
-    EXPECT_EQ(
-        Generator::generate(Splines{spline.get(), spline.get(), spline.get()}, teeth({19}), mouth.get()),
-        kNone);
+    EXPECT_EQ(Generator::generate(Splines{spline.get(), spline.get(), spline.get()}, teeth({19}),
+                                  mouth.get()),
+              kNone);
 }
 
 TEST(ToothAnnotations3DGenerator, SplineWithoutTeethGivesNoLabels)
 {
-    EXPECT_EQ(Generator::generate(Splines{makeArch(50, {}).get()}, teeth({19}), makeMouth({19}).get()),
-              kNone);
+    EXPECT_EQ(
+        Generator::generate(Splines{makeArch(50, {}).get()}, teeth({19}), makeMouth({19}).get()),
+        kNone);
 }
 
-TEST(ToothAnnotations3DGenerator, ToothOfASplineOverBothArchesIsLabelledAsTheOppositeOfTheSplinesArch)
+TEST(ToothAnnotations3DGenerator,
+     ToothOfASplineOverBothArchesIsLabelledAsTheOppositeOfTheSplinesArch)
 {
     // 16 at 10 and 17 at 20, both labelled with upper teeth: 17 stands opposite 16.
     const auto spline = makeArch(50, {{16, 10.0F}, {17, 20.0F}});
     const Labels labels = Generator::generate(Splines{spline.get()}, {}, makeMouth({16, 17}).get());
     EXPECT_EQ(numbers(labels), (std::vector{16, 16}));
-    EXPECT_EQ(positions(labels), (std::vector<QVector3D>{{10.0F, 0.0F, 9.0F}, {20.0F, 0.0F, 9.0F}}));
+    EXPECT_EQ(positions(labels),
+              (std::vector<QVector3D>{{10.0F, 0.0F, 9.0F}, {20.0F, 0.0F, 9.0F}}));
 }
 
 // ---- the occlusal height
@@ -217,7 +225,8 @@ TEST(ToothAnnotations3DGenerator, ScanOfDefinitionZeroPutsLabelsRoundTheHeightOf
     setScan(*lower, scan);
     const Labels labels =
         Generator::generate(Splines{lower.get()}, teeth({19, 14}), makeMouth({19, 14}).get());
-    EXPECT_EQ(positions(labels), (std::vector<QVector3D>{{10.0F, 0.0F, 31.0F}, {10.0F, 0.0F, 49.0F}}));
+    EXPECT_EQ(positions(labels),
+              (std::vector<QVector3D>{{10.0F, 0.0F, 31.0F}, {10.0F, 0.0F, 49.0F}}));
 }
 
 TEST(ToothAnnotations3DGenerator, ScanOfAnyOtherDefinitionPutsLabelsRoundSixTenthsOfThatHeight)
@@ -230,7 +239,8 @@ TEST(ToothAnnotations3DGenerator, ScanOfAnyOtherDefinitionPutsLabelsRoundSixTent
         const Labels labels =
             Generator::generate(Splines{lower.get()}, teeth({19, 14}), makeMouth({19, 14}).get());
         // 0.6 * 40 in single precision ties to 24.
-        EXPECT_EQ(positions(labels), (std::vector<QVector3D>{{10.0F, 0.0F, 15.0F}, {10.0F, 0.0F, 33.0F}}));
+        EXPECT_EQ(positions(labels),
+                  (std::vector<QVector3D>{{10.0F, 0.0F, 15.0F}, {10.0F, 0.0F, 33.0F}}));
     }
 }
 
@@ -278,8 +288,8 @@ TEST(ToothAnnotations3DGenerator, WithoutAScanThePathKeepsItsHeight)
 
 TEST(ToothAnnotations3DGenerator, DirectionIsThatOfTheSampleNearestToTheLabelAtOcclusalHeight)
 {
-    // The path climbs beside a tooth: at the height of the path the tooth lies at sample 0, at the occlusal height
-    // of 40 the nearest sample is the last, where the path runs along y.
+    // The path climbs beside a tooth: at the height of the path the tooth lies at sample 0, at the
+    // occlusal height of 40 the nearest sample is the last, where the path runs along y.
     PlanarDentalSpline spline;
     spline.setArchType(ToothChart::LowerArch);
     spline.setTooth(ToothChart::Tooth(20), spline.appendControlPoint({0.0F, 0.0F, 0.0F}));
@@ -313,15 +323,16 @@ TEST(ToothAnnotations3DGenerator, OneToothIsLabelledOnTheFirstSplineOfItsArch)
     const auto upper = makeUpperArch();
     const auto otherUpper = makeArch(50, {{12, 45.0F}});
     const auto tooth = makeTooth(12);
-    const auto label =
-        Generator::generate(Splines{lower.get(), upper.get(), otherUpper.get()}, teeth({12}), tooth);
+    const auto label = Generator::generate(Splines{lower.get(), upper.get(), otherUpper.get()},
+                                           teeth({12}), tooth);
     ASSERT_NE(label, nullptr);
     EXPECT_EQ(label->getTooth(), tooth);
     EXPECT_EQ(label->getPosition(), QVector3D(22.0F, 0.0F, 9.0F));
     EXPECT_EQ(label->getDirection(), QVector3D(1.0F, 0.0F, 0.0F));
 }
 
-TEST(ToothAnnotations3DGenerator, OneToothWithoutASplineOfItsArchStandsAtItsOppositesPlaceOnTheFirst)
+TEST(ToothAnnotations3DGenerator,
+     OneToothWithoutASplineOfItsArchStandsAtItsOppositesPlaceOnTheFirst)
 {
     const auto lower = makeLowerArch();
     const auto label = Generator::generate(Splines{lower.get()}, teeth({13, 20}), makeTooth(13));
@@ -339,17 +350,20 @@ TEST(ToothAnnotations3DGenerator,
     // An arch that says upper and holds the lower teeth 19 and 22: 12 lies below the first, at 10,
     // although its opposite 21 lies at 30.
     const auto upperByName = makeArch(50, {{19, 10.0F}, {22, 40.0F}});
-    EXPECT_EQ(Generator::generate(Splines{upperByName.get()}, teeth({12}), makeTooth(12))->getPosition(),
-              QVector3D(10.0F, 0.0F, 9.0F));
+    EXPECT_EQ(
+        Generator::generate(Splines{upperByName.get()}, teeth({12}), makeTooth(12))->getPosition(),
+        QVector3D(10.0F, 0.0F, 9.0F));
     // One that says lower and holds the upper teeth 11 and 13: 12 is looked up as its opposite 21,
     // which lies above the last, at 32, although 12 itself lies at 22.
     const auto lowerByName = makeUpperArch();
     lowerByName->setArchType(ToothChart::LowerArch);
-    EXPECT_EQ(Generator::generate(Splines{lowerByName.get()}, teeth({12}), makeTooth(12))->getPosition(),
-              QVector3D(32.0F, 0.0F, 9.0F));
+    EXPECT_EQ(
+        Generator::generate(Splines{lowerByName.get()}, teeth({12}), makeTooth(12))->getPosition(),
+        QVector3D(32.0F, 0.0F, 9.0F));
 }
 
-TEST(ToothAnnotations3DGenerator, DirectionOfOneToothIsThatOfTheSampleNearestToItsPlaceAtOcclusalHeight)
+TEST(ToothAnnotations3DGenerator,
+     DirectionOfOneToothIsThatOfTheSampleNearestToItsPlaceAtOcclusalHeight)
 {
     // As for a whole mouth: at the height of the path the tooth lies at sample 0, at the occlusal
     // height of 40 the nearest sample is 2, where the path runs along y.
@@ -380,19 +394,23 @@ TEST(ToothAnnotations3DGenerator, ToothOfAnArchIsItselfOrItsOpposite)
     EXPECT_EQ(Access::toothFromArchType(ToothChart::Tooth(14), ToothChart::UpperArch), 14);
     EXPECT_EQ(Access::toothFromArchType(ToothChart::Tooth(14), ToothChart::LowerArch), 19);
     EXPECT_EQ(Access::toothFromArchType(ToothChart::Tooth(19), ToothChart::UpperArch), 14);
-    EXPECT_EQ(Access::toothFromArchType(ToothChart::Tooth(99), ToothChart::UpperArch), ToothChart::NoTooth);
+    EXPECT_EQ(Access::toothFromArchType(ToothChart::Tooth(99), ToothChart::UpperArch),
+              ToothChart::NoTooth);
 }
 
 TEST(ToothAnnotations3DGenerator, PrimaryLabelNeedsTheToothInTheMouthTheOpposingOneDoesNot)
 {
     const auto mouth = makeMouth({30});
     const auto lower = makeTooth(20);
-    EXPECT_EQ(Access::create(lower, ToothChart::LowerArch, teeth({13, 20}), false, mouth.get()), kNone);
-    const Labels labels = Access::create(lower, ToothChart::LowerArch, teeth({13, 20}), true, mouth.get());
+    EXPECT_EQ(Access::create(lower, ToothChart::LowerArch, teeth({13, 20}), false, mouth.get()),
+              kNone);
+    const Labels labels =
+        Access::create(lower, ToothChart::LowerArch, teeth({13, 20}), true, mouth.get());
     ASSERT_EQ(labels.size(), 1);
     EXPECT_EQ(labels[0]->getPosition(), QVector3D(5.0F, 6.0F, 16.0F)) << "9, not the given offset";
     EXPECT_EQ(labels[0]->getDirection(), QVector3D(1.0F, 0.0F, 0.0F));
-    const Labels primary = Access::create(makeTooth(30), ToothChart::LowerArch, {}, false, mouth.get());
+    const Labels primary =
+        Access::create(makeTooth(30), ToothChart::LowerArch, {}, false, mouth.get());
     ASSERT_EQ(primary.size(), 1);
     EXPECT_EQ(primary[0]->getPosition(), QVector3D(5.0F, 6.0F, 9.0F)) << "the given offset";
 }
@@ -419,7 +437,8 @@ TEST(ToothAnnotations3DGenerator, MouthIsAskedWhetherItHasTheToothOfThePrimaryLa
     EXPECT_EQ(numbers(opposite), std::vector{14});
     EXPECT_EQ(mouth.asked, std::vector{19});
     // 20 is not there, but the mouth says that it has it: a label without a tooth.
-    const Labels withoutTooth = Access::create(makeTooth(20), ToothChart::LowerArch, {}, false, &mouth);
+    const Labels withoutTooth =
+        Access::create(makeTooth(20), ToothChart::LowerArch, {}, false, &mouth);
     ASSERT_EQ(withoutTooth.size(), 1);
     EXPECT_EQ(withoutTooth[0]->getTooth(), nullptr);
 }
@@ -430,16 +449,18 @@ TEST(ToothAnnotations3DGenerator, NullSplineToothOrMouthGetsNoLabels)
 {
     const auto lower = makeLowerArch();
     const auto mouth = makeMouth({19});
-    EXPECT_EQ(
-        Generator::generate(Splines{lower.get()}, teeth({19}), static_cast<dataobject::Mouth*>(nullptr)),
-        kNone);
+    EXPECT_EQ(Generator::generate(Splines{lower.get()}, teeth({19}),
+                                  static_cast<dataobject::Mouth*>(nullptr)),
+              kNone);
     EXPECT_EQ(Generator::generate(Splines{nullptr}, teeth({19}), mouth.get()), kNone);
     EXPECT_EQ(numbers(Generator::generate(Splines{nullptr, lower.get()}, teeth({19}), mouth.get())),
               std::vector{19});
-    EXPECT_EQ(Generator::generate(Splines{lower.get()}, teeth({19}), std::shared_ptr<dataobject::Tooth>()),
+    EXPECT_EQ(Generator::generate(Splines{lower.get()}, teeth({19}),
+                                  std::shared_ptr<dataobject::Tooth>()),
               nullptr);
     EXPECT_EQ(Generator::generate(Splines{nullptr}, teeth({19}), makeTooth(19)), nullptr);
-    EXPECT_NE(Generator::generate(Splines{nullptr, lower.get()}, teeth({19}), makeTooth(19)), nullptr);
+    EXPECT_NE(Generator::generate(Splines{nullptr, lower.get()}, teeth({19}), makeTooth(19)),
+              nullptr);
     EXPECT_EQ(Access::create(nullptr, ToothChart::LowerArch, {}, true, mouth.get()), kNone);
     EXPECT_EQ(Access::create(makeTooth(19), ToothChart::LowerArch, {}, true, nullptr), kNone);
 }
@@ -447,14 +468,17 @@ TEST(ToothAnnotations3DGenerator, NullSplineToothOrMouthGetsNoLabels)
 TEST(ToothAnnotations3DGenerator, NumbersThatAreNoTeethDoNoHarm)
 {
     const auto spline = makeArch(50, {{-7, 10.0F}, {999, 40.0F}});
-    EXPECT_EQ(Generator::generate(Splines{spline.get()}, teeth({-7, 999}), makeMouth({-7, 999}).get()),
-              kNone);
+    EXPECT_EQ(
+        Generator::generate(Splines{spline.get()}, teeth({-7, 999}), makeMouth({-7, 999}).get()),
+        kNone);
     const auto label = Generator::generate(Splines{spline.get()}, teeth({999}), makeTooth(999));
-    ASSERT_NE(label,
-              nullptr); // counted with the lower arch; opposite of no tooth, which lies between the two
+    ASSERT_NE(
+        label,
+        nullptr); // counted with the lower arch; opposite of no tooth, which lies between the two
     EXPECT_EQ(label->getToothType(), 999);
     const int highest = std::numeric_limits<int>::max();
-    EXPECT_NE(Generator::generate(Splines{spline.get()}, teeth({highest}), makeTooth(highest)), nullptr);
+    EXPECT_NE(Generator::generate(Splines{spline.get()}, teeth({highest}), makeTooth(highest)),
+              nullptr);
 }
 
 } // namespace

@@ -103,7 +103,8 @@ TEST(ToothGenerationTools, CreatesTheTeethThatAreLabelledButMissing)
 
 TEST(ToothGenerationTools, CreatesInAscendingOrderWhateverThatOfTheLabels)
 {
-    EXPECT_EQ(createdNumbers(*makeDiagnosis(makeMouth({8})), {30, 2, 17, 8, 9}), (std::vector{2, 9, 17, 30}));
+    EXPECT_EQ(createdNumbers(*makeDiagnosis(makeMouth({8})), {30, 2, 17, 8, 9}),
+              (std::vector{2, 9, 17, 30}));
 }
 
 TEST(ToothGenerationTools, ToothThatIsLabelledTwiceButMissingIsCreatedTwice)
@@ -126,14 +127,16 @@ TEST(ToothGenerationTools, EmptyLabelListCreatesNothing)
 TEST(ToothGenerationTools, WithoutAMouthNothingIsCreated)
 {
     EXPECT_TRUE(Tools::createMissingTeeth(nullptr, labelsOf({3})).empty());
-    EXPECT_TRUE(Tools::createMissingTeeth(std::make_unique<Diagnosis>().get(), labelsOf({3})).empty());
+    EXPECT_TRUE(
+        Tools::createMissingTeeth(std::make_unique<Diagnosis>().get(), labelsOf({3})).empty());
     EXPECT_TRUE(Tools::createMissingTeeth(makeDiagnosis(nullptr).get(), labelsOf({3})).empty());
 }
 
 TEST(ToothGenerationTools, NumbersThatAreNoTeethAreCreatedAsTheyAre)
 {
-    EXPECT_EQ(createdNumbers(*makeDiagnosis(makeMouth({4})), {std::numeric_limits<int>::max(), -1, 0}),
-              (std::vector{-1, 0, std::numeric_limits<int>::max()}));
+    EXPECT_EQ(
+        createdNumbers(*makeDiagnosis(makeMouth({4})), {std::numeric_limits<int>::max(), -1, 0}),
+        (std::vector{-1, 0, std::numeric_limits<int>::max()}));
 }
 
 // ---- pairs

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/dental/ToothLocator.h>
 
-// Covered: interpolated tooth identifiers, the nearest teeth of a point, the height of the teeth of a jaw.
+// Covered: interpolated tooth identifiers, the nearest teeth of a point, the height of the teeth of
+// a jaw.
 
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
@@ -27,8 +28,10 @@ constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
 constexpr int kLowestInt = std::numeric_limits<int>::min();
 constexpr int kHighestInt = std::numeric_limits<int>::max();
 
-static_assert(std::has_virtual_destructor_v<ToothLocator> && std::is_copy_constructible_v<ToothLocator> &&
-              std::is_copy_assignable_v<ToothLocator> && std::is_default_constructible_v<ToothLocator>);
+static_assert(std::has_virtual_destructor_v<ToothLocator> &&
+              std::is_copy_constructible_v<ToothLocator> &&
+              std::is_copy_assignable_v<ToothLocator> &&
+              std::is_default_constructible_v<ToothLocator>);
 
 ToothChart::Tooth tooth(int number)
 {
@@ -37,7 +40,8 @@ ToothChart::Tooth tooth(int number)
 
 std::pair<int, int> nearest(PlanarDentalSpline* spline, float x)
 {
-    const auto [first, second] = ToothLocator::getNearestToothIds(spline, QVector3D(x, 3.0F, -2.0F));
+    const auto [first, second] =
+        ToothLocator::getNearestToothIds(spline, QVector3D(x, 3.0F, -2.0F));
     return {first, second};
 }
 
@@ -75,20 +79,20 @@ TEST(ToothLocator, IdentifierOutsideTheEntriesIsThatOfTheFirstOrTheLast)
 
 TEST(ToothLocator, EntriesMayRunAgainstTheNumbers)
 {
-    EXPECT_EQ(
-        ToothLocator::calculateToothIdByInterpolation({{0, tooth(32)}, {8, tooth(31)}, {16, tooth(17)}}, 2),
-        31.75);
-    EXPECT_EQ(
-        ToothLocator::calculateToothIdByInterpolation({{0, tooth(32)}, {8, tooth(31)}, {16, tooth(17)}}, 12),
-        24.0);
+    EXPECT_EQ(ToothLocator::calculateToothIdByInterpolation(
+                  {{0, tooth(32)}, {8, tooth(31)}, {16, tooth(17)}}, 2),
+              31.75);
+    EXPECT_EQ(ToothLocator::calculateToothIdByInterpolation(
+                  {{0, tooth(32)}, {8, tooth(31)}, {16, tooth(17)}}, 12),
+              24.0);
 }
 
 TEST(ToothLocator, EntriesAsFarApartAsIntegersReachDoNotOverflow)
 {
     // 1 + 2 * 2^31 / (2^32 - 1) = 2 + 2^-32 to sixteen digits.
-    EXPECT_DOUBLE_EQ(
-        ToothLocator::calculateToothIdByInterpolation({{kLowestInt, tooth(1)}, {kHighestInt, tooth(3)}}, 0),
-        2.0 + 0x1p-32);
+    EXPECT_DOUBLE_EQ(ToothLocator::calculateToothIdByInterpolation(
+                         {{kLowestInt, tooth(1)}, {kHighestInt, tooth(3)}}, 0),
+                     2.0 + 0x1p-32);
 }
 
 TEST(ToothLocator, MapWithoutEntriesGivesZero)
@@ -160,7 +164,8 @@ TEST(ToothLocator, NumbersThatAreNoTeethDoNotOverflow)
 {
     const auto spline = makeArch(40, {{kLowestInt, 10.0F}, {kHighestInt, 20.0F}});
     EXPECT_EQ(nearest(spline.get(), 30.0F), std::pair(kHighestInt, kHighestInt));
-    EXPECT_EQ(nearest(spline.get(), 0.0F), std::pair(0, 0)) << "-2^31 is not within the range that is told";
+    EXPECT_EQ(nearest(spline.get(), 0.0F), std::pair(0, 0))
+        << "-2^31 is not within the range that is told";
 }
 
 // ---- the height of the teeth

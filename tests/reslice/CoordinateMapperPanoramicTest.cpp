@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/reslice/CoordinateMapper.h>
 
-// Covered: the panoramic mapping, both ways, segments as chains of lines, lists of points, the frame at a view
-// position, the projection onto a segment, the dispatch by type.
+// Covered: the panoramic mapping, both ways, segments as chains of lines, lists of points, the
+// frame at a view position, the projection onto a segment, the dispatch by type.
 
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
@@ -44,8 +44,8 @@ QList<QVector3D> pathAlongX(int samples, float spacing = 1.0F)
     return path;
 }
 
-// Eleven samples from x = 0 to 10, heights z = -5 to 15. Depth is -y, the view point of (x, y, z) is (x, 15 - z). 11
-// wide, 20 high.
+// Eleven samples from x = 0 to 10, heights z = -5 to 15. Depth is -y, the view point of (x, y, z)
+// is (x, 15 - z). 11 wide, 20 high.
 std::shared_ptr<PanoramicReslice> makeStraight(float columnMm = 1.0F)
 {
     return makePanoramicReslice(pathAlongX(11), columnMm, -5.0F, 15.0F);
@@ -54,9 +54,12 @@ std::shared_ptr<PanoramicReslice> makeStraight(float columnMm = 1.0F)
 // From (0, 0) to (2, 0) along x, then to (2, 2) along y.
 std::shared_ptr<PanoramicReslice> makeCorner()
 {
-    return makePanoramicReslice(
-        {{0.0F, 0.0F, 0.0F}, {1.0F, 0.0F, 0.0F}, {2.0F, 0.0F, 0.0F}, {2.0F, 1.0F, 0.0F}, {2.0F, 2.0F, 0.0F}},
-        1.0F, 0.0F, 10.0F);
+    return makePanoramicReslice({{0.0F, 0.0F, 0.0F},
+                                 {1.0F, 0.0F, 0.0F},
+                                 {2.0F, 0.0F, 0.0F},
+                                 {2.0F, 1.0F, 0.0F},
+                                 {2.0F, 2.0F, 0.0F}},
+                                1.0F, 0.0F, 10.0F);
 }
 
 void makeSlab(PanoramicReslice& reslice, float thickness)
@@ -75,8 +78,8 @@ struct Verdict
 Verdict map(const PanoramicReslice* reslice, const QVector3D& point, bool keepOutside = false)
 {
     Verdict verdict;
-    verdict.point =
-        CoordinateMapper::_3D_To_2D_Panoramic(reslice, point, verdict.inPlane, verdict.inSlice, keepOutside);
+    verdict.point = CoordinateMapper::_3D_To_2D_Panoramic(reslice, point, verdict.inPlane,
+                                                          verdict.inSlice, keepOutside);
     return verdict;
 }
 
@@ -110,7 +113,8 @@ TEST(PanoramicCoordinateMapper, HorizontallyMirroredViewCountsXFromItsWidth)
 TEST(PanoramicCoordinateMapper, VerticallyMirroredViewCountsYFromItsHeightUnlikeAPlanarOne)
 {
     const auto reslice = makeStraight();
-    expectPoint(map(reslice.get(), {3.0F, 0.0F, -5.0F}).point, 3.0, 20.0); // the lower edge is at the bottom
+    expectPoint(map(reslice.get(), {3.0F, 0.0F, -5.0F}).point, 3.0,
+                20.0); // the lower edge is at the bottom
     reslice->setMirroredIn2D(false, true);
     expectPoint(map(reslice.get(), {3.0F, 0.0F, -5.0F}).point, 3.0, 0.0);
     expectPoint(map(reslice.get(), {3.0F, 0.0F, 2.0F}).point, 3.0, 7.0);
@@ -135,14 +139,16 @@ TEST(PanoramicCoordinateMapper, MirroringAsksForWidthAndHeightOfTheReslice)
 
 TEST(PanoramicCoordinateMapper, SegmentBeforeTheNearestSampleIsKeptWhenBothAreEquallyDeep)
 {
-    // Columns count 2 mm, samples stand 1 mm apart: segment 2 puts x = 3.25 at 2 * 2 + 1.25, segment 3 at 3 * 2 + 0.25.
+    // Columns count 2 mm, samples stand 1 mm apart: segment 2 puts x = 3.25 at 2 * 2 + 1.25,
+    // segment 3 at 3 * 2 + 0.25.
     expectPoint(map(makeStraight(2.0F).get(), {3.25F, 0.25F, 2.0F}).point, 5.25, 13.0);
 }
 
 TEST(PanoramicCoordinateMapper, SegmentOfSmallerDepthIsKept)
 {
     const auto reslice = makeCorner();
-    // Nearest to the corner sample 2. Before it depth 0.25, after it 0.125: 0.25 along the segment after it.
+    // Nearest to the corner sample 2. Before it depth 0.25, after it 0.125: 0.25 along the segment
+    // after it.
     expectPoint(map(reslice.get(), {2.125F, 0.25F, 0.0F}).point, 2.25, 10.0);
     // The other way round: 0.75 along the segment before it.
     expectPoint(map(reslice.get(), {1.75F, 0.125F, 0.0F}).point, 1.75, 10.0);
@@ -167,8 +173,10 @@ TEST(PanoramicCoordinateMapper, HeightCountsFromTheLowestAlongTheRawUpperDirecti
 
 TEST(PanoramicCoordinateMapper, DepthAxisIsTheCrossProductAsItIs)
 {
-    // Up leans by (0.6, 0, 0.8) along the path: e x u = (0, -0.8, 0). A point 0.4 beside the path has depth 0.5.
-    const auto reslice = makePanoramicReslice(pathAlongX(11), 1.0F, 0.0F, 10.0F, {0.6F, 0.0F, 0.8F});
+    // Up leans by (0.6, 0, 0.8) along the path: e x u = (0, -0.8, 0). A point 0.4 beside the path
+    // has depth 0.5.
+    const auto reslice =
+        makePanoramicReslice(pathAlongX(11), 1.0F, 0.0F, 10.0F, {0.6F, 0.0F, 0.8F});
     EXPECT_TRUE(map(reslice.get(), {3.0F, 0.39F, 0.0F}).inPlane);
     EXPECT_FALSE(map(reslice.get(), {3.0F, 0.41F, 0.0F}).inPlane);
 }
@@ -180,8 +188,9 @@ TEST(PanoramicCoordinateMapper, ViewPointIsComputedInSinglePrecision)
     // that is 1.15000003576, a tie between floats, which goes to 1.15000009537. With the last
     // addition in double precision it would stay there, in double precision throughout it would be
     // 1.15000001341. y is the float nearest to 20 - 0.1F, spaced 2^-19 = 1.9e-6 apart.
-    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), {9.25F, 0.0F, 0.1F}, 9),
-                0x1.266668p+0, 19.8999996185302734375);
+    expectPoint(
+        CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), {9.25F, 0.0F, 0.1F}, 9),
+        0x1.266668p+0, 19.8999996185302734375);
 }
 
 TEST(PanoramicCoordinateMapper, HeightIsSubtractedFromARangeThatIsAFloat)
@@ -268,25 +277,33 @@ TEST(PanoramicCoordinateMapper, TupleAndPointFormsSayTheSame)
     EXPECT_EQ(CoordinateMapper::_3D_To_2D_Panoramic(reslice.get(), {3.0F, 9.0F, 2.0F}, false),
               Result(QPointF(3.0, 13.0), PointInPlane::InPlane, PointInSlice::OutOfSlice));
 
-    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicPoint(reslice.get(), {3.0F, 9.0F, 2.0F}, false), 3.0,
-                13.0);
-    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicPoint(reslice.get(), {3.0F, 90.0F, 2.0F}, false), 0.0,
-                0.0);
-    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicPoint(reslice.get(), {3.0F, 90.0F, 2.0F}, true), 3.0,
-                13.0);
+    expectPoint(
+        CoordinateMapper::_3D_To_2D_PanoramicPoint(reslice.get(), {3.0F, 9.0F, 2.0F}, false), 3.0,
+        13.0);
+    expectPoint(
+        CoordinateMapper::_3D_To_2D_PanoramicPoint(reslice.get(), {3.0F, 90.0F, 2.0F}, false), 0.0,
+        0.0);
+    expectPoint(
+        CoordinateMapper::_3D_To_2D_PanoramicPoint(reslice.get(), {3.0F, 90.0F, 2.0F}, true), 3.0,
+        13.0);
 }
 
 TEST(PanoramicCoordinateMapper, IntersectionUsesTheSegmentOfTheCallerWhateverTheDepth)
 {
     const auto reslice = makeCorner();
-    // In segment 0 the point lies 1.75 along; in segment 3, which starts at (2, 1) along y, 0.875 back.
+    // In segment 0 the point lies 1.75 along; in segment 3, which starts at (2, 1) along y, 0.875
+    // back.
     const QVector3D point(1.75F, 0.125F, 4.0F);
-    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), point, 0), 1.75, 6.0);
-    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), point, 3), 2.125, 6.0);
-    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), {1.75F, 80.0F, 4.0F}, 0),
-                1.75, 6.0);
+    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), point, 0), 1.75,
+                6.0);
+    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), point, 3), 2.125,
+                6.0);
+    expectPoint(
+        CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), {1.75F, 80.0F, 4.0F}, 0),
+        1.75, 6.0);
     reslice->setMirroredIn2D(true, true);
-    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), point, 0), 3.25, 4.0);
+    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), point, 0), 3.25,
+                4.0);
 }
 
 TEST(PanoramicCoordinateMapper, SegmentIndexOfAnIntersectionIsLimitedToTheSegments)
@@ -294,11 +311,11 @@ TEST(PanoramicCoordinateMapper, SegmentIndexOfAnIntersectionIsLimitedToTheSegmen
     const auto reslice = makeCorner();
     const QVector3D point(1.75F, 0.125F, 4.0F);
     for (const int below : {-1, -100, std::numeric_limits<int>::min()})
-        expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), point, below), 1.75,
-                    6.0);
+        expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), point, below),
+                    1.75, 6.0);
     for (const int above : {4, 100, std::numeric_limits<int>::max()})
-        expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), point, above), 2.125,
-                    6.0);
+        expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), point, above),
+                    2.125, 6.0);
 }
 
 // Reslices that cannot be mapped
@@ -306,12 +323,14 @@ TEST(PanoramicCoordinateMapper, SegmentIndexOfAnIntersectionIsLimitedToTheSegmen
 TEST(PanoramicCoordinateMapper, NullResliceIsMappedToZeroAndOutside)
 {
     expectOutside(map(nullptr, {1.0F, 2.0F, 3.0F}, true));
-    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicPoint(nullptr, {1.0F, 2.0F, 3.0F}, true), 0.0, 0.0);
-    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(nullptr, {1.0F, 2.0F, 3.0F}, 0), 0.0, 0.0);
+    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicPoint(nullptr, {1.0F, 2.0F, 3.0F}, true), 0.0,
+                0.0);
+    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(nullptr, {1.0F, 2.0F, 3.0F}, 0),
+                0.0, 0.0);
     expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(nullptr, {1.0, 2.0}), 0.0F, 0.0F, 0.0F);
     EXPECT_TRUE(CoordinateMapper::_3D_To_2D_Line_Panoramic(nullptr, {}, kX, true, 0.1F).isEmpty());
-    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(nullptr, {1.0, 2.0}), kX, kY, kZ,
-                {});
+    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(nullptr, {1.0, 2.0}), kX,
+                kY, kZ, {});
 }
 
 TEST(PanoramicCoordinateMapper, WithoutAGuidingLineNothingIsMapped)
@@ -319,12 +338,14 @@ TEST(PanoramicCoordinateMapper, WithoutAGuidingLineNothingIsMapped)
     const auto reslice = makeStraight();
     reslice->setGuidingLine(nullptr);
     expectOutside(map(reslice.get(), {3.0F, 0.0F, 2.0F}, true));
-    expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), {3.0F, 0.0F, 2.0F}, 0), 0.0,
-                0.0);
+    expectPoint(
+        CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), {3.0F, 0.0F, 2.0F}, 0),
+        0.0, 0.0);
     expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {3.0, 2.0}), 0.0F, 0.0F, 0.0F);
-    EXPECT_TRUE(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), {}, kX, true, 0.1F).isEmpty());
-    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {1.0, 2.0}), kX, kY,
-                kZ, {});
+    EXPECT_TRUE(
+        CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), {}, kX, true, 0.1F).isEmpty());
+    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {1.0, 2.0}),
+                kX, kY, kZ, {});
     const auto images = CoordinateMapper::mapAllPointsOntoReslice({{3.0F, 0.0F, 2.0F}}, *reslice);
     ASSERT_EQ(images.size(), 1);
     expectPoint(images[0].first, 0.0, 0.0);
@@ -336,26 +357,33 @@ TEST(PanoramicCoordinateMapper, PathsOfNoOrOneSampleHaveNoSegments)
     for (const int samples : {0, 1}) {
         const auto reslice = makePanoramicReslice(pathAlongX(samples), 1.0F, 0.0F, 10.0F);
         expectOutside(map(reslice.get(), {}, true));
-        expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), kX, 0), 0.0, 0.0);
-        EXPECT_TRUE(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), {}, kX, true, 0.1F).isEmpty());
-        expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {}), kX, kY, kZ,
-                    {});
-        expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {1.0, 2.0}), 0.0F, 0.0F, 0.0F);
+        expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), kX, 0), 0.0,
+                    0.0);
+        EXPECT_TRUE(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), {}, kX, true, 0.1F)
+                        .isEmpty());
+        expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {}), kX,
+                    kY, kZ, {});
+        expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {1.0, 2.0}), 0.0F, 0.0F,
+                    0.0F);
     }
 }
 
 TEST(PanoramicCoordinateMapper, PathOfOneSampleHasColumnZeroAlone)
 {
     const auto reslice = makePanoramicReslice({{7.0F, 8.0F, 9.0F}}, 1.0F, 0.0F, 10.0F);
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {0.0, 4.0}), 7.0F, 8.0F, 15.0F);
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {0.25, 4.0}), 0.0F, 0.0F, 0.0F);
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {-0.25, 4.0}), 0.0F, 0.0F, 0.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {0.0, 4.0}), 7.0F, 8.0F,
+                15.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {0.25, 4.0}), 0.0F, 0.0F,
+                0.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {-0.25, 4.0}), 0.0F, 0.0F,
+                0.0F);
 }
 
 TEST(PanoramicCoordinateMapper, SegmentWithoutADirectionMapsAsIfItsFrameWereTheWorlds)
 {
     // A matrix without inverse is inverted to the identity: along x, height y, depth z.
-    const auto twice = makePanoramicReslice({{1.0F, 1.0F, 1.0F}, {1.0F, 1.0F, 1.0F}}, 1.0F, 0.0F, 10.0F);
+    const auto twice =
+        makePanoramicReslice({{1.0F, 1.0F, 1.0F}, {1.0F, 1.0F, 1.0F}}, 1.0F, 0.0F, 10.0F);
     expectPoint(map(twice.get(), {3.0F, 4.0F, 0.5F}).point, 3.0, 6.0);
     const auto upAlongThePath = makePanoramicReslice(pathAlongX(2), 1.0F, 0.0F, 10.0F, kX);
     expectPoint(map(upAlongThePath.get(), {3.0F, 4.0F, 0.5F}).point, 3.0, 6.0);
@@ -365,11 +393,12 @@ TEST(PanoramicCoordinateMapper, PointsThatAreNotFiniteAreOutside)
 {
     const auto reslice = makeStraight();
     for (const QVector3D& point :
-         {QVector3D(kNan, kNan, kNan), QVector3D(3.0F, kNan, 0.0F), QVector3D(3.0F, kInfinity, 0.0F),
-          QVector3D(kInfinity, kInfinity, kInfinity)}) {
+         {QVector3D(kNan, kNan, kNan), QVector3D(3.0F, kNan, 0.0F),
+          QVector3D(3.0F, kInfinity, 0.0F), QVector3D(kInfinity, kInfinity, kInfinity)}) {
         expectOutside(map(reslice.get(), point));
         expectOutside(map(reslice.get(), point, true));
-        expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), point, 2), 0.0, 0.0);
+        expectPoint(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), point, 2), 0.0,
+                    0.0);
     }
 }
 
@@ -378,18 +407,23 @@ TEST(PanoramicCoordinateMapper, PointsThatAreNotFiniteAreOutside)
 TEST(PanoramicCoordinateMapper, ViewPointComesFromTheSurface)
 {
     const auto reslice = makeStraight();
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {3.25, 13.0}), 3.25F, 0.0F, 2.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {3.25, 13.0}), 3.25F, 0.0F,
+                2.0F);
     reslice->setMirroredIn2D(true, true);
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {7.75, 7.0}), 3.25F, 0.0F, 2.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {7.75, 7.0}), 3.25F, 0.0F,
+                2.0F);
 }
 
 TEST(PanoramicCoordinateMapper, ColumnsAreInterpolatedBetweenTheirSamples)
 {
     const auto reslice = makeCorner();
     reslice->setSampleSize(QVector3D(0.5F, 1.0F, 1.0F)); // column c is at x = 0.5 c
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {0.875, 10.0}), 1.75F, 0.0F, 0.0F);
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {1.0, 10.0}), 2.0F, 0.0F, 0.0F);
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {1.125, 10.0}), 2.0F, 0.25F, 0.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {0.875, 10.0}), 1.75F, 0.0F,
+                0.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {1.0, 10.0}), 2.0F, 0.0F,
+                0.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {1.125, 10.0}), 2.0F, 0.25F,
+                0.0F);
     expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {2.0, 10.0}), 2.0F, 2.0F,
                 0.0F); // the last sample
 }
@@ -397,39 +431,49 @@ TEST(PanoramicCoordinateMapper, ColumnsAreInterpolatedBetweenTheirSamples)
 TEST(PanoramicCoordinateMapper, HeightIsCountedAlongTheRawUpperDirection)
 {
     const auto reslice = makePanoramicReslice(pathAlongX(11), 1.0F, -5.0F, 15.0F, kZ * 4.0F);
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {3.0, 20.0}), 3.0F, 0.0F, -20.0F);
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {3.0, 18.0}), 3.0F, 0.0F, -12.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {3.0, 20.0}), 3.0F, 0.0F,
+                -20.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {3.0, 18.0}), 3.0F, 0.0F,
+                -12.0F);
 }
 
 TEST(PanoramicCoordinateMapper, LeftOfThePathTheFirstSegmentGoesOnStraight)
 {
     const auto reslice = makeStraight();
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {-0.5, 13.0}), -0.5F, 0.0F, 2.0F);
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {-7.0, 13.0}), -7.0F, 0.0F, 2.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {-0.5, 13.0}), -0.5F, 0.0F,
+                2.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {-7.0, 13.0}), -7.0F, 0.0F,
+                2.0F);
 }
 
-TEST(PanoramicCoordinateMapper, RightOfThePathColumnsCountFromThePathsLengthSoThatTheFirstLiesBackOnThePath)
+TEST(PanoramicCoordinateMapper,
+     RightOfThePathColumnsCountFromThePathsLengthSoThatTheFirstLiesBackOnThePath)
 {
     const auto reslice = makeStraight(); // 11 samples: column 11 is that of the last sample, x = 10
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {10.0, 13.0}), 10.0F, 0.0F, 2.0F);
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {10.5, 13.0}), 9.5F, 0.0F, 2.0F);
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {11.0, 13.0}), 10.0F, 0.0F, 2.0F);
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {13.0, 13.0}), 12.0F, 0.0F, 2.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {10.0, 13.0}), 10.0F, 0.0F,
+                2.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {10.5, 13.0}), 9.5F, 0.0F,
+                2.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {11.0, 13.0}), 10.0F, 0.0F,
+                2.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {13.0, 13.0}), 12.0F, 0.0F,
+                2.0F);
     // The last segment of the corner runs along y.
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(makeCorner().get(), {4.25, 10.0}), 2.0F, 1.25F, 0.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(makeCorner().get(), {4.25, 10.0}), 2.0F,
+                1.25F, 0.0F);
 }
 
 TEST(PanoramicCoordinateMapper, HeightIsSubtractedInDoubleFromARangeThatIsAFloatAndNarrowedOnce)
 {
     // The range 2^24 - 0.5 rounds to 2^24. At y = 2^24 the height is min, and not 0.
     const math::Range<float> range{0.5F, 16777216.0F};
-    expectPoint(
-        CoordinateMapper::_2D_To_3D_Panoramic_Helper(pathAlongX(2), kZ, range, 1.0F, {0.0, 16777216.0}), 0.0F,
-        0.0F, 0.5F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic_Helper(pathAlongX(2), kZ, range, 1.0F,
+                                                             {0.0, 16777216.0}),
+                0.0F, 0.0F, 0.5F);
     // At y = 2^24 - 0.75, which is no float, it is 1.25.
-    expectPoint(
-        CoordinateMapper::_2D_To_3D_Panoramic_Helper(pathAlongX(2), kZ, range, 1.0F, {0.0, 16777215.25}),
-        0.0F, 0.0F, 1.25F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic_Helper(pathAlongX(2), kZ, range, 1.0F,
+                                                             {0.0, 16777215.25}),
+                0.0F, 0.0F, 1.25F);
 }
 
 TEST(PanoramicCoordinateMapper, ColumnIsDividedInDoubleAndNarrowed)
@@ -437,9 +481,9 @@ TEST(PanoramicCoordinateMapper, ColumnIsDividedInDoubleAndNarrowed)
     // 3 - 2^-30 columns narrow to column 3, whose sample stands elsewhere.
     QList<QVector3D> path = pathAlongX(5);
     path[3] = {3.0F, 50.0F, 0.0F};
-    expectPoint(
-        CoordinateMapper::_2D_To_3D_Panoramic_Helper(path, kZ, {0.0F, 1.0F}, 1.0F, {3.0 - 0x1p-30, 1.0}),
-        3.0F, 50.0F, 0.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic_Helper(path, kZ, {0.0F, 1.0F}, 1.0F,
+                                                             {3.0 - 0x1p-30, 1.0}),
+                3.0F, 50.0F, 0.0F);
 }
 
 TEST(PanoramicCoordinateMapper, ColumnIsNotDividedInSinglePrecision)
@@ -449,17 +493,19 @@ TEST(PanoramicCoordinateMapper, ColumnIsNotDividedInSinglePrecision)
     // 13 stands elsewhere.
     QList<QVector3D> path = pathAlongX(15);
     path[13] = {13.0F, 50.0F, 0.0F};
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic_Helper(path, kZ, {0.0F, 1.0F}, 0.2F, {2.6, 1.0}), 13.0F,
-                50.0F, 0.0F);
+    expectPoint(
+        CoordinateMapper::_2D_To_3D_Panoramic_Helper(path, kZ, {0.0F, 1.0F}, 0.2F, {2.6, 1.0}),
+        13.0F, 50.0F, 0.0F);
 }
 
 TEST(PanoramicCoordinateMapper, HelperKnowsNoMirroringAndHasNothingForAnEmptyPath)
 {
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic_Helper(pathAlongX(11), kZ, {-5.0F, 15.0F},
+                                                             1.0F, {3.25, 13.0}),
+                3.25F, 0.0F, 2.0F);
     expectPoint(
-        CoordinateMapper::_2D_To_3D_Panoramic_Helper(pathAlongX(11), kZ, {-5.0F, 15.0F}, 1.0F, {3.25, 13.0}),
-        3.25F, 0.0F, 2.0F);
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic_Helper({}, kZ, {-5.0F, 15.0F}, 1.0F, {0.0, 13.0}), 0.0F,
-                0.0F, 0.0F);
+        CoordinateMapper::_2D_To_3D_Panoramic_Helper({}, kZ, {-5.0F, 15.0F}, 1.0F, {0.0, 13.0}),
+        0.0F, 0.0F, 0.0F);
 }
 
 TEST(PanoramicCoordinateMapper, ViewPointsAndColumnWidthsThatGiveNoPlaceAreMappedToZero)
@@ -469,23 +515,25 @@ TEST(PanoramicCoordinateMapper, ViewPointsAndColumnWidthsThatGiveNoPlaceAreMappe
          {QPointF(kNanView, 1.0), QPointF(1.0, kNanView), QPointF(kInfinityView, 1.0),
           QPointF(-kInfinityView, 1.0), QPointF(1.0, kInfinityView), QPointF(1e300, 1.0)}) {
         expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), point), 0.0F, 0.0F, 0.0F);
-        expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), point), kX, kY,
-                    kZ, {});
+        expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), point),
+                    kX, kY, kZ, {});
     }
     reslice->setSampleSize(QVector3D(0.0F, 1.0F, 1.0F));
     for (const QPointF& point : {QPointF(0.0, 1.0), QPointF(1.0, 1.0)}) {
         expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), point), 0.0F, 0.0F, 0.0F);
-        expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), point), kX, kY,
-                    kZ, {});
+        expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), point),
+                    kX, kY, kZ, {});
     }
 }
 
 TEST(PanoramicCoordinateMapper, PathsAndUpperDirectionsThatAreNotFiniteAreMappedToZeroAndOutside)
 {
     const auto expectNothingAt = [](const PanoramicReslice& reslice, double column) {
-        expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(&reslice, {column, 13.0}), 0.0F, 0.0F, 0.0F);
-        expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(&reslice, {column, 8.0}), kX, kY,
-                    kZ, {});
+        expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(&reslice, {column, 13.0}), 0.0F, 0.0F,
+                    0.0F);
+        expectFrame(
+            CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(&reslice, {column, 8.0}), kX,
+            kY, kZ, {});
     };
     for (const float odd : {kNan, kInfinity, -kInfinity}) {
         const auto reslice = makeStraight();
@@ -495,9 +543,11 @@ TEST(PanoramicCoordinateMapper, PathsAndUpperDirectionsThatAreNotFiniteAreMapped
         expectNothingAt(*reslice, 9.5);
         expectNothingAt(*reslice, 12.5);
         // The rest of the path is there: 2 mm above the middle at y = 8.
-        expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {8.5, 13.0}), 8.5F, 0.0F, 2.0F);
-        expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {8.5, 8.0}), kX,
-                    kZ, -kY, {8.5F, 0.0F, 2.0F});
+        expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {8.5, 13.0}), 8.5F, 0.0F,
+                    2.0F);
+        expectFrame(
+            CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {8.5, 8.0}), kX,
+            kZ, -kY, {8.5F, 0.0F, 2.0F});
 
         reslice->setPath(QList<QVector3D>(11, QVector3D(odd, odd, odd)));
         expectNothingAt(*reslice, 3.5);
@@ -515,12 +565,15 @@ TEST(PanoramicCoordinateMapper, ColumnsBeyondWhatAnIntHoldsAreExtrapolated)
 {
     const auto reslice = makeStraight();
     // 2^40 - 11 rounds to 2^40, and 10 more does not change it.
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {0x1p40, 15.0}), 0x1p40F, 0.0F, 0.0F);
-    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {-0x1p40, 15.0}), -0x1p40F, 0.0F, 0.0F);
-    EXPECT_EQ(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {-0x1p40, 10.0})
-                  .column(3)
-                  .x(),
-              -0x1p40F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {0x1p40, 15.0}), 0x1p40F, 0.0F,
+                0.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), {-0x1p40, 15.0}), -0x1p40F,
+                0.0F, 0.0F);
+    EXPECT_EQ(
+        CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {-0x1p40, 10.0})
+            .column(3)
+            .x(),
+        -0x1p40F);
 }
 
 // Dispatch
@@ -553,16 +606,17 @@ TEST(PanoramicCoordinateMapper, TypeIsAskedForAsPanoramicThenPlanarThenCephalome
     };
     const Recorder reslice;
     CoordinateMapper::_2D_To_3D(&reslice, {1.0, 2.0});
-    EXPECT_EQ(reslice.asked, QStringList({PanoramicReslice::getClassTypeId(), PlanarReslice::getClassTypeId(),
-                                          CephReslice::getClassTypeId()}));
+    EXPECT_EQ(reslice.asked,
+              QStringList({PanoramicReslice::getClassTypeId(), PlanarReslice::getClassTypeId(),
+                           CephReslice::getClassTypeId()}));
 }
 
 // Segments
 
 TEST(PanoramicCoordinateMapper, SegmentIsDrawnInStepsAndARest)
 {
-    const auto lines = CoordinateMapper::_3D_To_2D_Line_Panoramic(makeStraight().get(), {0.5F, 0.0F, 2.0F},
-                                                                  {3.0F, 0.0F, 2.0F}, false, 1.0F);
+    const auto lines = CoordinateMapper::_3D_To_2D_Line_Panoramic(
+        makeStraight().get(), {0.5F, 0.0F, 2.0F}, {3.0F, 0.0F, 2.0F}, false, 1.0F);
     ASSERT_EQ(lines.size(), 3);
     expectLine(lines[0], 0.5, 13.0, 1.5, 13.0);
     expectLine(lines[1], 1.5, 13.0, 2.5, 13.0);
@@ -571,8 +625,8 @@ TEST(PanoramicCoordinateMapper, SegmentIsDrawnInStepsAndARest)
 
 TEST(PanoramicCoordinateMapper, SegmentThatEndsOnAStepHasARestOfNoLength)
 {
-    const auto lines = CoordinateMapper::_3D_To_2D_Line_Panoramic(makeStraight().get(), {1.0F, 0.0F, 2.0F},
-                                                                  {3.0F, 0.0F, 2.0F}, false, 1.0F);
+    const auto lines = CoordinateMapper::_3D_To_2D_Line_Panoramic(
+        makeStraight().get(), {1.0F, 0.0F, 2.0F}, {3.0F, 0.0F, 2.0F}, false, 1.0F);
     ASSERT_EQ(lines.size(), 3);
     expectLine(lines[2], 3.0, 13.0, 3.0, 13.0);
 }
@@ -589,7 +643,8 @@ TEST(PanoramicCoordinateMapper, SegmentShorterThanAStepIsOneLine)
 
 TEST(PanoramicCoordinateMapper, SamplesThatAreNotInSliceBreakTheChainOfLines)
 {
-    // Out along x at y = 0, back at y = 4. The segment crosses from one to the other: in slice up to a depth of 1.
+    // Out along x at y = 0, back at y = 4. The segment crosses from one to the other: in slice up
+    // to a depth of 1.
     QList<QVector3D> path = pathAlongX(11);
     for (int x = 10; x >= 0; --x)
         path.append({static_cast<float>(x), 4.0F, 0.0F});
@@ -597,7 +652,8 @@ TEST(PanoramicCoordinateMapper, SamplesThatAreNotInSliceBreakTheChainOfLines)
     makeSlab(*reslice, 100.0F);
     const auto lines = CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), {5.0F, 0.0F, 2.0F},
                                                                   {5.0F, 4.0F, 2.0F}, false, 1.0F);
-    // y = 0 to 1; 2 is out; 3 to 4; and the rest. On the way back x = 5 is sample 16: columns 10 to 11 cross over.
+    // y = 0 to 1; 2 is out; 3 to 4; and the rest. On the way back x = 5 is sample 16: columns 10 to
+    // 11 cross over.
     ASSERT_EQ(lines.size(), 3);
     expectLine(lines[0], 5.0, 13.0, 5.0, 13.0);
     expectLine(lines[1], 16.0, 13.0, 16.0, 13.0);
@@ -629,14 +685,16 @@ TEST(PanoramicCoordinateMapper, KeepOutsideDrawsWhatIsWithinAColumnButOutsideThe
     const auto reslice = makeStraight(); // slab 0.5 to either side, columns of 1 mm
     const QVector3D p1(5.0F, 0.0F, 2.0F);
     const QVector3D p2(5.0F, 3.0F, 2.0F);
-    EXPECT_EQ(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), p1, p2, false, 0.5F).size(), 1);
-    EXPECT_EQ(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), p1, p2, true, 0.5F).size(), 2);
+    EXPECT_EQ(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), p1, p2, false, 0.5F).size(),
+              1);
+    EXPECT_EQ(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), p1, p2, true, 0.5F).size(),
+              2);
 }
 
 TEST(PanoramicCoordinateMapper, SegmentOfNoLengthIsOneLineOfNoLength)
 {
-    const auto lines = CoordinateMapper::_3D_To_2D_Line_Panoramic(makeStraight().get(), {1.0F, 0.0F, 2.0F},
-                                                                  {1.0F, 0.0F, 2.0F}, false, 1.0F);
+    const auto lines = CoordinateMapper::_3D_To_2D_Line_Panoramic(
+        makeStraight().get(), {1.0F, 0.0F, 2.0F}, {1.0F, 0.0F, 2.0F}, false, 1.0F);
     ASSERT_EQ(lines.size(), 1);
     expectLine(lines[0], 1.0, 13.0, 1.0, 13.0);
 }
@@ -663,13 +721,13 @@ TEST(PanoramicCoordinateMapper, DirectionOfASegmentKeepsItsLengthIfThatIsNearlyO
 TEST(PanoramicCoordinateMapper, LengthOfASegmentIsFoundWithoutSquaresThatUnderflowOrOverflow)
 {
     // Two steps of 2^-81 in 2^-80 mm, whose square is 0 as a float, and a rest.
-    EXPECT_EQ(CoordinateMapper::_3D_To_2D_Line_Panoramic(makeStraight().get(), {}, {0x1p-80F, 0.0F, 0.0F},
-                                                         false, 0x1p-81F)
+    EXPECT_EQ(CoordinateMapper::_3D_To_2D_Line_Panoramic(makeStraight().get(), {},
+                                                         {0x1p-80F, 0.0F, 0.0F}, false, 0x1p-81F)
                   .size(),
               3);
     // Four of 2^68 in 2^70 mm, whose square is infinite.
-    EXPECT_EQ(CoordinateMapper::_3D_To_2D_Line_Panoramic(makeStraight().get(), {}, {0x1p70F, 0.0F, 0.0F},
-                                                         false, 0x1p68F)
+    EXPECT_EQ(CoordinateMapper::_3D_To_2D_Line_Panoramic(makeStraight().get(), {},
+                                                         {0x1p70F, 0.0F, 0.0F}, false, 0x1p68F)
                   .size(),
               5);
 }
@@ -681,13 +739,15 @@ TEST(PanoramicCoordinateMapper, StepsThatLeadNowhereGiveNoLines)
     const QVector3D p2(3.0F, 0.0F, 2.0F);
     for (const float step :
          {0.0F, -0.0F, -1.0F, -kInfinity, kNan, 1e-30F, std::numeric_limits<float>::denorm_min()})
-        EXPECT_TRUE(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), p1, p2, false, step).isEmpty())
+        EXPECT_TRUE(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), p1, p2, false, step)
+                        .isEmpty())
             << step;
     // 2^24 samples: the counter would stay there for ever.
+    EXPECT_TRUE(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), {}, {0x1p24F, 0.0F, 0.0F},
+                                                           false, 1.0F)
+                    .isEmpty());
     EXPECT_TRUE(
-        CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), {}, {0x1p24F, 0.0F, 0.0F}, false, 1.0F)
-            .isEmpty());
-    EXPECT_TRUE(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), p1, p1, false, 0.0F).isEmpty());
+        CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), p1, p1, false, 0.0F).isEmpty());
 }
 
 TEST(PanoramicCoordinateMapper, SegmentsMayHaveMillionsOfSamples)
@@ -696,7 +756,8 @@ TEST(PanoramicCoordinateMapper, SegmentsMayHaveMillionsOfSamples)
     const auto reslice = makePanoramicReslice(pathAlongX(2), 1.0F, -5.0F, 15.0F);
     makeSlab(*reslice, 4.0F);
     const QVector3D far(0.0F, 0x1p21F, 0.0F);
-    EXPECT_EQ(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), {}, far, false, 1.0F).size(), 1);
+    EXPECT_EQ(
+        CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), {}, far, false, 1.0F).size(), 1);
 }
 
 TEST(PanoramicCoordinateMapper, SegmentsThatAreNotFiniteGiveNoLines)
@@ -704,8 +765,10 @@ TEST(PanoramicCoordinateMapper, SegmentsThatAreNotFiniteGiveNoLines)
     const auto reslice = makeStraight();
     for (const float odd : {kNan, kInfinity, 3e38F}) {
         const QVector3D far(odd, odd, odd);
-        EXPECT_TRUE(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), {}, far, true, 1.0F).isEmpty());
-        EXPECT_TRUE(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), far, {}, true, 1.0F).isEmpty());
+        EXPECT_TRUE(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), {}, far, true, 1.0F)
+                        .isEmpty());
+        EXPECT_TRUE(CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), far, {}, true, 1.0F)
+                        .isEmpty());
     }
 }
 
@@ -729,10 +792,12 @@ TEST(PanoramicCoordinateMapper, LinesHaveTheBitsOfTheirSamplesMappedOneByOne)
         direction.normalize();
         QList<Verdict> samples = {map(reslice.get(), p1, keep)};
         for (int k = 1; k <= count; ++k)
-            samples.append(map(reslice.get(), p1 + direction * (static_cast<float>(k) * step), keep));
+            samples.append(
+                map(reslice.get(), p1 + direction * (static_cast<float>(k) * step), keep));
         samples.append(map(reslice.get(), p2, keep));
 
-        const auto lines = CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), p1, p2, keep, step);
+        const auto lines =
+            CoordinateMapper::_3D_To_2D_Line_Panoramic(reslice.get(), p1, p2, keep, step);
         qsizetype next = 0;
         for (qsizetype k = 1; k < samples.size(); ++k) {
             if (!samples[k - 1].inSlice || !samples[k].inSlice)
@@ -768,8 +833,9 @@ TEST(PanoramicCoordinateMapper, ListKeepsOrderAndHasZeroForPointsOutsideTheSlab)
 TEST(PanoramicCoordinateMapper, Law3ListHasTheBitsOfThePointByPointMapping)
 {
     RandomGeometry random(52);
-    const QList<QVector3D> odd = {{-0.0F, 0.0F, -0.0F},     {kNan, 1.0F, 1.0F},     {1.0F, kInfinity, 1.0F},
-                                  {1.0F, 1.0F, -kInfinity}, {3e38F, -3e38F, 3e38F}, {1e-42F, -1e-42F, 0.0F}};
+    const QList<QVector3D> odd = {{-0.0F, 0.0F, -0.0F},    {kNan, 1.0F, 1.0F},
+                                  {1.0F, kInfinity, 1.0F}, {1.0F, 1.0F, -kInfinity},
+                                  {3e38F, -3e38F, 3e38F},  {1e-42F, -1e-42F, 0.0F}};
     for (int i = 0; i < 40; ++i) {
         SCOPED_TRACE(testing::Message() << "seed 52, case " << i);
         const auto reslice = random.panoramicReslice(2 + 10 * i, 0.5F);
@@ -855,9 +921,11 @@ TEST(PanoramicCoordinateMapper, FrameHasTangentUpAndTheirCrossProductAtThePoint)
     const auto reslice = makePanoramicReslice(pathAlongX(11, 2.0F), 1.0F, -5.0F, 15.0F, kZ * 4.0F);
     reslice->setSampleSize(QVector3D(1.0F, 0.5F, 1.0F));
     reslice->setDimensions(QSizeF(11.0, 40.0)); // 20 mm high
-    // Tangent (2, 0, 0) normalised, up as it is, their product (0, -8, 0) normalised; 6 mm above the middle, 4 each.
-    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {3.25, 4.0}), kX,
-                kZ * 4.0F, -kY, {6.5F, 0.0F, 24.0F});
+    // Tangent (2, 0, 0) normalised, up as it is, their product (0, -8, 0) normalised; 6 mm above
+    // the middle, 4 each.
+    expectFrame(
+        CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {3.25, 4.0}), kX,
+        kZ * 4.0F, -kY, {6.5F, 0.0F, 24.0F});
 }
 
 TEST(PanoramicCoordinateMapper, FrameDoesNotUndoMirroringAndIgnoresTheVerticalRange)
@@ -865,19 +933,22 @@ TEST(PanoramicCoordinateMapper, FrameDoesNotUndoMirroringAndIgnoresTheVerticalRa
     const auto reslice = makeStraight();
     reslice->setMirroredIn2D(true, true);
     reslice->setVerticalRange({70.0F, 90.0F});
-    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {3.25, 4.0}), kX, kZ,
-                -kY, {3.25F, 0.0F, 6.0F});
+    expectFrame(
+        CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {3.25, 4.0}), kX,
+        kZ, -kY, {3.25F, 0.0F, 6.0F});
 }
 
 TEST(PanoramicCoordinateMapper, FrameFollowsTheSegmentOfItsColumn)
 {
     const auto reslice = makeCorner(); // 10 high
-    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {1.75, 5.0}), kX, kZ,
-                -kY, {1.75F, 0.0F, 0.0F});
-    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {2.0, 5.0}), kY, kZ,
-                kX, {2.0F, 0.0F, 0.0F});
-    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {-3.0, 5.0}), kX, kZ,
-                -kY, {-3.0F, 0.0F, 0.0F});
+    expectFrame(
+        CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {1.75, 5.0}), kX,
+        kZ, -kY, {1.75F, 0.0F, 0.0F});
+    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {2.0, 5.0}),
+                kY, kZ, kX, {2.0F, 0.0F, 0.0F});
+    expectFrame(
+        CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {-3.0, 5.0}), kX,
+        kZ, -kY, {-3.0F, 0.0F, 0.0F});
 }
 
 TEST(PanoramicCoordinateMapper, FrameFromTheLastSampleOnCountsColumnsFromThePathsLength)
@@ -896,11 +967,13 @@ TEST(PanoramicCoordinateMapper, FrameFromTheLastSampleOnCountsColumnsFromThePath
 
 TEST(PanoramicCoordinateMapper, FramesHeightIsHalvedAsAFloatAndSubtractedInDouble)
 {
-    // 2^24 + 1 rows narrow to 2^24, half of that is 2^23. At y = 2^23 - 0.25, which is no float, the height is 0.25.
+    // 2^24 + 1 rows narrow to 2^24, half of that is 2^23. At y = 2^23 - 0.25, which is no float,
+    // the height is 0.25.
     const auto reslice = makeStraight();
     reslice->setDimensions(QSizeF(11.0, 16777217.0));
-    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {3.0, 8388607.75}),
-                kX, kZ, -kY, {3.0F, 0.0F, 0.25F});
+    expectFrame(
+        CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {3.0, 8388607.75}),
+        kX, kZ, -kY, {3.0F, 0.0F, 0.25F});
 }
 
 TEST(PanoramicCoordinateMapper, FramesColumnIsDividedInDoubleAndNarrowed)
@@ -909,15 +982,17 @@ TEST(PanoramicCoordinateMapper, FramesColumnIsDividedInDoubleAndNarrowed)
     auto path = pathAlongX(4);
     path.append({3.0F, 1.0F, 0.0F});
     const auto reslice = makePanoramicReslice(path, 1.0F, 0.0F, 10.0F);
-    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {3.0 - 0x1p-30, 5.0}),
+    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(),
+                                                                         {3.0 - 0x1p-30, 5.0}),
                 kY, kZ, kX, {3.0F, 0.0F, 0.0F});
 }
 
 TEST(PanoramicCoordinateMapper, FrameOfCoincidingSamplesHasNoTangent)
 {
-    const auto reslice = makePanoramicReslice({{1.0F, 1.0F, 1.0F}, {1.0F, 1.0F, 1.0F}}, 1.0F, 0.0F, 10.0F);
-    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {0.5, 5.0}), {}, kZ,
-                {}, {1.0F, 1.0F, 1.0F});
+    const auto reslice =
+        makePanoramicReslice({{1.0F, 1.0F, 1.0F}, {1.0F, 1.0F, 1.0F}}, 1.0F, 0.0F, 10.0F);
+    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {0.5, 5.0}),
+                {}, kZ, {}, {1.0F, 1.0F, 1.0F});
 }
 
 TEST(PanoramicCoordinateMapper, FramesColumnIsNotDividedInSinglePrecision)
@@ -927,8 +1002,8 @@ TEST(PanoramicCoordinateMapper, FramesColumnIsNotDividedInSinglePrecision)
     path.append({13.0F, 1.0F, 0.0F});
     path.append({13.0F, 2.0F, 0.0F});
     const auto reslice = makePanoramicReslice(path, 0.2F, 0.0F, 10.0F);
-    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {2.6, 5.0}), kY, kZ,
-                kX, {13.0F, 0.0F, 0.0F});
+    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), {2.6, 5.0}),
+                kY, kZ, kX, {13.0F, 0.0F, 0.0F});
 }
 
 TEST(PanoramicCoordinateMapper, FramesAxesOfUpTo1e5HaveNoDirection)
@@ -936,8 +1011,8 @@ TEST(PanoramicCoordinateMapper, FramesAxesOfUpTo1e5HaveNoDirection)
     // A tangent of 2^-18 gives the zero axis, but its product with an up of 16 is long enough and
     // keeps its direction.
     const auto dense = makePanoramicReslice(pathAlongX(3, 0x1p-18F), 1.0F, 0.0F, 10.0F, kZ * 16.0F);
-    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(dense.get(), {1.0, 5.0}), {},
-                kZ * 16.0F, -kY, {0x1p-18F, 0.0F, 0.0F});
+    expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(dense.get(), {1.0, 5.0}),
+                {}, kZ * 16.0F, -kY, {0x1p-18F, 0.0F, 0.0F});
     // A product of 2^-18 has none.
     const auto low = makePanoramicReslice(pathAlongX(3), 1.0F, 0.0F, 10.0F, kZ * 0x1p-18F);
     expectFrame(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(low.get(), {1.0, 5.0}), kX,
@@ -953,7 +1028,8 @@ TEST(PanoramicCoordinateMapper, FramesColumnsAreTheDifferencesOfTheViewToWorldMa
         SCOPED_TRACE(testing::Message() << "seed 54, case " << i);
         const auto reslice = random.panoramicReslice(100, 0.5F);
         const float half = reslice->getVerticalRange().max;
-        reslice->setVerticalRange({-std::abs(half), std::abs(half)}); // heights from the middle of the view
+        reslice->setVerticalRange(
+            {-std::abs(half), std::abs(half)}); // heights from the middle of the view
         reslice->setDimensions(QSizeF(100.0, 2.0 * std::abs(static_cast<double>(half))));
         // Within one column: a quarter of it before and behind.
         const double x = (std::floor(static_cast<double>(random.number(0.0F, 98.0F))) + 0.5) * 0.5;
@@ -961,7 +1037,8 @@ TEST(PanoramicCoordinateMapper, FramesColumnsAreTheDifferencesOfTheViewToWorldMa
         const auto world = [&](double dx, double dy) {
             return CoordinateMapper::_2D_To_3D_Panoramic(reslice.get(), at + QPointF(dx, dy));
         };
-        const QMatrix4x4 frame = CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), at);
+        const QMatrix4x4 frame =
+            CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), at);
         const QVector3D perX = (world(0.125, 0.0) - world(-0.125, 0.0)) / 0.25F;
         const QVector3D perY = (world(0.0, 4.0) - world(0.0, -4.0)) / 8.0F;
         ASSERT_LE((frame.column(0).toVector3D() - perX).length(), kSlope);
@@ -980,8 +1057,8 @@ TEST(PanoramicCoordinateMapper, ProjectionGivesTheUnsignedDistanceAndTheFootInTh
 {
     for (const float y : {0.25F, -0.25F}) {
         QPointF out(-1.0, -1.0);
-        EXPECT_EQ(Access::panoramicProjection({1.0F, 0.0F, 1.0F}, kZ, {3.0F, 0.0F, 1.0F}, {2.5F, y, 4.0F},
-                                              out, 2.0F, false),
+        EXPECT_EQ(Access::panoramicProjection({1.0F, 0.0F, 1.0F}, kZ, {3.0F, 0.0F, 1.0F},
+                                              {2.5F, y, 4.0F}, out, 2.0F, false),
                   0.25F);
         expectPoint(out, 1.5, 3.0);
     }
@@ -990,10 +1067,11 @@ TEST(PanoramicCoordinateMapper, ProjectionGivesTheUnsignedDistanceAndTheFootInTh
 TEST(PanoramicCoordinateMapper, ProjectionWithinHalfTheThicknessIsInclusive)
 {
     QPointF out;
-    EXPECT_EQ(Access::panoramicProjection({}, kZ, kX, {0.5F, 0.25F, 0.0F}, out, 0.5F, false), 0.25F);
-    EXPECT_EQ(
-        Access::panoramicProjection({}, kZ, kX, {0.5F, std::nextafter(0.25F, 1.0F), 0.0F}, out, 0.5F, false),
-        -1.0F);
+    EXPECT_EQ(Access::panoramicProjection({}, kZ, kX, {0.5F, 0.25F, 0.0F}, out, 0.5F, false),
+              0.25F);
+    EXPECT_EQ(Access::panoramicProjection({}, kZ, kX, {0.5F, std::nextafter(0.25F, 1.0F), 0.0F},
+                                          out, 0.5F, false),
+              -1.0F);
 }
 
 TEST(PanoramicCoordinateMapper, ProjectionOutsideLeavesTheOutputAloneUnlessItIsKept)
@@ -1008,7 +1086,8 @@ TEST(PanoramicCoordinateMapper, ProjectionOutsideLeavesTheOutputAloneUnlessItIsK
 TEST(PanoramicCoordinateMapper, ProjectionTakesTheUpperDirectionAsItIs)
 {
     QPointF out;
-    EXPECT_EQ(Access::panoramicProjection({}, kZ * 4.0F, kX * 9.0F, {0.5F, 0.25F, 2.0F}, out, 1.0F, false),
+    EXPECT_EQ(Access::panoramicProjection({}, kZ * 4.0F, kX * 9.0F, {0.5F, 0.25F, 2.0F}, out, 1.0F,
+                                          false),
               0.25F);
     expectPoint(out, 0.5, 0.5); // along in mm, up in lengths of the direction
 }
@@ -1018,15 +1097,16 @@ TEST(PanoramicCoordinateMapper, ProjectionUsesADirectionTooShortToBeNormalisedAs
     // The segment is 2^-18 long and counts as 1; as the zero vector it would leave the frame
     // without an inverse. With an up of 16 the plane has a normal.
     QPointF out;
-    EXPECT_EQ(Access::panoramicProjection({}, kZ * 16.0F, kX * 0x1p-18F, {0x1p-19F, 0.25F, 32.0F}, out, 1.0F,
-                                          false),
+    EXPECT_EQ(Access::panoramicProjection({}, kZ * 16.0F, kX * 0x1p-18F, {0x1p-19F, 0.25F, 32.0F},
+                                          out, 1.0F, false),
               0.25F);
     expectPoint(out, 0.5, 2.0);
 }
 
 TEST(PanoramicCoordinateMapper, ProjectionOntoNoPlaneIsThatOfTheOrigin)
 {
-    // The plane is degenerate: distance 0, no meeting point, and a frame that is inverted to the identity.
+    // The plane is degenerate: distance 0, no meeting point, and a frame that is inverted to the
+    // identity.
     QPointF out(-7.0, -8.0);
     EXPECT_EQ(Access::panoramicProjection(kX, kZ, kX, {5.0F, 5.0F, 5.0F}, out, 1.0F, false), 0.0F);
     expectPoint(out, 0.0, 0.0);

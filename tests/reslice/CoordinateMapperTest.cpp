@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/reslice/CoordinateMapper.h>
 
-// Covered: the planar and cephalometric mapping, both ways, the clipping of segments to the slab, lists of
-// points.
+// Covered: the planar and cephalometric mapping, both ways, the clipping of segments to the slab,
+// lists of points.
 
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 
@@ -42,11 +42,13 @@ bool isInSlice(const PlanarReslice& reslice, const QVector3D& point)
            PointInSlice::InSlice;
 }
 
-// Directions that disagree with the transformation, as a host may have them; `true` is never asked for.
+// Directions that disagree with the transformation, as a host may have them; `true` is never asked
+// for.
 class OddDirections : public PlanarReslice
 {
 public:
-    OddDirections(const QVector3D& first, const QVector3D& second) : direction0(first), direction1(second)
+    OddDirections(const QVector3D& first, const QVector3D& second)
+        : direction0(first), direction1(second)
     {
         setDimensions(QSizeF(100.0, 80.0));
     }
@@ -82,7 +84,8 @@ public:
 static_assert(std::has_virtual_destructor_v<CoordinateMapper>);
 static_assert(sizeof(CoordinateMapper) == sizeof(void*), "no data beside the virtual table");
 static_assert(std::is_default_constructible_v<CoordinateMapper> &&
-              std::is_copy_constructible_v<CoordinateMapper> && std::is_copy_assignable_v<CoordinateMapper>);
+              std::is_copy_constructible_v<CoordinateMapper> &&
+              std::is_copy_assignable_v<CoordinateMapper>);
 
 TEST(CoordinateMapper, VerdictsAreZeroForInsideAndOneForOutside)
 {
@@ -135,7 +138,8 @@ TEST(CoordinateMapper, PointsAHairBeyondAnEdgeAreInPlaneButOutOfSlice)
     const float belowZero = std::nextafter(0.0F, -1.0F);
     for (const QVector3D& point :
          {QVector3D(belowZero, 40.0F, 0.0F), QVector3D(std::nextafter(100.0F, 200.0F), 40.0F, 0.0F),
-          QVector3D(50.0F, belowZero, 0.0F), QVector3D(50.0F, std::nextafter(80.0F, 90.0F), 0.0F)}) {
+          QVector3D(50.0F, belowZero, 0.0F),
+          QVector3D(50.0F, std::nextafter(80.0F, 90.0F), 0.0F)}) {
         EXPECT_TRUE(isInPlane(*reslice, point));
         EXPECT_FALSE(isInSlice(*reslice, point));
     }
@@ -169,9 +173,11 @@ TEST(CoordinateMapper, HorizontallyMirroredViewCountsXFromTheWidth)
 {
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 1.0F);
     reslice->setMirroredIn2D(true, false);
-    expectPoint(CoordinateMapper::_3D_To_2D_PlanarPoint(reslice.get(), {30.0F, 20.0F, 0.0F}), 70.0, 60.0);
+    expectPoint(CoordinateMapper::_3D_To_2D_PlanarPoint(reslice.get(), {30.0F, 20.0F, 0.0F}), 70.0,
+                60.0);
     reslice->setMirroredIn2D(true, true);
-    expectPoint(CoordinateMapper::_3D_To_2D_PlanarPoint(reslice.get(), {30.0F, 20.0F, 0.0F}), 70.0, 20.0);
+    expectPoint(CoordinateMapper::_3D_To_2D_PlanarPoint(reslice.get(), {30.0F, 20.0F, 0.0F}), 70.0,
+                20.0);
 }
 
 TEST(CoordinateMapper, MirroringSubtractsInDoublePrecision)
@@ -189,8 +195,9 @@ TEST(CoordinateMapper, PointOutsideTheSlabGetsTheViewPointOfItsFoot)
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 1.0F);
     bool inPlane = true;
     bool inSlice = true;
-    expectPoint(CoordinateMapper::_3D_To_2D_Planar(reslice.get(), {30.0F, 20.0F, 55.0F}, inPlane, inSlice),
-                30.0, 60.0);
+    expectPoint(
+        CoordinateMapper::_3D_To_2D_Planar(reslice.get(), {30.0F, 20.0F, 55.0F}, inPlane, inSlice),
+        30.0, 60.0);
     EXPECT_FALSE(inPlane);
     EXPECT_FALSE(inSlice);
 }
@@ -215,8 +222,8 @@ TEST(CoordinateMapper, BothOverloadsGiveTheSamePointAndOppositeFlags)
 
 TEST(CoordinateMapper, WorldPointIsTakenIntoTheLocalFrameOfATurnedAndShiftedReslice)
 {
-    // A coronal reslice: local x along world x, local y along world z, normal along world -y, origin (10, 20,
-    // 30).
+    // A coronal reslice: local x along world x, local y along world z, normal along world -y,
+    // origin (10, 20, 30).
     const QMatrix4x4 coronal(1.0F, 0.0F, 0.0F, 10.0F,  //
                              0.0F, 0.0F, -1.0F, 20.0F, //
                              0.0F, 1.0F, 0.0F, 30.0F,  //
@@ -232,12 +239,14 @@ TEST(CoordinateMapper, WorldPointIsTakenIntoTheLocalFrameOfATurnedAndShiftedResl
 TEST(CoordinateMapper, GeometryIsAskedAnewForEveryCall)
 {
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 1.0F);
-    expectPoint(CoordinateMapper::_3D_To_2D_PlanarPoint(reslice.get(), {1.0F, 2.0F, 0.0F}), 1.0, 78.0);
+    expectPoint(CoordinateMapper::_3D_To_2D_PlanarPoint(reslice.get(), {1.0F, 2.0F, 0.0F}), 1.0,
+                78.0);
     QMatrix4x4 shifted;
     shifted.translate(-10.0F, 0.0F, 0.0F);
     reslice->setTransformationFromResliceToWorld(shifted);
     reslice->setDimensions(QSizeF(100.0, 50.0));
-    expectPoint(CoordinateMapper::_3D_To_2D_PlanarPoint(reslice.get(), {1.0F, 2.0F, 0.0F}), 11.0, 48.0);
+    expectPoint(CoordinateMapper::_3D_To_2D_PlanarPoint(reslice.get(), {1.0F, 2.0F, 0.0F}), 11.0,
+                48.0);
 }
 
 // View to world, planar
@@ -249,7 +258,8 @@ TEST(CoordinateMapper, ViewPointIsMappedOntoThePlaneOfTheReslice)
                              0.0F, 1.0F, 0.0F, 30.0F,  //
                              0.0F, 0.0F, 0.0F, 1.0F);
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 1.0F, coronal);
-    expectPoint(CoordinateMapper::_2D_To_3D_Planar(reslice.get(), {5.0, 73.0}), 15.0F, 20.0F, 37.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Planar(reslice.get(), {5.0, 73.0}), 15.0F, 20.0F,
+                37.0F);
 }
 
 TEST(CoordinateMapper, ViewPointIsUnmirroredInDoublePrecisionBeforeItIsNarrowed)
@@ -257,28 +267,29 @@ TEST(CoordinateMapper, ViewPointIsUnmirroredInDoublePrecisionBeforeItIsNarrowed)
     const auto reslice = makePlanarReslice(16777218.0F, 16777218.0F, 1.0F);
     reslice->setMirroredIn2D(true, false);
     // 2^24 + 2 - (2^24 + 1) is 1; narrowed first, 2^24 + 1 would be 2^24 and the difference 2.
-    expectPoint(CoordinateMapper::_2D_To_3D_Planar(reslice.get(), {16777217.0, 16777217.0}), 1.0F, 1.0F,
-                0.0F);
+    expectPoint(CoordinateMapper::_2D_To_3D_Planar(reslice.get(), {16777217.0, 16777217.0}), 1.0F,
+                1.0F, 0.0F);
 }
 
 TEST(CoordinateMapper, Law1ViewAndBackGivesTheFootForAllMirrorings)
 {
-    // Coordinates stay below 512 mm, where a float is exact to 2^-16 mm; a handful of operations each way
-    // stay below 32 such roundings.
+    // Coordinates stay below 512 mm, where a float is exact to 2^-16 mm; a handful of operations
+    // each way stay below 32 such roundings.
     constexpr float tolerance = 32.0F * 0x1p-16F;
     for (const bool horizontally : {false, true}) {
         for (const bool vertically : {false, true}) {
             RandomGeometry random(20261121);
             for (int i = 0; i < 500; ++i) {
-                SCOPED_TRACE(testing::Message()
-                             << "seed 20261121, case " << i << ", mirrored " << horizontally << vertically);
+                SCOPED_TRACE(testing::Message() << "seed 20261121, case " << i << ", mirrored "
+                                                << horizontally << vertically);
                 const auto reslice = random.planarReslice(1.0F);
                 reslice->setMirroredIn2D(horizontally, vertically);
                 const QMatrix4x4 placement = reslice->getTransformationFromResliceToWorld();
                 const QVector3D point = random.point(150.0F);
                 const QVector3D normal = placement.column(2).toVector3D();
                 const QVector3D foot =
-                    point - normal * QVector3D::dotProduct(normal, point - placement.column(3).toVector3D());
+                    point - normal * QVector3D::dotProduct(
+                                         normal, point - placement.column(3).toVector3D());
 
                 const QPointF view = CoordinateMapper::_3D_To_2D_PlanarPoint(reslice.get(), point);
                 const QVector3D back = CoordinateMapper::_2D_To_3D_Planar(reslice.get(), view);
@@ -328,15 +339,15 @@ TEST(CoordinateMapper, SegmentThatEntersTheSlabStartsAtItsEndInside)
 {
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 2.0F);
     bool inPlane = false;
-    const QLineF fromAbove = CoordinateMapper::_3D_To_2D_Line_Planar(reslice.get(), {13.0F, 10.0F, 4.0F},
-                                                                     {10.0F, 10.0F, 0.0F}, inPlane);
+    const QLineF fromAbove = CoordinateMapper::_3D_To_2D_Line_Planar(
+        reslice.get(), {13.0F, 10.0F, 4.0F}, {10.0F, 10.0F, 0.0F}, inPlane);
     EXPECT_TRUE(inPlane);
     expectPoint(fromAbove.p1(), 10.0, 70.0);
     EXPECT_NEAR(fromAbove.p2().x(), 10.75, 4e-6);
 
     inPlane = false;
-    const QLineF fromBelow = CoordinateMapper::_3D_To_2D_Line_Planar(reslice.get(), {16.0F, 10.0F, -8.0F},
-                                                                     {10.0F, 10.0F, 0.0F}, inPlane);
+    const QLineF fromBelow = CoordinateMapper::_3D_To_2D_Line_Planar(
+        reslice.get(), {16.0F, 10.0F, -8.0F}, {10.0F, 10.0F, 0.0F}, inPlane);
     EXPECT_TRUE(inPlane);
     expectPoint(fromBelow.p1(), 10.0, 70.0);
     EXPECT_NEAR(fromBelow.p2().x(), 10.75, 4e-6);
@@ -345,13 +356,14 @@ TEST(CoordinateMapper, SegmentThatEntersTheSlabStartsAtItsEndInside)
 TEST(CoordinateMapper, SegmentThroughTheWholeSlabStartsAtTheUpperFaceFromEitherSide)
 {
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 2.0F);
-    // Vertical, then moved by y so that the two faces have different images: direction (0, 0.6, 0.8).
+    // Vertical, then moved by y so that the two faces have different images: direction (0, 0.6,
+    // 0.8).
     const QVector3D below(10.0F, 20.0F, -4.0F);
     const QVector3D above(10.0F, 26.0F, 4.0F);
     for (const bool upwards : {true, false}) {
         bool inPlane = false;
-        const QLineF line = CoordinateMapper::_3D_To_2D_Line_Planar(reslice.get(), upwards ? below : above,
-                                                                    upwards ? above : below, inPlane);
+        const QLineF line = CoordinateMapper::_3D_To_2D_Line_Planar(
+            reslice.get(), upwards ? below : above, upwards ? above : below, inPlane);
         EXPECT_TRUE(inPlane);
         EXPECT_NEAR(line.p1().y(), 80.0 - 23.75, 8e-6); // z = 1
         EXPECT_NEAR(line.p2().y(), 80.0 - 22.25, 8e-6); // z = -1
@@ -384,8 +396,8 @@ TEST(CoordinateMapper, EndExactlyOnAFaceIsInside)
     expectLine(line, 10.0, 70.0, 10.0, 70.0);
 
     inPlane = false;
-    const QLineF reversed = CoordinateMapper::_3D_To_2D_Line_Planar(reslice.get(), {10.0F, 10.0F, -9.0F},
-                                                                    {10.0F, 10.0F, -1.0F}, inPlane);
+    const QLineF reversed = CoordinateMapper::_3D_To_2D_Line_Planar(
+        reslice.get(), {10.0F, 10.0F, -9.0F}, {10.0F, 10.0F, -1.0F}, inPlane);
     EXPECT_TRUE(inPlane);
     expectLine(reversed, 10.0, 70.0, 10.0, 70.0);
 }
@@ -410,8 +422,8 @@ TEST(CoordinateMapper, SegmentAsksForTheTransformationOnce)
 TEST(CoordinateMapper, SegmentVerdictOfThePairIsInPlaneWhereTheFlagIsTrue)
 {
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 2.0F);
-    const auto [line, verdict] =
-        CoordinateMapper::_3D_To_2D_Line_Planar(reslice.get(), {10.0F, 10.0F, 0.0F}, {20.0F, 10.0F, 0.0F});
+    const auto [line, verdict] = CoordinateMapper::_3D_To_2D_Line_Planar(
+        reslice.get(), {10.0F, 10.0F, 0.0F}, {20.0F, 10.0F, 0.0F});
     expectLine(line, 10.0, 70.0, 20.0, 70.0);
     EXPECT_EQ(verdict, LineInPlane::InPlane);
 }
@@ -421,8 +433,8 @@ TEST(CoordinateMapper, ClippedLineIsMirroredAndMayLeaveTheRectangle)
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 2.0F);
     reslice->setMirroredIn2D(true, true);
     bool inPlane = false;
-    const QLineF line = CoordinateMapper::_3D_To_2D_Line_Planar(reslice.get(), {-30.0F, 10.0F, 0.0F},
-                                                                {150.0F, 90.0F, 0.0F}, inPlane);
+    const QLineF line = CoordinateMapper::_3D_To_2D_Line_Planar(
+        reslice.get(), {-30.0F, 10.0F, 0.0F}, {150.0F, 90.0F, 0.0F}, inPlane);
     expectLine(line, 130.0, 10.0, -50.0, 90.0);
     EXPECT_TRUE(inPlane);
 }
@@ -443,42 +455,47 @@ TEST(CoordinateMapper, FacesLieHalfTheSlabAlongTheNormalOnEitherSide)
 TEST(CoordinateMapper, FaceIsMetAlsoBehindTheStartOfTheRay)
 {
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 2.0F);
-    expectPoint(CoordinateMapperTestAccess::upper(reslice.get(), {4.0F, 5.0F, 7.0F}, {4.0F, 5.0F, 9.0F}),
-                4.0F, 5.0F, 1.0F);
+    expectPoint(
+        CoordinateMapperTestAccess::upper(reslice.get(), {4.0F, 5.0F, 7.0F}, {4.0F, 5.0F, 9.0F}),
+        4.0F, 5.0F, 1.0F);
 }
 
 TEST(CoordinateMapper, RayParallelToTheFaceMeetsItAtTheOrigin)
 {
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 2.0F);
-    expectPoint(CoordinateMapperTestAccess::upper(reslice.get(), {4.0F, 5.0F, 7.0F}, {9.0F, 5.0F, 7.0F}),
-                0.0F, 0.0F, 0.0F);
-    expectPoint(CoordinateMapperTestAccess::lower(reslice.get(), {4.0F, 5.0F, 7.0F}, {4.0F, 5.0F, 7.0F}),
-                0.0F, 0.0F, 0.0F);
+    expectPoint(
+        CoordinateMapperTestAccess::upper(reslice.get(), {4.0F, 5.0F, 7.0F}, {9.0F, 5.0F, 7.0F}),
+        0.0F, 0.0F, 0.0F);
+    expectPoint(
+        CoordinateMapperTestAccess::lower(reslice.get(), {4.0F, 5.0F, 7.0F}, {4.0F, 5.0F, 7.0F}),
+        0.0F, 0.0F, 0.0F);
 }
 
 TEST(CoordinateMapper, SegmentTooShortToBeNormalisedStillMeetsTheFace)
 {
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 0.0F);
-    expectPoint(
-        CoordinateMapperTestAccess::upper(reslice.get(), {4.0F, 5.0F, 0x1p-18F}, {4.0F, 5.0F, 0x1p-17F}),
-        4.0F, 5.0F, 0.0F);
+    expectPoint(CoordinateMapperTestAccess::upper(reslice.get(), {4.0F, 5.0F, 0x1p-18F},
+                                                  {4.0F, 5.0F, 0x1p-17F}),
+                4.0F, 5.0F, 0.0F);
 }
 
 TEST(CoordinateMapper, NormalWhoseLengthIsWithinTheFuzzOfOneIsNotNormalised)
 {
-    // |direction 0 x direction 1| = 0x1.00008p+0 = 1.00000763 is kept, so the face lies at 1000 times it.
+    // |direction 0 x direction 1| = 0x1.00008p+0 = 1.00000763 is kept, so the face lies at 1000
+    // times it.
     OddDirections reslice({0x1.00008p+0F, 0.0F, 0.0F}, {0.0F, 1.0F, 0.0F});
     reslice.setSampleSize({1.0F, 1.0F, 2000.0F});
-    expectPoint(CoordinateMapperTestAccess::upper(&reslice, {0.0F, 0.0F, 0.0F}, {0.0F, 0.0F, 1.0F}), 0.0F,
-                0.0F, 1000.00762939453125F);
+    expectPoint(CoordinateMapperTestAccess::upper(&reslice, {0.0F, 0.0F, 0.0F}, {0.0F, 0.0F, 1.0F}),
+                0.0F, 0.0F, 1000.00762939453125F);
 }
 
 TEST(CoordinateMapper, LongDirectionsAreNormalisedForTheFaces)
 {
     OddDirections reslice({3.0F, 0.0F, 0.0F}, {0.0F, 2.0F, 0.0F});
     reslice.setSampleSize({1.0F, 1.0F, 2.0F});
-    expectPoint(CoordinateMapperTestAccess::upper(&reslice, {1.0F, 1.0F, -4.0F}, {1.0F, 1.0F, 4.0F}), 1.0F,
-                1.0F, 1.0F);
+    expectPoint(
+        CoordinateMapperTestAccess::upper(&reslice, {1.0F, 1.0F, -4.0F}, {1.0F, 1.0F, 4.0F}), 1.0F,
+        1.0F, 1.0F);
 }
 
 TEST(CoordinateMapper, CornersOfAFaceAreItsOriginMovedAlongTheNormalThenAlongTheDirections)
@@ -492,8 +509,8 @@ TEST(CoordinateMapper, CornersOfAFaceAreItsOriginMovedAlongTheNormalThenAlongThe
     placement.translate(0x1p24F, 0.0F, 0.0F);
     reslice.setTransformationFromResliceToWorld(placement);
     reslice.setSampleSize({1.0F, 1.0F, 10.0F});
-    const QVector3D meeting = CoordinateMapperTestAccess::upper(&reslice, {0x1.fffffep+23F, 0.0F, 0.0F},
-                                                                {0x1.fffffep+23F, 0.0F, 1.0F});
+    const QVector3D meeting = CoordinateMapperTestAccess::upper(
+        &reslice, {0x1.fffffep+23F, 0.0F, 0.0F}, {0x1.fffffep+23F, 0.0F, 1.0F});
     EXPECT_NEAR(meeting.z(), 7.0F, 1e-5F); // the normals are rounded
 }
 
@@ -508,8 +525,8 @@ TEST(CoordinateMapper, NormalTooShortToBeNormalisedIsUsedAsItIs)
     placement.translate(0x1.000002p+14F, 0.0F, 0.0F);
     reslice.setTransformationFromResliceToWorld(placement);
     reslice.setSampleSize({1.0F, 1.0F, 0x1p18F});
-    expectPoint(CoordinateMapperTestAccess::upper(&reslice, {4.0F, 5.0F, 0.0F}, {4.0F, 5.0F, 3.0F}), 4.0F,
-                5.0F, 1.0F);
+    expectPoint(CoordinateMapperTestAccess::upper(&reslice, {4.0F, 5.0F, 0.0F}, {4.0F, 5.0F, 3.0F}),
+                4.0F, 5.0F, 1.0F);
 }
 
 // Onto another plane
@@ -519,7 +536,8 @@ TEST(CoordinateMapper, ViewPointIsProjectedAlongTheNormalOfAnAxialReslice)
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 1.0F);
     // x + z = 12; the view point (2, 75) is local (2, 5, 0), lifted to z = 10.
     const primitives::Plane slope(QVector3D(12.0F, 0.0F, 0.0F), QVector3D(1.0F, 0.0F, 1.0F));
-    const QVector3D point = CoordinateMapper::map2DPointTo3DPointOnPlane(*reslice, {2.0, 75.0}, slope);
+    const QVector3D point =
+        CoordinateMapper::map2DPointTo3DPointOnPlane(*reslice, {2.0, 75.0}, slope);
     EXPECT_EQ(point.x(), 2.0F);
     EXPECT_EQ(point.y(), 5.0F);
     EXPECT_NEAR(point.z(), 10.0F, 4e-6F); // the plane's normal is rounded
@@ -530,40 +548,43 @@ TEST(CoordinateMapper, ViewPointIsUnmirroredBeforeItIsProjected)
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 1.0F);
     reslice->setMirroredIn2D(true, true);
     const primitives::Plane lifted(QVector3D(0.0F, 0.0F, 7.0F), QVector3D(0.0F, 0.0F, 1.0F));
-    expectPoint(CoordinateMapper::map2DPointTo3DPointOnPlane(*reslice, {98.0, 5.0}, lifted), 2.0F, 5.0F,
-                7.0F);
+    expectPoint(CoordinateMapper::map2DPointTo3DPointOnPlane(*reslice, {98.0, 5.0}, lifted), 2.0F,
+                5.0F, 7.0F);
 }
 
 TEST(CoordinateMapper, ProjectionTakesTheWorldDirectionIntoTheLocalFrameUnturned)
 {
-    // Coronal: direction 0 = (1, 0, 0), direction 1 = (0, 0, 1), so their product is (0, -1, 0), which taken
-    // as a local vector runs down the view's local y axis. The plane z = 3 of the world is local y = 3. The
-    // view point (2, 75) is local (2, 5, 0); it slides to local (2, 3, 0), which is (2, 0, 3) in the world.
-    // Along the true normal it would never meet the plane and stay at (2, 0, 5).
+    // Coronal: direction 0 = (1, 0, 0), direction 1 = (0, 0, 1), so their product is (0, -1, 0),
+    // which taken as a local vector runs down the view's local y axis. The plane z = 3 of the world
+    // is local y = 3. The view point (2, 75) is local (2, 5, 0); it slides to local (2, 3, 0),
+    // which is (2, 0, 3) in the world. Along the true normal it would never meet the plane and stay
+    // at (2, 0, 5).
     const QMatrix4x4 coronal(1.0F, 0.0F, 0.0F, 0.0F,  //
                              0.0F, 0.0F, -1.0F, 0.0F, //
                              0.0F, 1.0F, 0.0F, 0.0F,  //
                              0.0F, 0.0F, 0.0F, 1.0F);
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 1.0F, coronal);
     const primitives::Plane level(QVector3D(0.0F, 0.0F, 3.0F), QVector3D(0.0F, 0.0F, 1.0F));
-    expectPoint(CoordinateMapper::map2DPointTo3DPointOnPlane(*reslice, {2.0, 75.0}, level), 2.0F, 0.0F, 3.0F);
+    expectPoint(CoordinateMapper::map2DPointTo3DPointOnPlane(*reslice, {2.0, 75.0}, level), 2.0F,
+                0.0F, 3.0F);
 }
 
 TEST(CoordinateMapper, ProjectionDirectionIsNotNormalised)
 {
-    // The product of the directions is 2^-20 long: normalising it by Qt's rule would give zero and no
-    // projection.
+    // The product of the directions is 2^-20 long: normalising it by Qt's rule would give zero and
+    // no projection.
     const OddDirections reslice({0x1p-10F, 0.0F, 0.0F}, {0.0F, 0x1p-10F, 0.0F});
     const primitives::Plane lifted(QVector3D(0.0F, 0.0F, 7.0F), QVector3D(0.0F, 0.0F, 1.0F));
-    expectPoint(CoordinateMapper::map2DPointTo3DPointOnPlane(reslice, {2.0, 75.0}, lifted), 2.0F, 5.0F, 7.0F);
+    expectPoint(CoordinateMapper::map2DPointTo3DPointOnPlane(reslice, {2.0, 75.0}, lifted), 2.0F,
+                5.0F, 7.0F);
 }
 
 TEST(CoordinateMapper, PlaneParallelToTheProjectionLeavesThePointOnTheReslice)
 {
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 1.0F);
     const primitives::Plane upright(QVector3D(50.0F, 0.0F, 0.0F), QVector3D(1.0F, 0.0F, 0.0F));
-    expectPoint(CoordinateMapper::map2DPointTo3DPointOnPlane(*reslice, {2.0, 75.0}, upright), 2.0F, 5.0F,
-                0.0F);
+    expectPoint(CoordinateMapper::map2DPointTo3DPointOnPlane(*reslice, {2.0, 75.0}, upright), 2.0F,
+                5.0F, 0.0F);
 }
 
 // Lists of points
@@ -571,7 +592,8 @@ TEST(CoordinateMapper, PlaneParallelToTheProjectionLeavesThePointOnTheReslice)
 TEST(CoordinateMapper, EmptyListGivesAnEmptyList)
 {
     EXPECT_TRUE(
-        CoordinateMapper::mapAllPointsOntoReslice({}, *makePlanarReslice(100.0F, 80.0F, 1.0F)).isEmpty());
+        CoordinateMapper::mapAllPointsOntoReslice({}, *makePlanarReslice(100.0F, 80.0F, 1.0F))
+            .isEmpty());
 }
 
 TEST(CoordinateMapper, ListKeepsOrderAndPointsOutsideTheSlab)
@@ -621,9 +643,10 @@ QList<QMatrix4x4> placementsOfAllKinds()
 TEST(CoordinateMapper, Law3ListHasTheBitsOfThePointByPointMapping)
 {
     RandomGeometry random(8);
-    QList<QVector3D> points = {{-0.0F, 0.0F, -0.0F},    {kNan, 1.0F, 1.0F},      {1.0F, kNan, 1.0F},
-                               {1.0F, 1.0F, kNan},      {kInfinity, 1.0F, 1.0F}, {1.0F, -kInfinity, 1.0F},
-                               {1.0F, 1.0F, kInfinity}, {3e38F, -3e38F, 3e38F},  {1e-42F, -1e-42F, 0.0F}};
+    QList<QVector3D> points = {
+        {-0.0F, 0.0F, -0.0F},    {kNan, 1.0F, 1.0F},      {1.0F, kNan, 1.0F},
+        {1.0F, 1.0F, kNan},      {kInfinity, 1.0F, 1.0F}, {1.0F, -kInfinity, 1.0F},
+        {1.0F, 1.0F, kInfinity}, {3e38F, -3e38F, 3e38F},  {1e-42F, -1e-42F, 0.0F}};
     for (int p = 0; p < 1000; ++p)
         points.append(random.point(200.0F));
 
@@ -635,7 +658,8 @@ TEST(CoordinateMapper, Law3ListHasTheBitsOfThePointByPointMapping)
         const auto images = CoordinateMapper::mapAllPointsOntoReslice(points, *reslice);
         ASSERT_EQ(images.size(), points.size());
         for (qsizetype p = 0; p < points.size(); ++p) {
-            const auto [point, verdict, slice] = CoordinateMapper::_3D_To_2D_Planar(reslice.get(), points[p]);
+            const auto [point, verdict, slice] =
+                CoordinateMapper::_3D_To_2D_Planar(reslice.get(), points[p]);
             ASSERT_TRUE(sameBits(images[p].first, point)) << p;
             ASSERT_EQ(images[p].second, verdict) << p;
         }
@@ -647,7 +671,8 @@ TEST(CoordinateMapper, Law3ListHasTheBitsOfThePointByPointMapping)
 TEST(CoordinateMapper, CephPointCountsYFromTheHeight)
 {
     const auto reslice = makeCephReslice(200.0F, 150.0F);
-    expectPoint(CoordinateMapper::_3D_To_2D_Ceph(reslice.get(), {30.0F, 40.0F, 77.0F}), 30.0, 110.0);
+    expectPoint(CoordinateMapper::_3D_To_2D_Ceph(reslice.get(), {30.0F, 40.0F, 77.0F}), 30.0,
+                110.0);
     expectPoint(CoordinateMapper::_2D_To_3D_Ceph(reslice.get(), {30.0, 110.0}), 30.0F, 40.0F, 0.0F);
 }
 
@@ -656,12 +681,16 @@ TEST(CoordinateMapper, OnlyPointOfViewOneMirrorsTheCephXAxis)
     const auto reslice = makeCephReslice(200.0F, 150.0F);
     for (const int view : {-1, 0, 2, 3}) {
         reslice->setPointOfView(static_cast<meta::PointOfView>(view));
-        expectPoint(CoordinateMapper::_3D_To_2D_Ceph(reslice.get(), {30.0F, 40.0F, 0.0F}), 30.0, 110.0);
-        expectPoint(CoordinateMapper::_2D_To_3D_Ceph(reslice.get(), {30.0, 110.0}), 30.0F, 40.0F, 0.0F);
+        expectPoint(CoordinateMapper::_3D_To_2D_Ceph(reslice.get(), {30.0F, 40.0F, 0.0F}), 30.0,
+                    110.0);
+        expectPoint(CoordinateMapper::_2D_To_3D_Ceph(reslice.get(), {30.0, 110.0}), 30.0F, 40.0F,
+                    0.0F);
     }
     reslice->setPointOfView(static_cast<meta::PointOfView>(1));
-    expectPoint(CoordinateMapper::_3D_To_2D_Ceph(reslice.get(), {30.0F, 40.0F, 0.0F}), 170.0, 110.0);
-    expectPoint(CoordinateMapper::_2D_To_3D_Ceph(reslice.get(), {170.0, 110.0}), 30.0F, 40.0F, 0.0F);
+    expectPoint(CoordinateMapper::_3D_To_2D_Ceph(reslice.get(), {30.0F, 40.0F, 0.0F}), 170.0,
+                110.0);
+    expectPoint(CoordinateMapper::_2D_To_3D_Ceph(reslice.get(), {170.0, 110.0}), 30.0F, 40.0F,
+                0.0F);
 }
 
 TEST(CoordinateMapper, CephIgnoresTheMirroringFlags)
@@ -677,16 +706,18 @@ TEST(CoordinateMapper, CephSubtractsInSinglePrecisionOnTheWayToTheView)
     const auto reslice = makeCephReslice(100.0F, 80.0F);
     reslice->setPointOfView(meta::FromLeft);
     // The floats nearest to 100 - 0.1F and 80 - 0.1F, spaced 2^-17 = 7.6e-6 apart.
-    expectPoint(CoordinateMapper::_3D_To_2D_Ceph(reslice.get(), {0.1F, 0.1F, 0.0F}), 99.90000152587890625,
-                79.90000152587890625);
+    expectPoint(CoordinateMapper::_3D_To_2D_Ceph(reslice.get(), {0.1F, 0.1F, 0.0F}),
+                99.90000152587890625, 79.90000152587890625);
 }
 
 TEST(CoordinateMapper, CephSubtractsYInDoubleButXInSinglePrecisionOnTheWayBack)
 {
     const auto reslice = makeCephReslice(16777218.0F, 16777218.0F);
     reslice->setPointOfView(meta::FromLeft);
-    // x: 2^24 + 1 narrows to 2^24 (ties to even), 2^24 + 2 less that is 2. y: 2^24 + 2 less 2^24 + 1 is 1.
-    expectPoint(CoordinateMapper::_2D_To_3D_Ceph(reslice.get(), {16777217.0, 16777217.0}), 2.0F, 1.0F, 0.0F);
+    // x: 2^24 + 1 narrows to 2^24 (ties to even), 2^24 + 2 less that is 2. y: 2^24 + 2 less 2^24 +
+    // 1 is 1.
+    expectPoint(CoordinateMapper::_2D_To_3D_Ceph(reslice.get(), {16777217.0, 16777217.0}), 2.0F,
+                1.0F, 0.0F);
 }
 
 TEST(CoordinateMapper, Law2CephMappingsAreInverseInThePlaneOfTheProjection)
@@ -704,7 +735,8 @@ TEST(CoordinateMapper, Law2CephMappingsAreInverseInThePlaneOfTheProjection)
         const QVector3D offPlane = inPlane + placement.column(2).toVector3D() * 40.0F;
 
         const QPointF view = CoordinateMapper::_3D_To_2D_Ceph(reslice.get(), offPlane);
-        ASSERT_LE((CoordinateMapper::_2D_To_3D_Ceph(reslice.get(), view) - inPlane).length(), tolerance);
+        ASSERT_LE((CoordinateMapper::_2D_To_3D_Ceph(reslice.get(), view) - inPlane).length(),
+                  tolerance);
 
         const double x = random.number(0.0F, 200.0F);
         const QPointF clicked(x, random.number(0.0F, 200.0F));
@@ -724,7 +756,8 @@ TEST(CoordinateMapper, NullResliceGivesZeroPointsOutside)
     expectPoint(CoordinateMapper::_3D_To_2D_Planar(nullptr, point, inPlane, inSlice), 0.0, 0.0);
     EXPECT_FALSE(inPlane);
     EXPECT_FALSE(inSlice);
-    const auto [image, planeVerdict, sliceVerdict] = CoordinateMapper::_3D_To_2D_Planar(nullptr, point);
+    const auto [image, planeVerdict, sliceVerdict] =
+        CoordinateMapper::_3D_To_2D_Planar(nullptr, point);
     expectPoint(image, 0.0, 0.0);
     EXPECT_EQ(planeVerdict, PointInPlane::OutOfPlane);
     EXPECT_EQ(sliceVerdict, PointInSlice::OutOfSlice);
@@ -737,16 +770,18 @@ TEST(CoordinateMapper, NullResliceGivesZeroPointsOutside)
 TEST(CoordinateMapper, NullResliceGivesTheNullLineOutside)
 {
     bool inPlane = true;
-    expectLine(
-        CoordinateMapper::_3D_To_2D_Line_Planar(nullptr, {1.0F, 2.0F, 3.0F}, {4.0F, 5.0F, 6.0F}, inPlane),
-        0.0, 0.0, 0.0, 0.0);
+    expectLine(CoordinateMapper::_3D_To_2D_Line_Planar(nullptr, {1.0F, 2.0F, 3.0F},
+                                                       {4.0F, 5.0F, 6.0F}, inPlane),
+               0.0, 0.0, 0.0, 0.0);
     EXPECT_FALSE(inPlane);
-    EXPECT_EQ(CoordinateMapper::_3D_To_2D_Line_Planar(nullptr, {1.0F, 2.0F, 3.0F}, {4.0F, 5.0F, 6.0F}).second,
-              LineInPlane::OutOfPlane);
-    expectPoint(CoordinateMapperTestAccess::upper(nullptr, {1.0F, 2.0F, 3.0F}, {4.0F, 5.0F, 6.0F}), 0.0F,
-                0.0F, 0.0F);
-    expectPoint(CoordinateMapperTestAccess::lower(nullptr, {1.0F, 2.0F, 3.0F}, {4.0F, 5.0F, 6.0F}), 0.0F,
-                0.0F, 0.0F);
+    EXPECT_EQ(
+        CoordinateMapper::_3D_To_2D_Line_Planar(nullptr, {1.0F, 2.0F, 3.0F}, {4.0F, 5.0F, 6.0F})
+            .second,
+        LineInPlane::OutOfPlane);
+    expectPoint(CoordinateMapperTestAccess::upper(nullptr, {1.0F, 2.0F, 3.0F}, {4.0F, 5.0F, 6.0F}),
+                0.0F, 0.0F, 0.0F);
+    expectPoint(CoordinateMapperTestAccess::lower(nullptr, {1.0F, 2.0F, 3.0F}, {4.0F, 5.0F, 6.0F}),
+                0.0F, 0.0F, 0.0F);
 }
 
 TEST(CoordinateMapper, TransformationWithoutInverseIsInvertedToTheIdentity)
@@ -755,25 +790,27 @@ TEST(CoordinateMapper, TransformationWithoutInverseIsInvertedToTheIdentity)
     flat.scale(1.0F, 1.0F, 0.0F);
     flat.setColumn(3, QVector4D(5.0F, 6.0F, 7.0F, 1.0F));
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 1.0F, flat);
-    expectPoint(CoordinateMapper::_3D_To_2D_PlanarPoint(reslice.get(), {1.0F, 2.0F, 3.0F}), 1.0, 78.0);
-    expectPoint(
-        CoordinateMapper::_3D_To_2D_Ceph(makeCephReslice(100.0F, 80.0F, flat).get(), {1.0F, 2.0F, 3.0F}), 1.0,
-        78.0);
-    // Direction 0 and 1 still span the plane z = 7; inverted to the identity, the plane keeps that height
-    // locally.
+    expectPoint(CoordinateMapper::_3D_To_2D_PlanarPoint(reslice.get(), {1.0F, 2.0F, 3.0F}), 1.0,
+                78.0);
+    expectPoint(CoordinateMapper::_3D_To_2D_Ceph(makeCephReslice(100.0F, 80.0F, flat).get(),
+                                                 {1.0F, 2.0F, 3.0F}),
+                1.0, 78.0);
+    // Direction 0 and 1 still span the plane z = 7; inverted to the identity, the plane keeps that
+    // height locally.
     const primitives::Plane level(QVector3D(0.0F, 0.0F, 9.0F), QVector3D(0.0F, 0.0F, 1.0F));
-    expectPoint(CoordinateMapper::map2DPointTo3DPointOnPlane(*reslice, {2.0, 75.0}, level), 7.0F, 11.0F,
-                7.0F);
+    expectPoint(CoordinateMapper::map2DPointTo3DPointOnPlane(*reslice, {2.0, 75.0}, level), 7.0F,
+                11.0F, 7.0F);
 }
 
 TEST(CoordinateMapper, HeightThatIsNotFiniteIsOutsideTheSlab)
 {
     const auto reslice = makePlanarReslice(100.0F, 80.0F, 1.0F);
-    for (const QVector3D& point :
-         {QVector3D(kNan, kNan, kNan), QVector3D(1.0F, 1.0F, kNan), QVector3D(1.0F, 1.0F, kInfinity)}) {
+    for (const QVector3D& point : {QVector3D(kNan, kNan, kNan), QVector3D(1.0F, 1.0F, kNan),
+                                   QVector3D(1.0F, 1.0F, kInfinity)}) {
         EXPECT_FALSE(isInPlane(*reslice, point));
         EXPECT_FALSE(isInSlice(*reslice, point));
-        const auto [line, verdict] = CoordinateMapper::_3D_To_2D_Line_Planar(reslice.get(), point, point);
+        const auto [line, verdict] =
+            CoordinateMapper::_3D_To_2D_Line_Planar(reslice.get(), point, point);
         EXPECT_EQ(verdict, LineInPlane::OutOfPlane);
         expectLine(line, 0.0, 0.0, 0.0, 0.0);
     }
@@ -794,7 +831,8 @@ TEST(CoordinateMapper, TransformationThatIsNotFiniteGivesTheNullLineAndNoPlace)
     QMatrix4x4 broken;
     broken.fill(kNan);
     reslice->setTransformationFromResliceToWorld(broken);
-    EXPECT_EQ(CoordinateMapper::_3D_To_2D_Line_Planar(reslice.get(), {1.0F, 1.0F, 1.0F}, {1.0F, 1.0F, -1.0F})
+    EXPECT_EQ(CoordinateMapper::_3D_To_2D_Line_Planar(reslice.get(), {1.0F, 1.0F, 1.0F},
+                                                      {1.0F, 1.0F, -1.0F})
                   .second,
               LineInPlane::OutOfPlane);
     EXPECT_TRUE(std::isnan(CoordinateMapper::_2D_To_3D_Planar(reslice.get(), {1.0, 2.0}).x()));
@@ -815,15 +853,16 @@ TEST(CoordinateMapper, ResliceWithoutExtentHoldsItsCornerAlone)
     EXPECT_TRUE(isInSlice(*reslice, {0.0F, 0.0F, 0.0F}));
     EXPECT_FALSE(isInSlice(*reslice, {0.001F, 0.0F, 0.0F}));
     EXPECT_FALSE(isInPlane(*reslice, {0.0F, 0.0F, 0.001F}));
-    expectPoint(CoordinateMapper::_3D_To_2D_PlanarPoint(reslice.get(), {3.0F, 2.0F, 0.0F}), 3.0, -2.0);
+    expectPoint(CoordinateMapper::_3D_To_2D_PlanarPoint(reslice.get(), {3.0F, 2.0F, 0.0F}), 3.0,
+                -2.0);
 }
 
 TEST(CoordinateMapper, NegativeSlabHoldsNoPointButIsCrossed)
 {
     const auto reslice = makePlanarReslice(100.0F, 80.0F, -2.0F);
     EXPECT_FALSE(isInPlane(*reslice, {1.0F, 1.0F, 0.0F}));
-    const auto [line, verdict] =
-        CoordinateMapper::_3D_To_2D_Line_Planar(reslice.get(), {1.0F, 1.0F, 5.0F}, {1.0F, 1.0F, -5.0F});
+    const auto [line, verdict] = CoordinateMapper::_3D_To_2D_Line_Planar(
+        reslice.get(), {1.0F, 1.0F, 5.0F}, {1.0F, 1.0F, -5.0F});
     EXPECT_EQ(verdict, LineInPlane::InPlane);
     expectLine(line, 1.0, 79.0, 1.0, 79.0);
 }

@@ -15,8 +15,8 @@ struct CoordinateMapperTestAccess
     {
         return CoordinateMapper::intersectWithLowerPlane(reslice, a, b);
     }
-    static float panoramicProjection(QVector3D a, QVector3D up, QVector3D b, QVector3D point, QPointF& out,
-                                     float thickness, bool keepOutside)
+    static float panoramicProjection(QVector3D a, QVector3D up, QVector3D b, QVector3D point,
+                                     QPointF& out, float thickness, bool keepOutside)
     {
         return CoordinateMapper::panoramicProjection(a, up, b, point, out, thickness, keepOutside);
     }

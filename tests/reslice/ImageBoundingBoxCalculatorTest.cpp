@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/reslice/ImageBoundingBoxCalculator.h>
 
-// Covered: the rectangle of visible content, the four searches and their bounds, the warnings, every image format.
+// Covered: the rectangle of visible content, the four searches and their bounds, the warnings,
+// every image format.
 
 #include <tests/support/WarningLog.h>
 
@@ -19,10 +20,22 @@
 
 struct ImageBoundingBoxCalculatorTestAccess
 {
-    static int firstX(const QImage& image) { return ImageBoundingBoxCalculator::findFirstXBorder(image); }
-    static int firstY(const QImage& image) { return ImageBoundingBoxCalculator::findFirstYBorder(image); }
-    static int secondX(const QImage& image) { return ImageBoundingBoxCalculator::findSecondXBorder(image); }
-    static int secondY(const QImage& image) { return ImageBoundingBoxCalculator::findSecondYBorder(image); }
+    static int firstX(const QImage& image)
+    {
+        return ImageBoundingBoxCalculator::findFirstXBorder(image);
+    }
+    static int firstY(const QImage& image)
+    {
+        return ImageBoundingBoxCalculator::findFirstYBorder(image);
+    }
+    static int secondX(const QImage& image)
+    {
+        return ImageBoundingBoxCalculator::findSecondXBorder(image);
+    }
+    static int secondY(const QImage& image)
+    {
+        return ImageBoundingBoxCalculator::findSecondYBorder(image);
+    }
 };
 
 namespace {
@@ -77,8 +90,10 @@ TEST(ImageBoundingBoxCalculator, NullImageGivesANullRectangleWithoutAWarning)
 {
     WarningLog log;
     EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(QImage()), QRect());
-    EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(QImage(0, 0, QImage::Format_ARGB32)), QRect());
-    EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(QImage(0, 5, QImage::Format_ARGB32)), QRect());
+    EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(QImage(0, 0, QImage::Format_ARGB32)),
+              QRect());
+    EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(QImage(0, 5, QImage::Format_ARGB32)),
+              QRect());
     EXPECT_TRUE(log.texts().isEmpty());
 }
 
@@ -103,14 +118,16 @@ TEST(ImageBoundingBoxCalculator, EachBorderMayComeFromAnotherPixel)
     QImage image = transparent(200, 150);
     for (const QPoint& pixel : {QPoint(7, 70), QPoint(90, 11), QPoint(190, 80), QPoint(60, 140)})
         image.setPixel(pixel, qRgba(1, 2, 3, 11));
-    EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(image), QRect(QPoint(7, 11), QPoint(190, 140)));
+    EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(image),
+              QRect(QPoint(7, 11), QPoint(190, 140)));
 }
 
 TEST(ImageBoundingBoxCalculator, AlphaTenIsBackgroundAndElevenIsContentWhateverTheColour)
 {
     WarningLog log;
-    EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(withPixel(4, 3, qRgba(255, 255, 255, 10))),
-              QRect(QPoint(0, 0), QPoint(0, 0)));
+    EXPECT_EQ(
+        ImageBoundingBoxCalculator::createBoundingBox(withPixel(4, 3, qRgba(255, 255, 255, 10))),
+        QRect(QPoint(0, 0), QPoint(0, 0)));
     EXPECT_EQ(log.texts().size(), 4);
     log.clear();
     EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(withPixel(4, 3, qRgba(0, 0, 0, 11))),
@@ -131,7 +148,8 @@ TEST(ImageBoundingBoxCalculator, TransparentImageWarnsFourTimesAndGivesThePixelA
 TEST(ImageBoundingBoxCalculator, EachSearchThatFindsNothingWarnsOnceAndReturnsZero)
 {
     const QImage image = transparent(10, 8);
-    for (int (*search)(const QImage&) : {Access::firstX, Access::firstY, Access::secondX, Access::secondY}) {
+    for (int (*search)(const QImage&) :
+         {Access::firstX, Access::firstY, Access::secondX, Access::secondY}) {
         WarningLog log;
         EXPECT_EQ(search(image), 0);
         EXPECT_EQ(log.texts(), QStringList(kWarning));
@@ -142,7 +160,8 @@ TEST(ImageBoundingBoxCalculator, BackwardSearchesStopBeforeColumnAndRowZero)
 {
     const QImage image = withPixel(0, 0, qRgba(0, 0, 0, 255));
     WarningLog log;
-    EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(image), QRect(QPoint(0, 0), QPoint(0, 0)));
+    EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(image),
+              QRect(QPoint(0, 0), QPoint(0, 0)));
     EXPECT_EQ(log.texts(), QStringList({kWarning, kWarning}));
 
     log.clear();
@@ -173,7 +192,8 @@ TEST(ImageBoundingBoxCalculator, ImageOfOnePixelWarnsForBothBackwardSearches)
     QImage image(1, 1, QImage::Format_RGB32);
     image.fill(Qt::black);
     WarningLog log;
-    EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(image), QRect(QPoint(0, 0), QPoint(0, 0)));
+    EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(image),
+              QRect(QPoint(0, 0), QPoint(0, 0)));
     EXPECT_EQ(log.texts().size(), 2);
 }
 
@@ -194,7 +214,8 @@ TEST(ImageBoundingBoxCalculator, FindsAPixelAtEveryColumn)
     for (int x = 1; x < 200; ++x) {
         QImage image = transparent(200, 3);
         image.setPixel(x, 1, qRgba(0, 0, 0, 11));
-        EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(image), QRect(QPoint(x, 1), QPoint(x, 1)));
+        EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(image),
+                  QRect(QPoint(x, 1), QPoint(x, 1)));
     }
     EXPECT_TRUE(log.texts().isEmpty());
 }
@@ -255,9 +276,11 @@ TEST_P(EveryIntegerFormat, HasItForArbitraryBytesToo)
 }
 
 INSTANTIATE_TEST_SUITE_P(ImageBoundingBoxCalculator, EveryFormat,
-                         testing::Range(int{QImage::Format_Invalid} + 1, int{QImage::NImageFormats}));
+                         testing::Range(int{QImage::Format_Invalid} + 1,
+                                        int{QImage::NImageFormats}));
 INSTANTIATE_TEST_SUITE_P(ImageBoundingBoxCalculator, EveryIntegerFormat,
-                         testing::Range(int{QImage::Format_Invalid} + 1, int{QImage::Format_RGBX16FPx4}));
+                         testing::Range(int{QImage::Format_Invalid} + 1,
+                                        int{QImage::Format_RGBX16FPx4}));
 
 TEST(ImageBoundingBoxCalculator, ColourIndicesBeyondTheColourTableAreNoContent)
 {
@@ -266,14 +289,16 @@ TEST(ImageBoundingBoxCalculator, ColourIndicesBeyondTheColourTableAreNoContent)
     image.fill(0U);
     image.scanLine(2)[3] = 1;
     image.scanLine(5)[6] = 200;
-    EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(image), QRect(QPoint(3, 2), QPoint(3, 2)));
+    EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(image),
+              QRect(QPoint(3, 2), QPoint(3, 2)));
 
     for (const QImage::Format format : {QImage::Format_Mono, QImage::Format_MonoLSB}) {
         QImage mono(9, 7, format);
         mono.setColorTable({});
         std::fill_n(mono.bits(), mono.sizeInBytes(), uchar{0xff});
         WarningLog log;
-        EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(mono), QRect(QPoint(0, 0), QPoint(0, 0)));
+        EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(mono),
+                  QRect(QPoint(0, 0), QPoint(0, 0)));
         EXPECT_EQ(log.texts().size(), 4);
     }
 }
@@ -282,8 +307,10 @@ TEST(ImageBoundingBoxCalculator, ReadsImagesOverForeignMemoryWithPaddedRows)
 {
     // Two visible pixels of three a row, the third is padding and opaque.
     std::vector<QRgb> memory = {0, 0, 0xffffffff, 0, 0xff000000, 0xffffffff};
-    const QImage image(reinterpret_cast<const uchar*>(memory.data()), 2, 2, 12, QImage::Format_ARGB32);
-    EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(image), QRect(QPoint(1, 1), QPoint(1, 1)));
+    const QImage image(reinterpret_cast<const uchar*>(memory.data()), 2, 2, 12,
+                       QImage::Format_ARGB32);
+    EXPECT_EQ(ImageBoundingBoxCalculator::createBoundingBox(image),
+              QRect(QPoint(1, 1), QPoint(1, 1)));
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/reslice/ImplantRotationCalculator.h>
 
-// Covered: the rotation that turns an implant square to the arch, the sample it is taken from, directions along the
-// implant's axis, lines without path.
+// Covered: the rotation that turns an implant square to the arch, the sample it is taken from,
+// directions along the implant's axis, lines without path.
 
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Implants.h>
@@ -33,9 +33,11 @@ const QVector3D kZ(0.0F, 0.0F, 1.0F);
 class RecordingLine : public GuidingLine
 {
 public:
-    explicit RecordingLine(const QVector3D& perpendicularDirection) : direction(perpendicularDirection)
+    explicit RecordingLine(const QVector3D& perpendicularDirection)
+        : direction(perpendicularDirection)
     {
-        setOriginalPath({{0.0F, 0.0F, 0.0F}, {10.0F, 0.0F, 0.0F}, {20.0F, 0.0F, 0.0F}, {30.0F, 0.0F, 0.0F}});
+        setOriginalPath(
+            {{0.0F, 0.0F, 0.0F}, {10.0F, 0.0F, 0.0F}, {20.0F, 0.0F, 0.0F}, {30.0F, 0.0F, 0.0F}});
     }
 
     QVector3D getPerpendicularDirection(int pathIndex) const override
@@ -86,15 +88,16 @@ TEST(ImplantRotationCalculator, DirectionIsThatOfTheSampleNearestToThePosition)
 {
     RecordingLine line(kX);
     calculatePerpendicularRotation(line, {19.0F, 40.0F, -7.0F}, QMatrix4x4());
-    calculatePerpendicularRotation(line, {15.0F, 0.0F, 0.0F}, QMatrix4x4()); // between two: the first
+    calculatePerpendicularRotation(line, {15.0F, 0.0F, 0.0F},
+                                   QMatrix4x4()); // between two: the first
     calculatePerpendicularRotation(line, {1000.0F, 0.0F, 0.0F}, QMatrix4x4());
     EXPECT_EQ(line.asked, QList<int>({2, 1, 3}));
 }
 
 TEST(ImplantRotationCalculator, TakesTheDirectionIntoTheImplantsFrame)
 {
-    // The implant lies along the world's y axis: local x, y, z are the world's x, -z, y. Across the arch is down, which
-    // is local y.
+    // The implant lies along the world's y axis: local x, y, z are the world's x, -z, y. Across the
+    // arch is down, which is local y.
     RecordingLine line(-kZ);
     const QMatrix4x4 lying(1.0F, 0.0F, 0.0F, 5.0F,  //
                            0.0F, 0.0F, 1.0F, 6.0F,  //
@@ -173,7 +176,8 @@ TEST(ImplantRotationCalculator, TurnedImplantFacesAcrossTheArchAsFarAsItsAxisAll
         RecordingLine line(across);
         dataobject::Implant3D implant;
         implant.setObjectTransform(random.rigidPlacement());
-        const QMatrix4x4 rotation = calculatePerpendicularRotation(line, {}, implant.getObjectTransform());
+        const QMatrix4x4 rotation =
+            calculatePerpendicularRotation(line, {}, implant.getObjectTransform());
         ASSERT_LE((rotation.mapVector(kZ) - kZ).length(), kTolerance);
         ASSERT_EQ(rotation.column(3), QVector4D(0.0F, 0.0F, 0.0F, 1.0F));
 
@@ -186,7 +190,8 @@ TEST(ImplantRotationCalculator, TurnedImplantFacesAcrossTheArchAsFarAsItsAxisAll
     }
 }
 
-// With the model's own line: an arch from the patient's right to the left has its perpendicular direction outwards.
+// With the model's own line: an arch from the patient's right to the left has its perpendicular
+// direction outwards.
 TEST(ImplantRotationCalculator, ImplantOnAnArchFacesOutwards)
 {
     GuidingLine arch;
@@ -196,7 +201,8 @@ TEST(ImplantRotationCalculator, ImplantOnAnArchFacesOutwards)
         path.append(QVector3D(-30.0F * std::cos(angle), -30.0F * std::sin(angle), 0.0F));
     }
     arch.setOriginalPath(path);
-    const QMatrix4x4 rotation = calculatePerpendicularRotation(arch, {0.0F, -28.0F, 0.0F}, QMatrix4x4());
+    const QMatrix4x4 rotation =
+        calculatePerpendicularRotation(arch, {0.0F, -28.0F, 0.0F}, QMatrix4x4());
     EXPECT_LE((rotation.map(kY) - QVector3D(0.0F, -1.0F, 0.0F)).length(), 0x1p-10F);
 }
 

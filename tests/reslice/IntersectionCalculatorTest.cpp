@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/reslice/IntersectionCalculator.h>
 
-// Covered: where a plane cuts the border of a reslice's rectangle, the order of the points, corners, edges in the plane.
+// Covered: where a plane cuts the border of a reslice's rectangle, the order of the points,
+// corners, edges in the plane.
 
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 
@@ -45,8 +46,8 @@ QList<QVector3D> intersections(const QVector3D& pointOnPlane, const QVector3D& n
 
 TEST(IntersectionCalculator, NullResliceHasNoIntersections)
 {
-    EXPECT_TRUE(
-        IntersectionCalculator::calculatePlaneIntersections({}, {1.0F, 0.0F, 0.0F}, nullptr).isEmpty());
+    EXPECT_TRUE(IntersectionCalculator::calculatePlaneIntersections({}, {1.0F, 0.0F, 0.0F}, nullptr)
+                    .isEmpty());
 }
 
 TEST(IntersectionCalculator, PlaneAcrossTheRectangleMeetsTwoEdgesInTheirOrder)
@@ -83,8 +84,8 @@ TEST(IntersectionCalculator, ObliquePlaneMeetsAdjacentEdges)
 
 TEST(IntersectionCalculator, EdgesRunRoundTheRectangleAndCountFromTheirOwnStart)
 {
-    // 53 / 100 and 47 / 100 are no floats. From the left, x = 63 is met at 10 + 0.53F * 100, an ulp below it; from the
-    // right at 110 - 0.47F * 100, exactly.
+    // 53 / 100 and 47 / 100 are no floats. From the left, x = 63 is met at 10 + 0.53F * 100, an ulp
+    // below it; from the right at 110 - 0.47F * 100, exactly.
     const auto across = intersections({63.0F, 0.0F, 0.0F}, {1.0F, 0.0F, 0.0F});
     ASSERT_EQ(across.size(), 2);
     expectPoint(across[0], 0x1.f7fffep+5F, 100.0F, 5.0F);
@@ -113,7 +114,8 @@ TEST(IntersectionCalculator, PlaneThroughAWholeEdgeGivesOnlyThePointsOnTheOtherE
 
 TEST(IntersectionCalculator, CornerIsKeptTwiceOnceFromEachOfItsEdges)
 {
-    // x + y = 30 touches the rectangle in its origin (10, 20) alone: edge 1 at its start, edge 4 at its end.
+    // x + y = 30 touches the rectangle in its origin (10, 20) alone: edge 1 at its start, edge 4 at
+    // its end.
     const auto origin = intersections({30.0F, 0.0F, 0.0F}, {1.0F, 1.0F, 0.0F});
     ASSERT_EQ(origin.size(), 2);
     expectPoint(origin[0], 10.0F, 20.0F, 5.0F);
@@ -122,8 +124,8 @@ TEST(IntersectionCalculator, CornerIsKeptTwiceOnceFromEachOfItsEdges)
 
 TEST(IntersectionCalculator, DiagonalPlaneHasFourPoints)
 {
-    // From the origin to the opposite corner: 4 x - 5 y = -60. Edge 1 at its start, 2 at its end, 3 at its start, 4 at
-    // its end.
+    // From the origin to the opposite corner: 4 x - 5 y = -60. Edge 1 at its start, 2 at its end, 3
+    // at its start, 4 at its end.
     const auto diagonal = intersections({10.0F, 20.0F, 0.0F}, {4.0F, -5.0F, 0.0F});
     ASSERT_EQ(diagonal.size(), 4);
     expectPoint(diagonal[0], 10.0F, 20.0F, 5.0F);
@@ -134,7 +136,8 @@ TEST(IntersectionCalculator, DiagonalPlaneHasFourPoints)
 
 TEST(IntersectionCalculator, PlaneThroughOneCornerAndAnEdgeHasThreePoints)
 {
-    // Through the origin and (60, 100): edge 1 at its start, edge 2 in its middle, edge 4 at its end.
+    // Through the origin and (60, 100): edge 1 at its start, edge 2 in its middle, edge 4 at its
+    // end.
     const auto points = intersections({10.0F, 20.0F, 0.0F}, {8.0F, -5.0F, 0.0F});
     ASSERT_EQ(points.size(), 3);
     expectPoint(points[0], 10.0F, 20.0F, 5.0F);
@@ -144,7 +147,8 @@ TEST(IntersectionCalculator, PlaneThroughOneCornerAndAnEdgeHasThreePoints)
 
 TEST(IntersectionCalculator, PlaneAHairBeyondACornerMissesIt)
 {
-    EXPECT_TRUE(intersections({std::nextafter(110.0F, 200.0F), 0.0F, 0.0F}, {1.0F, 0.0F, 0.0F}).isEmpty());
+    EXPECT_TRUE(
+        intersections({std::nextafter(110.0F, 200.0F), 0.0F, 0.0F}, {1.0F, 0.0F, 0.0F}).isEmpty());
 }
 
 TEST(IntersectionCalculator, AsksForDirectionsWithoutSampleSteps)
@@ -168,8 +172,8 @@ TEST(IntersectionCalculator, AsksForDirectionsWithoutSampleSteps)
     };
     Recorder reslice;
     // The rectangle is x = 7, 0 <= y <= 10, 0 <= z <= 6.
-    const auto points =
-        IntersectionCalculator::calculatePlaneIntersections({0.0F, 0.0F, 1.5F}, {0.0F, 0.0F, 1.0F}, &reslice);
+    const auto points = IntersectionCalculator::calculatePlaneIntersections(
+        {0.0F, 0.0F, 1.5F}, {0.0F, 0.0F, 1.0F}, &reslice);
     ASSERT_EQ(points.size(), 2);
     expectPoint(points[0], 7.0F, 0.0F, 1.5F);
     expectPoint(points[1], 7.0F, 10.0F, 1.5F);
@@ -224,8 +228,8 @@ TEST(IntersectionCalculator, CornerIsTheOriginMovedByTheHeightThenByTheWidth)
     Leaning reslice;
     // z = 8 holds edge 3. Edge 2 ends in the corner opposite to the origin, edge 4 starts beside
     // the origin.
-    const auto points =
-        IntersectionCalculator::calculatePlaneIntersections({0.0F, 0.0F, 8.0F}, {0.0F, 0.0F, 1.0F}, &reslice);
+    const auto points = IntersectionCalculator::calculatePlaneIntersections(
+        {0.0F, 0.0F, 8.0F}, {0.0F, 0.0F, 1.0F}, &reslice);
     ASSERT_EQ(points.size(), 2);
     expectPoint(points[0], 0x1p24F + 2.0F, 8.0F, 8.0F);
     expectPoint(points[1], 0x1p24F + 2.0F, 0.0F, 8.0F);
@@ -235,7 +239,8 @@ TEST(IntersectionCalculator, EmptyRectangleHasNoIntersections)
 {
     const auto reslice = makePlanarReslice(0.0F, 0.0F, 1.0F);
     EXPECT_TRUE(
-        IntersectionCalculator::calculatePlaneIntersections({}, {1.0F, 0.0F, 0.0F}, reslice.get()).isEmpty());
+        IntersectionCalculator::calculatePlaneIntersections({}, {1.0F, 0.0F, 0.0F}, reslice.get())
+            .isEmpty());
 }
 
 TEST(IntersectionCalculator, RandomPlanesMeetTheBorderInPointsThatLieOnBoth)
@@ -249,12 +254,14 @@ TEST(IntersectionCalculator, RandomPlanesMeetTheBorderInPointsThatLieOnBoth)
             QVector3D(reslice->getWidth() / 2.0F, reslice->getHeight() / 2.0F, 0.0F));
         const QVector3D point = centre + random.point(30.0F);
         const QVector3D normal = random.point(1.0F).normalized();
-        const auto points = IntersectionCalculator::calculatePlaneIntersections(point, normal, reslice.get());
+        const auto points =
+            IntersectionCalculator::calculatePlaneIntersections(point, normal, reslice.get());
         EXPECT_EQ(points.size() % 2, 0); // random planes hit no corner
         met += points.isEmpty() ? 0 : 1;
         for (const QVector3D& meeting : points) {
             EXPECT_NEAR(QVector3D::dotProduct(normal, meeting - point), 0.0F, 0x1p-10F);
-            const QVector3D local = reslice->getTransformationFromResliceToWorld().inverted().map(meeting);
+            const QVector3D local =
+                reslice->getTransformationFromResliceToWorld().inverted().map(meeting);
             EXPECT_NEAR(local.z(), 0.0F, 0x1p-10F);
             const float toBorder =
                 std::min(std::min(std::abs(local.x()), std::abs(local.x() - reslice->getWidth())),

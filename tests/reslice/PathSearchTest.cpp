@@ -24,7 +24,8 @@ void expectTheIndicesOfAWalk(const QList<QVector3D>& path, const QList<QVector3D
 {
     PathSearch search(path);
     for (qsizetype i = 0; i < points.size(); ++i) {
-        ASSERT_EQ(search.nearestTo(points[i]), ComputeIndexOnGuidingLine::getIndexOf(points[i], path))
+        ASSERT_EQ(search.nearestTo(points[i]),
+                  ComputeIndexOnGuidingLine::getIndexOf(points[i], path))
             << "point " << i << " on " << path.size() << " samples";
     }
 }
@@ -49,7 +50,8 @@ TEST(PathSearch, Law1HoldsOnRandomPathsOfAllSizes)
 {
     RandomGeometry random(41);
     for (const int size : kSizes)
-        expectTheIndicesOfAWalk(randomPoints(random, size, 50.0F), randomPoints(random, 500, 80.0F));
+        expectTheIndicesOfAWalk(randomPoints(random, size, 50.0F),
+                                randomPoints(random, 500, 80.0F));
 }
 
 TEST(PathSearch, Law1HoldsOnCurves)
@@ -91,8 +93,10 @@ TEST(PathSearch, Law1HoldsWhereDistancesOverflow)
 TEST(PathSearch, Law1HoldsForPointsAndSamplesThatAreNotFinite)
 {
     RandomGeometry random(45);
-    const QList<QVector3D> odd = {
-        {kNan, 0.0F, 0.0F}, {0.0F, kInfinity, 0.0F}, {0.0F, 0.0F, -kInfinity}, {kNan, kInfinity, kNan}};
+    const QList<QVector3D> odd = {{kNan, 0.0F, 0.0F},
+                                  {0.0F, kInfinity, 0.0F},
+                                  {0.0F, 0.0F, -kInfinity},
+                                  {kNan, kInfinity, kNan}};
     const QList<QVector3D> path = randomPoints(random, 50, 10.0F);
     expectTheIndicesOfAWalk(path, odd + randomPoints(random, 20, 10.0F) + odd);
     for (const QVector3D& sample : odd) {

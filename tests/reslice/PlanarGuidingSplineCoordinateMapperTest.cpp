@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/reslice/PlanarGuidingSplineCoordinateMapper.h>
 
-// Covered: mapping onto the plane of a spline's points, when that plane is fitted anew, the links between mapper and
-// spline.
+// Covered: mapping onto the plane of a spline's points, when that plane is fitted anew, the links
+// between mapper and spline.
 
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 #include <CoreAlgorithms/reslice/CoordinateMapper.h>
@@ -101,7 +101,8 @@ QVector3D mapped(Mapper& mapper)
     return mapper.mapToSplinePlane(*reslice, {30.0, 60.0});
 }
 
-// The fit is in double precision, its narrowing exact for these planes but for what the fit itself rounds.
+// The fit is in double precision, its narrowing exact for these planes but for what the fit itself
+// rounds.
 void expectHeight(Mapper& mapper, float z)
 {
     const QVector3D point = mapped(mapper);

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/reslice/Point2DBoundingRectangleCalculator.h>
 
-// Covered: the rectangle of a set of points, its anchor and sizes, the empty set, coordinates at the ends of int.
+// Covered: the rectangle of a set of points, its anchor and sizes, the empty set, coordinates at
+// the ends of int.
 
 #include <gtest/gtest.h>
 

@@ -29,8 +29,10 @@ struct ToothPlace
     float x;
 };
 
-/// An arch along the x axis whose samples stand 1 mm apart from 0 on, so that a tooth at x lies at index x.
-inline std::shared_ptr<PlanarDentalSpline> makeArch(int samples, std::initializer_list<ToothPlace> teeth)
+/// An arch along the x axis whose samples stand 1 mm apart from 0 on, so that a tooth at x lies at
+/// index x.
+inline std::shared_ptr<PlanarDentalSpline> makeArch(int samples,
+                                                    std::initializer_list<ToothPlace> teeth)
 {
     auto spline = std::make_shared<PlanarDentalSpline>();
     for (const ToothPlace& place : teeth)
@@ -42,8 +44,8 @@ inline std::shared_ptr<PlanarDentalSpline> makeArch(int samples, std::initialize
 
 inline std::shared_ptr<dataobject::Tooth> makeTooth(int number)
 {
-    return std::make_shared<dataobject::Tooth>(ToothChart::Tooth(number), dataobject::Tooth::Present,
-                                               dataobject::Tooth::Permanent);
+    return std::make_shared<dataobject::Tooth>(
+        ToothChart::Tooth(number), dataobject::Tooth::Present, dataobject::Tooth::Permanent);
 }
 
 inline std::shared_ptr<dataobject::Mouth> makeMouth(std::initializer_list<int> numbers)
@@ -62,7 +64,10 @@ public:
     primitives::BoundingBox resampledBox;
 
     primitives::BoundingBox getBoundingBox() const override { return box; }
-    primitives::BoundingBox getTotalResampleTransformedBoundingBox() const override { return resampledBox; }
+    primitives::BoundingBox getTotalResampleTransformedBoundingBox() const override
+    {
+        return resampledBox;
+    }
 };
 
 /// One voxel of the height in mm, in boxes from z = 0 to `top`.

@@ -33,8 +33,8 @@ inline std::shared_ptr<CephReslice> makeCephReslice(float widthMm, float heightM
     return reslice;
 }
 
-/// A panoramic reslice along the samples, whose columns are `columnMm` wide and whose view shows the heights from
-/// `lowMm` to `highMm` in rows of 1 mm.
+/// A panoramic reslice along the samples, whose columns are `columnMm` wide and whose view shows
+/// the heights from `lowMm` to `highMm` in rows of 1 mm.
 inline std::shared_ptr<PanoramicReslice>
 makePanoramicReslice(const QList<QVector3D>& path, float columnMm, float lowMm, float highMm,
                      const QVector3D& up = QVector3D(0.0F, 0.0F, 1.0F))
@@ -46,7 +46,8 @@ makePanoramicReslice(const QList<QVector3D>& path, float columnMm, float lowMm, 
     reslice->setGuidingLine(line);
     reslice->setVerticalRange({lowMm, highMm});
     reslice->setSampleSize(QVector3D(columnMm, 1.0F, 1.0F));
-    reslice->setDimensions(QSizeF(static_cast<double>(path.size()), static_cast<double>(highMm - lowMm)));
+    reslice->setDimensions(
+        QSizeF(static_cast<double>(path.size()), static_cast<double>(highMm - lowMm)));
     return reslice;
 }
 
@@ -58,11 +59,13 @@ public:
 
     float number(float from, float to)
     {
-        // std::uniform_real_distribution differs between standard libraries; the engine's bits do not.
+        // std::uniform_real_distribution differs between standard libraries; the engine's bits do
+        // not.
         return from + (to - from) * static_cast<float>(engine() >> 8) * 0x1p-24F;
     }
 
-    // Braces draw from left to right; the order of a call's arguments would be the compiler's choice.
+    // Braces draw from left to right; the order of a call's arguments would be the compiler's
+    // choice.
     QVector3D point(float reach)
     {
         return {number(-reach, reach), number(-reach, reach), number(-reach, reach)};
@@ -84,8 +87,9 @@ public:
         return makePlanarReslice(width, height, slabMm, rigidPlacement());
     }
 
-    /// A panoramic reslice along a path that bends by up to 0.04 radians a sample in a random plane, samples as far
-    /// apart as columns are wide. Up is the normal of that plane, with a random length.
+    /// A panoramic reslice along a path that bends by up to 0.04 radians a sample in a random
+    /// plane, samples as far apart as columns are wide. Up is the normal of that plane, with a
+    /// random length.
     std::shared_ptr<PanoramicReslice> panoramicReslice(int samples, float columnMm)
     {
         const QMatrix4x4 placement = rigidPlacement();
