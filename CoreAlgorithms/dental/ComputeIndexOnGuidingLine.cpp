@@ -24,7 +24,7 @@ ToothPoints toothPointsOf(const PlanarDentalSpline* spline)
     return points;
 }
 
-// On a spline of one arch, a tooth of the other arch stands for its opposite.
+// Returns the opposite of a tooth of the other arch on a spline of one arch, else the tooth.
 ToothChart::Tooth mappedToArchOf(const ToothPoints& points, ToothChart::Tooth tooth)
 {
     const ToothChart::ArchType first = ToothChart::getArchTypeOfTooth(points.firstKey());
@@ -34,13 +34,14 @@ ToothChart::Tooth mappedToArchOf(const ToothPoints& points, ToothChart::Tooth to
     return tooth;
 }
 
-// The tooth's place along its arch, 0 to 15 for a tooth.
+// Returns the tooth's place along its arch, 0 to 15 for a tooth.
 float ordinalOf(ToothChart::Tooth tooth)
 {
     return static_cast<float>((static_cast<long long>(tooth) - 1) % kTeethPerArch);
 }
 
-// Half away from zero. Beyond the range of int, which no path reaches, the nearest int.
+// Rounds half away from zero. Returns the nearest int beyond the range of int, which no path
+// reaches.
 int rounded(float value)
 {
     const float moved = value >= 0.0F ? value + 0.5F : value - 0.5F;
@@ -79,7 +80,7 @@ int ComputeIndexOnGuidingLine::getIndexOf(const QVector3D& point, const QList<QV
         return -1;
     const auto size =
         static_cast<int>(std::min<qsizetype>(path.size(), std::numeric_limits<int>::max()));
-    return nearestsample::find(point, path.constData(), size);
+    return dental::findNearestSample(point, path.constData(), size);
 }
 
 int ComputeIndexOnGuidingLine::getIndexOf(const QVector3D& point, GuidingLine* line)
@@ -93,7 +94,7 @@ int ComputeIndexOnGuidingLine::getIndexOfMidPoint(GuidingLine* line)
         return -1;
     const QList<QVector3D>& path = line->getOriginalPath();
     // Intended: the middle sample is searched for, so that a path which passes there twice gives
-    // the first passage; whoever asks for the index of that position gets the same.
+    // the first passage; callers that look up the index of that position get the same.
     return path.isEmpty() ? -1 : getIndexOf(path[path.size() / 2], path);
 }
 
@@ -136,8 +137,8 @@ QMap<int, QVector3D>
 ComputeIndexOnGuidingLine::calculateTeethPositions(ToothChart::ArchType /*archType*/,
                                                    PlanarDentalSpline* spline)
 {
-    // Intended: the arch type plays no part. An arch that serves both jaws gives all its teeth to
-    // callers that ask for either.
+    // Intended: the arch type is ignored. Callers that need the teeth of either jaw get all teeth
+    // of an arch that serves both.
     QMap<int, QVector3D> positions;
     const ToothPoints points = toothPointsOf(spline);
     for (auto tooth = points.cbegin(); tooth != points.cend(); ++tooth)

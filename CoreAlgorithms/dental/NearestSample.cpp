@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/dental/NearestSample_p.h>
 
-// The compiler's own flags stay as they are: single functions are compiled for AVX2 and chosen when
+// The flags of the compiler do not change: single functions are compiled for AVX2 and chosen when
 // the program runs.
 #if defined(__GNUC__) && defined(__x86_64__)
 #define COREALGORITHMS_AVX2 __attribute__((target("avx2")))
@@ -15,9 +15,9 @@
 #include <type_traits>
 #endif
 
-namespace nearestsample {
+namespace dental {
 
-int findPlain(const QVector3D& point, const QVector3D* samples, int size)
+int findNearestSamplePlain(const QVector3D& point, const QVector3D* samples, int size)
 {
     int nearest = 0;
     float smallest = (samples[0] - point).lengthSquared();
@@ -36,14 +36,14 @@ int findPlain(const QVector3D& point, const QVector3D* samples, int size)
 namespace {
 
 constexpr int kLanes = 8;
-constexpr int kVectors = 4; // of a block
+constexpr int kVectors = 4; // in a block
 constexpr int kBlock = kVectors * kLanes;
-constexpr std::ptrdiff_t kVectorFloats = 24; // three for each lane
+constexpr std::ptrdiff_t kVectorFloats = 3 * kLanes;
 constexpr std::ptrdiff_t kBlockFloats = kVectors * kVectorFloats;
 
 static_assert(sizeof(QVector3D) == 3 * sizeof(float) && std::is_standard_layout_v<QVector3D>);
 
-// The point's coordinates in the order of those of eight samples.
+// Holds the point's coordinates in the order of those of eight samples.
 struct Query
 {
     __m256 first;  // x y z x   y z x y
@@ -60,8 +60,8 @@ COREALGORITHMS_AVX2_INLINE Query makeQuery(const QVector3D& point)
             _mm256_setr_ps(y, z, x, y, z, x, y, z)};
 }
 
-// The square is that of the sample's coordinates less the point's; this way round the compiler
-// reads them as it subtracts.
+// Subtracts the sample's coordinates from the point's: in this order the subtraction reads them
+// from memory, and the squares are equal.
 COREALGORITHMS_AVX2_INLINE __m256 squaredDifferences(const __m256& coordinates,
                                                      const float* samples)
 {
@@ -69,12 +69,12 @@ COREALGORITHMS_AVX2_INLINE __m256 squaredDifferences(const __m256& coordinates,
     return _mm256_mul_ps(difference, difference);
 }
 
-// Squared distances of eight samples. Squares are taken where the coordinates lie in memory,
+// Returns the squared distances of eight samples. The squares are in the order of memory,
 //     first   x0 y0 z0 x1 y1 z1 x2 y2
 //     second  z2 x3 y3 z3 x4 y4 z4 x5
 //     third   y5 z5 x6 y6 z6 x7 y7 z7
-// so that the eight x lie in different places, and likewise y and z. Picked out, x has the samples
-// in the order 0 3 6 1 4 7 2 5; y is turned to it by one place and z by two.
+// so that the eight x are in eight different places, and likewise y and z. The blended x has the
+// samples in the order 0 3 6 1 4 7 2 5; y is rotated to that order by one place and z by two.
 COREALGORITHMS_AVX2_INLINE __m256 squaredDistances(const float* samples, const Query& query)
 {
     const __m256 first = squaredDifferences(query.first, samples);
@@ -83,22 +83,23 @@ COREALGORITHMS_AVX2_INLINE __m256 squaredDistances(const float* samples, const Q
     const __m256 x = _mm256_blend_ps(_mm256_blend_ps(first, second, 0b10010010), third, 0b00100100);
     const __m256 y = _mm256_blend_ps(_mm256_blend_ps(first, second, 0b00100100), third, 0b01001001);
     const __m256 z = _mm256_blend_ps(_mm256_blend_ps(first, second, 0b01001001), third, 0b10010010);
-    const __m256 turnedY = _mm256_permutevar8x32_ps(y, _mm256_setr_epi32(1, 2, 3, 4, 5, 6, 7, 0));
-    const __m256 turnedZ = _mm256_permutevar8x32_ps(z, _mm256_setr_epi32(2, 3, 4, 5, 6, 7, 0, 1));
-    return _mm256_add_ps(_mm256_add_ps(x, turnedY), turnedZ);
+    const __m256 rotatedY = _mm256_permutevar8x32_ps(y, _mm256_setr_epi32(1, 2, 3, 4, 5, 6, 7, 0));
+    const __m256 rotatedZ = _mm256_permutevar8x32_ps(z, _mm256_setr_epi32(2, 3, 4, 5, 6, 7, 0, 1));
+    return _mm256_add_ps(_mm256_add_ps(x, rotatedY), rotatedZ);
 }
 
-// In each lane the smallest distance so far and the start of the block where it was first reached.
+// Holds, for each lane, the smallest distance so far and the start of the block where it was first
+// reached.
 struct Lanes
 {
     __m256 smallest;
     __m256i blockStart;
 };
 
-COREALGORITHMS_AVX2_INLINE void take(Lanes& lanes, const float* block, const __m256i& start,
-                                     const Query& query)
+COREALGORITHMS_AVX2_INLINE void compareBlock(Lanes& lanes, const float* block, const __m256i& start,
+                                             const Query& query)
 {
-    // The minimum instruction gives its second operand if one of the two is NaN.
+    // The minimum instruction returns its second operand if one of the two is NaN.
     __m256 smallest = lanes.smallest;
     for (int vector = 0; vector < kVectors; ++vector)
         smallest = _mm256_min_ps(squaredDistances(block + kVectorFloats * vector, query), smallest);
@@ -112,7 +113,7 @@ COREALGORITHMS_AVX2_INLINE const float* blockAt(const float* samples, int start)
     return samples + 3 * static_cast<std::ptrdiff_t>(start);
 }
 
-// Place in the block of the first sample at the distance.
+// Returns the place in the block of the first sample at the distance.
 COREALGORITHMS_AVX2_INLINE int placeInBlock(const float* block, float distance, const Query& query)
 {
     unsigned places = 0;
@@ -129,7 +130,7 @@ COREALGORITHMS_AVX2_INLINE int placeInBlock(const float* block, float distance, 
 COREALGORITHMS_AVX2 int findAvx2(const QVector3D& point, const QVector3D* samples, int size)
 {
     if (size < kBlock)
-        return findPlain(point, samples, size);
+        return findNearestSamplePlain(point, samples, size);
     const float first = (samples[0] - point).lengthSquared();
     if (std::isnan(first))
         return 0;
@@ -141,12 +142,12 @@ COREALGORITHMS_AVX2 int findAvx2(const QVector3D& point, const QVector3D* sample
     __m256i start = _mm256_setzero_si256();
     for (const float *block = floats, *end = blockAt(floats, lastStart); block < end;
          block += kBlockFloats) {
-        take(lanes, block, start, query);
+        compareBlock(lanes, block, start, query);
         start = _mm256_add_epi32(start, _mm256_set1_epi32(kBlock));
     }
-    // The last block may overlap the one before: samples of both count with the earlier one, see
-    // below.
-    take(lanes, blockAt(floats, lastStart), _mm256_set1_epi32(lastStart), query);
+    // The last block may overlap the one before. Samples of both count with the earlier one, as the
+    // lanes below show.
+    compareBlock(lanes, blockAt(floats, lastStart), _mm256_set1_epi32(lastStart), query);
 
     alignas(32) float smallest[kLanes];
     alignas(32) int blockStart[kLanes];
@@ -164,19 +165,19 @@ COREALGORITHMS_AVX2 int findAvx2(const QVector3D& point, const QVector3D* sample
 
 } // namespace
 
-int find(const QVector3D& point, const QVector3D* samples, int size)
+int findNearestSample(const QVector3D& point, const QVector3D* samples, int size)
 {
     return __builtin_cpu_supports("avx2") != 0 ? findAvx2(point, samples, size)
-                                               : findPlain(point, samples, size);
+                                               : findNearestSamplePlain(point, samples, size);
 }
 
 #else
 
-int find(const QVector3D& point, const QVector3D* samples, int size)
+int findNearestSample(const QVector3D& point, const QVector3D* samples, int size)
 {
-    return findPlain(point, samples, size);
+    return findNearestSamplePlain(point, samples, size);
 }
 
 #endif
 
-} // namespace nearestsample
+} // namespace dental

@@ -4,17 +4,16 @@
 
 #include <QVector3D>
 
-/// The index of the first sample of least squared distance to a point, in single precision: x * x +
-/// y * y + z * z. A distance that is NaN is not less than another, and no distance is less than
-/// NaN.
+namespace dental {
+
+/// Returns the index of the first sample of least squared distance to a point, in single precision:
+/// x * x + y * y + z * z. A distance that is NaN is not less than another, and no distance is less
+/// than NaN. The size must be positive.
 ///
-/// Every version gives the same index for every input. The size must be positive.
-namespace nearestsample {
+/// Compares eight samples at a time on machines with AVX2, one after the other on others.
+int findNearestSample(const QVector3D& point, const QVector3D* samples, int size);
 
-/// Eight samples at a time on machines with AVX2, elsewhere one after the other.
-int find(const QVector3D& point, const QVector3D* samples, int size);
+/// Does the same one sample after the other on every machine, with the same index for every input.
+int findNearestSamplePlain(const QVector3D& point, const QVector3D* samples, int size);
 
-/// One sample after the other.
-int findPlain(const QVector3D& point, const QVector3D* samples, int size);
-
-} // namespace nearestsample
+} // namespace dental

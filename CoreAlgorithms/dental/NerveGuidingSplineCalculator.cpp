@@ -12,7 +12,7 @@
 namespace {
 
 constexpr float kRightAngle = 90.0F; // degrees
-constexpr std::int32_t kTurnedSide = 1;
+constexpr std::int32_t kReversedSide = 1;
 
 bool isPlaced(const QVector3D& foramen)
 {
@@ -125,8 +125,8 @@ QVector3D NerveGuidingSplineCalculator::generateEndPoint() const
     const float share = toLerpValue(settings.end_point_angle);
     const QVector2D course = share * getPerpendicular() + (1.0F - share) * getDirection();
     // Intended: the share of the perpendicular is subtracted like that of the direction, so that
-    // the nerve leaves the line of the foramina on opposite sides at its two ends; the
-    // application's default angles rely on it.
+    // the nerve leaves the line of the foramina on opposite sides at its two ends; the default
+    // angles of the application rely on it.
     return {settings.mandibular_foramen.toVector2D() - course * settings.end_point_distance,
             zValue};
 }
@@ -142,8 +142,8 @@ QVector2D NerveGuidingSplineCalculator::getDirection() const
 QVector2D NerveGuidingSplineCalculator::getPerpendicular() const
 {
     const QVector2D direction = getDirection();
-    return settings.side == kTurnedSide ? QVector2D(-direction.y(), direction.x())
-                                        : QVector2D(direction.y(), -direction.x());
+    return settings.side == kReversedSide ? QVector2D(-direction.y(), direction.x())
+                                          : QVector2D(direction.y(), -direction.x());
 }
 
 float NerveGuidingSplineCalculator::toLerpValue(float angle) const

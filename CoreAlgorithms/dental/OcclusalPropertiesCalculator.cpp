@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr float kCentrePercentageBelowCentre = 0.6F;
+constexpr float kPercentageBelowCenter = 0.6F;
 
 int truncated(float value)
 {
@@ -21,8 +21,7 @@ int truncated(float value)
 float occlusalPropertiesCalculator::getOcclusalCenterPercentage(
     CTData::OcclusalPlaneDefinition definition)
 {
-    return static_cast<int>(definition) == hostvalues::kOcclusalPlaneAtCenter ? 1.0F
-                                                                              : kCentrePercentageBelowCentre;
+    return static_cast<int>(definition) == 0 ? 1.0F : kPercentageBelowCenter;
 }
 
 int occlusalPropertiesCalculator::getOcclusalIndex(const CTData& ct, const QVector3D& point)
@@ -34,7 +33,8 @@ int occlusalPropertiesCalculator::getOcclusalIndex(const CTData& ct, const QVect
     const float sliceDistance = volume->getImage().voxelSize().z();
     if (box.min().z() > point.z())
         return 0;
-    // Intended: above the scan a length in mm serves as a slice number. Plans hold such indices.
+    // Intended: above the scan a length in mm serves as a slice number; stored plans hold such
+    // indices.
     if (point.z() >= box.max().z())
         return truncated(box.height() - 1.0F);
     return truncated((point.z() - box.min().z()) / sliceDistance);

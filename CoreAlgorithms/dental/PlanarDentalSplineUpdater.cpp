@@ -28,9 +28,8 @@ void tag(PlanarDentalSpline& spline, const std::shared_ptr<Point>& point,
     if (!point)
         return;
     const QVector3D position = point->getPosition();
-    const auto tooth =
-        std::find_if(teethPositions.cbegin(), teethPositions.cend(),
-                     [&](const QVector3D& candidate) { return isEqual(candidate, position); });
+    const auto tooth = std::ranges::find_if(
+        teethPositions, [&](const QVector3D& candidate) { return isEqual(candidate, position); });
     if (tooth != teethPositions.cend())
         spline.setTooth(tooth.key(), point);
 }
@@ -42,8 +41,8 @@ void rebuildPoints(PlanarDentalSpline& spline, const std::vector<QVector3D>& poi
     const auto last = std::prev(pointPositions.end());
     for (auto position = pointPositions.begin(); position != last; ++position)
         tag(spline, spline.appendControlPoint(*position), teethPositions, isFuzzilyEqual);
-    // Intended: the last point alone is compared exactly. Arches rely on it whose last tooth lies
-    // next to, but not at the end of the curve: the end stays without a tag.
+    // Intended: the last point alone is compared exactly. Arches whose last tooth is next to, but
+    // not at the end of the curve rely on it: the end is not tagged.
     tag(spline, spline.appendLastControlPoint(*last), teethPositions, isExactlyEqual);
 }
 
@@ -110,7 +109,7 @@ PlanarDentalSplineUpdater::getPointPositions(const PlanarDentalSpline& spline)
 {
     std::vector<QVector3D> positions;
     const QList<std::shared_ptr<Point>> points = spline.getControlPoints();
-    positions.reserve(static_cast<std::size_t>(points.size()));
+    positions.reserve(points.size());
     for (const auto& point : points) {
         if (point)
             positions.push_back(point->getPosition());

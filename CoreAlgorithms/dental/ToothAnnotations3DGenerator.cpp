@@ -16,7 +16,7 @@ namespace {
 
 using Annotations = QList<std::shared_ptr<ToothAnnotation3D>>;
 
-// From the occlusal height into the tooth's own jaw, mm.
+// The distance in mm of a label from the occlusal height, into the tooth's own jaw.
 constexpr float kLabelOffset = 9.0F;
 
 constexpr auto kUpperArch = static_cast<ToothChart::ArchType>(hostvalues::kUpperArch);
@@ -56,21 +56,20 @@ Annotations ToothAnnotations3DGenerator::generate(const QList<PlanarDentalSpline
 
 std::shared_ptr<ToothAnnotation3D> ToothAnnotations3DGenerator::generate(
     const QList<PlanarDentalSpline*>& splines, const QList<ToothChart::Tooth>& teeth,
-    // NOLINTNEXTLINE(performance-unnecessary-value-param): as the header has it
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): the header takes a copy
     std::shared_ptr<dataobject::Tooth> tooth)
 {
     if (!tooth || !teeth.contains(tooth->getToothType()))
         return nullptr;
     const ToothChart::Tooth type = tooth->getToothType();
     const ToothChart::ArchType archType = ToothChart::getArchTypeOfTooth(type);
-    const auto ofArch =
-        std::find_if(splines.begin(), splines.end(), [archType](PlanarDentalSpline* spline) {
-            return spline && spline->getArchType() == archType;
-        });
+    const auto ofArch = std::ranges::find_if(splines, [archType](PlanarDentalSpline* spline) {
+        return spline && spline->getArchType() == archType;
+    });
     const bool found = ofArch != splines.end();
-    const auto chosen = found ? ofArch
-                              : std::find_if(splines.begin(), splines.end(),
-                                             [](auto* spline) { return spline != nullptr; });
+    const auto chosen =
+        found ? ofArch
+              : std::ranges::find_if(splines, [](auto* spline) { return spline != nullptr; });
     if (chosen == splines.end())
         return nullptr;
     QVector3D position = ComputeIndexOnGuidingLine::getToothPosition(
@@ -104,7 +103,7 @@ Annotations ToothAnnotations3DGenerator::generate(PlanarDentalSpline* spline,
 }
 
 Annotations ToothAnnotations3DGenerator::createToothAnnotation(
-    // NOLINTNEXTLINE(performance-unnecessary-value-param): as the header has it
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): the header takes a copy
     std::shared_ptr<dataobject::Tooth> tooth, ToothChart::ArchType archType, QVector3D position,
     float offset, QVector3D direction, const QList<ToothChart::Tooth>& teeth, bool bothArches,
     dataobject::Mouth* mouth)
@@ -121,9 +120,8 @@ Annotations ToothAnnotations3DGenerator::createToothAnnotation(
         const ToothChart::Tooth opposite = ToothChart::getOppositeTooth(ownType);
         const ToothChart::ArchType ownArch = ToothChart::getArchTypeOfTooth(ownType);
         const ToothChart::ArchType otherArch = ownArch == kArch0 ? kArch1 : kArch0;
-        // Intended: the opposing label is made without asking whether the mouth has the tooth; a
-        // requested tooth gets its label also where there is none, for the tooth that is to be
-        // created.
+        // Intended: the opposing label does not depend on whether the mouth has the tooth; a
+        // requested tooth that is missing gets its label for the tooth that is to be created.
         if (ToothChart::filterTeethForArchType(teeth, otherArch).contains(opposite))
             annotations.append(makeToothAnnotation(mouth->getToothForToothType(opposite), position,
                                                    labelOffset(ToothChart::getOppositeJaw(ownArch)),

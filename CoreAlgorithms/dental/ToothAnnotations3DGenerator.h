@@ -18,31 +18,33 @@ class Mouth;
 class Tooth;
 } // namespace dataobject
 
-/// Where do the labels that mark teeth in the 3-D view stand, and along which direction?
+/// Creates the labels that mark teeth in the 3-D view.
 ///
-/// A label stands at the tooth's place on an arch spline (ComputeIndexOnGuidingLine), 9 mm above
-/// the occlusal height for teeth of the arch of value 0, 9 mm below it for others, with the
-/// spline's direction at that place. World mm. The occlusal height is that of the CT behind the
-/// plane of the spline: the height of the centre of its bounding box times the occlusal centre
-/// percentage; without a CT it is the height of the path.
+/// A label is at the tooth's place on an arch spline (see ComputeIndexOnGuidingLine), 9 mm above
+/// the occlusal height for teeth of the arch of value 0 and 9 mm below it for others, with the
+/// spline's direction at that place; positions are in world mm. The occlusal height, the height at
+/// which the teeth meet, is that of the CT of the spline's plane: the height of the center of its
+/// bounding box times the occlusal center percentage (see occlusalPropertiesCalculator). Without a
+/// CT it is the height of the path.
 ///
-/// A tooth whose place is not found stands at (0, 0, occlusal height + offset). Null splines, teeth
-/// and mouths get no labels. Nothing but the new labels is changed.
+/// A tooth whose place is not found is labeled at (0, 0, occlusal height + offset). Null splines,
+/// teeth and mouths get no labels. Nothing but the new labels is changed.
 class COREALGORITHMS_EXPORT ToothAnnotations3DGenerator
 {
 public:
-    /// The labels of a mouth along one spline, or along two, each with the requested teeth of its
-    /// own arch; none for any other number of splines.
+    /// Returns the labels of a mouth along one spline, or along two, each with the requested teeth
+    /// of its own arch. Returns none for any other number of splines.
     ///
-    /// Every tooth of the mouth between the first and the last tooth of a spline is labelled,
-    /// requested or not. If teeth of both arches are requested, the requested opposites are
-    /// labelled too, at the same place, those that the mouth lacks by labels without a tooth.
+    /// Labels every tooth of the mouth between the first and the last tooth of a spline, requested
+    /// or not. If teeth of both arches are requested, labels the requested opposites too, at the
+    /// same place; those that the mouth lacks get labels without a tooth.
     static QList<std::shared_ptr<ToothAnnotation3D>>
     generate(const QList<PlanarDentalSpline*>& splines, const QList<ToothChart::Tooth>& teeth,
              dataobject::Mouth* mouth);
 
-    /// The label of one tooth, on the first spline of its arch or, without one, at its opposite's
-    /// place on the first spline. Null if there is no spline or the tooth is not requested.
+    /// Returns the label of one tooth, on the first spline of its arch or, without one, at its
+    /// opposite's place on the first spline. Null if there is no spline or the tooth is not
+    /// requested.
     static std::shared_ptr<ToothAnnotation3D> generate(const QList<PlanarDentalSpline*>& splines,
                                                        const QList<ToothChart::Tooth>& teeth,
                                                        std::shared_ptr<dataobject::Tooth> tooth);
@@ -61,7 +63,7 @@ private:
     static std::shared_ptr<ToothAnnotation3D>
     makeToothAnnotation(const std::shared_ptr<dataobject::Tooth>& tooth, QVector3D position,
                         float offset, const QVector3D& direction);
-    /// `height` if there is no CT behind the spline.
+    /// Returns the occlusal height, or `height` if the plane of the spline has no CT.
     static float occlusalHeightOfSpline(PlanarDentalSpline* spline, float height);
     static QVector3D getDirection(PlanarDentalSpline* spline, QVector3D position);
     static ToothChart::Tooth getToothFromArchType(ToothChart::Tooth tooth,

@@ -19,17 +19,17 @@ std::shared_ptr<dataobject::Mouth> mouthOf(const Diagnosis* diagnosis)
     return anatomy ? anatomy->getMouth() : nullptr;
 }
 
-// Sorted types of teeth or labels, duplicates kept.
+// Returns the sorted types of teeth or labels; duplicates are kept.
 template <typename Objects>
 std::vector<ToothChart::Tooth> sortedTypesOf(const Objects& objects)
 {
     std::vector<ToothChart::Tooth> types;
-    types.reserve(static_cast<std::size_t>(objects.size()));
+    types.reserve(objects.size());
     for (const auto& object : objects) {
         if (object)
             types.push_back(object->getToothType());
     }
-    std::sort(types.begin(), types.end());
+    std::ranges::sort(types);
     return types;
 }
 
@@ -42,10 +42,9 @@ std::vector<std::shared_ptr<dataobject::Tooth>> ToothGenerationTools::createMiss
     if (!mouth)
         return {};
     const std::vector<ToothChart::Tooth> existing = sortedTypesOf(mouth->getAllTeethUnsorted());
-    const std::vector<ToothChart::Tooth> labelled = sortedTypesOf(annotations);
+    const std::vector<ToothChart::Tooth> labeled = sortedTypesOf(annotations);
     std::vector<ToothChart::Tooth> missing;
-    std::set_difference(labelled.begin(), labelled.end(), existing.begin(), existing.end(),
-                        std::back_inserter(missing));
+    std::ranges::set_difference(labeled, existing, std::back_inserter(missing));
     std::vector<std::shared_ptr<dataobject::Tooth>> created;
     created.reserve(missing.size());
     for (const ToothChart::Tooth tooth : missing)
@@ -63,10 +62,9 @@ void ToothGenerationTools::linkTeethWithToothAnnotations(
     for (const auto& tooth : teeth) {
         if (!tooth)
             continue;
-        const auto label =
-            std::find_if(annotations.begin(), annotations.end(), [&tooth](const auto& annotation) {
-                return annotation && annotation->getToothType() == tooth->getToothType();
-            });
+        const auto label = std::ranges::find_if(annotations, [&tooth](const auto& annotation) {
+            return annotation && annotation->getToothType() == tooth->getToothType();
+        });
         if (label != annotations.end())
             (*label)->setTooth(tooth);
     }

@@ -16,7 +16,7 @@
 
 namespace {
 
-// From the occlusal plane to the middle of the crowns, mm.
+// The distance in mm from the occlusal plane to the middle of the crowns.
 constexpr float kToothLevelOffset = 7.0F;
 
 constexpr auto kNoTooth = static_cast<ToothChart::Tooth>(hostvalues::kNoTooth);
@@ -31,21 +31,21 @@ std::shared_ptr<CTData> scanBehind(PlanarDentalSpline* spline)
 } // namespace
 
 std::pair<ToothChart::Tooth, ToothChart::Tooth>
-toothlocator::teethAround(double toothId, ToothChart::Tooth smallest, ToothChart::Tooth largest)
+dental::teethAround(double toothId, ToothChart::Tooth smallest, ToothChart::Tooth largest)
 {
     const double nearest = std::trunc(toothId >= 0.0 ? toothId + 0.5 : toothId - 0.5);
     if (!(std::abs(nearest) < 0x1p31))
-        return kNobody;
-    double neighbour = nearest;
+        return {ToothChart::NoTooth, ToothChart::NoTooth};
+    double neighbor = nearest;
     if (nearest > toothId)
-        neighbour -= 1.0;
+        neighbor -= 1.0;
     else if (nearest < toothId)
-        neighbour += 1.0;
-    // Intended: only the neighbour is held within the spline's teeth; the nearest tooth is told as
-    // it was found.
-    neighbour = std::clamp(neighbour, static_cast<double>(smallest), static_cast<double>(largest));
+        neighbor += 1.0;
+    // Intended: only the neighbor is clamped to the spline's teeth; callers get the nearest tooth
+    // as it was found.
+    neighbor = std::clamp(neighbor, static_cast<double>(smallest), static_cast<double>(largest));
     return {static_cast<ToothChart::Tooth>(static_cast<int>(nearest)),
-            static_cast<ToothChart::Tooth>(static_cast<int>(neighbour))};
+            static_cast<ToothChart::Tooth>(static_cast<int>(neighbor))};
 }
 
 ToothLocator::~ToothLocator() = default;
@@ -53,8 +53,9 @@ ToothLocator::~ToothLocator() = default;
 std::pair<ToothChart::Tooth, ToothChart::Tooth>
 ToothLocator::getNearestToothIds(PlanarDentalSpline* spline, const QVector3D& point)
 {
+    constexpr std::pair noTeeth(ToothChart::NoTooth, ToothChart::NoTooth);
     if (!spline)
-        return kNobody;
+        return noTeeth;
     const auto points = spline->getObjects();
     QMap<int, ToothChart::Tooth> indexToTooth;
     for (auto tooth = points.cbegin(); tooth != points.cend(); ++tooth) {
@@ -65,9 +66,9 @@ ToothLocator::getNearestToothIds(PlanarDentalSpline* spline, const QVector3D& po
     }
     const int index = ComputeIndexOnGuidingLine::getIndexOf(point, spline);
     if (indexToTooth.isEmpty() || index == -1)
-        return nobody;
-    return toothlocator::teethAround(calculateToothIdByInterpolation(indexToTooth, index),
-                                     points.firstKey(), points.lastKey());
+        return noTeeth;
+    return dental::teethAround(calculateToothIdByInterpolation(indexToTooth, index),
+                               points.firstKey(), points.lastKey());
 }
 
 double

@@ -6,12 +6,12 @@
 
 #include <utility>
 
-namespace toothlocator {
+namespace dental {
 
-/// The tooth nearest to an identifier, half away from zero, and the one on the other side of the
-/// identifier, held between the smallest and the largest tooth. Zeros for an identifier that is NaN
-/// or beyond the range of int.
+/// Returns the tooth nearest to an identifier, half away from zero, and the one on the other side
+/// of the identifier, clamped between the smallest and the largest tooth. Both are 0 for an
+/// identifier that is NaN or beyond the range of int.
 std::pair<ToothChart::Tooth, ToothChart::Tooth>
 teethAround(double toothId, ToothChart::Tooth smallest, ToothChart::Tooth largest);
 
-} // namespace toothlocator
+} // namespace dental

@@ -11,8 +11,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <memory>
+#include <random>
 #include <type_traits>
 
 namespace {
@@ -59,7 +61,7 @@ TEST(ComputeIndexOnGuidingLine, PointLiesAtTheNearestSample)
     EXPECT_EQ(Index::getIndexOf({4.0F, 5.0F, 2.9F}, path), 2);
 }
 
-TEST(ComputeIndexOnGuidingLine, EquallyNearSamplesGiveTheFirst)
+TEST(ComputeIndexOnGuidingLine, Law1EquallyNearSamplesGiveTheFirst)
 {
     EXPECT_EQ(
         Index::getIndexOf(kNull, {{1.0F, 0.0F, 0.0F}, {5.0F, 0.0F, 0.0F}, {-1.0F, 0.0F, 0.0F}}), 0);
@@ -81,7 +83,7 @@ TEST(ComputeIndexOnGuidingLine, PathOfOneSampleGivesItWhateverThePoint)
     EXPECT_EQ(Index::getIndexOf(kNull, {{kNan, kNan, kNan}}), 0);
 }
 
-TEST(ComputeIndexOnGuidingLine, DistancesAreSquaredInSinglePrecision)
+TEST(ComputeIndexOnGuidingLine, Law1DistancesAreSquaredInSinglePrecision)
 {
     // 4096^2 + 1 and 4096^2 + 1.5^2 = 2^24 + 2.25: single precision, spaced 2 there, rounds the
     // first down to 2^24 (ties to even) and the second to 2^24 + 2. The first two samples are thus
@@ -95,6 +97,30 @@ TEST(ComputeIndexOnGuidingLine, DistancesAreSquaredInSinglePrecision)
     EXPECT_EQ(Index::getIndexOf(kNull, {{3e38F, 0.0F, 0.0F}, {2e19F, 0.0F, 0.0F}}), 0);
     // Squares below the smallest are 0.
     EXPECT_EQ(Index::getIndexOf(kNull, {{1e-30F, 0.0F, 0.0F}, {0.0F, 0.0F, 0.0F}}), 0);
+}
+
+// Every machine must find the sample of a plain search. Whole numbers make many samples equally
+// near.
+TEST(ComputeIndexOnGuidingLine, Law2IndexIsThatOfAPlainSearchWithTheInstructionsOfThisMachine)
+{
+    std::mt19937 engine(61);
+    const auto gridPoint = [&engine] {
+        return QVector3D(static_cast<float>(engine() % 8U), static_cast<float>(engine() % 8U),
+                         static_cast<float>(engine() % 8U));
+    };
+    for (const int size : {1, 31, 32, 33, 64, 100, 1000}) {
+        QList<QVector3D> path(size);
+        std::ranges::generate(path, gridPoint);
+        for (int i = 0; i < 200; ++i) {
+            const QVector3D point = gridPoint();
+            const auto distance = [&](const QVector3D& sample) {
+                return (sample - point).lengthSquared();
+            };
+            const auto nearest = std::ranges::min_element(path, {}, distance);
+            ASSERT_EQ(Index::getIndexOf(point, path), nearest - path.begin())
+                << "seed 61, " << size << " samples, point " << i;
+        }
+    }
 }
 
 TEST(ComputeIndexOnGuidingLine, PointWithNanLiesAtTheFirstSample)
@@ -119,7 +145,7 @@ TEST(ComputeIndexOnGuidingLine, FirstSampleAtInfinityGivesWayToAFiniteOne)
     EXPECT_EQ(Index::getIndexOf({70.0F, 0.0F, 0.0F}, path), 70);
 }
 
-TEST(ComputeIndexOnGuidingLine, AnswersForTheOriginalPathOfALine)
+TEST(ComputeIndexOnGuidingLine, LineIsSearchedByItsOriginalPath)
 {
     GuidingLine line;
     EXPECT_EQ(Index::getIndexOf(kNull, &line), -1);
@@ -140,7 +166,7 @@ TEST(ComputeIndexOnGuidingLine, MiddleSampleIsAtHalfTheSizeRoundedDown)
     EXPECT_EQ(Index::getIndexOfMidPoint(&line), 0);
 }
 
-TEST(ComputeIndexOnGuidingLine, MiddleSampleIsSearchedBackToItsFirstOccurrenceOnPurpose)
+TEST(ComputeIndexOnGuidingLine, MiddleSampleIsSearchedBackToItsFirstOccurrenceByDesign)
 {
     GuidingLine line;
     QList<QVector3D> path = pathAlongX(10);
@@ -222,7 +248,7 @@ TEST(ComputeIndexOnGuidingLine, ToothBelowTheFirstOrAboveTheLastGetsTheirIndex)
     EXPECT_EQ(Index::getToothIndex(tooth(16), spline.get(), false), 15);
 }
 
-TEST(ComputeIndexOnGuidingLine, ToothOfTheOtherArchIsAnsweredAsItsOppositeIfAsked)
+TEST(ComputeIndexOnGuidingLine, ToothOfTheOtherArchHasTheIndexOfItsOppositeIfMapped)
 {
     const auto spline = makeArch(20, {{3, 10.0F}, {7, 15.0F}});
     EXPECT_EQ(Index::getToothIndex(tooth(30), spline.get(), true), 10); // opposite of 3
@@ -318,7 +344,7 @@ TEST(ComputeIndexOnGuidingLine, TeethIndicesFollowTheTeeth)
     EXPECT_TRUE(Index::getTeethIndices(std::make_shared<PlanarDentalSpline>().get()).isEmpty());
 }
 
-TEST(ComputeIndexOnGuidingLine, TeethPositionsAreThoseOfThePointsWhateverTheArchTypeOnPurpose)
+TEST(ComputeIndexOnGuidingLine, TeethPositionsAreThoseOfThePointsWhateverTheArchTypeByDesign)
 {
     const auto spline = makeArch(20, {{3, 10.4F}, {20, 12.6F}});
     const QMap<int, QVector3D> expected{{3, {10.4F, 0.0F, 0.0F}}, {20, {12.6F, 0.0F, 0.0F}}};
@@ -379,7 +405,7 @@ TEST(ComputeIndexOnGuidingLine, NullLineOrSplineGivesNothing)
     EXPECT_TRUE(Index::getIntermediateTeeth(nullptr, makeMouth({3}).get()).empty());
 }
 
-TEST(ComputeIndexOnGuidingLine, ToothPointThatIsNullCountsAsNone)
+TEST(ComputeIndexOnGuidingLine, ToothPointThatIsNullIsSkipped)
 {
     SplineWithNullPoints spline;
     EXPECT_EQ(Index::getToothIndex(tooth(6), &spline, true), -1) << "no other points";
@@ -393,7 +419,7 @@ TEST(ComputeIndexOnGuidingLine, ToothPointThatIsNullCountsAsNone)
     EXPECT_EQ(Index::getIntermediateTeeth(&spline, nullptr).size(), 3U);
 }
 
-TEST(ComputeIndexOnGuidingLine, NumbersThatAreNoTeethAreAnsweredLikeOthers)
+TEST(ComputeIndexOnGuidingLine, NumbersThatAreNoTeethAreInterpolatedLikeOthers)
 {
     const auto spline = makeArch(20, {{3, 10.0F}, {7, 15.0F}});
     for (const int number : {std::numeric_limits<int>::min(), -5, 0}) {

@@ -18,7 +18,7 @@ using Samples = std::vector<QVector3D>;
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-// The search as it is defined.
+// Searches as the header defines it.
 int reference(const QVector3D& point, const Samples& samples)
 {
     std::size_t best = 0;
@@ -35,8 +35,8 @@ void expectAllAgree(const QVector3D& point, const Samples& samples)
 {
     const int size = static_cast<int>(samples.size());
     const int expected = reference(point, samples);
-    ASSERT_EQ(nearestsample::findPlain(point, samples.data(), size), expected);
-    ASSERT_EQ(nearestsample::find(point, samples.data(), size), expected);
+    ASSERT_EQ(dental::findNearestSamplePlain(point, samples.data(), size), expected);
+    ASSERT_EQ(dental::findNearestSample(point, samples.data(), size), expected);
 }
 
 class Draw
@@ -66,7 +66,7 @@ private:
     std::mt19937 engine;
 };
 
-TEST(NearestSample, Law2VersionsAgreeOnPathsOfEveryLength)
+TEST(NearestSample, VersionsAgreeOnPathsOfEveryLength)
 {
     Draw draw(1);
     for (int size = 1; size <= 300; ++size) {
@@ -81,7 +81,7 @@ TEST(NearestSample, Law2VersionsAgreeOnPathsOfEveryLength)
     }
 }
 
-TEST(NearestSample, Law2VersionsAgreeWhereManySamplesAreEquallyNear)
+TEST(NearestSample, VersionsAgreeWhereManySamplesAreEquallyNear)
 {
     Draw draw(2);
     for (int size = 1; size <= 300; ++size) {
@@ -91,7 +91,7 @@ TEST(NearestSample, Law2VersionsAgreeWhereManySamplesAreEquallyNear)
             Samples samples;
             for (int i = 0; i < size; ++i)
                 samples.push_back(draw.gridPoint() + QVector3D(5.0F, 0.0F, 0.0F));
-            // A few nearer ones, so that the first of them lies anywhere.
+            // A few nearer ones, so that the first of them may be anywhere.
             for (int nearer = draw.below(4); nearer > 0; --nearer)
                 samples[static_cast<std::size_t>(draw.below(size))] = {1.0F, 0.0F, 0.0F};
             expectAllAgree(draw.gridPoint(), samples);
@@ -99,7 +99,7 @@ TEST(NearestSample, Law2VersionsAgreeWhereManySamplesAreEquallyNear)
     }
 }
 
-TEST(NearestSample, Law2VersionsAgreeOnNumbersThatAreNotFiniteHugeOrTiny)
+TEST(NearestSample, VersionsAgreeOnNumbersThatAreNotFiniteHugeOrTiny)
 {
     Draw draw(3);
     for (int size = 1; size <= 150; ++size) {
@@ -122,7 +122,7 @@ TEST(NearestSample, Law2VersionsAgreeOnNumbersThatAreNotFiniteHugeOrTiny)
     }
 }
 
-TEST(NearestSample, Law2VersionsAgreeOnALongPath)
+TEST(NearestSample, VersionsAgreeOnALongPath)
 {
     Draw draw(4);
     Samples samples;
@@ -134,31 +134,31 @@ TEST(NearestSample, Law2VersionsAgreeOnALongPath)
     }
 }
 
-TEST(NearestSample, Law1FirstOfEqualSamplesIsFoundInEveryPlaceOfABlock)
+TEST(NearestSample, FirstOfEqualSamplesIsFoundInEveryPlaceOfABlock)
 {
     for (int size = 1; size <= 140; ++size) {
         for (int place = 0; place < size; ++place) {
             Samples samples(static_cast<std::size_t>(size), QVector3D(9.0F, 9.0F, 9.0F));
             for (int later = place; later < size; later += 7)
                 samples[static_cast<std::size_t>(later)] = {1.0F, 1.0F, 1.0F};
-            ASSERT_EQ(nearestsample::find({}, samples.data(), size), place) << size;
-            ASSERT_EQ(nearestsample::findPlain({}, samples.data(), size), place) << size;
+            ASSERT_EQ(dental::findNearestSample({}, samples.data(), size), place) << size;
+            ASSERT_EQ(dental::findNearestSamplePlain({}, samples.data(), size), place) << size;
         }
     }
 }
 
-TEST(NearestSample, SampleWithNanIsPassedOverInEveryPlaceOfABlockButTheFirst)
+TEST(NearestSample, SampleWithNanIsSkippedInEveryPlaceOfABlockButTheFirst)
 {
     for (int place = 1; place < 96; ++place) {
         Samples samples(96, QVector3D(9.0F, 9.0F, 9.0F));
         samples[static_cast<std::size_t>(place)] = {1.0F, kNan, 1.0F};
-        ASSERT_EQ(nearestsample::find({}, samples.data(), 96), 0) << place;
+        ASSERT_EQ(dental::findNearestSample({}, samples.data(), 96), 0) << place;
         samples[95] = place == 95 ? samples[95] : QVector3D(2.0F, 2.0F, 2.0F);
-        ASSERT_EQ(nearestsample::find({}, samples.data(), 96), place == 95 ? 0 : 95) << place;
+        ASSERT_EQ(dental::findNearestSample({}, samples.data(), 96), place == 95 ? 0 : 95) << place;
     }
     Samples samples(96, QVector3D(1.0F, 1.0F, 1.0F));
     samples[0] = {kNan, 0.0F, 0.0F};
-    EXPECT_EQ(nearestsample::find({}, samples.data(), 96), 0);
+    EXPECT_EQ(dental::findNearestSample({}, samples.data(), 96), 0);
 }
 
 } // namespace

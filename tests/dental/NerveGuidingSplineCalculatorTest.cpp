@@ -111,7 +111,7 @@ TEST(NerveGuidingSplineCalculator, FivePointsRunThroughTheForamina)
                                               {-1.0F, 0.0F, 3.0F}}));
 }
 
-TEST(NerveGuidingSplineCalculator, SideOneTurnsThePerpendicularRound)
+TEST(NerveGuidingSplineCalculator, SideOneReversesThePerpendicular)
 {
     Settings settings = makeSettings();
     settings.side = 1;
@@ -126,7 +126,7 @@ TEST(NerveGuidingSplineCalculator, SideOneTurnsThePerpendicularRound)
     }
 }
 
-TEST(NerveGuidingSplineCalculator, EndIsBentToTheOtherSideThanTheStartOnPurpose)
+TEST(NerveGuidingSplineCalculator, EndIsBentToTheOtherSideThanTheStartByDesign)
 {
     Settings settings = makeSettings();
     settings.start_point_angle = 90.0F;
@@ -189,7 +189,7 @@ TEST(NerveGuidingSplineCalculator, ForaminaAtTheSamePlaceHaveNoDirection)
     EXPECT_EQ(pointsOf(settings), Points(5, QVector3D(7.0F, 8.0F, 3.0F)));
 }
 
-TEST(NerveGuidingSplineCalculator, DirectionOfUnitLengthOrShorterThanATenMicrometreIsNotNormalised)
+TEST(NerveGuidingSplineCalculator, DirectionOfUnitLengthOrUpTo1e5IsNotNormalized)
 {
     Settings settings = makeSettings();
     settings.mandibular_foramen = {0.0F, 0.0F, 0.0F};
@@ -199,11 +199,11 @@ TEST(NerveGuidingSplineCalculator, DirectionOfUnitLengthOrShorterThanATenMicrome
     EXPECT_EQ(pointsOf(settings).first().x(), 0x1.00001p0F + 0x1.00001p10F)
         << "almost 1: left as it is";
     settings.mental_foramen = {0x1.0001p0F, 0.0F, 0.0F};
-    EXPECT_EQ(pointsOf(settings).first().x(), 0x1.0001p0F + 1024.0F) << "normalised";
+    EXPECT_EQ(pointsOf(settings).first().x(), 0x1.0001p0F + 1024.0F) << "normalized";
     settings.mental_foramen = {0x1p-17F, 0.0F, 0.0F}; // 7.6e-6
     EXPECT_EQ(pointsOf(settings).first().x(), 0x1p-17F + 0x1p-7F) << "degenerate: left as it is";
     settings.mental_foramen = {0x1p-16F, 0.0F, 0.0F}; // 1.5e-5
-    EXPECT_EQ(pointsOf(settings).first().x(), 0x1p-16F + 1024.0F) << "normalised";
+    EXPECT_EQ(pointsOf(settings).first().x(), 0x1p-16F + 1024.0F) << "normalized";
 }
 
 TEST(NerveGuidingSplineCalculator, DistanceScalesTheSumOfTheTwoShares)
@@ -284,7 +284,7 @@ TEST(NerveGuidingSplineCalculator, MentalForamenThatIsNotPlacedFailsWithItsWarni
     EXPECT_EQ(calculator.getZValue(), 0.0F);
 }
 
-TEST(NerveGuidingSplineCalculator, MandibularForamenIsAskedFirstAndAlone)
+TEST(NerveGuidingSplineCalculator, MandibularForamenIsTestedFirstAndAlone)
 {
     Settings settings = makeSettings();
     settings.mandibular_foramen = {kUnset, kUnset, kUnset};
@@ -363,7 +363,7 @@ TEST(NerveGuidingSplineCalculator, ClampedAngleIsWarnedOfOnce)
 
 // ---- filling
 
-TEST(NerveGuidingSplineCalculator, PutsItsPointsInPlaceOfThoseOfTheSplineInOrder)
+TEST(NerveGuidingSplineCalculator, ReplacesThePointsOfTheSplineInOrder)
 {
     RecordingSpline spline;
     spline.appendControlPoint({99.0F, 0.0F, 0.0F});
@@ -378,7 +378,7 @@ TEST(NerveGuidingSplineCalculator, PutsItsPointsInPlaceOfThoseOfTheSplineInOrder
     EXPECT_EQ(positions, pointsOf(makeSettings()));
 }
 
-TEST(NerveGuidingSplineCalculator, EveryCallComputesAnew)
+TEST(NerveGuidingSplineCalculator, EveryCallComputesAgain)
 {
     Calculator calculator(makeSettings());
     EXPECT_TRUE(calculator.getPoints().isEmpty());
@@ -390,7 +390,7 @@ TEST(NerveGuidingSplineCalculator, EveryCallComputesAnew)
     EXPECT_EQ(spline.getControlPoints().size(), 5);
 }
 
-TEST(NerveGuidingSplineCalculator, CopyTakesTheLastComputationAlong)
+TEST(NerveGuidingSplineCalculator, CopyKeepsTheLastComputation)
 {
     Calculator calculator(makeSettings());
     GuidingSpline spline;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/dental/OcclusalPropertiesCalculator.h>
 
-// Covered: the fraction at which the occlusal plane lies, and the slice of a height.
+// Covered: the fraction at which the occlusal plane is, and the slice of a height.
 
 #include <tests/support/DentalBuilders.h>
 
@@ -23,7 +23,7 @@ int indexAt(const CTData& scan, float z)
     return getOcclusalIndex(scan, QVector3D(3.0F, -400.0F, z));
 }
 
-TEST(OcclusalPropertiesCalculator, CentreIsTheWholeForTheDefinitionZeroAndSixTenthsForAnyOther)
+TEST(OcclusalPropertiesCalculator, PercentageIsOneForTheDefinitionZeroAndSixTenthsForAnyOther)
 {
     EXPECT_EQ(getOcclusalCenterPercentage(CTData::OcclusalPlaneDefinition(0)), 1.0F);
     for (const int other : {1, 2, -1, std::numeric_limits<int>::max()})
@@ -69,7 +69,7 @@ TEST(OcclusalPropertiesCalculator, BelowTheScanIsSliceZero)
     EXPECT_EQ(indexAt(*scan, -kInfinity), 0);
 }
 
-TEST(OcclusalPropertiesCalculator, AtOrAboveTheTopALengthServesAsSliceOnPurpose)
+TEST(OcclusalPropertiesCalculator, AtOrAboveTheTopALengthServesAsSliceByDesign)
 {
     const auto scan = makeScan(0.5F, 60.75F);
     EXPECT_EQ(indexAt(*scan, 60.75F), 59) << "60.75 mm less 1, not slice 121";

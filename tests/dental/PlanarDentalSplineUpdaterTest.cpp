@@ -279,7 +279,7 @@ TEST(PlanarDentalSplineUpdater, RebuildsPointsTagsAndValues)
     EXPECT_EQ(spline.getOriginalPath().last(), kC);
 }
 
-TEST(PlanarDentalSplineUpdater, TagsAreFoundByFuzzyEqualityButThatOfTheLastPointExactlyOnPurpose)
+TEST(PlanarDentalSplineUpdater, TagsAreFoundByFuzzyEqualityButThatOfTheLastPointExactlyByDesign)
 {
     // 20 and the next float above it differ by 1e-7 of their value; the fuzzy comparison allows
     // 1e-5.

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/dental/ToothLocator_p.h>
 
-// Covered: the two teeth round an identifier, and what no spline leads to.
+// Covered: the two teeth around an identifier, and identifiers that no spline leads to.
 
 #include <gtest/gtest.h>
 
@@ -15,11 +15,11 @@ constexpr auto kSeven = ToothChart::Tooth(7);
 
 std::pair<int, int> around(double toothId)
 {
-    const auto [first, second] = toothlocator::teethAround(toothId, kThree, kSeven);
+    const auto [first, second] = dental::teethAround(toothId, kThree, kSeven);
     return {first, second};
 }
 
-TEST(TeethAround, NearestToothIsRoundedHalfAwayFromZeroAndTheSecondLiesOnTheOtherSide)
+TEST(TeethAround, NearestToothIsRoundedHalfAwayFromZeroAndTheSecondIsOnTheOtherSide)
 {
     EXPECT_EQ(around(3.4), std::pair(3, 4));
     EXPECT_EQ(around(3.5), std::pair(4, 3));
@@ -27,7 +27,7 @@ TEST(TeethAround, NearestToothIsRoundedHalfAwayFromZeroAndTheSecondLiesOnTheOthe
     EXPECT_EQ(around(5.0), std::pair(5, 5));
 }
 
-TEST(TeethAround, SecondToothIsClampedToTheArchButTheFirstIsNotOnPurpose)
+TEST(TeethAround, SecondToothIsClampedToTheArchButTheFirstIsNotByDesign)
 {
     EXPECT_EQ(around(7.6), std::pair(8, 7));
     EXPECT_EQ(around(8.4), std::pair(8, 7));

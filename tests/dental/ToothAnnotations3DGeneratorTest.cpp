@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/dental/ToothAnnotations3DGenerator.h>
 
-// Covered: which teeth are labelled along one spline or two, where the labels stand, and the label
+// Covered: which teeth are labeled along one spline or two, where the labels are, and the label
 // of one tooth.
 
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
@@ -118,7 +118,7 @@ TEST(ToothAnnotations3DGenerator, ToothThatTheMouthLacksGetsNoLabel)
               (std::vector{19, 22}));
 }
 
-TEST(ToothAnnotations3DGenerator, LabelsOfTheArchOfValueZeroStandNineMillimetresHigher)
+TEST(ToothAnnotations3DGenerator, LabelsOfTheArchOfValueZeroAreNineMillimetersHigher)
 {
     const auto spline = makeUpperArch();
     EXPECT_EQ(positions(Generator::generate(Splines{spline.get()}, {}, makeMouth({11, 12}).get())),
@@ -131,7 +131,7 @@ TEST(ToothAnnotations3DGenerator, OneLowerSplineLabelsRequestedUpperTeethOnTheOt
     const auto mouth = makeMouth({19, 20, 22, 13, 14, 11});
     const Labels labels =
         Generator::generate(Splines{spline.get()}, teeth({19, 20, 22, 13, 14}), mouth.get());
-    // 14 stands opposite 19 and 13 opposite 20; 11, opposite 22, is not requested.
+    // 14 is opposite 19 and 13 opposite 20; 11, opposite 22, is not requested.
     EXPECT_EQ(numbers(labels), (std::vector{19, 14, 20, 13, 22}));
     EXPECT_EQ(positions(labels), (std::vector<QVector3D>{{10.0F, 0.0F, -9.0F},
                                                          {10.0F, 0.0F, 9.0F},
@@ -152,7 +152,7 @@ TEST(ToothAnnotations3DGenerator, OneUpperSplineLabelsRequestedLowerTeethBelow)
               (std::vector<QVector3D>{{12.0F, 0.0F, 9.0F}, {12.0F, 0.0F, -9.0F}}));
 }
 
-TEST(ToothAnnotations3DGenerator, OppositesAreLabelledOnlyIfTeethOfBothArchesAreRequested)
+TEST(ToothAnnotations3DGenerator, OppositesAreLabeledOnlyIfTeethOfBothArchesAreRequested)
 {
     const auto spline = makeLowerArch();
     const auto mouth = makeMouth({19, 14});
@@ -165,7 +165,7 @@ TEST(ToothAnnotations3DGenerator, OppositesAreLabelledOnlyIfTeethOfBothArchesAre
         << "numbers that are no teeth are of no arch";
 }
 
-TEST(ToothAnnotations3DGenerator, OpposingLabelIsMadeWithANullToothIfTheMouthHasNoneOnPurpose)
+TEST(ToothAnnotations3DGenerator, OpposingLabelHasANullToothIfTheMouthHasNoneByDesign)
 {
     const auto spline = makeLowerArch();
     const Labels labels =
@@ -180,7 +180,7 @@ TEST(ToothAnnotations3DGenerator, TwoSplinesGiveTheirLabelsInListOrder)
     const auto lower = makeLowerArch();
     const auto upper = makeUpperArch();
     const auto mouth = makeMouth({11, 12, 19, 22, 14, 13, 21});
-    // Each spline is asked for the teeth of its own arch, so that no opposites are labelled.
+    // Each spline gets the teeth of its own arch, so that no opposites are labeled.
     const QList<ToothChart::Tooth> all = teeth({11, 12, 13, 14, 19, 20, 21, 22});
     EXPECT_EQ(numbers(Generator::generate(Splines{lower.get(), upper.get()}, all, mouth.get())),
               (std::vector{19, 21, 22, 11, 12, 13}));
@@ -206,9 +206,9 @@ TEST(ToothAnnotations3DGenerator, SplineWithoutTeethGivesNoLabels)
 }
 
 TEST(ToothAnnotations3DGenerator,
-     ToothOfASplineOverBothArchesIsLabelledAsTheOppositeOfTheSplinesArch)
+     ToothOfASplineOverBothArchesIsLabeledAsTheOppositeOfTheSplinesArch)
 {
-    // 16 at 10 and 17 at 20, both labelled with upper teeth: 17 stands opposite 16.
+    // 16 at 10 and 17 at 20, both labeled with upper teeth: 17 is opposite 16.
     const auto spline = makeArch(50, {{16, 10.0F}, {17, 20.0F}});
     const Labels labels = Generator::generate(Splines{spline.get()}, {}, makeMouth({16, 17}).get());
     EXPECT_EQ(numbers(labels), (std::vector{16, 16}));
@@ -218,9 +218,9 @@ TEST(ToothAnnotations3DGenerator,
 
 // ---- the occlusal height
 
-TEST(ToothAnnotations3DGenerator, ScanOfDefinitionZeroPutsLabelsRoundTheHeightOfItsCentre)
+TEST(ToothAnnotations3DGenerator, ScanOfDefinitionZeroPutsLabelsAroundTheHeightOfItsCenter)
 {
-    const auto scan = makeScan(0.3F, 80.0F); // its centre at 40
+    const auto scan = makeScan(0.3F, 80.0F); // its center at 40
     const auto lower = makeLowerArch();
     setScan(*lower, scan);
     const Labels labels =
@@ -229,7 +229,7 @@ TEST(ToothAnnotations3DGenerator, ScanOfDefinitionZeroPutsLabelsRoundTheHeightOf
               (std::vector<QVector3D>{{10.0F, 0.0F, 31.0F}, {10.0F, 0.0F, 49.0F}}));
 }
 
-TEST(ToothAnnotations3DGenerator, ScanOfAnyOtherDefinitionPutsLabelsRoundSixTenthsOfThatHeight)
+TEST(ToothAnnotations3DGenerator, ScanOfAnyOtherDefinitionPutsLabelsAroundSixTenthsOfThatHeight)
 {
     const auto scan = makeScan(0.3F, 80.0F);
     const auto lower = makeLowerArch();
@@ -248,8 +248,8 @@ TEST(ToothAnnotations3DGenerator, SixTenthsOfTheHeightAreTakenAndMovedInSinglePr
 {
     // 0.6F * 14 is 8.40000033379, nearest to the float 8.40000057220. Less 9 that is
     // -0.59999942780; plus 9 it is half way between two floats, and goes to 17.40000152588. With
-    // 0.6 in double precision, or rounded but once at the end, both labels would stand elsewhere.
-    const auto scan = makeScan(0.3F, 28.0F); // its centre at 14
+    // 0.6 in double precision, or rounded but once at the end, both labels would be elsewhere.
+    const auto scan = makeScan(0.3F, 28.0F); // its center at 14
     scan->setOcclusalPlaneDefinition(static_cast<CTData::OcclusalPlaneDefinition>(1));
     const auto lower = makeLowerArch();
     setScan(*lower, scan);
@@ -288,7 +288,7 @@ TEST(ToothAnnotations3DGenerator, WithoutAScanThePathKeepsItsHeight)
 
 TEST(ToothAnnotations3DGenerator, DirectionIsThatOfTheSampleNearestToTheLabelAtOcclusalHeight)
 {
-    // The path climbs beside a tooth: at the height of the path the tooth lies at sample 0, at the
+    // The path climbs next to a tooth: at the height of the path the tooth lies at sample 0, at the
     // occlusal height of 40 the nearest sample is the last, where the path runs along y.
     PlanarDentalSpline spline;
     spline.setArchType(ToothChart::LowerArch);
@@ -304,7 +304,7 @@ TEST(ToothAnnotations3DGenerator, DirectionIsThatOfTheSampleNearestToTheLabelAtO
     EXPECT_EQ(Access::direction(&spline, {0.0F, 0.0F, 1.0F}), spline.getDirection(0));
 }
 
-TEST(ToothAnnotations3DGenerator, ToothWhosePlaceIsNotFoundStandsOverTheOrigin)
+TEST(ToothAnnotations3DGenerator, ToothWhosePlaceIsNotFoundIsLabeledOverTheOrigin)
 {
     const auto lower = makeLowerArch();
     lower->setOriginalPath({});
@@ -317,7 +317,7 @@ TEST(ToothAnnotations3DGenerator, ToothWhosePlaceIsNotFoundStandsOverTheOrigin)
 
 // ---- one tooth
 
-TEST(ToothAnnotations3DGenerator, OneToothIsLabelledOnTheFirstSplineOfItsArch)
+TEST(ToothAnnotations3DGenerator, OneToothIsLabeledOnTheFirstSplineOfItsArch)
 {
     const auto lower = makeLowerArch();
     const auto upper = makeUpperArch();
@@ -415,7 +415,7 @@ TEST(ToothAnnotations3DGenerator, PrimaryLabelNeedsTheToothInTheMouthTheOpposing
     EXPECT_EQ(primary[0]->getPosition(), QVector3D(5.0F, 6.0F, 9.0F)) << "the given offset";
 }
 
-TEST(ToothAnnotations3DGenerator, MouthIsAskedWhetherItHasTheToothOfThePrimaryLabel)
+TEST(ToothAnnotations3DGenerator, MouthDecidesWhetherItHasTheToothOfThePrimaryLabel)
 {
     // A host whose two answers differ: it keeps the teeth that have been extracted.
     class ExtractedTeeth : public dataobject::Mouth
@@ -431,7 +431,7 @@ TEST(ToothAnnotations3DGenerator, MouthIsAskedWhetherItHasTheToothOfThePrimaryLa
     ExtractedTeeth mouth;
     mouth.addTooth(makeTooth(19));
     mouth.addTooth(makeTooth(14));
-    // 19 and 14 are there, but the mouth says that it does not have 19; 14 is not asked about.
+    // 19 and 14 are there, but the mouth says that it does not have 19; 14 is not queried.
     const Labels opposite =
         Access::create(makeTooth(19), ToothChart::LowerArch, teeth({14, 19}), true, &mouth);
     EXPECT_EQ(numbers(opposite), std::vector{14});

@@ -60,7 +60,7 @@ public:
     }
 };
 
-// Labels that write down when they are asked and linked.
+// Records when the labels are queried and linked.
 class RecordingLabel : public ToothAnnotation3D
 {
 public:
@@ -86,7 +86,7 @@ private:
 
 // ---- missing teeth
 
-TEST(ToothGenerationTools, CreatesTheTeethThatAreLabelledButMissing)
+TEST(ToothGenerationTools, CreatesTheTeethThatAreLabeledButMissing)
 {
     const auto diagnosis = makeDiagnosis(makeMouth({4}));
     const auto created = Tools::createMissingTeeth(diagnosis.get(), labelsOf({3, 4, 5}));
@@ -107,14 +107,14 @@ TEST(ToothGenerationTools, CreatesInAscendingOrderWhateverThatOfTheLabels)
               (std::vector{2, 9, 17, 30}));
 }
 
-TEST(ToothGenerationTools, ToothThatIsLabelledTwiceButMissingIsCreatedTwice)
+TEST(ToothGenerationTools, ToothThatIsLabeledTwiceButMissingIsCreatedTwice)
 {
     EXPECT_EQ(createdNumbers(*makeDiagnosis(makeMouth({4})), {3, 3, 5}), (std::vector{3, 3, 5}));
     EXPECT_EQ(createdNumbers(*makeDiagnosis(makeMouth({4})), {4, 4}), std::vector{4})
         << "one of the two is in the mouth";
 }
 
-TEST(ToothGenerationTools, TeethWithoutLabelsPlayNoPart)
+TEST(ToothGenerationTools, TeethWithoutLabelsAreIgnored)
 {
     EXPECT_EQ(createdNumbers(*makeDiagnosis(makeMouth({1, 4, 32})), {4}), std::vector<int>());
 }
@@ -161,7 +161,7 @@ TEST(ToothGenerationTools, OfTwoLabelsOfATypeOnlyTheFirstIsLinked)
     EXPECT_EQ(labels[2]->getTooth(), nullptr);
 }
 
-TEST(ToothGenerationTools, LabelThatWasLinkedToAnotherToothOfItsTypeIsLinkedAnew)
+TEST(ToothGenerationTools, LabelThatWasLinkedToAnotherToothOfItsTypeIsLinkedAgain)
 {
     const auto mouth = makeMouth({3});
     const Labels labels = labelsOf({3});
@@ -170,7 +170,7 @@ TEST(ToothGenerationTools, LabelThatWasLinkedToAnotherToothOfItsTypeIsLinkedAnew
     EXPECT_EQ(labels[0]->getTooth(), mouth->getToothForToothType(ToothChart::Tooth(3)));
 }
 
-TEST(ToothGenerationTools, AsksTheLabelsInListOrderAndLinksTheFirstThatFits)
+TEST(ToothGenerationTools, QueriesTheLabelsInListOrderAndLinksTheFirstThatFits)
 {
     std::vector<std::string> log;
     Labels labels;
@@ -195,7 +195,7 @@ TEST(ToothGenerationTools, EmptyLabelListOrNoMouthLinksNothing)
     EXPECT_EQ(labels[0]->getToothType(), ToothChart::Tooth(3));
 }
 
-TEST(ToothGenerationTools, NullLabelsAndTeethArePassedOver)
+TEST(ToothGenerationTools, NullLabelsAndTeethAreSkipped)
 {
     const auto diagnosis = makeDiagnosis(std::make_shared<MouthWithNullTooth>());
     Labels labels = labelsOf({4, 5});

@@ -170,7 +170,7 @@ TEST(ToothLocator, NumbersThatAreNoTeethDoNotOverflow)
 
 // ---- the height of the teeth
 
-TEST(ToothLocator, ToothHeightIsSevenMillimetresFromTheOcclusalSlice)
+TEST(ToothLocator, ToothHeightIsSevenMillimetersFromTheOcclusalSlice)
 {
     PlanarDentalSpline spline;
     setScan(spline, makeScan(0.3F, 60.0F));

@@ -13,7 +13,7 @@
 
 namespace test {
 
-/// Samples (0, 0, 0), (1, 0, 0), ...: the index of a sample is its x.
+/// Returns the samples (0, 0, 0), (1, 0, 0), ...: the index of a sample is its x.
 inline QList<QVector3D> pathAlongX(int size)
 {
     QList<QVector3D> path;
@@ -29,8 +29,8 @@ struct ToothPlace
     float x;
 };
 
-/// An arch along the x axis whose samples stand 1 mm apart from 0 on, so that a tooth at x lies at
-/// index x.
+/// Returns an arch along the x axis whose samples are 1 mm apart from 0 on, so that a tooth at x
+/// has the index x.
 inline std::shared_ptr<PlanarDentalSpline> makeArch(int samples,
                                                     std::initializer_list<ToothPlace> teeth)
 {
@@ -56,7 +56,7 @@ inline std::shared_ptr<dataobject::Mouth> makeMouth(std::initializer_list<int> n
     return mouth;
 }
 
-/// A scan whose boxes are as given, whatever its voxels.
+/// Has the given boxes, whatever its voxels.
 class ScanWithBoxes : public CTData
 {
 public:
@@ -70,7 +70,7 @@ public:
     }
 };
 
-/// One voxel of the height in mm, in boxes from z = 0 to `top`.
+/// Returns a scan of one voxel of the height in mm, in boxes from z = 0 to `top`.
 inline std::shared_ptr<ScanWithBoxes> makeScan(float voxelHeight, float top)
 {
     auto scan = std::make_shared<ScanWithBoxes>();
@@ -82,7 +82,7 @@ inline std::shared_ptr<ScanWithBoxes> makeScan(float voxelHeight, float top)
     return scan;
 }
 
-/// Lays the spline into a plane through the scan.
+/// Gives the spline a plane through the scan.
 inline void setScan(PlanarGuidingSpline& spline, std::shared_ptr<CTData> scan)
 {
     auto plane = std::make_shared<PlanarReslice>();
