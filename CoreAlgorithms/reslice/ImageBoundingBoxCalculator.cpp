@@ -30,7 +30,7 @@ bool storesArgb(QImage::Format format)
     return format == QImage::Format_ARGB32 || format == QImage::Format_ARGB32_Premultiplied;
 }
 
-// The content of an image, row by row.
+// Finds the content of an image row by row.
 class Content
 {
 public:
@@ -39,13 +39,13 @@ public:
     {
         if (!palette)
             return;
-        const QList<QRgb> colours = image.colorTable();
-        const auto count = std::min<qsizetype>(colours.size(), qsizetype(paletteContent.size()));
-        std::transform(colours.begin(), colours.begin() + count, paletteContent.begin(), isContent);
+        const QList<QRgb> colors = image.colorTable();
+        const auto count = std::min<qsizetype>(colors.size(), paletteContent.size());
+        std::transform(colors.begin(), colors.begin() + count, paletteContent.begin(), isContent);
     }
     explicit Content(QImage&&) = delete; // the image must outlive its content
 
-    // First column with content in [begin, end) of the row; `end` if there is none.
+    // Returns the first column with content in [begin, end) of the row, or `end`.
     int firstIn(int row, int begin, int end) const
     {
         if (!argb)
@@ -57,7 +57,7 @@ public:
         return static_cast<int>(std::find_if(pixels + x, pixels + end, isContent) - pixels);
     }
 
-    // Last column with content in [begin, end) of the row; begin - 1 if there is none.
+    // Returns the last column with content in [begin, end) of the row, or begin - 1.
     int lastIn(int row, int begin, int end) const
     {
         int x = end;
@@ -82,7 +82,7 @@ private:
         return reinterpret_cast<const QRgb*>(image.constScanLine(row));
     }
 
-    // Without a way out of the loop, so that compilers test several pixels at once.
+    // The loop has no early exit, so that compilers test several pixels at once.
     static bool anyInBlock(const QRgb* pixels)
     {
         QRgb any = 0;
@@ -101,15 +101,14 @@ private:
 
     bool at(int x, int y) const
     {
-        // QImage::pixel() trusts that the colour table has an entry for every index.
-        return palette ? paletteContent[static_cast<std::size_t>(image.pixelIndex(x, y))]
-                       : isContent(image.pixel(x, y));
+        // QImage::pixel() trusts that the color table has an entry for every index.
+        return palette ? paletteContent[image.pixelIndex(x, y)] : isContent(image.pixel(x, y));
     }
 
     const QImage& image;
     bool palette;
     bool argb;
-    std::array<bool, 256> paletteContent{}; // by colour index
+    std::array<bool, 256> paletteContent{}; // by color index
 };
 
 int warnThatNothingWasFound()
@@ -118,7 +117,7 @@ int warnThatNothingWasFound()
     return 0;
 }
 
-// The rows from the given one on, over the memory of the image.
+// Returns the rows from the given one on; they share the memory of the image.
 QImage rowsFrom(const QImage& image, int row)
 {
     if (row == 0)
@@ -136,7 +135,7 @@ QRect ImageBoundingBoxCalculator::createBoundingBox(const QImage& image)
     if (image.isNull())
         return {};
     const int top = findFirstYBorder(image);
-    // The searches by columns need not read the rows without content again.
+    // The searches by columns skip the rows that are known to have no content.
     const QImage rows = rowsFrom(image, top);
     const int left = findFirstXBorder(rows);
     const int bottom = findSecondYBorder(image);
@@ -144,8 +143,8 @@ QRect ImageBoundingBoxCalculator::createBoundingBox(const QImage& image)
     return {QPoint(left, top), QPoint(right, bottom)};
 }
 
-// The searches by columns, too, go through the image row by row, as it lies in memory; each row is
-// asked only for the columns that would better the border found so far.
+// The searches by columns also read the image row by row, in the order of memory. Each row is
+// searched only in the columns that would improve the border found so far.
 int ImageBoundingBoxCalculator::findFirstXBorder(const QImage& image)
 {
     const Content content(image);
@@ -167,8 +166,8 @@ int ImageBoundingBoxCalculator::findFirstYBorder(const QImage& image)
 
 int ImageBoundingBoxCalculator::findSecondXBorder(const QImage& image)
 {
-    // Intended: column 0 is left out, as row 0 is in findSecondYBorder(); the application's crops
-    // rely on the warning when all there is to see is the first column or row.
+    // Intended: column 0 is not examined; the application's crops rely on the warning when only the
+    // first column has content.
     const Content content(image);
     int border = 0;
     for (int row = 0; row < content.height() && border < content.width() - 1; ++row)
@@ -178,6 +177,7 @@ int ImageBoundingBoxCalculator::findSecondXBorder(const QImage& image)
 
 int ImageBoundingBoxCalculator::findSecondYBorder(const QImage& image)
 {
+    // Intended: row 0 is not examined, as column 0 in findSecondXBorder().
     const Content content(image);
     for (int row = content.height() - 1; row > 0; --row) {
         if (content.anyInRow(row))

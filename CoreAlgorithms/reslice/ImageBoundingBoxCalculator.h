@@ -8,32 +8,29 @@
 
 class QImage;
 
-/// Which rectangle of an image holds its visible content, for cropping a rendered view?
+/// Finds the rectangle of an image that holds its visible content, for cropping a rendered view.
 ///
-/// A pixel is content if the alpha of its colour, as QImage::pixel() tells it, is greater than 10
-/// of 255; the colour itself plays no part. An index without an entry in the colour table is no
+/// A pixel is content if the alpha of its color, as returned by QImage::pixel(), is greater than 10
+/// of 255; the color itself is ignored. A color index without an entry in the color table is not
 /// content.
 ///
-/// (1) createBoundingBox has the result of four searches that ask QImage::pixel() for pixel after
-/// pixel.
-///
-/// Linear in the number of pixels; ARGB32 images take the time of reading their memory about once.
+/// (1) createBoundingBox has the result of four searches that read pixel after pixel by
+///     QImage::pixel().
 class COREALGORITHMS_EXPORT ImageBoundingBoxCalculator
 {
 public:
-    /// From the first column and row with content to the last, both inclusive, in pixels. Null for
-    /// a null image. A side on which no content is found has border 0, with the warning "Failed to
-    /// create bounding box on image": all four in an image without content, whose rectangle is the
-    /// pixel (0, 0).
+    /// Returns the rectangle from the first column and row with content to the last, both
+    /// inclusive, in pixels; a null rectangle for a null image. A side on which no content is found
+    /// has the border 0, with the warning "Failed to create bounding box on image". For an image
+    /// without content all four sides do, and the rectangle is the pixel (0, 0). Takes time linear
+    /// in the number of pixels.
     static QRect createBoundingBox(const QImage& image);
 
 private:
-    friend struct ImageBoundingBoxCalculatorTestAccess;
-
     static int findFirstXBorder(const QImage& image);
     static int findFirstYBorder(const QImage& image);
-    /// Column 0 is not examined from this side.
+    /// Searches from the right. Does not examine column 0.
     static int findSecondXBorder(const QImage& image);
-    /// Row 0 is not examined from this side.
+    /// Searches from below. Does not examine row 0.
     static int findSecondYBorder(const QImage& image);
 };

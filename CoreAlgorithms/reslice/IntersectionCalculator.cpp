@@ -8,8 +8,8 @@
 
 namespace {
 
-// A corner of the rectangle, in heights along direction 1 and widths along direction 0 from the
-// origin.
+// Holds a corner of the rectangle, in heights along direction 1 and widths along direction 0 from
+// the origin.
 struct Corner
 {
     float heights;
@@ -56,8 +56,8 @@ QList<QVector3D> IntersectionCalculator::calculatePlaneIntersections(QVector3D p
         const float distance =
             QVector3D::dotProduct(normal, start) - QVector3D::dotProduct(normal, pointOnPlane);
         const float t = -distance / approach;
-        // Intended: a corner is met by both of its edges and stays in the list twice; the
-        // application draws from the first point to the last.
+        // Intended: both edges of a corner meet it, and it stays in the list twice; the application
+        // draws from the first point to the last.
         if (t >= 0.0F && t <= 1.0F)
             intersections.append(start + t * along);
     }

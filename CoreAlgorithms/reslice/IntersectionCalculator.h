@@ -9,11 +9,11 @@
 
 class PlanarReslice;
 
-/// Where does a plane, for instance that of another view, cut the border of a planar reslice's
-/// rectangle?
+/// Finds where a plane, for instance that of another view, cuts the border of a planar reslice's
+/// rectangle.
 ///
-/// World mm, single precision. The border is walked from the origin along direction 1, direction 0,
-/// back along direction 1 and back along direction 0:
+/// Positions are in world mm, in single precision. The edges of the border are visited from the
+/// origin along direction 1, along direction 0, back along direction 1 and back along direction 0:
 ///
 ///     direction 1
 ///         2 ┌──────────┐         edge 1: up the left side
@@ -29,11 +29,11 @@ public:
     IntersectionCalculator& operator=(const IntersectionCalculator&) = default;
     virtual ~IntersectionCalculator();
 
-    /// The meeting points in the order of the edges, ends of edges included; none to four. A plane
-    /// through a corner has that corner twice, once from either edge; an edge that lies in the
-    /// plane, or runs parallel to it, has none. The normal need not have unit length; a zero normal
-    /// meets nothing. Empty for a null reslice, and where plane or normal hold NaN; a rectangle
-    /// that is not finite may give points that are not.
+    /// Returns the meeting points in the order of the edges, ends of edges included: none to four.
+    /// A plane through a corner has that corner twice, once from either edge. An edge in the plane
+    /// or parallel to it has no point. The normal need not have unit length; a zero normal gives no
+    /// points. Empty for a null reslice, and where plane or normal hold NaN; a rectangle that is
+    /// not finite may give points that are not finite.
     static QList<QVector3D> calculatePlaneIntersections(QVector3D pointOnPlane, QVector3D normal,
                                                         PlanarReslice* reslice);
 };

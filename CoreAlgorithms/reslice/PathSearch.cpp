@@ -3,10 +3,12 @@
 #include <CoreAlgorithms/reslice/PathSearch_p.h>
 
 #include <CoreAlgorithms/dental/ComputeIndexOnGuidingLine.h>
-#include <CoreAlgorithms/model/Finite_p.h>
+#include <CoreAlgorithms/reslice/FiniteVector_p.h>
 
 #include <algorithm>
 #include <limits>
+
+namespace reslice {
 
 namespace {
 
@@ -14,7 +16,7 @@ constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
 struct Box
 {
-    // An empty box lies infinitely far from everything.
+    // An empty box is infinitely far from everything.
     QVector3D low{kInfinity, kInfinity, kInfinity};
     QVector3D high{-kInfinity, -kInfinity, -kInfinity};
 
@@ -27,13 +29,13 @@ struct Box
     }
 };
 
-// How far a coordinate lies outside an interval.
+// Returns how far a coordinate is outside an interval, 0 inside.
 float beyond(float low, float high, float coordinate)
 {
     return std::max(std::max(low - coordinate, coordinate - high), 0.0F);
 }
 
-// As QVector3D::lengthSquared() has it.
+// The sum has the order of QVector3D::lengthSquared().
 float lengthSquared(float x, float y, float z)
 {
     return x * x + y * y + z * z;
@@ -49,21 +51,19 @@ std::size_t countParts(std::size_t size, std::size_t partSize)
 PathSearch::PathSearch(const QList<QVector3D>& samples)
     : path(samples),
       isSearchable(!samples.isEmpty() && samples.size() <= std::numeric_limits<int>::max() &&
-                   std::all_of(samples.cbegin(), samples.cend(),
-                               [](const QVector3D& sample) { return finiteness::isFinite(sample); }))
+                   std::ranges::all_of(samples, isFinite))
 {
     if (!isSearchable)
         return;
 
-    const auto size = static_cast<std::size_t>(path.size());
+    const std::size_t size = path.size();
     runs.resize(countParts(size, RUN_LENGTH));
     std::vector<Box> boxes(runs.size());
     for (std::size_t i = 0; i < runs.size() * RUN_LENGTH; ++i) {
         Run& run = runs[i / RUN_LENGTH];
         const std::size_t place = i % RUN_LENGTH;
-        // The last run is filled up with a place that is infinitely far from every point.
-        const QVector3D sample =
-            i < size ? path[static_cast<qsizetype>(i)] : QVector3D(kInfinity, kInfinity, kInfinity);
+        // The last run is filled up with positions that are infinitely far from every point.
+        const QVector3D sample = i < size ? path[i] : QVector3D(kInfinity, kInfinity, kInfinity);
         run.x[place] = sample.x();
         run.y[place] = sample.y();
         run.z[place] = sample.z();
@@ -93,7 +93,7 @@ PathSearch::PathSearch(const QList<QVector3D>& samples)
 
 int PathSearch::nearestTo(const QVector3D& point)
 {
-    if (!isSearchable || !finiteness::isFinite(point))
+    if (!isSearchable || !isFinite(point))
         return ComputeIndexOnGuidingLine::getIndexOf(point, path);
     Nearest nearest{nearestBefore, (path.at(nearestBefore) - point).lengthSquared()};
     searchGroup(levels.size() - 1, 0, point, nearest);
@@ -121,9 +121,8 @@ void PathSearch::searchGroup(std::size_t level, std::size_t group, const QVector
         else
             searchGroup(level - 1, part, point, nearest);
     };
-    // The closest first: it leaves the fewest of the others to be searched.
-    const auto* closest = std::min_element(squaredDistances.begin(), squaredDistances.end());
-    const auto first = static_cast<std::size_t>(closest - squaredDistances.begin());
+    // The closest comes first: after it, the fewest of the others need to be searched.
+    const std::size_t first = std::ranges::min_element(squaredDistances) - squaredDistances.begin();
     search(first);
     for (std::size_t place = 0; place < GROUP_SIZE; ++place) {
         if (place != first)
@@ -139,12 +138,13 @@ void PathSearch::searchRun(std::size_t run, const QVector3D& point, Nearest& nea
         squaredDistances[i] = lengthSquared(samples.x[i] - point.x(), samples.y[i] - point.y(),
                                             samples.z[i] - point.z());
     }
-    const float smallest = *std::min_element(squaredDistances.begin(), squaredDistances.end());
+    const float smallest = std::ranges::min(squaredDistances);
     if (smallest > nearest.squaredDistance)
         return;
-    const auto* first = std::find(squaredDistances.begin(), squaredDistances.end(), smallest);
-    const int index =
-        static_cast<int>(run) * RUN_LENGTH + static_cast<int>(first - squaredDistances.begin());
+    const auto place = std::ranges::find(squaredDistances, smallest) - squaredDistances.begin();
+    const int index = static_cast<int>(run) * RUN_LENGTH + static_cast<int>(place);
     if (smallest < nearest.squaredDistance || index < nearest.index)
         nearest = {index, smallest};
 }
+
+} // namespace reslice

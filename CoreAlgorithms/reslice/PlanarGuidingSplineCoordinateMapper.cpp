@@ -10,6 +10,9 @@
 
 namespace {
 
+// The value of the event that notifies of control points added or removed.
+constexpr int kNumberOfPointsUpdated = 3;
+
 std::int32_t countPoints(const PlanarGuidingSpline& spline)
 {
     return static_cast<std::int32_t>(spline.getControlPoints().size());
@@ -58,8 +61,8 @@ void PlanarGuidingSplineCoordinateMapper::changedEvent(GuidingLine* /*line*/,
 
 void PlanarGuidingSplineCoordinateMapper::onNumberOfPointsUpdated()
 {
-    // Intended: a plane stays while points are added. The first points anchor it; a user who goes
-    // on drawing in a view that has moved relies on new points not tilting it.
+    // Intended: a plane stays while points are added. The first points anchor it; users who keep
+    // drawing in a view that has moved rely on new points not tilting it.
     const std::int32_t count = countPoints(spline);
     if (count <= fittedPointCount || !splinePlane)
         fitPlane();

@@ -16,7 +16,7 @@ std::int64_t sizeBetween(int smallest, int largest)
     return std::min(std::int64_t{largest} - smallest, kLargest);
 }
 
-// The last coordinate of an edge as QRect keeps it, one before start + size.
+// Returns the last coordinate of an edge as QRect stores it, one before start + size.
 int lastOf(int start, std::int64_t size)
 {
     return static_cast<int>(std::clamp(start + size - 1, kSmallest, kLargest));
@@ -56,8 +56,8 @@ void Point2DBoundingRectangleCalculator::calculateBounding2DRectangle()
         smallestY = std::min(smallestY, point.y());
         largestY = std::max(largestY, point.y());
     }
-    // Intended: anchored at the largest y, and sizes without the + 1 that would count the points of
-    // both edges: the application reads the rectangle in a frame whose y axis points up.
+    // Intended: the rectangle is anchored at the largest y, and its sizes lack the + 1 that would
+    // count the points of both edges; the application reads it in a frame whose y axis points up.
     boundingRect = QRect(QPoint(smallestX, largestY),
                          QPoint(lastOf(smallestX, sizeBetween(smallestX, largestX)),
                                 lastOf(largestY, sizeBetween(smallestY, largestY))));

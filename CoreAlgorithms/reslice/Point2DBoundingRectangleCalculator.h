@@ -8,15 +8,15 @@
 #include <QPoint>
 #include <QRect>
 
-/// Which axis-aligned rectangle encloses a set of integer points of a view?
+/// Computes the axis-aligned rectangle that encloses a set of integer points of a view.
 ///
-/// The rectangle is laid out for a y-up frame:
+/// The rectangle is laid out for a frame whose y axis points up:
 ///     x = smallest x,    width = largest x - smallest x
 ///     y = largest y,     height = largest y - smallest y
-/// A single point thus has a rectangle of size 0 x 0. Where a size or a far edge is more than an
-/// int holds, the rectangle ends at the nearest one that does.
+/// A single point thus has a rectangle of size 0 x 0. Where a size or a far edge is beyond the
+/// range of int, the rectangle ends at the nearest coordinate within it.
 ///
-/// Set the points, run, read the result. Linear in the number of points.
+/// Set the points, run, read the result.
 class COREALGORITHMS_EXPORT Point2DBoundingRectangleCalculator
 {
 public:
@@ -26,12 +26,14 @@ public:
     operator=(const Point2DBoundingRectangleCalculator&) = default;
     virtual ~Point2DBoundingRectangleCalculator();
 
+    /// Stores a copy of the points for the next run.
     void setPointSet(const QList<QPoint>& points);
 
-    /// False for an empty set of points, which keeps the result of the run before.
+    /// Computes the rectangle, in time linear in the number of points. Returns false for an empty
+    /// set, which keeps the result of the run before.
     bool run();
 
-    /// Of the last run that had points; before it the null rectangle.
+    /// Returns the result of the last successful run, or the null rectangle before the first one.
     QRect getBoundingRect();
 
 private:

@@ -29,7 +29,7 @@ const QVector3D kX(1.0F, 0.0F, 0.0F);
 const QVector3D kY(0.0F, 1.0F, 0.0F);
 const QVector3D kZ(0.0F, 0.0F, 1.0F);
 
-// Four samples along x, which say which index they were asked for, and one direction for all.
+// Has four samples along x and one direction for all, and records the queried index.
 class RecordingLine : public GuidingLine
 {
 public:
@@ -72,7 +72,7 @@ TEST(ImplantRotationCalculator, TurnsLocalYToTheDirectionAcrossTheArch)
     expectNear(rotation.map(kZ), kZ);
 }
 
-TEST(ImplantRotationCalculator, ImplantThatFacesAcrossTheArchAlreadyStaysAsItIs)
+TEST(ImplantRotationCalculator, ImplantThatFacesAcrossTheArchIsNotTurned)
 {
     RecordingLine line(kY);
     expectIdentity(calculatePerpendicularRotation(line, {}, QMatrix4x4()));
@@ -109,13 +109,13 @@ TEST(ImplantRotationCalculator, TakesTheDirectionIntoTheImplantsFrame)
     expectNear(calculatePerpendicularRotation(toX, {}, lying).map(kY), kX);
 }
 
-TEST(ImplantRotationCalculator, PartOfTheDirectionAlongTheImplantsAxisPlaysNoPart)
+TEST(ImplantRotationCalculator, PartOfTheDirectionAlongTheImplantsAxisIsIgnored)
 {
     RecordingLine line(QVector3D(1.0F, 0.0F, 5.0F));
     expectNear(calculatePerpendicularRotation(line, {}, QMatrix4x4()).map(kY), kX);
 }
 
-TEST(ImplantRotationCalculator, TranslationOfTheImplantPlaysNoPart)
+TEST(ImplantRotationCalculator, TranslationOfTheImplantIsIgnored)
 {
     RandomGeometry random(31);
     RecordingLine line(random.point(1.0F).normalized());
@@ -136,7 +136,7 @@ TEST(ImplantRotationCalculator, DirectionAlongTheImplantsAxisGivesTheIdentity)
     expectIdentity(calculatePerpendicularRotation(none, {}, QMatrix4x4()));
 }
 
-TEST(ImplantRotationCalculator, LineWithoutPathGivesTheIdentityAndIsNotAskedForADirection)
+TEST(ImplantRotationCalculator, LineWithoutPathGivesTheIdentityAndItsDirectionIsNotQueried)
 {
     RecordingLine line(kX);
     line.setOriginalPath({});
@@ -144,7 +144,7 @@ TEST(ImplantRotationCalculator, LineWithoutPathGivesTheIdentityAndIsNotAskedForA
     EXPECT_TRUE(line.asked.isEmpty());
 }
 
-TEST(ImplantRotationCalculator, InputThatIsNotFiniteGivesTheIdentityOrIsLeftOut)
+TEST(ImplantRotationCalculator, InputThatIsNotFiniteGivesTheIdentityOrIsIgnored)
 {
     RecordingLine broken(QVector3D(kNan, 0.0F, 0.0F));
     expectIdentity(calculatePerpendicularRotation(broken, {}, QMatrix4x4()));
@@ -190,7 +190,7 @@ TEST(ImplantRotationCalculator, TurnedImplantFacesAcrossTheArchAsFarAsItsAxisAll
     }
 }
 
-// With the model's own line: an arch from the patient's right to the left has its perpendicular
+// Uses the model's own line: an arch from the patient's right to the left has its perpendicular
 // direction outwards.
 TEST(ImplantRotationCalculator, ImplantOnAnArchFacesOutwards)
 {

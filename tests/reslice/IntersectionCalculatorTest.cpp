@@ -82,7 +82,7 @@ TEST(IntersectionCalculator, ObliquePlaneMeetsAdjacentEdges)
     expectPoint(corner[1], 60.0F, 20.0F, 5.0F);
 }
 
-TEST(IntersectionCalculator, EdgesRunRoundTheRectangleAndCountFromTheirOwnStart)
+TEST(IntersectionCalculator, EdgesRunAroundTheRectangleAndCountFromTheirOwnStart)
 {
     // 53 / 100 and 47 / 100 are no floats. From the left, x = 63 is met at 10 + 0.53F * 100, an ulp
     // below it; from the right at 110 - 0.47F * 100, exactly.
@@ -112,7 +112,7 @@ TEST(IntersectionCalculator, PlaneThroughAWholeEdgeGivesOnlyThePointsOnTheOtherE
     expectPoint(left[1], 10.0F, 20.0F, 5.0F);
 }
 
-TEST(IntersectionCalculator, CornerIsKeptTwiceOnceFromEachOfItsEdges)
+TEST(IntersectionCalculator, CornerIsKeptOnceFromEachOfItsEdgesByDesign)
 {
     // x + y = 30 touches the rectangle in its origin (10, 20) alone: edge 1 at its start, edge 4 at
     // its end.
@@ -124,8 +124,8 @@ TEST(IntersectionCalculator, CornerIsKeptTwiceOnceFromEachOfItsEdges)
 
 TEST(IntersectionCalculator, DiagonalPlaneHasFourPoints)
 {
-    // From the origin to the opposite corner: 4 x - 5 y = -60. Edge 1 at its start, 2 at its end, 3
-    // at its start, 4 at its end.
+    // The plane runs from the origin to the opposite corner: 4 x - 5 y = -60. Edge 1 at its start,
+    // 2 at its end, 3 at its start, 4 at its end.
     const auto diagonal = intersections({10.0F, 20.0F, 0.0F}, {4.0F, -5.0F, 0.0F});
     ASSERT_EQ(diagonal.size(), 4);
     expectPoint(diagonal[0], 10.0F, 20.0F, 5.0F);
@@ -151,7 +151,7 @@ TEST(IntersectionCalculator, PlaneAHairBeyondACornerMissesIt)
         intersections({std::nextafter(110.0F, 200.0F), 0.0F, 0.0F}, {1.0F, 0.0F, 0.0F}).isEmpty());
 }
 
-TEST(IntersectionCalculator, AsksForDirectionsWithoutSampleSteps)
+TEST(IntersectionCalculator, QueriesDirectionsWithoutSampleSteps)
 {
     class Recorder : public PlanarReslice
     {
@@ -179,7 +179,7 @@ TEST(IntersectionCalculator, AsksForDirectionsWithoutSampleSteps)
     expectPoint(points[1], 7.0F, 10.0F, 1.5F);
 }
 
-TEST(IntersectionCalculator, PlanesThatAreNoPlanesHaveNoIntersections)
+TEST(IntersectionCalculator, InvalidPlanesHaveNoIntersections)
 {
     EXPECT_TRUE(intersections({60.0F, 0.0F, 0.0F}, {}).isEmpty());
     EXPECT_TRUE(intersections({60.0F, 0.0F, 0.0F}, {kNan, 0.0F, 0.0F}).isEmpty());
@@ -226,7 +226,7 @@ TEST(IntersectionCalculator, CornerIsTheOriginMovedByTheHeightThenByTheWidth)
         float getHeight() const override { return 1.0F; }
     };
     Leaning reslice;
-    // z = 8 holds edge 3. Edge 2 ends in the corner opposite to the origin, edge 4 starts beside
+    // z = 8 holds edge 3. Edge 2 ends in the corner opposite to the origin, edge 4 starts next to
     // the origin.
     const auto points = IntersectionCalculator::calculatePlaneIntersections(
         {0.0F, 0.0F, 8.0F}, {0.0F, 0.0F, 1.0F}, &reslice);
@@ -250,9 +250,9 @@ TEST(IntersectionCalculator, RandomPlanesMeetTheBorderInPointsThatLieOnBoth)
     for (int i = 0; i < 1000; ++i) {
         SCOPED_TRACE(i);
         const auto reslice = random.planarReslice(1.0F);
-        const QVector3D centre = reslice->getTransformationFromResliceToWorld().map(
+        const QVector3D center = reslice->getTransformationFromResliceToWorld().map(
             QVector3D(reslice->getWidth() / 2.0F, reslice->getHeight() / 2.0F, 0.0F));
-        const QVector3D point = centre + random.point(30.0F);
+        const QVector3D point = center + random.point(30.0F);
         const QVector3D normal = random.point(1.0F).normalized();
         const auto points =
             IntersectionCalculator::calculatePlaneIntersections(point, normal, reslice.get());

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/reslice/PathSearch_p.h>
 
-// Covered: law 1, that the search finds the sample that a walk over all samples finds.
+// Covered: the search finds the sample that a plain search of all samples finds.
 
 #include <CoreAlgorithms/dental/ComputeIndexOnGuidingLine.h>
 
@@ -20,9 +20,9 @@ using test::RandomGeometry;
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-void expectTheIndicesOfAWalk(const QList<QVector3D>& path, const QList<QVector3D>& points)
+void expectTheIndicesOfAPlainSearch(const QList<QVector3D>& path, const QList<QVector3D>& points)
 {
-    PathSearch search(path);
+    reslice::PathSearch search(path);
     for (qsizetype i = 0; i < points.size(); ++i) {
         ASSERT_EQ(search.nearestTo(points[i]),
                   ComputeIndexOnGuidingLine::getIndexOf(points[i], path))
@@ -42,19 +42,19 @@ const QList<int> kSizes = {0, 1, 2, 7, 8, 9, 15, 16, 17, 31, 64, 65, 100, 1000};
 
 TEST(PathSearch, EmptyPathHasNoNearestSample)
 {
-    PathSearch search({});
+    reslice::PathSearch search({});
     EXPECT_EQ(search.nearestTo({1.0F, 2.0F, 3.0F}), -1);
 }
 
-TEST(PathSearch, Law1HoldsOnRandomPathsOfAllSizes)
+TEST(PathSearch, FindsTheIndicesOfAPlainSearchOnRandomPathsOfAllSizes)
 {
     RandomGeometry random(41);
     for (const int size : kSizes)
-        expectTheIndicesOfAWalk(randomPoints(random, size, 50.0F),
-                                randomPoints(random, 500, 80.0F));
+        expectTheIndicesOfAPlainSearch(randomPoints(random, size, 50.0F),
+                                       randomPoints(random, 500, 80.0F));
 }
 
-TEST(PathSearch, Law1HoldsOnCurves)
+TEST(PathSearch, FindsTheIndicesOfAPlainSearchOnCurves)
 {
     RandomGeometry random(42);
     for (int i = 0; i < 20; ++i) {
@@ -62,12 +62,12 @@ TEST(PathSearch, Law1HoldsOnCurves)
         QList<QVector3D> points = randomPoints(random, 200, 150.0F);
         for (const QVector3D& sample : reslice->getPath())
             points.append(sample + random.point(3.0F)); // follow each other closely
-        expectTheIndicesOfAWalk(reslice->getPath(), points);
+        expectTheIndicesOfAPlainSearch(reslice->getPath(), points);
     }
 }
 
 // Whole numbers make many samples equally near.
-TEST(PathSearch, Law1HoldsForTies)
+TEST(PathSearch, FindsTheIndicesOfAPlainSearchAmongTies)
 {
     RandomGeometry random(43);
     const auto onGrid = [](QList<QVector3D> points) {
@@ -76,21 +76,24 @@ TEST(PathSearch, Law1HoldsForTies)
         return points;
     };
     for (const int size : kSizes)
-        expectTheIndicesOfAWalk(onGrid(randomPoints(random, size, 2.4F)),
-                                onGrid(randomPoints(random, 500, 3.4F)));
-    expectTheIndicesOfAWalk(QList<QVector3D>(100, QVector3D(1.0F, 2.0F, 3.0F)),
-                            randomPoints(random, 50, 10.0F));
+        expectTheIndicesOfAPlainSearch(onGrid(randomPoints(random, size, 2.4F)),
+                                       onGrid(randomPoints(random, 500, 3.4F)));
+    expectTheIndicesOfAPlainSearch(QList<QVector3D>(100, QVector3D(1.0F, 2.0F, 3.0F)),
+                                   randomPoints(random, 50, 10.0F));
 }
 
-TEST(PathSearch, Law1HoldsWhereDistancesOverflow)
+TEST(PathSearch, FindsTheIndicesOfAPlainSearchWhereDistancesOverflow)
 {
     RandomGeometry random(44);
-    expectTheIndicesOfAWalk(randomPoints(random, 100, 3e38F), randomPoints(random, 100, 3e38F));
-    expectTheIndicesOfAWalk(randomPoints(random, 100, 1.0F), randomPoints(random, 100, 3e38F));
-    expectTheIndicesOfAWalk(randomPoints(random, 100, 1e19F), randomPoints(random, 100, 1e19F));
+    expectTheIndicesOfAPlainSearch(randomPoints(random, 100, 3e38F),
+                                   randomPoints(random, 100, 3e38F));
+    expectTheIndicesOfAPlainSearch(randomPoints(random, 100, 1.0F),
+                                   randomPoints(random, 100, 3e38F));
+    expectTheIndicesOfAPlainSearch(randomPoints(random, 100, 1e19F),
+                                   randomPoints(random, 100, 1e19F));
 }
 
-TEST(PathSearch, Law1HoldsForPointsAndSamplesThatAreNotFinite)
+TEST(PathSearch, FindsTheIndicesOfAPlainSearchForPointsAndSamplesThatAreNotFinite)
 {
     RandomGeometry random(45);
     const QList<QVector3D> odd = {{kNan, 0.0F, 0.0F},
@@ -98,13 +101,13 @@ TEST(PathSearch, Law1HoldsForPointsAndSamplesThatAreNotFinite)
                                   {0.0F, 0.0F, -kInfinity},
                                   {kNan, kInfinity, kNan}};
     const QList<QVector3D> path = randomPoints(random, 50, 10.0F);
-    expectTheIndicesOfAWalk(path, odd + randomPoints(random, 20, 10.0F) + odd);
+    expectTheIndicesOfAPlainSearch(path, odd + randomPoints(random, 20, 10.0F) + odd);
     for (const QVector3D& sample : odd) {
         QList<QVector3D> broken = path;
         broken[20] = sample;
-        expectTheIndicesOfAWalk(broken, odd + randomPoints(random, 20, 10.0F));
+        expectTheIndicesOfAPlainSearch(broken, odd + randomPoints(random, 20, 10.0F));
         broken.prepend(sample);
-        expectTheIndicesOfAWalk(broken, odd + randomPoints(random, 20, 10.0F));
+        expectTheIndicesOfAPlainSearch(broken, odd + randomPoints(random, 20, 10.0F));
     }
 }
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/reslice/PlanarGuidingSplineCoordinateMapper.h>
 
-// Covered: mapping onto the plane of a spline's points, when that plane is fitted anew, the links
+// Covered: mapping onto the plane of a spline's points, when that plane is fitted again, the links
 // between mapper and spline.
 
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
@@ -136,7 +136,7 @@ TEST(PlanarGuidingSplineCoordinateMapper, PointToResliceIgnoresThePlane)
     expectPoint(mapper.mapToReslice(*reslice, {30.0F, 20.0F, 700.0F}), 30.0, 60.0);
 }
 
-TEST(PlanarGuidingSplineCoordinateMapper, WithTooFewPointsTheResliceTakesThePlacesOfThePlane)
+TEST(PlanarGuidingSplineCoordinateMapper, WithTooFewPointsTheResliceReplacesThePlane)
 {
     RecordingSpline spline;
     for (const QList<QVector3D>& few : {QList<QVector3D>(), kAtFive.mid(0, 1), kAtFive.mid(0, 2)}) {
@@ -146,7 +146,7 @@ TEST(PlanarGuidingSplineCoordinateMapper, WithTooFewPointsTheResliceTakesThePlac
     }
 }
 
-TEST(PlanarGuidingSplineCoordinateMapper, PointsThatSpanNoPlaneLeaveTheReslice)
+TEST(PlanarGuidingSplineCoordinateMapper, PointsThatSpanNoPlaneGiveThePointOnTheReslice)
 {
     constexpr float nan = std::numeric_limits<float>::quiet_NaN();
     RecordingSpline spline;
@@ -158,7 +158,7 @@ TEST(PlanarGuidingSplineCoordinateMapper, PointsThatSpanNoPlaneLeaveTheReslice)
     expectPoint(mapped(notFinite), 30.0F, 20.0F, 0.0F);
 }
 
-TEST(PlanarGuidingSplineCoordinateMapper, NullPointsAreLeftOutOfTheFit)
+TEST(PlanarGuidingSplineCoordinateMapper, NullPointsAreSkippedByTheFit)
 {
     RecordingSpline spline;
     spline.setPoints(kAtFive);
@@ -179,7 +179,7 @@ TEST(PlanarGuidingSplineCoordinateMapper, FitsOnceWhenItIsMadeAndCountsThePoints
     EXPECT_EQ(Access::count(mapper), 3);
 }
 
-TEST(PlanarGuidingSplineCoordinateMapper, AddedPointsDoNotTiltThePlaneOfTheFirstOnes)
+TEST(PlanarGuidingSplineCoordinateMapper, AddedPointsDoNotTiltThePlaneOfTheFirstOnesByDesign)
 {
     RecordingSpline spline;
     spline.setPoints(kAtFive);

@@ -28,7 +28,7 @@ QRect rectangleOf(const QList<QPoint>& points)
 }
 
 TEST(Point2DBoundingRectangleCalculator,
-     RectangleIsAnchoredAtTheLargestYAndItsSizesAreDifferencesWithoutPlusOne)
+     RectangleIsAnchoredAtTheLargestYAndItsSizesAreDifferencesByDesign)
 {
     const QRect rectangle = rectangleOf({{1, 2}, {4, 7}, {3, 5}});
     EXPECT_EQ(rectangle.x(), 1);
@@ -46,7 +46,7 @@ TEST(Point2DBoundingRectangleCalculator, SinglePointHasARectangleOfSizeZero)
     EXPECT_EQ(rectangle.height(), 0);
 }
 
-TEST(Point2DBoundingRectangleCalculator, OrderAndRepetitionOfPointsPlayNoPart)
+TEST(Point2DBoundingRectangleCalculator, OrderAndRepetitionOfPointsAreIgnored)
 {
     EXPECT_EQ(rectangleOf({{-3, 9}, {8, -6}}), QRect(-3, 9, 11, 15));
     EXPECT_EQ(rectangleOf({{8, 9}, {-3, -6}, {8, 9}, {0, 0}}), QRect(-3, 9, 11, 15));
@@ -73,7 +73,7 @@ TEST(Point2DBoundingRectangleCalculator, EmptySetIsRefusedAndKeepsTheResultBefor
     EXPECT_EQ(calculator.getBoundingRect(), QRect(1, 7, 3, 5));
 }
 
-TEST(Point2DBoundingRectangleCalculator, EachRunStartsAnew)
+TEST(Point2DBoundingRectangleCalculator, EachRunStartsAgain)
 {
     Point2DBoundingRectangleCalculator calculator;
     calculator.setPointSet({{-100, -100}, {100, 100}});

@@ -13,7 +13,8 @@
 
 namespace test {
 
-/// A planar reslice of the given size in mm whose slab is `slabMm` thick, placed by the matrix.
+/// Returns a planar reslice of the given size in mm whose slab is `slabMm` thick, placed by the
+/// matrix.
 inline std::shared_ptr<PlanarReslice> makePlanarReslice(float widthMm, float heightMm, float slabMm,
                                                         const QMatrix4x4& worldFromReslice = {})
 {
@@ -33,8 +34,8 @@ inline std::shared_ptr<CephReslice> makeCephReslice(float widthMm, float heightM
     return reslice;
 }
 
-/// A panoramic reslice along the samples, whose columns are `columnMm` wide and whose view shows
-/// the heights from `lowMm` to `highMm` in rows of 1 mm.
+/// Returns a panoramic reslice along the samples, whose columns are `columnMm` wide and whose view
+/// shows the heights from `lowMm` to `highMm` in rows of 1 mm.
 inline std::shared_ptr<PanoramicReslice>
 makePanoramicReslice(const QList<QVector3D>& path, float columnMm, float lowMm, float highMm,
                      const QVector3D& up = QVector3D(0.0F, 0.0F, 1.0F))
@@ -51,7 +52,7 @@ makePanoramicReslice(const QList<QVector3D>& path, float columnMm, float lowMm, 
     return reslice;
 }
 
-/// Random numbers, points and rigid placements of the size of a head, the same in every run.
+/// Draws numbers, points and rigid placements of the size of a head, the same in every run.
 class RandomGeometry
 {
 public:
@@ -87,9 +88,9 @@ public:
         return makePlanarReslice(width, height, slabMm, rigidPlacement());
     }
 
-    /// A panoramic reslice along a path that bends by up to 0.04 radians a sample in a random
-    /// plane, samples as far apart as columns are wide. Up is the normal of that plane, with a
-    /// random length.
+    /// Returns a panoramic reslice along a path that bends by up to 0.04 radians a sample in a
+    /// random plane, samples as far apart as columns are wide. Up is the normal of that plane, with
+    /// a random length.
     std::shared_ptr<PanoramicReslice> panoramicReslice(int samples, float columnMm)
     {
         const QMatrix4x4 placement = rigidPlacement();
