@@ -184,7 +184,7 @@ TEST(ComputeIndexOnGuidingLine, EmptyPathHasNoMiddle)
 
 // ---- teeth
 
-TEST(ComputeIndexOnGuidingLine, ToothBetweenItsNeighboursIsInterpolatedAndRoundedHalfAwayFromZero)
+TEST(ComputeIndexOnGuidingLine, ToothBetweenItsNeighborsIsInterpolatedAndRoundedHalfAwayFromZero)
 {
     const auto spline = makeArch(20, {{3, 10.0F}, {7, 15.0F}});
     EXPECT_EQ(Index::getToothIndex(tooth(5), spline.get(), false), 13); // 12.5
@@ -199,7 +199,7 @@ TEST(ComputeIndexOnGuidingLine, InterpolationRunsAgainstThePathWhereTheTeethDo)
     EXPECT_EQ(Index::getToothIndex(tooth(6), spline.get(), false), 11); // 11.25
 }
 
-TEST(ComputeIndexOnGuidingLine, NeighboursAreTheNearestTeethOfTheSpline)
+TEST(ComputeIndexOnGuidingLine, NeighborsAreTheNearestTeethOfTheSpline)
 {
     const auto spline = makeArch(100, {{2, 0.0F}, {4, 50.0F}, {6, 60.0F}, {14, 99.0F}});
     EXPECT_EQ(Index::getToothIndex(tooth(5), spline.get(), false), 55);
@@ -278,7 +278,7 @@ TEST(ComputeIndexOnGuidingLine, OrdinalsNotNumbersEnterTheInterpolation)
     EXPECT_EQ(Index::getToothIndex(tooth(18), spline.get(), false), 34);
 }
 
-TEST(ComputeIndexOnGuidingLine, NeighboursOfEqualOrdinalGiveTheLowerOne)
+TEST(ComputeIndexOnGuidingLine, NeighborsOfEqualOrdinalGiveTheLowerOne)
 {
     const auto spline = makeArch(40, {{4, 10.0F}, {20, 30.0F}});
     EXPECT_EQ(Index::getToothIndex(tooth(10), spline.get(), false), 10);

@@ -332,7 +332,7 @@ TEST(ToothAnnotations3DGenerator, OneToothIsLabeledOnTheFirstSplineOfItsArch)
 }
 
 TEST(ToothAnnotations3DGenerator,
-     OneToothWithoutASplineOfItsArchStandsAtItsOppositesPlaceOnTheFirst)
+     OneToothWithoutASplineOfItsArchIsLabeledAtItsOppositesPlaceOnTheFirst)
 {
     const auto lower = makeLowerArch();
     const auto label = Generator::generate(Splines{lower.get()}, teeth({13, 20}), makeTooth(13));
