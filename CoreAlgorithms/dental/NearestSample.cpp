@@ -38,7 +38,7 @@ namespace {
 constexpr int kLanes = 8;
 constexpr int kVectors = 4; // in a block
 constexpr int kBlock = kVectors * kLanes;
-constexpr std::ptrdiff_t kVectorFloats = 3 * kLanes;
+constexpr std::ptrdiff_t kVectorFloats = std::ptrdiff_t{3} * kLanes;
 constexpr std::ptrdiff_t kBlockFloats = kVectors * kVectorFloats;
 
 static_assert(sizeof(QVector3D) == 3 * sizeof(float) && std::is_standard_layout_v<QVector3D>);
