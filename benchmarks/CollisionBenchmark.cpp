@@ -1,15 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// The collisions of a plan with twelve implants, six pins and two nerves of 2,000, 20,000 and 200,000 triangles each:
-// ImplantCollisionDetector beside the plain transcription of its rules and, where these are installed, FCL with trees
-// of oriented boxes, CGAL with trees of upright boxes and exact predicates, and Embree's trees with the plain test.
+// The collisions of a plan with twelve implants, six pins and two nerves of 2,000, 20,000 and
+// 200,000 triangles each: ImplantCollisionDetector beside the plain transcription of its rules and,
+// where these are installed, FCL with trees of oriented boxes, CGAL with trees of upright boxes and
+// exact predicates, and Embree's trees with the plain test.
 //
 //     W1  the first detection of everything, trees and caches included
 //     W2  dragging one implant along its nerve, 500 steps of 0.1 mm, each with a new detection
-//     W3  the same detection again and again for one implant whose zone hovers 0.05 mm beside one nerve
+//     W3  the same detection again and again for one implant whose zone hovers 0.05 mm beside one
+//     nerve
 //
-// The counter `colliding` is the number of colliding pairs, in W2 their mean over the steps; the engines round
-// differently, so that it may differ a little. The table at the end compares the medians of the CPU time.
+// The counter `colliding` is the number of colliding pairs, in W2 their mean over the steps; the
+// engines round differently, so that it may differ a little. The table at the end compares the
+// medians of the CPU time.
 #include <benchmarks/CollisionEngines.h>
 
 #include <benchmark/benchmark.h>
@@ -158,7 +161,8 @@ int main(int argc, char** argv)
             const std::string row = workload + '/' + size;
             rows.push_back(row);
             for (const EngineKind& kind : benchmarks::engineKinds()) {
-                benchmark::RegisterBenchmark((row + '/' + kind.name).c_str(), function, kind, triangles)
+                benchmark::RegisterBenchmark((row + '/' + kind.name).c_str(), function, kind,
+                                             triangles)
                     ->Unit(benchmark::kMillisecond)
                     ->Repetitions(5)
                     ->ReportAggregatesOnly();

@@ -28,26 +28,31 @@ Surface surface(const geometry::Mesh& mesh)
     for (const QVector3D& v : mesh.getVertices())
         result.add_vertex({double(v.x()), double(v.y()), double(v.z())});
     const QList<int>& indices = mesh.getIndices();
-    const auto vertex = [&indices](qsizetype i) { return Surface::Vertex_index(std::uint32_t(indices[i])); };
+    const auto vertex = [&indices](qsizetype i) {
+        return Surface::Vertex_index(std::uint32_t(indices[i]));
+    };
     for (qsizetype i = 0; i + 3 < indices.size(); i += 4)
         result.add_face(vertex(i), vertex(i + 1), vertex(i + 2));
     return result;
 }
 
-// A tree of upright boxes for each object, built once, with exact predicates; a move changes a matrix.
+// A tree of upright boxes for each object, built once, with exact predicates; a move changes a
+// matrix.
 class Cgal : public PairwiseEngine<std::size_t>
 {
 public:
     using PairwiseEngine::PairwiseEngine;
 
 protected:
-    void buildImplant(dataobject::Implant3D& implant, std::size_t& envelope, std::size_t& zone) override
+    void buildImplant(dataobject::Implant3D& implant, std::size_t& envelope,
+                      std::size_t& zone) override
     {
         envelope = add(safetyZoneMesh(implant, 0.0F), implant.getObjectTransform());
         zone = add(safetyZoneMesh(implant, 3.0F), implant.getObjectTransform());
     }
 
-    void moveImplant(dataobject::Implant3D& implant, std::size_t& envelope, std::size_t& zone) override
+    void moveImplant(dataobject::Implant3D& implant, std::size_t& envelope,
+                     std::size_t& zone) override
     {
         objects.set_transformation(envelope, affine(implant.getObjectTransform()));
         objects.set_transformation(zone, affine(implant.getObjectTransform()));
@@ -71,8 +76,9 @@ protected:
 private:
     std::size_t add(const geometry::Mesh& mesh, const QMatrix4x4& placement)
     {
-        const std::size_t id = objects.add_mesh(surfaces.emplace_back(surface(mesh)),
-                                                CGAL::parameters::apply_per_connected_component(false));
+        const std::size_t id =
+            objects.add_mesh(surfaces.emplace_back(surface(mesh)),
+                             CGAL::parameters::apply_per_connected_component(false));
         objects.set_transformation(id, affine(placement));
         return id;
     }

@@ -14,7 +14,8 @@ namespace {
 
 using Triangle = std::array<QVector3D, 3>;
 
-// A scene of one surface, placed: Embree sees triangles as boxes and leaves the exact test to its caller.
+// A scene of one surface, placed: Embree sees triangles as boxes and leaves the exact test to its
+// caller.
 struct Body
 {
     Body() = default;
@@ -77,13 +78,15 @@ public:
 protected:
     using BodyPointer = std::unique_ptr<Body>;
 
-    void buildImplant(dataobject::Implant3D& implant, BodyPointer& envelope, BodyPointer& zone) override
+    void buildImplant(dataobject::Implant3D& implant, BodyPointer& envelope,
+                      BodyPointer& zone) override
     {
         build(safetyZoneMesh(implant, 0.0F), implant.getObjectTransform(), envelope);
         build(safetyZoneMesh(implant, 3.0F), implant.getObjectTransform(), zone);
     }
 
-    void moveImplant(dataobject::Implant3D& implant, BodyPointer& envelope, BodyPointer& zone) override
+    void moveImplant(dataobject::Implant3D& implant, BodyPointer& envelope,
+                     BodyPointer& zone) override
     {
         place(*envelope, implant.getObjectTransform());
         place(*zone, implant.getObjectTransform());

@@ -73,7 +73,8 @@ protected:
     {
         const fcl::CollisionRequestf request; // one contact is enough
         fcl::CollisionResultf result;
-        return fcl::collide(a.model.get(), a.placement, b.model.get(), b.placement, request, result) > 0;
+        return fcl::collide(a.model.get(), a.placement, b.model.get(), b.placement, request,
+                            result) > 0;
     }
 };
 

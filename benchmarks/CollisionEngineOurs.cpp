@@ -21,8 +21,8 @@ public:
 
     int detectAll() override
     {
-        detector.prepareAndStartDetection(implants, {implants.cbegin(), implants.cend()}, pins, {}, nerves,
-                                          {});
+        detector.prepareAndStartDetection(implants, {implants.cbegin(), implants.cend()}, pins, {},
+                                          nerves, {});
         return count();
     }
 

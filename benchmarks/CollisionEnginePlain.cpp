@@ -23,10 +23,12 @@ protected:
 
     void buildImplant(dataobject::Implant3D& implant, Body& envelope, Body& zone) override
     {
-        envelope = test::plain::makeBoundedObject(*collision::generateSafetyZone(factory, implant, 0.0F),
-                                                  implant.getObjectTransform(), 100.0F);
-        zone = test::plain::makeBoundedObject(*collision::generateSafetyZone(factory, implant, 3.0F),
-                                              implant.getObjectTransform(), 100.0F);
+        envelope =
+            test::plain::makeBoundedObject(*collision::generateSafetyZone(factory, implant, 0.0F),
+                                           implant.getObjectTransform(), 100.0F);
+        zone =
+            test::plain::makeBoundedObject(*collision::generateSafetyZone(factory, implant, 3.0F),
+                                           implant.getObjectTransform(), 100.0F);
     }
 
     void moveImplant(dataobject::Implant3D& implant, Body& envelope, Body& zone) override
@@ -41,7 +43,8 @@ protected:
 
     void buildPin(dataobject::AnchorPin3D& pin, Body& body) override
     {
-        body = test::plain::makeBoundedObject(*pin.getShapeNode(), pin.getObjectTransform(), 100.0F);
+        body =
+            test::plain::makeBoundedObject(*pin.getShapeNode(), pin.getObjectTransform(), 100.0F);
     }
 
     bool intersect(Body& a, Body& b) override { return test::plain::overlaps(a, b); }

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-/// What the collision benchmarks compare, behind one interface: the detector, its plain transcription, and libraries
-/// that answer the same questions in their own way.
+/// What the collision benchmarks compare, behind one interface: the detector, its plain
+/// transcription, and libraries that answer the same questions in their own way.
 namespace benchmarks {
 
 class Engine
@@ -23,14 +23,16 @@ public:
 
     /// Tests every pair of the plan for the first time. Returns the number of colliding pairs.
     virtual int detectAll() = 0;
-    /// Tests the pairs of one implant, which has moved, and returns the number of colliding pairs of the plan.
+    /// Tests the pairs of one implant, which has moved, and returns the number of colliding pairs
+    /// of the plan.
     virtual int implantHasMoved(int implant) = 0;
 };
 
 struct EngineKind
 {
     std::string name;
-    std::unique_ptr<Engine> (*make)(const Plan& plan); ///< nothing is computed yet; the plan must outlive it
+    std::unique_ptr<Engine> (*make)(
+        const Plan& plan); ///< nothing is computed yet; the plan must outlive it
 };
 
 /// Those that this program was built with: ours, the plain transcription, then the others.
@@ -42,8 +44,8 @@ std::unique_ptr<Engine> makeFcl(const Plan& plan);
 std::unique_ptr<Engine> makeCgal(const Plan& plan);
 std::unique_ptr<Engine> makeEmbree(const Plan& plan);
 
-/// The bookkeeping of an engine that has none of its own: which pairs are tested, and their verdicts. `Body` is the
-/// engine's form of one surface.
+/// The bookkeeping of an engine that has none of its own: which pairs are tested, and their
+/// verdicts. `Body` is the engine's form of one surface.
 template <typename Body>
 class PairwiseEngine : public Engine
 {
@@ -94,7 +96,8 @@ private:
         for (std::size_t j = firstOther; j < n; ++j) {
             if (j == i)
                 continue;
-            const bool inOrder = plan.implants[qsizetype(i)].get() < plan.implants[qsizetype(j)].get();
+            const bool inOrder =
+                plan.implants[qsizetype(i)].get() < plan.implants[qsizetype(j)].get();
             verdicts[std::min(i, j) * columns() + std::max(i, j)] =
                 intersect(envelopes[inOrder ? i : j], envelopes[inOrder ? j : i]);
         }

@@ -18,7 +18,8 @@ namespace benchmarks {
 
 namespace {
 
-// Frame of the arch before it is tilted: x to the left, y to the back, z up; the platforms are at z = 0.
+// Frame of the arch before it is tilted: x to the left, y to the back, z up; the platforms are at z
+// = 0.
 
 constexpr int kImplants = 12;
 constexpr int kPins = 6;
@@ -40,8 +41,8 @@ QVector3D archAt(float t)
     return {27.0F * t, 45.0F * t * t, 0.0F};
 }
 
-// A canal of 60 mm: an arc of 66 degrees in space, below the arch from behind the last implant to the fourth. s runs
-// from 0 (back) to 1.
+// A canal of 60 mm: an arc of 66 degrees in space, below the arch from behind the last implant to
+// the fourth. s runs from 0 (back) to 1.
 QVector3D canalAt(float s, float side)
 {
     constexpr float radius = 52.0F;
@@ -55,20 +56,23 @@ QVector3D canalAt(float s, float side)
 geometry::Mesh tube(int triangles, float side)
 {
     const float girth = 2.0F * kPi * kNerveRadius;
-    const auto around = static_cast<int>(
-        std::max(8.0F, std::round(std::sqrt(static_cast<float>(triangles) / 2.0F * girth / 60.0F))));
+    const auto around = static_cast<int>(std::max(
+        8.0F, std::round(std::sqrt(static_cast<float>(triangles) / 2.0F * girth / 60.0F))));
     const int along = triangles / (2 * around);
     QList<QVector3D> vertices;
     vertices.reserve(qsizetype(along + 1) * around);
     for (int i = 0; i <= along; ++i) {
         const float s = static_cast<float>(i) / static_cast<float>(along);
         const QVector3D centre = canalAt(s, side);
-        const QVector3D direction = (canalAt(s + 0.001F, side) - canalAt(s - 0.001F, side)).normalized();
-        const QVector3D across = QVector3D::crossProduct(direction, {1.0F, 0.0F, 0.0F}).normalized();
+        const QVector3D direction =
+            (canalAt(s + 0.001F, side) - canalAt(s - 0.001F, side)).normalized();
+        const QVector3D across =
+            QVector3D::crossProduct(direction, {1.0F, 0.0F, 0.0F}).normalized();
         const QVector3D other = QVector3D::crossProduct(direction, across);
         for (int k = 0; k < around; ++k) {
             const float angle = 2.0F * kPi * static_cast<float>(k) / static_cast<float>(around);
-            vertices.append(centre + kNerveRadius * (std::cos(angle) * across + std::sin(angle) * other));
+            vertices.append(centre +
+                            kNerveRadius * (std::cos(angle) * across + std::sin(angle) * other));
         }
     }
     geometry::Mesh mesh(vertices, {});
@@ -91,7 +95,8 @@ std::shared_ptr<dataobject::Nerve> nerveOf(int triangles, float side)
     return nerve;
 }
 
-std::shared_ptr<dataobject::Implant3D> implantOf(float diameter, float length, const QMatrix4x4& placement)
+std::shared_ptr<dataobject::Implant3D> implantOf(float diameter, float length,
+                                                 const QMatrix4x4& placement)
 {
     auto implant = std::make_shared<dataobject::Implant3D>();
     implant->setDimensions({diameter, length});

@@ -10,7 +10,8 @@
 
 #include <memory>
 
-/// The plans that the collision benchmarks run on. All stand in a frame that is tilted against the axes.
+/// The plans that the collision benchmarks run on. All stand in a frame that is tilted against the
+/// axes.
 namespace benchmarks {
 
 struct Plan
@@ -20,12 +21,14 @@ struct Plan
     QList<std::shared_ptr<dataobject::AnchorPin3D>> pins;
 };
 
-/// Twelve implants along an arch, two canals of 60 mm below them, right and left, and six pins from outside.
+/// Twelve implants along an arch, two canals of 60 mm below them, right and left, and six pins from
+/// outside.
 Plan fullArch(int trianglesPerNerve);
 
-/// Where the first implant of the full arch stands in each step of a drag: 500 steps of 0.1 mm at the height of its
-/// platform, straight above the left canal and from the back to the front. Behind, where the canal rises, its zone
-/// cuts the nerve; in front it passes 2 mm above it; and it passes through other implants. Step 0 is the start.
+/// Where the first implant of the full arch stands in each step of a drag: 500 steps of 0.1 mm at
+/// the height of its platform, straight above the left canal and from the back to the front.
+/// Behind, where the canal rises, its zone cuts the nerve; in front it passes 2 mm above it; and it
+/// passes through other implants. Step 0 is the start.
 inline constexpr int kDragSteps = 500;
 QMatrix4x4 dragPlacement(int step);
 

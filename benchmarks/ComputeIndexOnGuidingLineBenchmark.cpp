@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// The sample of a path nearest to a point: ComputeIndexOnGuidingLine beside a plain loop and beside a k-d tree
-// (nanoflann) that is built for the call. Arguments: samples of the path, points. All three give the same indices, of
-// equally near samples the first. readPath only reads the path's bytes: what memory lets through.
+// The sample of a path nearest to a point: ComputeIndexOnGuidingLine beside a plain loop and beside
+// a k-d tree (nanoflann) that is built for the call. Arguments: samples of the path, points. All
+// three give the same indices, of equally near samples the first. readPath only reads the path's
+// bytes: what memory lets through.
 #include <CoreAlgorithms/dental/ComputeIndexOnGuidingLine.h>
 
 #include <tests/support/ResliceBuilders.h>
@@ -21,8 +22,8 @@ namespace {
 
 using Path = QList<QVector3D>;
 
-// Half an ellipse of the size of an arch. Coordinates are whole 64ths of a mm, so that the longer paths hold samples that
-// are equal.
+// Half an ellipse of the size of an arch. Coordinates are whole 64ths of a mm, so that the longer
+// paths hold samples that are equal.
 Path makePath(int size)
 {
     Path path;
@@ -30,8 +31,8 @@ Path makePath(int size)
     const auto grid = [](double mm) { return static_cast<float>(std::round(mm * 64.0) / 64.0); };
     for (int i = 0; i < size; ++i) {
         const double angle = std::numbers::pi * i / size;
-        path.append(
-            {grid(-28.0 * std::cos(angle)), grid(-50.0 * std::sin(angle)), grid(std::sin(5.0 * angle))});
+        path.append({grid(-28.0 * std::cos(angle)), grid(-50.0 * std::sin(angle)),
+                     grid(std::sin(5.0 * angle))});
     }
     return path;
 }
@@ -82,11 +83,11 @@ struct PointCloud
     }
 };
 
-using Tree =
-    nanoflann::KDTreeSingleIndexAdaptor<nanoflann::L2_Simple_Adaptor<float, PointCloud>, PointCloud, 3>;
+using Tree = nanoflann::KDTreeSingleIndexAdaptor<nanoflann::L2_Simple_Adaptor<float, PointCloud>,
+                                                 PointCloud, 3>;
 
-// Of equally near samples the first. The tree passes over what is not nearer than worstDist(), by sums that round
-// otherwise than the distances: a little more is let through.
+// Of equally near samples the first. The tree passes over what is not nearer than worstDist(), by
+// sums that round otherwise than the distances: a little more is let through.
 class FirstNearest
 {
 public:
@@ -164,8 +165,10 @@ void kdTree(benchmark::State& state)
 void readPath(benchmark::State& state)
 {
     const Path path = makePath(static_cast<int>(state.range(0)));
-    // memchr reads at the full speed of the machine; the byte that it looks for is there only behind the end.
-    std::vector<unsigned char> bytes(static_cast<std::size_t>(path.size()) * sizeof(QVector3D) + 1, 1);
+    // memchr reads at the full speed of the machine; the byte that it looks for is there only
+    // behind the end.
+    std::vector<unsigned char> bytes(static_cast<std::size_t>(path.size()) * sizeof(QVector3D) + 1,
+                                     1);
     bytes.back() = 2;
     for (auto _ : state)
         benchmark::DoNotOptimize(std::memchr(bytes.data(), 2, bytes.size()));

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// A million points onto a planar reslice: CoordinateMapper beside a loop over an Eigen affine transform that
-// fills the same list, and beside the point-by-point operation, which inverts the reslice's matrix for every
-// point.
+// A million points onto a planar reslice: CoordinateMapper beside a loop over an Eigen affine
+// transform that fills the same list, and beside the point-by-point operation, which inverts the
+// reslice's matrix for every point.
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 #include <CoreAlgorithms/reslice/CoordinateMapper.h>
 
@@ -43,7 +43,8 @@ const Scene& scene()
 void coordinateMapperList(benchmark::State& state)
 {
     for (auto _ : state)
-        benchmark::DoNotOptimize(CoordinateMapper::mapAllPointsOntoReslice(scene().points, *scene().reslice));
+        benchmark::DoNotOptimize(
+            CoordinateMapper::mapAllPointsOntoReslice(scene().points, *scene().reslice));
 }
 
 void eigenAffineLoop(benchmark::State& state)
@@ -61,9 +62,11 @@ void eigenAffineLoop(benchmark::State& state)
         Images images;
         images.reserve(scene().points.size());
         for (const QVector3D& point : scene().points) {
-            const Eigen::Vector3f local = localFromWorld * Eigen::Vector3f(point.x(), point.y(), point.z());
-            images.append({QPointF(local.x(), double(height) - double(local.y())),
-                           std::abs(local.z()) <= half ? PointInPlane::InPlane : PointInPlane::OutOfPlane});
+            const Eigen::Vector3f local =
+                localFromWorld * Eigen::Vector3f(point.x(), point.y(), point.z());
+            images.append(
+                {QPointF(local.x(), double(height) - double(local.y())),
+                 std::abs(local.z()) <= half ? PointInPlane::InPlane : PointInPlane::OutOfPlane});
         }
         benchmark::DoNotOptimize(images);
     }
@@ -83,7 +86,10 @@ void pointByPoint(benchmark::State& state)
     }
 }
 
-BENCHMARK(coordinateMapperList)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
+BENCHMARK(coordinateMapperList)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(9)
+    ->ReportAggregatesOnly();
 BENCHMARK(eigenAffineLoop)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
 BENCHMARK(pointByPoint)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
 

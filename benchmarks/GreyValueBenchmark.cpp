@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// Sixty oriented boxes out of a 512 x 512 x 400 volume: the sampling of the histogram creator beside a triple loop
-// that asks for every voxel of a box's hull whether it is inside. Before anything is timed, the program checks that both
-// give equal values in equal order and how much memory ours takes beyond its result.
+// Sixty oriented boxes out of a 512 x 512 x 400 volume: the sampling of the histogram creator
+// beside a triple loop that asks for every voxel of a box's hull whether it is inside. Before
+// anything is timed, the program checks that both give equal values in equal order and how much
+// memory ours takes beyond its result.
 #include <CoreAlgorithms/greyvalue/BoxSampling_p.h>
 #include <CoreAlgorithms/model/data/VexelImage3D.h>
 #include <CoreAlgorithms/model/math/OrientedBoundingBox.h>
@@ -79,10 +80,12 @@ struct Scene
         voxelFromWorld = worldFromVoxel.inverted();
         test::RandomGeometry random(1);
         for (int i = 0; i < 60; ++i) {
-            const QVector3D centre = worldFromVoxel.map(
-                {random.number(60.0F, 450.0F), random.number(60.0F, 450.0F), random.number(60.0F, 340.0F)});
+            const QVector3D centre =
+                worldFromVoxel.map({random.number(60.0F, 450.0F), random.number(60.0F, 450.0F),
+                                    random.number(60.0F, 340.0F)});
             // Every other box that of a landmark, the rest those of teeth.
-            const QVector3D half = i % 2 == 0 ? QVector3D(5.0F, 5.0F, 5.0F) : QVector3D(2.5F, 2.5F, 4.0F);
+            const QVector3D half =
+                i % 2 == 0 ? QVector3D(5.0F, 5.0F, 5.0F) : QVector3D(2.5F, 2.5F, 4.0F);
             boxes.emplace_back(centre - half, centre + half);
         }
     }
@@ -106,13 +109,16 @@ std::vector<int> plainLoop(const Scene& scene)
         const auto placed = primitives::OrientedBoundingBox(box).transformed(scene.voxelFromWorld);
         const BoundingBox hull = placed.getAABBOfTransformedBoundingBox();
         const auto first = [](float bound) { return std::max(0, int(std::round(bound))); };
-        const auto last = [](float bound, int size) { return std::min(size - 1, int(std::round(bound))); };
+        const auto last = [](float bound, int size) {
+            return std::min(size - 1, int(std::round(bound)));
+        };
         for (int z = first(hull.min().z()); z <= last(hull.max().z(), kSize.z); ++z) {
             for (int y = first(hull.min().y()); y <= last(hull.max().y(), kSize.y); ++y) {
                 for (int x = first(hull.min().x()); x <= last(hull.max().x(), kSize.x); ++x) {
                     if (placed.isInside({float(x), float(y), float(z)}))
                         values.push_back(
-                            voxels[(std::size_t(z) * kSize.y + std::size_t(y)) * kSize.x + std::size_t(x)]);
+                            voxels[(std::size_t(z) * kSize.y + std::size_t(y)) * kSize.x +
+                                   std::size_t(x)]);
                 }
             }
         }
@@ -143,7 +149,8 @@ bool check()
     const std::vector<int> expected = plainLoop(once);
     const std::size_t before = allocated;
     mostAllocated = before;
-    const std::vector<int> values = greyvalue::sampleBoxes(once.image, once.boxes, once.voxelFromWorld);
+    const std::vector<int> values =
+        greyvalue::sampleBoxes(once.image, once.boxes, once.voxelFromWorld);
     const std::size_t beyond = mostAllocated - before - values.size() * sizeof(int);
     std::printf("%zu values, %s; %zu bytes beyond the result\n", values.size(),
                 values == expected ? "equal in equal order" : "NOT EQUAL", beyond);

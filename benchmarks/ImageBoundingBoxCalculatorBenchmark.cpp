@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// The visible content of an image of 4,000 x 4,000 pixels, near its centre: ImageBoundingBoxCalculator beside the four
-// searches by QImage::pixel(), for every image format. Their results are compared first.
+// The visible content of an image of 4,000 x 4,000 pixels, near its centre:
+// ImageBoundingBoxCalculator beside the four searches by QImage::pixel(), for every image format.
+// Their results are compared first.
 #include <CoreAlgorithms/reslice/ImageBoundingBoxCalculator.h>
 
 #include <QImage>
@@ -67,7 +68,8 @@ bool formatsAgree()
 void boundingBox(benchmark::State& state)
 {
     const QImage image = centred(QImage::Format_ARGB32, kSide);
-    if (!formatsAgree() || ImageBoundingBoxCalculator::createBoundingBox(image) != pixelByPixel(image)) {
+    if (!formatsAgree() ||
+        ImageBoundingBoxCalculator::createBoundingBox(image) != pixelByPixel(image)) {
         state.SkipWithError("the rectangle differs from the one by pixels");
         return;
     }
@@ -83,6 +85,9 @@ void boundingBoxByPixels(benchmark::State& state)
 }
 
 BENCHMARK(boundingBox)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
-BENCHMARK(boundingBoxByPixels)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();
+BENCHMARK(boundingBoxByPixels)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly();
 
 } // namespace

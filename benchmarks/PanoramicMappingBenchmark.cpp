@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// 100,000 points into a panoramic view of 1,000 columns: the list operation beside a plain transcription that searches
-// the nearest sample and inverts two matrices for every point; their results are compared bit for bit first. And the
-// whole view of 1,000 x 400 pixels to world positions, beside a loop over Eigen vectors that reads the geometry once. And
-// a short segment, beside the operation for one point for each of its samples.
+// 100,000 points into a panoramic view of 1,000 columns: the list operation beside a plain
+// transcription that searches the nearest sample and inverts two matrices for every point; their
+// results are compared bit for bit first. And the whole view of 1,000 x 400 pixels to world
+// positions, beside a loop over Eigen vectors that reads the geometry once. And a short segment,
+// beside the operation for one point for each of its samples.
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 #include <CoreAlgorithms/reslice/CoordinateMapper.h>
@@ -49,7 +50,8 @@ struct Scene
         reslice->setThickness(20.0F);
         test::RandomGeometry random(1);
         for (int i = 0; i < kPoints; ++i)
-            points.append(path[i * 7919 % kColumns] + random.point(15.0F)); // no point follows its neighbour
+            points.append(path[i * 7919 % kColumns] +
+                          random.point(15.0F)); // no point follows its neighbour
     }
 
     std::shared_ptr<PanoramicReslice> reslice;
@@ -76,8 +78,8 @@ int nearestSample(const QVector3D& point, const QList<QVector3D>& path)
     return nearest;
 }
 
-QVector3D localCoordinates(const QList<QVector3D>& path, int segment, const QVector3D& up, float lowest,
-                           const QVector3D& point)
+QVector3D localCoordinates(const QList<QVector3D>& path, int segment, const QVector3D& up,
+                           float lowest, const QVector3D& point)
 {
     QVector3D e = path[segment + 1] - path[segment];
     e.normalize();
@@ -125,8 +127,8 @@ void panoramicList(benchmark::State& state)
 {
     const Images ours = CoordinateMapper::mapAllPointsOntoReslice(scene().points, *scene().reslice);
     const Images peer = transcribed(scene().points, *scene().reslice);
-    const bool equal =
-        std::equal(ours.begin(), ours.end(), peer.begin(), peer.end(), [](const auto& a, const auto& b) {
+    const bool equal = std::equal(
+        ours.begin(), ours.end(), peer.begin(), peer.end(), [](const auto& a, const auto& b) {
             return test::sameBits(a.first, b.first) && a.second == b.second;
         });
     if (!equal) {
@@ -134,7 +136,8 @@ void panoramicList(benchmark::State& state)
         return;
     }
     for (auto _ : state)
-        benchmark::DoNotOptimize(CoordinateMapper::mapAllPointsOntoReslice(scene().points, *scene().reslice));
+        benchmark::DoNotOptimize(
+            CoordinateMapper::mapAllPointsOntoReslice(scene().points, *scene().reslice));
 }
 
 void panoramicTranscription(benchmark::State& state)
@@ -169,7 +172,8 @@ struct Segment
 Segment segmentOf(std::int64_t steps)
 {
     const QVector3D p1 = scene().reslice->getPath()[300] + QVector3D(0.01F, 0.02F, 3.0F);
-    const QVector3D along = (scene().reslice->getPath()[301] - scene().reslice->getPath()[300]).normalized();
+    const QVector3D along =
+        (scene().reslice->getPath()[301] - scene().reslice->getPath()[300]).normalized();
     return {p1, p1 + along * ((static_cast<float>(steps) + 0.5F) * kStepMm)};
 }
 
@@ -182,12 +186,14 @@ QList<QLineF> segmentPointByPoint(const Segment& segment)
     QList<QLineF> lines;
     bool inPlane = false;
     bool previousIn = false;
-    QPointF previous = CoordinateMapper::_3D_To_2D_Panoramic(reslice, segment.p1, inPlane, previousIn, false);
+    QPointF previous =
+        CoordinateMapper::_3D_To_2D_Panoramic(reslice, segment.p1, inPlane, previousIn, false);
     for (int i = 1; i <= count + 1; ++i) {
         const QVector3D sample =
             i <= count ? segment.p1 + direction * (static_cast<float>(i) * kStepMm) : segment.p2;
         bool in = false;
-        const QPointF point = CoordinateMapper::_3D_To_2D_Panoramic(reslice, sample, inPlane, in, false);
+        const QPointF point =
+            CoordinateMapper::_3D_To_2D_Panoramic(reslice, sample, inPlane, in, false);
         if (previousIn && in)
             lines.append({previous, point});
         previous = point;
@@ -200,8 +206,8 @@ void shortSegment(benchmark::State& state)
 {
     const Segment segment = segmentOf(state.range(0));
     const auto draw = [&segment] {
-        return CoordinateMapper::_3D_To_2D_Line_Panoramic(scene().reslice.get(), segment.p1, segment.p2,
-                                                          false, kStepMm);
+        return CoordinateMapper::_3D_To_2D_Line_Panoramic(scene().reslice.get(), segment.p1,
+                                                          segment.p2, false, kStepMm);
     };
     if (draw() != segmentPointByPoint(segment)) {
         state.SkipWithError("the lines differ from those point by point");
@@ -250,8 +256,8 @@ void wholeViewByEigen(benchmark::State& state)
                 const float f = static_cast<float>(column) + 0.5F;
                 const auto left = static_cast<std::size_t>(f);
                 const std::size_t right = std::min<std::size_t>(left + 1, kColumns - 1);
-                *out++ =
-                    path[left] + (path[right] - path[left]) * (f - static_cast<float>(left)) + up * height;
+                *out++ = path[left] + (path[right] - path[left]) * (f - static_cast<float>(left)) +
+                         up * height;
             }
         }
         benchmark::DoNotOptimize(world.data());
@@ -259,10 +265,22 @@ void wholeViewByEigen(benchmark::State& state)
 }
 
 BENCHMARK(panoramicList)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
-BENCHMARK(panoramicTranscription)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
-BENCHMARK(panoramicPointByPoint)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
+BENCHMARK(panoramicTranscription)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(9)
+    ->ReportAggregatesOnly();
+BENCHMARK(panoramicPointByPoint)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(9)
+    ->ReportAggregatesOnly();
 BENCHMARK(shortSegment)->Arg(1)->Arg(5)->Arg(20)->Arg(62)->Repetitions(9)->ReportAggregatesOnly();
-BENCHMARK(shortSegmentPointByPoint)->Arg(1)->Arg(5)->Arg(20)->Arg(62)->Repetitions(9)->ReportAggregatesOnly();
+BENCHMARK(shortSegmentPointByPoint)
+    ->Arg(1)
+    ->Arg(5)
+    ->Arg(20)
+    ->Arg(62)
+    ->Repetitions(9)
+    ->ReportAggregatesOnly();
 BENCHMARK(wholeViewToWorld)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
 BENCHMARK(wholeViewByEigen)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
 

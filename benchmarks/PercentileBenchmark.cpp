@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// Percentiles of ten million floats: the first of CalculatePercentile, which sorts, and further ones, beside
-// std::nth_element. percentile_numpy.py times numpy on the same samples.
+// Percentiles of ten million floats: the first of CalculatePercentile, which sorts, and further
+// ones, beside std::nth_element. percentile_numpy.py times numpy on the same samples.
 #include <CoreAlgorithms/greyvalue/CalculatePercentile.h>
 
 #include <benchmark/benchmark.h>
@@ -49,8 +49,8 @@ float nthElement(std::vector<float>& values, float percent)
     const auto below = values.begin() + static_cast<std::ptrdiff_t>(place);
     std::nth_element(values.begin(), below, values.end());
     const float upper = *std::min_element(below + 1, values.end());
-    return *below +
-           (upper - *below) * static_cast<float>(place - static_cast<double>(below - values.begin()));
+    return *below + (upper - *below) *
+                        static_cast<float>(place - static_cast<double>(below - values.begin()));
 }
 
 void firstByNthElement(benchmark::State& state)
@@ -89,6 +89,9 @@ void sevenFurtherByNthElement(benchmark::State& state)
 BENCHMARK(firstPercentile)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();
 BENCHMARK(firstByNthElement)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();
 BENCHMARK(sevenFurther)->Unit(benchmark::kNanosecond)->Repetitions(5)->ReportAggregatesOnly();
-BENCHMARK(sevenFurtherByNthElement)->Unit(benchmark::kMillisecond)->Repetitions(5)->ReportAggregatesOnly();
+BENCHMARK(sevenFurtherByNthElement)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(5)
+    ->ReportAggregatesOnly();
 
 } // namespace

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// A plan of 5 surface scans of 500,000 vertices each, 200 annotations and 32 implants in a new scanner frame, beside a
-// plain Eigen loop over the vertices; and the same plan with scans that have no vertices, which is all that comes on
-// top of moving them.
+// A plan of 5 surface scans of 500,000 vertices each, 200 annotations and 32 implants in a new
+// scanner frame, beside a plain Eigen loop over the vertices; and the same plan with scans that
+// have no vertices, which is all that comes on top of moving them.
 #include <CoreAlgorithms/model/dataobjects/Annotations.h>
 #include <CoreAlgorithms/model/dataobjects/Implants.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
@@ -118,7 +118,13 @@ void eigenLoopOverTheVertices(benchmark::State& state)
 }
 
 BENCHMARK(wholePlan)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
-BENCHMARK(eigenLoopOverTheVertices)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
-BENCHMARK(planWithoutVertices)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
+BENCHMARK(eigenLoopOverTheVertices)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(9)
+    ->ReportAggregatesOnly();
+BENCHMARK(planWithoutVertices)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(9)
+    ->ReportAggregatesOnly();
 
 } // namespace

@@ -90,7 +90,8 @@ ByteSource::Coding ByteSource::codingOf(const QString& path)
 {
     ByteSource start(path, Coding::Plain);
     char mark[2] = {};
-    const bool isGzip = start.read(mark, 2) == 2 && static_cast<unsigned char>(mark[0]) == kGzipMark[0] &&
+    const bool isGzip = start.read(mark, 2) == 2 &&
+                        static_cast<unsigned char>(mark[0]) == kGzipMark[0] &&
                         static_cast<unsigned char>(mark[1]) == kGzipMark[1];
     return isGzip ? Coding::Deflated : Coding::Plain;
 }

@@ -12,8 +12,9 @@ struct z_stream_s;
 
 namespace planner {
 
-/// Reads the bytes of a file one after the other, decompressing them if they are compressed. It holds no more than a
-/// buffer of them, so a file that decompresses to far more than its size does no harm.
+/// Reads the bytes of a file one after the other, decompressing them if they are compressed. It
+/// holds no more than a buffer of them, so a file that decompresses to far more than its size does
+/// no harm.
 class ByteSource
 {
 public:
@@ -28,13 +29,15 @@ public:
     ByteSource(const ByteSource&) = delete;
     ByteSource& operator=(const ByteSource&) = delete;
 
-    /// Reads up to `most` bytes and returns how many there were: fewer only where the bytes end or are damaged.
+    /// Reads up to `most` bytes and returns how many there were: fewer only where the bytes end or
+    /// are damaged.
     qint64 read(char* to, qint64 most);
-    /// Returns whether nothing is left and, of compressed bytes, the end mark was read and the checksum is right. Reads
-    /// a byte.
+    /// Returns whether nothing is left and, of compressed bytes, the end mark was read and the
+    /// checksum is right. Reads a byte.
     bool endsHere();
 
-    /// Returns how a file is coded that may or may not be compressed with gzip, by its first two bytes.
+    /// Returns how a file is coded that may or may not be compressed with gzip, by its first two
+    /// bytes.
     static Coding codingOf(const QString& path);
 
 private:

@@ -47,7 +47,8 @@ Case paintBuiltInPatient(float voxelSizeMm, Progress& progress)
     const auto patient = std::make_shared<const phantom::Patient>(settings);
     Case built;
     built.title = QStringLiteral("Built-in patient");
-    built.volume.image = patient->createVolume([&progress](double done) { progress.fraction(done); });
+    built.volume.image =
+        patient->createVolume([&progress](double done) { progress.fraction(done); });
     if (built.volume.image.isEmpty())
         throw Failure(QStringLiteral("There is not enough memory for the built-in patient"));
     built.volume.worldFromVoxel.scale(built.volume.image.voxelSize());
@@ -66,12 +67,14 @@ Volume readVolume(const QString& path, const QString& series, Progress& progress
     const QFileInfo info(path);
     if (!info.exists())
         throw Failure(path, QStringLiteral("there is no such file or folder"));
-    progress.step(QStringLiteral("Reading %1").arg(info.fileName().isEmpty() ? path : info.fileName()));
+    progress.step(
+        QStringLiteral("Reading %1").arg(info.fileName().isEmpty() ? path : info.fileName()));
     if (info.isDir() || isDicomFile(path))
         return readDicom(path, series, [&progress](double done) { progress.fraction(done); });
     if (!series.isEmpty())
-        throw Failure(path,
-                      QStringLiteral("--series chooses a DICOM series, and this is no DICOM file or folder"));
+        throw Failure(
+            path,
+            QStringLiteral("--series chooses a DICOM series, and this is no DICOM file or folder"));
     struct Format
     {
         const char* suffix;
@@ -80,19 +83,22 @@ Volume readVolume(const QString& path, const QString& series, Progress& progress
     static constexpr Format formats[] = {{".nii", readNifti},     {".nii.gz", readNifti},
                                          {".mha", readMetaImage}, {".mhd", readMetaImage},
                                          {".nrrd", readNrrd},     {".nhdr", readNrrd}};
-    const auto* format = std::find_if(std::begin(formats), std::end(formats), [&path](const Format& known) {
-        return path.endsWith(QLatin1String(known.suffix), Qt::CaseInsensitive);
-    });
+    const auto* format =
+        std::find_if(std::begin(formats), std::end(formats), [&path](const Format& known) {
+            return path.endsWith(QLatin1String(known.suffix), Qt::CaseInsensitive);
+        });
     if (format == std::end(formats))
-        throw Failure(
-            path, QStringLiteral("a CT is a NIfTI file (.nii, .nii.gz), a MetaImage file (.mha, .mhd), an "
-                                 "NRRD file (.nrrd, .nhdr), or a DICOM file or folder"));
+        throw Failure(path,
+                      QStringLiteral(
+                          "a CT is a NIfTI file (.nii, .nii.gz), a MetaImage file (.mha, .mhd), an "
+                          "NRRD file (.nrrd, .nhdr), or a DICOM file or folder"));
     if (!info.isFile() || !info.isReadable())
         throw Failure(path, QStringLiteral("the file cannot be read"));
     return format->read(path);
 }
 
-// The largest distance in mm, along one axis of the volume, by which the position is outside; 0 inside.
+// The largest distance in mm, along one axis of the volume, by which the position is outside; 0
+// inside.
 float distanceOutside(const Volume& volume, const QVector3D& position)
 {
     const QVector3D voxel = volume.worldFromVoxel.inverted().map(position);
@@ -101,11 +107,13 @@ float distanceOutside(const Volume& volume, const QVector3D& position)
     const auto beyond = [](float index, int count) {
         return std::max({0.0F, -0.5F - index, index - (static_cast<float>(count) - 0.5F)});
     };
-    return std::max({beyond(voxel.x(), size.x) * spacing.x(), beyond(voxel.y(), size.y) * spacing.y(),
+    return std::max({beyond(voxel.x(), size.x) * spacing.x(),
+                     beyond(voxel.y(), size.y) * spacing.y(),
                      beyond(voxel.z(), size.z) * spacing.z()});
 }
 
-// Warns of landmarks outside the volume, and leaves out what is so far away that no view could show it.
+// Warns of landmarks outside the volume, and leaves out what is so far away that no view could show
+// it.
 void checkPlaces(const QString& path, LandmarkFile& file, const Volume& volume)
 {
     const auto outside = [&volume](const QVector3D& position) {
@@ -134,15 +142,18 @@ void checkPlaces(const QString& path, LandmarkFile& file, const Volume& volume)
     });
     if (removed > 0)
         file.warnings.append(
-            QStringLiteral("%1 landmarks or canals are more than %2 mm outside the volume and left out.")
+            QStringLiteral(
+                "%1 landmarks or canals are more than %2 mm outside the volume and left out.")
                 .arg(removed)
                 .arg(static_cast<double>(kFarthestOutsideMm)));
     if (names.size() == count)
-        throw Failure(path,
-                      QStringLiteral("every landmark is outside the volume, so they are not of this CT"));
+        throw Failure(
+            path,
+            QStringLiteral("every landmark is outside the volume, so they are not of this CT"));
 }
 
-// A file that the user named must be good; one that merely lies beside the CT may be something else.
+// A file that the user named must be good; one that merely lies beside the CT may be something
+// else.
 void addLandmarks(Case& opened, const Options& options)
 {
     const QFileInfo ct(options.ctPath);
@@ -151,8 +162,8 @@ void addLandmarks(Case& opened, const Options& options)
     const bool named = !options.landmarksPath.isEmpty();
     const QString path = named ? options.landmarksPath : beside;
     if (!named && !QFileInfo::exists(path)) {
-        opened.remarks.append(QStringLiteral(
-            "No landmarks were given, so the views are at the middle of the volume and nothing is marked."));
+        opened.remarks.append(QStringLiteral("No landmarks were given, so the views are at the "
+                                             "middle of the volume and nothing is marked."));
         return;
     }
     try {

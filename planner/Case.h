@@ -20,8 +20,8 @@ namespace planner {
 struct Options;
 class Progress;
 
-/// What is planned on: a CT with the landmarks that are known of it. Every section of the report starts from
-/// here.
+/// What is planned on: a CT with the landmarks that are known of it. Every section of the report
+/// starts from here.
 struct Case
 {
     QString title;

@@ -31,7 +31,8 @@ struct Objects
 
 void detectAll(ImplantCollisionDetector& detector, const Objects& objects)
 {
-    detector.prepareAndStartDetection(objects.implants, {objects.implants.cbegin(), objects.implants.cend()},
+    detector.prepareAndStartDetection(objects.implants,
+                                      {objects.implants.cbegin(), objects.implants.cend()},
                                       objects.pins, {}, objects.nerves, {});
 }
 
@@ -55,26 +56,30 @@ QList<Finding> findCollisions(const Plan& plan)
     QList<Finding> findings;
     const auto add = [&findings](qsizetype implant, PartKind kind, qsizetype number, bool collides,
                                  const auto& from, const auto& to) {
-        findings.append({implant, {kind, number}, collides, clearance(from, to), nearestPoint(from, to)});
+        findings.append(
+            {implant, {kind, number}, collides, clearance(from, to), nearestPoint(from, to)});
     };
     for (qsizetype i = 0; i < plan.implants.size(); ++i) {
         const PlannedImplant& implant = plan.implants[i];
         for (qsizetype j = i + 1; j < plan.implants.size(); ++j) {
             const PlannedImplant& other = plan.implants[j];
             add(i, PartKind::Implant, j,
-                found.implantImplantCollisions.contains(collision::makePair(implant.object, other.object)),
+                found.implantImplantCollisions.contains(
+                    collision::makePair(implant.object, other.object)),
                 implant, other);
         }
         for (qsizetype j = 0; j < plan.nerves.size(); ++j) {
             const PlannedNerve& nerve = plan.nerves[j];
             add(i, PartKind::Nerve, j,
-                found.implantNerveCollisions.contains(collision::makePair(implant.object, nerve.object)),
+                found.implantNerveCollisions.contains(
+                    collision::makePair(implant.object, nerve.object)),
                 implant, nerve);
         }
         for (qsizetype j = 0; j < plan.pins.size(); ++j) {
             const PlannedPin& pin = plan.pins[j];
             add(i, PartKind::Pin, j,
-                found.implantAnchorPinCollisions.contains(collision::makePair(implant.object, pin.object)),
+                found.implantAnchorPinCollisions.contains(
+                    collision::makePair(implant.object, pin.object)),
                 implant, pin);
         }
     }
@@ -105,11 +110,13 @@ bool isColliding(const QList<Finding>& findings, const PlanPart& part)
 bool isZoneMet(const QList<Finding>& findings, qsizetype implant)
 {
     return std::any_of(findings.cbegin(), findings.cend(), [implant](const Finding& finding) {
-        return finding.collides && finding.implant == implant && finding.other.kind != PartKind::Implant;
+        return finding.collides && finding.implant == implant &&
+               finding.other.kind != PartKind::Implant;
     });
 }
 
-QList<DragStep> dragDeeper(const Plan& plan, qsizetype implant, qsizetype nerve, int steps, double stepMm)
+QList<DragStep> dragDeeper(const Plan& plan, qsizetype implant, qsizetype nerve, int steps,
+                           double stepMm)
 {
     const auto& object = plan.implants[implant].object;
     const QMatrix4x4 start = object->getObjectTransform();
@@ -129,7 +136,8 @@ QList<DragStep> dragDeeper(const Plan& plan, qsizetype implant, qsizetype nerve,
         step.placement.translate(0.0F, 0.0F, static_cast<float>(-step.wayMm));
         object->setObjectTransform(step.placement, TransformManipulationType::Translation);
         detector.shapeHasChanged(object);
-        detector.prepareAndStartDetection(objects.implants, {object}, objects.pins, {}, objects.nerves, {});
+        detector.prepareAndStartDetection(objects.implants, {object}, objects.pins, {},
+                                          objects.nerves, {});
         step.collides = detector.isCollidingWithNerve(*object);
         step.told = listener.changes > before;
         step.clearanceMm = clearance(plan.implants[implant], plan.nerves[nerve]);

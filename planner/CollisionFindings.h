@@ -21,8 +21,8 @@ struct PlanPart
     friend bool operator==(const PlanPart&, const PlanPart&) = default;
 };
 
-/// What is known of an implant and another object: the detector's verdict, and the clearance that the planner has
-/// measured by itself.
+/// What is known of an implant and another object: the detector's verdict, and the clearance that
+/// the planner has measured by itself.
 struct Finding
 {
     qsizetype implant = 0;
@@ -32,7 +32,8 @@ struct Finding
     QVector3D nearest;        ///< on the axis or centre line of the other object
 };
 
-/// Every pair that the detector tests: of each implant with each later implant, then with each nerve and each pin.
+/// Every pair that the detector tests: of each implant with each later implant, then with each
+/// nerve and each pin.
 QList<Finding> findCollisions(const Plan& plan);
 
 const QString& nameOf(const Plan& plan, const PlanPart& part);
@@ -51,8 +52,9 @@ struct DragStep
     double clearanceMm = 0.0;
 };
 
-/// Pushes an implant along its axis, apex ahead, `stepMm` a step, and has a detector judge each; the first step is
-/// where it stands. The implant is put back afterwards.
-QList<DragStep> dragDeeper(const Plan& plan, qsizetype implant, qsizetype nerve, int steps, double stepMm);
+/// Pushes an implant along its axis, apex ahead, `stepMm` a step, and has a detector judge each;
+/// the first step is where it stands. The implant is put back afterwards.
+QList<DragStep> dragDeeper(const Plan& plan, qsizetype implant, qsizetype nerve, int steps,
+                           double stepMm);
 
 } // namespace planner

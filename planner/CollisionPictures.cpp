@@ -56,7 +56,8 @@ void paintLabel(QPainter& painter, const QPointF& middle, const QString& text, c
     QPainterPath letters;
     letters.addText(middle.x() - metrics.horizontalAdvance(text) / 2.0,
                     middle.y() + metrics.ascent() / 2.0 - 1.0, painter.font(), text);
-    painter.strokePath(letters, QPen(QColor(0, 0, 0, 220), 4.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.strokePath(letters,
+                       QPen(QColor(0, 0, 0, 220), 4.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.fillPath(letters, colour);
 }
 
@@ -77,7 +78,8 @@ QColor colourOf(const QList<Finding>& findings, const PlanPart& part)
 
 // ---- the jaw in space
 
-// The arch at the necks of the lower teeth, from the patient's right to the left, reaching a tooth's width beyond them.
+// The arch at the necks of the lower teeth, from the patient's right to the left, reaching a
+// tooth's width beyond them.
 QList<QVector3D> archAtNecks(const Case& planned, const Plan& plan)
 {
     if (planned.patient)
@@ -87,11 +89,15 @@ QList<QVector3D> archAtNecks(const Case& planned, const Plan& plan)
         if (toothNumberOf(landmark) > ToothChart::LastUpperTooth)
             arch.append(landmark.position);
     }
-    std::sort(arch.begin(), arch.end(), [](const QVector3D& a, const QVector3D& b) { return a.x() < b.x(); });
+    std::sort(arch.begin(), arch.end(),
+              [](const QVector3D& a, const QVector3D& b) { return a.x() < b.x(); });
     float necks = 0.0F;
     for (const PlannedImplant& implant : plan.implants)
-        necks += implant.object->getObjectTransform()(2, 3) / static_cast<float>(plan.implants.size());
-    const auto behind = [](const QVector3D& tooth) { return tooth + QVector3D(0.0F, kToothWidthMm, 0.0F); };
+        necks +=
+            implant.object->getObjectTransform()(2, 3) / static_cast<float>(plan.implants.size());
+    const auto behind = [](const QVector3D& tooth) {
+        return tooth + QVector3D(0.0F, kToothWidthMm, 0.0F);
+    };
     arch.prepend(behind(arch.first()));
     arch.append(behind(arch.last()));
     for (QVector3D& point : arch)
@@ -99,7 +105,8 @@ QList<QVector3D> archAtNecks(const Case& planned, const Plan& plan)
     return arch;
 }
 
-// Between soft tissue and cancellous bone, or between nothing and any label; nothing where the values do not tell.
+// Between soft tissue and cancellous bone, or between nothing and any label; nothing where the
+// values do not tell.
 std::optional<double> boneThreshold(const GreyScale& scale)
 {
     switch (scale.kind()) {
@@ -145,19 +152,23 @@ QList<ShownMesh> sceneOf(const Plan& plan, const QList<Finding>& findings)
 {
     QList<ShownMesh> meshes;
     for (qsizetype i = 0; i < plan.implants.size(); ++i) {
-        meshes.append({zoneMesh(plan.implants[i], 0.0F), colourOf(findings, {PartKind::Implant, i})});
-        meshes.append({zoneMesh(plan.implants[i], 3.0F),
-                       isZoneMet(findings, i) ? collisionColours::kColliding : collisionColours::kZone,
-                       0.13});
+        meshes.append(
+            {zoneMesh(plan.implants[i], 0.0F), colourOf(findings, {PartKind::Implant, i})});
+        meshes.append(
+            {zoneMesh(plan.implants[i], 3.0F),
+             isZoneMet(findings, i) ? collisionColours::kColliding : collisionColours::kZone,
+             0.13});
     }
     for (qsizetype i = 0; i < plan.nerves.size(); ++i)
-        meshes.append({placedMesh(*plan.nerves[i].object), colourOf(findings, {PartKind::Nerve, i})});
+        meshes.append(
+            {placedMesh(*plan.nerves[i].object), colourOf(findings, {PartKind::Nerve, i})});
     for (qsizetype i = 0; i < plan.pins.size(); ++i)
         meshes.append({pinMesh(plan.pins[i]), colourOf(findings, {PartKind::Pin, i})});
     return meshes;
 }
 
-void paintNames(QPainter& painter, const Camera& camera, const Plan& plan, const QList<Finding>& findings)
+void paintNames(QPainter& painter, const Camera& camera, const Plan& plan,
+                const QList<Finding>& findings)
 {
     painter.setFont(fontOf(21, true));
     for (qsizetype i = 0; i < plan.implants.size(); ++i) {
@@ -189,7 +200,8 @@ struct Cut
     QString letters; ///< of the left and of the right edge
 };
 
-// Upright along the axis of the implant, through a point beside it; the patient's right or front is on the left.
+// Upright along the axis of the implant, through a point beside it; the patient's right or front is
+// on the left.
 Cut cutThrough(const PlannedImplant& implant, const QVector3D& beside, const QSize& pixels,
                bool orientationKnown)
 {
@@ -205,7 +217,8 @@ Cut cutThrough(const PlannedImplant& implant, const QVector3D& beside, const QSi
         across = -across;
         middle = -middle;
     }
-    const Eigen::Vector3d corner = platform + (middle - 0.5 * static_cast<double>(kCutWidthMm)) * across +
+    const Eigen::Vector3d corner = platform +
+                                   (middle - 0.5 * static_cast<double>(kCutWidthMm)) * across +
                                    static_cast<double>(kAbovePlatformMm - kCutHeightMm) * up;
 
     Cut cut;
@@ -223,7 +236,8 @@ Cut cutThrough(const PlannedImplant& implant, const QVector3D& beside, const QSi
     return cut;
 }
 
-// What the cut leads through: of another implant the platform, so that the implant is cut lengthwise.
+// What the cut leads through: of another implant the platform, so that the implant is cut
+// lengthwise.
 QVector3D besideOf(const Plan& plan, const Finding& finding)
 {
     if (finding.other.kind != PartKind::Implant)
@@ -249,8 +263,8 @@ public:
         painter.drawImage(corner, samples);
     }
 
-    void outline(const geometry::Mesh& mesh, const QColor& colour, double filled, Qt::PenStyle style,
-                 double width)
+    void outline(const geometry::Mesh& mesh, const QColor& colour, double filled,
+                 Qt::PenStyle style, double width)
     {
         painter.save();
         painter.setClipRect(area);
@@ -258,8 +272,9 @@ public:
         for (const QPolygonF& polygon : cutMesh(mesh, *cut.reslice)) {
             QPolygonF onPicture;
             for (const QPointF& point : polygon)
-                onPicture.append(corner + QPointF(point.x() / double(cut.reslice->getSampleSize().x()),
-                                                  point.y() / double(cut.reslice->getSampleSize().y())));
+                onPicture.append(corner +
+                                 QPointF(point.x() / double(cut.reslice->getSampleSize().x()),
+                                         point.y() / double(cut.reslice->getSampleSize().y())));
             path.addPolygon(onPicture);
         }
         path.setFillRule(Qt::WindingFill);
@@ -290,7 +305,8 @@ public:
         painter.setPen(QPen(kTextColour, 3.0));
         painter.drawLine(from, from + QPointF(length, 0.0));
         painter.setFont(fontOf(pixels, false));
-        paintLabel(painter, from + QPointF(length / 2.0, -pixels), QStringLiteral("5 mm"), kTextColour);
+        paintLabel(painter, from + QPointF(length / 2.0, -pixels), QStringLiteral("5 mm"),
+                   kTextColour);
     }
 
 private:
@@ -306,17 +322,18 @@ void outlinePlan(CutPainter& painter, const Plan& plan, const QList<Finding>& to
     const QColor red(collisionColours::kColliding);
     if (zone >= 0) {
         const bool met = isZoneMet(told, zone);
-        painter.outline(zoneMesh(plan.implants[zone], 3.0F), met ? red : QColor(collisionColours::kZone),
-                        0.16, Qt::DashLine, 2.2);
+        painter.outline(zoneMesh(plan.implants[zone], 3.0F),
+                        met ? red : QColor(collisionColours::kZone), 0.16, Qt::DashLine, 2.2);
     }
     for (qsizetype i = 0; i < plan.nerves.size(); ++i)
-        painter.outline(placedMesh(*plan.nerves[i].object), colourOf(told, {PartKind::Nerve, i}), 0.45,
-                        Qt::SolidLine, 2.4);
+        painter.outline(placedMesh(*plan.nerves[i].object), colourOf(told, {PartKind::Nerve, i}),
+                        0.45, Qt::SolidLine, 2.4);
     for (qsizetype i = 0; i < plan.pins.size(); ++i)
-        painter.outline(pinMesh(plan.pins[i]), colourOf(told, {PartKind::Pin, i}), 0.45, Qt::SolidLine, 2.4);
-    for (qsizetype i = 0; i < plan.implants.size(); ++i)
-        painter.outline(zoneMesh(plan.implants[i], 0.0F), colourOf(told, {PartKind::Implant, i}), 0.35,
+        painter.outline(pinMesh(plan.pins[i]), colourOf(told, {PartKind::Pin, i}), 0.45,
                         Qt::SolidLine, 2.4);
+    for (qsizetype i = 0; i < plan.implants.size(); ++i)
+        painter.outline(zoneMesh(plan.implants[i], 0.0F), colourOf(told, {PartKind::Implant, i}),
+                        0.35, Qt::SolidLine, 2.4);
 }
 
 QString millimetres(double value)
@@ -331,8 +348,9 @@ bool isBoneShown(const GreyScale& scale)
     return boneThreshold(scale).has_value();
 }
 
-QImage paintJaw(const Case& planned, const Sampler& sampler, const GreyScale& scale, const Plan& plan,
-                const QList<Finding>& findings, const std::function<void(double)>& progress)
+QImage paintJaw(const Case& planned, const Sampler& sampler, const GreyScale& scale,
+                const Plan& plan, const QList<Finding>& findings,
+                const std::function<void(double)>& progress)
 {
     ShownBone bone = lowerJaw(planned, plan, sampler);
     bone.threshold = boneThreshold(scale).value_or(0.0);
@@ -350,16 +368,16 @@ QImage paintJaw(const Case& planned, const Sampler& sampler, const GreyScale& sc
     return image;
 }
 
-QImage paintFindings(const Sampler& sampler, const GreyScale& scale, bool orientationKnown, const Plan& plan,
-                     const QList<Finding>& shown)
+QImage paintFindings(const Sampler& sampler, const GreyScale& scale, bool orientationKnown,
+                     const Plan& plan, const QList<Finding>& shown)
 {
     const QSize pixels(468, 540);
     constexpr int gap = 16;
     constexpr int titleHeight = 70;
     const int columns = std::min(2, static_cast<int>(shown.size()));
     const auto rows = static_cast<int>((shown.size() + columns - 1) / columns);
-    QImage image(columns * (pixels.width() + gap) + gap, rows * (pixels.height() + titleHeight + gap) + gap,
-                 QImage::Format_RGB32);
+    QImage image(columns * (pixels.width() + gap) + gap,
+                 rows * (pixels.height() + titleHeight + gap) + gap, QImage::Format_RGB32);
     image.fill(kGroundColour);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
@@ -371,19 +389,21 @@ QImage paintFindings(const Sampler& sampler, const GreyScale& scale, bool orient
                             gap + row * (pixels.height() + titleHeight + gap) + titleHeight);
         painter.setFont(fontOf(22, true));
         painter.setPen(kTextColour);
-        painter.drawText(QRect(corner.x(), corner.y() - titleHeight, pixels.width(), 32),
-                         Qt::AlignLeft | Qt::AlignVCenter,
-                         QStringLiteral("%1 and %2")
-                             .arg(plan.implants[finding.implant].name, nameOf(plan, finding.other)));
+        painter.drawText(
+            QRect(corner.x(), corner.y() - titleHeight, pixels.width(), 32),
+            Qt::AlignLeft | Qt::AlignVCenter,
+            QStringLiteral("%1 and %2")
+                .arg(plan.implants[finding.implant].name, nameOf(plan, finding.other)));
         painter.setFont(fontOf(19, false));
-        painter.setPen(finding.collides ? QColor(collisionColours::kColliding).lighter(120) : kClearColour);
+        painter.setPen(finding.collides ? QColor(collisionColours::kColliding).lighter(120)
+                                        : kClearColour);
         painter.drawText(QRect(corner.x(), corner.y() - titleHeight + 32, pixels.width(), 30),
                          Qt::AlignLeft | Qt::AlignVCenter,
                          QStringLiteral("%1, %2").arg(finding.collides ? QStringLiteral("collision")
                                                                        : QStringLiteral("clear"),
                                                       apart(finding.clearanceMm)));
-        const Cut cut =
-            cutThrough(plan.implants[finding.implant], besideOf(plan, finding), pixels, orientationKnown);
+        const Cut cut = cutThrough(plan.implants[finding.implant], besideOf(plan, finding), pixels,
+                                   orientationKnown);
         CutPainter cutPainter(painter, sampler, scale, cut, corner);
         outlinePlan(cutPainter, plan, {finding},
                     finding.other.kind == PartKind::Implant ? qsizetype(-1) : finding.implant);
@@ -393,16 +413,16 @@ QImage paintFindings(const Sampler& sampler, const GreyScale& scale, bool orient
     return image;
 }
 
-QImage paintDrag(const Sampler& sampler, const GreyScale& scale, bool orientationKnown, const Plan& plan,
-                 qsizetype implant, qsizetype nerve, const QList<DragStep>& steps)
+QImage paintDrag(const Sampler& sampler, const GreyScale& scale, bool orientationKnown,
+                 const Plan& plan, qsizetype implant, qsizetype nerve, const QList<DragStep>& steps)
 {
     const QSize pixels(312, 360);
     constexpr int gap = 12;
     constexpr int titleHeight = 46;
     constexpr int verdictHeight = 96;
     const auto frames = static_cast<int>(steps.size());
-    QImage image(frames * (pixels.width() + gap) + gap, gap + titleHeight + pixels.height() + verdictHeight,
-                 QImage::Format_RGB32);
+    QImage image(frames * (pixels.width() + gap) + gap,
+                 gap + titleHeight + pixels.height() + verdictHeight, QImage::Format_RGB32);
     image.fill(kGroundColour);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
@@ -431,7 +451,8 @@ QImage paintDrag(const Sampler& sampler, const GreyScale& scale, bool orientatio
             cutPainter.bar(16);
         }
         painter.setFont(fontOf(26, true));
-        painter.setPen(step.collides ? QColor(collisionColours::kColliding).lighter(120) : kClearColour);
+        painter.setPen(step.collides ? QColor(collisionColours::kColliding).lighter(120)
+                                     : kClearColour);
         painter.drawText(QRect(corner.x(), corner.y() + pixels.height() + 8, pixels.width(), 40),
                          Qt::AlignCenter,
                          step.collides ? QStringLiteral("collision") : QStringLiteral("clear"));

@@ -27,19 +27,22 @@ inline constexpr QRgb kColliding = 0xffff3b30;
 
 /// Returns whether the grey values tell where bone is, so that paintJaw() shows it.
 bool isBoneShown(const GreyScale& scale);
-/// Paints the plan within the lower jaw, seen from the front, from above and from the patient's left. The bone is shown
-/// as glass without the crowns of its teeth, if the grey values tell where it is. The plan has an implant. Needs a
-/// QGuiApplication, as all do.
-QImage paintJaw(const Case& planned, const Sampler& sampler, const GreyScale& scale, const Plan& plan,
-                const QList<Finding>& findings, const std::function<void(double)>& progress = {});
+/// Paints the plan within the lower jaw, seen from the front, from above and from the patient's
+/// left. The bone is shown as glass without the crowns of its teeth, if the grey values tell where
+/// it is. The plan has an implant. Needs a QGuiApplication, as all do.
+QImage paintJaw(const Case& planned, const Sampler& sampler, const GreyScale& scale,
+                const Plan& plan, const QList<Finding>& findings,
+                const std::function<void(double)>& progress = {});
 
-/// A cut through the CT for each finding, two beside each other: through the axis of the implant and the nearest point
-/// of what it is too close to.
-QImage paintFindings(const Sampler& sampler, const GreyScale& scale, bool orientationKnown, const Plan& plan,
-                     const QList<Finding>& shown);
+/// A cut through the CT for each finding, two beside each other: through the axis of the implant
+/// and the nearest point of what it is too close to.
+QImage paintFindings(const Sampler& sampler, const GreyScale& scale, bool orientationKnown,
+                     const Plan& plan, const QList<Finding>& shown);
 
-/// The steps of a drag beside each other, as cuts through the implant's axis and the nearest point of the nerve.
-QImage paintDrag(const Sampler& sampler, const GreyScale& scale, bool orientationKnown, const Plan& plan,
-                 qsizetype implant, qsizetype nerve, const QList<DragStep>& steps);
+/// The steps of a drag beside each other, as cuts through the implant's axis and the nearest point
+/// of the nerve.
+QImage paintDrag(const Sampler& sampler, const GreyScale& scale, bool orientationKnown,
+                 const Plan& plan, qsizetype implant, qsizetype nerve,
+                 const QList<DragStep>& steps);
 
 } // namespace planner

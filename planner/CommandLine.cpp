@@ -31,35 +31,36 @@ std::optional<Options> parseCommandLine(int argumentCount, const char* const* ar
     std::string series;
     float voxelSizeMm = 0.5F;
 
-    CLI::App app{
-        "Cuts views out of a head CT, maps landmarks into them and back, and writes a report with pictures.\n"
-        "Without --ct it works on a built-in patient that is painted from formulas. Not for clinical use.",
-        "planner"};
-    app.add_option("--report", reportFolder,
-                   "Folder for the report, index.html and its pictures; made if it is not there (its parent "
-                   "folder must be). In a folder that is there already only files with the names of the "
-                   "report's own are replaced.")
+    CLI::App app{"Cuts views out of a head CT, maps landmarks into them and back, and writes a "
+                 "report with pictures.\n"
+                 "Without --ct it works on a built-in patient that is painted from formulas. Not "
+                 "for clinical use.",
+                 "planner"};
+    app.add_option(
+           "--report", reportFolder,
+           "Folder for the report, index.html and its pictures; made if it is not there (its "
+           "parent "
+           "folder must be). In a folder that is there already only files with the names of the "
+           "report's own are replaced.")
         ->required()
         ->type_name("DIR");
-    CLI::Option* ct =
-        app.add_option(
-               "--ct", ctPath,
-               "The CT: a NIfTI, MetaImage or NRRD file, a DICOM file with all slices, or a folder with the "
-               "files of a DICOM series, in subfolders too")
-            ->type_name("FILE|DIR");
-    app.add_option(
-           "--series", series,
-           "Which DICOM series, if there are several: its number in the list that is printed without this "
-           "option, or its UID")
+    CLI::Option* ct = app.add_option("--ct", ctPath,
+                                     "The CT: a NIfTI, MetaImage or NRRD file, a DICOM file with "
+                                     "all slices, or a folder with the "
+                                     "files of a DICOM series, in subfolders too")
+                          ->type_name("FILE|DIR");
+    app.add_option("--series", series,
+                   "Which DICOM series, if there are several: its number in the list that is "
+                   "printed without this "
+                   "option, or its UID")
         ->type_name("NUMBER|UID")
         ->needs(ct);
-    CLI::Option* landmarks =
-        app.add_option(
-               "--landmarks", landmarksPath,
-               "Landmarks of that CT as JSON; without this option a landmarks.json beside the CT is used "
-               "if it is there")
-            ->type_name("FILE")
-            ->needs(ct);
+    CLI::Option* landmarks = app.add_option("--landmarks", landmarksPath,
+                                            "Landmarks of that CT as JSON; without this option a "
+                                            "landmarks.json beside the CT is used "
+                                            "if it is there")
+                                 ->type_name("FILE")
+                                 ->needs(ct);
     app.add_option("--voxel-size", voxelSizeMm,
                    "Voxel size of the built-in patient in mm, 0.2 to 4 (default 0.5)")
         ->type_name("MM")
@@ -79,7 +80,8 @@ std::optional<Options> parseCommandLine(int argumentCount, const char* const* ar
         const std::vector<std::string> unknown = app.remaining();
         if (!unknown.empty())
             throw Failure(
-                QStringLiteral("There is no option or argument \"%1\" (planner --help lists the options)")
+                QStringLiteral(
+                    "There is no option or argument \"%1\" (planner --help lists the options)")
                     .arg(QString::fromLocal8Bit(unknown.front()).simplified()));
         throw Failure(QString::fromLocal8Bit(error.what()).simplified() +
                       QStringLiteral(" (planner --help lists the options)"));

@@ -79,7 +79,8 @@ private:
         // Only near a tooth and within its crown: the patient is dear to ask.
         const bool near = std::any_of(teeth.begin(), teeth.end(), [&](const phantom::Tooth& tooth) {
             const QVector3D offset = place - tooth.occlusalPoint;
-            return std::hypot(offset.x(), offset.y()) < kRoundMm && offset.z() * crownwards > -kCrownMm;
+            return std::hypot(offset.x(), offset.y()) < kRoundMm &&
+                   offset.z() * crownwards > -kCrownMm;
         });
         if (!near)
             return false;
@@ -91,14 +92,17 @@ private:
     void smooth(const std::vector<float>& isTooth)
     {
         fractions.resize(isTooth.size());
-        const auto clamped = [this](int axis, int index) { return std::clamp(index, 0, size[axis] - 1); };
+        const auto clamped = [this](int axis, int index) {
+            return std::clamp(index, 0, size[axis] - 1);
+        };
         for (int z = 0; z < size[2]; ++z) {
             for (int y = 0; y < size[1]; ++y) {
                 for (int x = 0; x < size[0]; ++x) {
                     float sum = 0.0F;
                     for (int n = 0; n < 27; ++n)
-                        sum += isTooth[number(clamped(0, x + n % 3 - 1), clamped(1, y + n / 3 % 3 - 1),
-                                              clamped(2, z + n / 9 - 1))];
+                        sum +=
+                            isTooth[number(clamped(0, x + n % 3 - 1), clamped(1, y + n / 3 % 3 - 1),
+                                           clamped(2, z + n / 9 - 1))];
                     fractions[number(x, y, z)] = sum / 27.0F;
                 }
             }
@@ -115,14 +119,16 @@ private:
 
 constexpr float kBorder = 0.5F;
 
-// One vertex for every cell that the surface passes, at the mean of its crossings with the cell's edges, and two
-// triangles for every edge of the grid that it crosses, between the four cells around.
+// One vertex for every cell that the surface passes, at the mean of its crossings with the cell's
+// edges, and two triangles for every edge of the grid that it crosses, between the four cells
+// around.
 class SurfaceNet
 {
 public:
     explicit SurfaceNet(const ToothGrid& toothGrid) : grid(toothGrid)
     {
-        cells.assign(static_cast<std::size_t>(grid.extent(0)) * grid.extent(1) * grid.extent(2), -1);
+        cells.assign(static_cast<std::size_t>(grid.extent(0)) * grid.extent(1) * grid.extent(2),
+                     -1);
         for (int z = 0; z + 1 < grid.extent(2); ++z) {
             for (int y = 0; y + 1 < grid.extent(1); ++y) {
                 for (int x = 0; x + 1 < grid.extent(0); ++x)
@@ -145,10 +151,14 @@ private:
     using Place = std::array<int, 3>;
 
     float fraction(const Place& place) const { return grid.fraction(place[0], place[1], place[2]); }
-    QVector3D position(const Place& place) const { return grid.position(place[0], place[1], place[2]); }
+    QVector3D position(const Place& place) const
+    {
+        return grid.position(place[0], place[1], place[2]);
+    }
     int& cell(const Place& place)
     {
-        return cells[(static_cast<std::size_t>(place[2]) * grid.extent(1) + place[1]) * grid.extent(0) +
+        return cells[(static_cast<std::size_t>(place[2]) * grid.extent(1) + place[1]) *
+                         grid.extent(0) +
                      place[0]];
     }
 
@@ -157,7 +167,8 @@ private:
         QVector3D sum;
         int crossings = 0;
         for (int corner = 0; corner < 8; ++corner) {
-            const Place from{place[0] + (corner & 1), place[1] + (corner >> 1 & 1), place[2] + (corner >> 2)};
+            const Place from{place[0] + (corner & 1), place[1] + (corner >> 1 & 1),
+                             place[2] + (corner >> 2)};
             for (int axis = 0; axis < 3; ++axis) {
                 if ((corner >> axis & 1) != 0)
                     continue;

@@ -13,11 +13,12 @@ class Patient;
 
 namespace planner {
 
-/// What a scanner would see of one arch's teeth: the surface of the crowns of the built-in patient, where they
-/// stand, LPS mm, open towards the roots. Triangles are counter-clockwise seen from outside.
+/// What a scanner would see of one arch's teeth: the surface of the crowns of the built-in patient,
+/// where they stand, LPS mm, open towards the roots. Triangles are counter-clockwise seen from
+/// outside.
 ///
-/// The patient is asked on a grid of 0.5 mm, averaged over neighbouring places, and the surface laid midway
-/// between tooth and no tooth. Antagonists are left out, also where they touch.
+/// The patient is asked on a grid of 0.5 mm, averaged over neighbouring places, and the surface
+/// laid midway between tooth and no tooth. Antagonists are left out, also where they touch.
 geometry::Mesh scanCrowns(const phantom::Patient& patient, ToothChart::ArchType arch,
                           const std::function<void(double)>& progress = {});
 

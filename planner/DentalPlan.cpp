@@ -20,7 +20,8 @@ namespace {
 
 using Teeth = QMap<ToothChart::Tooth, QVector3D>;
 
-constexpr auto kPreferredMissingTooth = ToothChart::Tooth(30); // FDI 46, the tooth that is most often lost
+constexpr auto kPreferredMissingTooth =
+    ToothChart::Tooth(30); // FDI 46, the tooth that is most often lost
 constexpr qsizetype kFewestTeeth = 4;
 constexpr float kLabelOffset = 9.0F; // mm, as for the labels of the other teeth
 
@@ -71,19 +72,21 @@ std::shared_ptr<PlanarDentalSpline> drawArch(Teeth teeth, ToothChart::ArchType a
     }
     auto spline = std::make_shared<PlanarDentalSpline>();
     PlanarDentalSplineUpdater::update(*spline, points, teeth, 0, arch,
-                                      std::make_unique<math::CatmullRomSpline3D>(), AutomaticallyCreated);
+                                      std::make_unique<math::CatmullRomSpline3D>(),
+                                      AutomaticallyCreated);
     return spline;
 }
 
 // A label without a tooth, at the interpolated place of the tooth on the arch.
-std::shared_ptr<ToothAnnotation3D> labelMissingTooth(ToothChart::Tooth tooth, PlanarDentalSpline& arch,
-                                                     const QVector3D& place)
+std::shared_ptr<ToothAnnotation3D>
+labelMissingTooth(ToothChart::Tooth tooth, PlanarDentalSpline& arch, const QVector3D& place)
 {
     const bool upper = ToothChart::isUpperTooth(tooth);
     auto label = std::make_shared<ToothAnnotation3D>();
     label->setToothType(tooth);
     label->setPosition(place + QVector3D(0.0F, 0.0F, upper ? kLabelOffset : -kLabelOffset));
-    label->setDirection(arch.getDirection(ComputeIndexOnGuidingLine::getToothIndex(tooth, &arch, false)));
+    label->setDirection(
+        arch.getDirection(ComputeIndexOnGuidingLine::getToothIndex(tooth, &arch, false)));
     return label;
 }
 
@@ -131,7 +134,8 @@ DentalPlan planTeeth(const Case& planned)
     plan.labels = ToothAnnotations3DGenerator::generate(splines, all.keys(), mouth.get());
 
     const auto gaps = ComputeIndexOnGuidingLine::getIntermediateTeeth(archOfMissing.get(), nullptr);
-    if (const auto gap = gaps.find(missing); gap != gaps.end()) { // not so if its neighbors are at one point
+    if (const auto gap = gaps.find(missing);
+        gap != gaps.end()) { // not so if its neighbors are at one point
         CreatedTooth created{missing, gap->second, all.value(missing), 0.0};
         QVector3D apart = created.interpolated - created.landmark;
         apart.setZ(0.0F);
@@ -164,13 +168,15 @@ NerveGuidingSplineCalculatorSettings nerveSettings(const QVector3D& mandibularFo
 
 std::optional<NerveProposal> proposeNerve(const Case& planned, bool right)
 {
-    const Landmark* mandibular = findLandmark(
-        planned.landmarks, QString::fromUtf16(right ? kRightMandibularForamen : kLeftMandibularForamen));
-    const Landmark* mental =
-        findLandmark(planned.landmarks, QString::fromUtf16(right ? kRightMentalForamen : kLeftMentalForamen));
+    const Landmark* mandibular =
+        findLandmark(planned.landmarks,
+                     QString::fromUtf16(right ? kRightMandibularForamen : kLeftMandibularForamen));
+    const Landmark* mental = findLandmark(
+        planned.landmarks, QString::fromUtf16(right ? kRightMentalForamen : kLeftMentalForamen));
     if (!mandibular || !mental)
         return std::nullopt;
-    NerveGuidingSplineCalculator calculator(nerveSettings(mandibular->position, mental->position, right));
+    NerveGuidingSplineCalculator calculator(
+        nerveSettings(mandibular->position, mental->position, right));
     NerveProposal proposal{right, {}, std::make_shared<GuidingSpline>()};
     if (!calculator.fillSpline(proposal.spline.get()))
         return std::nullopt;

@@ -32,15 +32,17 @@ struct CreatedTooth
 /// The arches, teeth and labels of a case.
 struct DentalPlan
 {
-    /// Upper before lower; only arches with four teeth or more. Each lies at the mean height of its teeth.
+    /// Upper before lower; only arches with four teeth or more. Each lies at the mean height of its
+    /// teeth.
     QList<std::shared_ptr<PlanarDentalSpline>> arches;
     std::shared_ptr<Diagnosis> diagnosis;
     QList<std::shared_ptr<ToothAnnotation3D>> labels;
     std::optional<CreatedTooth> created;
 };
 
-/// Draws the arches through the tooth landmarks, labels the teeth, and shows how a missing tooth is created: one tooth
-/// (46 or, without it, one amid its arch) is left out of arch and mouth, and labelled at its interpolated place.
+/// Draws the arches through the tooth landmarks, labels the teeth, and shows how a missing tooth is
+/// created: one tooth (46 or, without it, one amid its arch) is left out of arch and mouth, and
+/// labelled at its interpolated place.
 DentalPlan planTeeth(const Case& planned);
 
 /// Number of the landmark's tooth in Universal numbering; 0 if it is none.
@@ -48,11 +50,12 @@ int toothNumberOf(const Landmark& landmark);
 
 /// The settings that the planner proposes a nerve with.
 ///
-/// Fitted to the four canals of the built-in patient and of a segmented cone-beam CT. Seen from above, the canals run
-/// 1.5 mm to the inner side of the straight line between the foramina, leave the bone outwards at the mental foramen
-/// and come from the inner side at the mandibular one: hence the two right angles, which bend the ends to opposite
-/// sides. With ends of 10 mm the mean distance seen from above is 1.0 mm, against 1.8 mm for the straight line. Longer
-/// ends gain less than 0.1 mm and leave the jaw.
+/// Fitted to the four canals of the built-in patient and of a segmented cone-beam CT. Seen from
+/// above, the canals run 1.5 mm to the inner side of the straight line between the foramina, leave
+/// the bone outwards at the mental foramen and come from the inner side at the mandibular one:
+/// hence the two right angles, which bend the ends to opposite sides. With ends of 10 mm the mean
+/// distance seen from above is 1.0 mm, against 1.8 mm for the straight line. Longer ends gain less
+/// than 0.1 mm and leave the jaw.
 NerveGuidingSplineCalculatorSettings nerveSettings(const QVector3D& mandibularForamen,
                                                    const QVector3D& mentalForamen, bool right);
 

@@ -25,7 +25,8 @@ namespace {
 
 constexpr float kSampleMm = 0.2F;
 constexpr float kMarginMm = 18.0F;
-constexpr float kNerveMarginMm = 28.0F;     // above and below the nerves lie teeth and the edge of the jaw
+constexpr float kNerveMarginMm =
+    28.0F; // above and below the nerves lie teeth and the edge of the jaw
 constexpr float kIntoTheCrownsMm = 4.0F;    // from the occlusal points to the slice of the arch
 constexpr float kLabelBesideArchMm = 11.0F; // so that labels do not hide the teeth
 
@@ -46,9 +47,9 @@ QString fdiAndUniversal(int tooth)
 }
 
 // A rectangle round positions, with a margin, in the plane through a point spanned by two axes.
-std::shared_ptr<PlanarReslice> resliceRound(const QList<QVector3D>& positions, const QVector3D& point,
-                                            const QVector3D& direction0, const QVector3D& direction1,
-                                            float margin)
+std::shared_ptr<PlanarReslice> resliceRound(const QList<QVector3D>& positions,
+                                            const QVector3D& point, const QVector3D& direction0,
+                                            const QVector3D& direction1, float margin)
 {
     float low0 = 0.0F;
     float high0 = 0.0F;
@@ -71,7 +72,8 @@ std::shared_ptr<PlanarReslice> resliceRound(const QList<QVector3D>& positions, c
     matrix.setColumn(0, QVector4D(direction0, 0.0F));
     matrix.setColumn(1, QVector4D(direction1, 0.0F));
     matrix.setColumn(2, QVector4D(QVector3D::crossProduct(direction0, direction1), 0.0F));
-    matrix.setColumn(3, QVector4D(point + direction0 * (low0 - margin) + direction1 * (low1 - margin), 1.0F));
+    matrix.setColumn(
+        3, QVector4D(point + direction0 * (low0 - margin) + direction1 * (low1 - margin), 1.0F));
     reslice->setTransformationFromResliceToWorld(matrix);
     return reslice;
 }
@@ -81,19 +83,22 @@ std::shared_ptr<PlanarReslice> axialReslice(const QList<QVector3D>& positions, f
 {
     QVector3D point = positions.first();
     point.setZ(height);
-    auto reslice = resliceRound(positions, point, {1.0F, 0.0F, 0.0F}, {0.0F, 1.0F, 0.0F}, kMarginMm);
+    auto reslice =
+        resliceRound(positions, point, {1.0F, 0.0F, 0.0F}, {0.0F, 1.0F, 0.0F}, kMarginMm);
     reslice->setMirroredIn2D(false, true);
     return reslice;
 }
 
 // Upright through both foramina, seen from outside: anterior is on the left for the left side.
-std::shared_ptr<PlanarReslice> uprightReslice(const QList<QVector3D>& positions, const NerveProposal& nerve)
+std::shared_ptr<PlanarReslice> uprightReslice(const QList<QVector3D>& positions,
+                                              const NerveProposal& nerve)
 {
     const QVector3D mental = nerve.points[1];
     const QVector3D mandibular = nerve.points[3];
     QVector3D towardsRight = nerve.right ? mental - mandibular : mandibular - mental;
     towardsRight.setZ(0.0F);
-    return resliceRound(positions, mandibular, towardsRight.normalized(), {0.0F, 0.0F, 1.0F}, kNerveMarginMm);
+    return resliceRound(positions, mandibular, towardsRight.normalized(), {0.0F, 0.0F, 1.0F},
+                        kNerveMarginMm);
 }
 
 QPointF inView(const PlanarReslice& reslice, const QVector3D& position)
@@ -101,8 +106,8 @@ QPointF inView(const PlanarReslice& reslice, const QVector3D& position)
     return CoordinateMapper::_3D_To_2D_PlanarPoint(&reslice, position);
 }
 
-PictureCurve curveOf(const QList<QVector3D>& path, const PlanarReslice& reslice, const QColor& colour,
-                     bool dotted = false)
+PictureCurve curveOf(const QList<QVector3D>& path, const PlanarReslice& reslice,
+                     const QColor& colour, bool dotted = false)
 {
     PictureCurve curve{{}, colour, dotted ? 3.5 : 2.5, dotted};
     for (const auto& [point, verdict] : CoordinateMapper::mapAllPointsOntoReslice(path, reslice))
@@ -113,9 +118,10 @@ PictureCurve curveOf(const QList<QVector3D>& path, const PlanarReslice& reslice,
 EdgeLetters edgesOf(const PlanarReslice& reslice, bool known)
 {
     const QVector3D right = reslice.getDirection0(false);
-    const QVector3D top = reslice.getDirection1(false) * (reslice.isMirroredVerticallyIn2D() ? -1.0F : 1.0F);
-    return {directionLetters(-right, known), directionLetters(right, known), directionLetters(top, known),
-            directionLetters(-top, known)};
+    const QVector3D top =
+        reslice.getDirection1(false) * (reslice.isMirroredVerticallyIn2D() ? -1.0F : 1.0F);
+    return {directionLetters(-right, known), directionLetters(right, known),
+            directionLetters(top, known), directionLetters(-top, known)};
 }
 
 // The slice cut out, as a picture without anything on it.
@@ -123,14 +129,18 @@ class Slices
 {
 public:
     Slices(const Case& openedCase, Progress& told)
-        : planned(openedCase), progress(told), scale(openedCase.volume.image), sampler(openedCase.volume)
+        : planned(openedCase),
+          progress(told),
+          scale(openedCase.volume.image),
+          sampler(openedCase.volume)
     {}
 
     PictureContent cut(const PlanarReslice& reslice, const QString& title)
     {
         progress.step(QStringLiteral("Sampling %1").arg(title));
         PictureContent content;
-        content.samples = cutOut(sampler, scale, reslice, [this](double done) { progress.fraction(done); });
+        content.samples =
+            cutOut(sampler, scale, reslice, [this](double done) { progress.fraction(done); });
         content.sampleSizeMm = reslice.getSampleSize();
         content.edges = edgesOf(reslice, planned.volume.orientationKnown);
         return content;
@@ -154,8 +164,10 @@ QVector3D middleOf(const QList<QVector3D>& path)
 // Beside the arch, on its outer side.
 QVector3D besideArch(const ToothAnnotation3D& label, const PlanarDentalSpline& arch)
 {
-    QVector3D outwards = QVector3D::crossProduct(label.getDirection(), arch.getUpperDirection()).normalized();
-    if (QVector3D::dotProduct(outwards, label.getPosition() - middleOf(arch.getOriginalPath())) < 0.0F)
+    QVector3D outwards =
+        QVector3D::crossProduct(label.getDirection(), arch.getUpperDirection()).normalized();
+    if (QVector3D::dotProduct(outwards, label.getPosition() - middleOf(arch.getOriginalPath())) <
+        0.0F)
         outwards = -outwards;
     return label.getPosition() + outwards * kLabelBesideArchMm;
 }
@@ -175,7 +187,8 @@ void addArch(Section& section, Slices& slices, const DentalPlan& plan, PlanarDen
     PictureContent content = slices.cut(*reslice, QStringLiteral("the ") + title.toLower());
     content.curves.append(curveOf(path, *reslice, kArchColour));
     for (const auto& point : arch.getControlPoints())
-        content.notes.append({inView(*reslice, point->getPosition()), PictureNote::Dot, {}, kPointColour});
+        content.notes.append(
+            {inView(*reslice, point->getPosition()), PictureNote::Dot, {}, kPointColour});
     QString createdSentence;
     for (const auto& label : plan.labels) {
         if (!isOfArch(*label, arch))
@@ -185,19 +198,23 @@ void addArch(Section& section, Slices& slices, const DentalPlan& plan, PlanarDen
                               fdiAndUniversal(label->getToothType()),
                               created ? kCreatedColour : kPointColour.lighter(125)});
         if (created) {
-            content.notes.append(
-                {inView(*reslice, plan.created->interpolated), PictureNote::Ring, {}, kCreatedColour});
+            content.notes.append({inView(*reslice, plan.created->interpolated),
+                                  PictureNote::Ring,
+                                  {},
+                                  kCreatedColour});
             createdSentence = QStringLiteral(" The ring is the created tooth.");
         }
     }
     const QString caption =
-        QStringLiteral("<p>The arch is drawn through the occlusal points of its teeth, its control points "
-                       "(dots), all at their mean height. Labels: Universal · FDI number, set outside the "
-                       "arch.%1</p><p>Slice at z = %2 mm, %3 mm into the crowns.</p>")
+        QStringLiteral(
+            "<p>The arch is drawn through the occlusal points of its teeth, its control points "
+            "(dots), all at their mean height. Labels: Universal · FDI number, set outside the "
+            "arch.%1</p><p>Slice at z = %2 mm, %3 mm into the crowns.</p>")
             .arg(createdSentence, number(static_cast<double>(height), 1),
                  number(static_cast<double>(kIntoTheCrownsMm), 0));
-    section.pictures.append({upper ? QStringLiteral("arch-upper.png") : QStringLiteral("arch-lower.png"),
-                             title, caption, paintPicture(content)});
+    section.pictures.append(
+        {upper ? QStringLiteral("arch-upper.png") : QStringLiteral("arch-lower.png"), title,
+         caption, paintPicture(content)});
 }
 
 void drawNerve(PictureContent& content, const PlanarReslice& reslice, const NerveProposal& nerve,
@@ -244,12 +261,14 @@ QString sidewaysSentence(const NerveProposal& nerve, const CanalLine* canal)
     const double sag = static_cast<double>(nerve.points[2].z() - lowest->z());
     if (sag > 0.0)
         sentence +=
-            QStringLiteral(" The canal (dotted) sags up to %1 mm below it: the surgeon lowers the middle.")
+            QStringLiteral(
+                " The canal (dotted) sags up to %1 mm below it: the surgeon lowers the middle.")
                 .arg(sag, 0, 'f', 1);
     return sentence;
 }
 
-void addNerves(Section& section, Slices& slices, const Case& planned, const QList<NerveProposal>& nerves)
+void addNerves(Section& section, Slices& slices, const Case& planned,
+               const QList<NerveProposal>& nerves)
 {
     QList<QVector3D> all;
     float height = 0.0F;
@@ -269,8 +288,9 @@ void addNerves(Section& section, Slices& slices, const Case& planned, const QLis
         drawNerve(fromBelow, *axial, nerve, findCanal(planned.canals, nerve.right));
     section.pictures.append(
         {QStringLiteral("nerves-axial.png"), QStringLiteral("Proposed nerves, axial"),
-         QStringLiteral("<p>%1</p><p>Slice at z = %2 mm, the mean height of the proposals; all lines are "
-                        "projected onto it.</p>")
+         QStringLiteral(
+             "<p>%1</p><p>Slice at z = %2 mm, the mean height of the proposals; all lines are "
+             "projected onto it.</p>")
              .arg(legend, number(static_cast<double>(height), 1)),
          paintPicture(fromBelow)});
     for (const NerveProposal& nerve : nerves) {
@@ -280,7 +300,8 @@ void addNerves(Section& section, Slices& slices, const Case& planned, const QLis
             shown += canal->points;
         const auto upright = uprightReslice(shown, nerve);
         const QString name = sideName(nerve.right);
-        PictureContent content = slices.cut(*upright, QStringLiteral("the %1 nerve from the side").arg(name));
+        PictureContent content =
+            slices.cut(*upright, QStringLiteral("the %1 nerve from the side").arg(name));
         drawNerve(content, *upright, nerve, canal);
         section.pictures.append({QStringLiteral("nerve-%1.png").arg(name),
                                  QStringLiteral("Proposed nerve, %1, from the side").arg(name),
@@ -327,9 +348,11 @@ Table teethTable(const DentalPlan& plan)
             const QVector3D at = label->getPosition();
             table.rows.append(
                 {QString::number(tooth), QString::number(fdiNumber(tooth)),
-                 QString::number(ComputeIndexOnGuidingLine::getToothIndex(tooth, arch.get(), false)),
-                 QStringLiteral("%1, %2").arg(first).arg(second), number(static_cast<double>(at.x()), 1),
-                 number(static_cast<double>(at.y()), 1), number(static_cast<double>(at.z()), 1)});
+                 QString::number(
+                     ComputeIndexOnGuidingLine::getToothIndex(tooth, arch.get(), false)),
+                 QStringLiteral("%1, %2").arg(first).arg(second),
+                 number(static_cast<double>(at.x()), 1), number(static_cast<double>(at.y()), 1),
+                 number(static_cast<double>(at.z()), 1)});
         }
     }
     return table;
@@ -356,14 +379,15 @@ QString teethSentence(const DentalPlan& plan)
 {
     if (plan.arches.isEmpty())
         return QStringLiteral("No arch is drawn: four tooth landmarks of one jaw are needed.");
-    QString sentence =
-        QStringLiteral("%1 teeth labelled on %2.")
-            .arg(plan.labels.size())
-            .arg(plan.arches.size() == 1 ? QStringLiteral("one arch") : QStringLiteral("two arches"));
+    QString sentence = QStringLiteral("%1 teeth labelled on %2.")
+                           .arg(plan.labels.size())
+                           .arg(plan.arches.size() == 1 ? QStringLiteral("one arch")
+                                                        : QStringLiteral("two arches"));
     if (plan.created)
         sentence +=
-            QStringLiteral(" Tooth %1 (FDI %2) was left out of the mouth, found by its label and created; "
-                           "interpolated between its neighbours it lies %3 mm from its landmark.")
+            QStringLiteral(
+                " Tooth %1 (FDI %2) was left out of the mouth, found by its label and created; "
+                "interpolated between its neighbours it lies %3 mm from its landmark.")
                 .arg(plan.created->number)
                 .arg(fdiNumber(plan.created->number))
                 .arg(plan.created->distanceMm, 0, 'f', 1);
@@ -376,11 +400,13 @@ QString nervesSentence(const Case& planned, const QList<NerveProposal>& nerves)
         return QStringLiteral("No nerve is proposed: both foramina of a side are needed.");
     QStringList parts;
     for (const QStringList& row : nervesTable(planned, nerves).rows)
-        parts.append(QStringLiteral("%1 nerve: mean %2, largest %3 mm from the canal (from above %4 and %5)")
-                         .arg(row[0], row[1], row[2], row[3], row[4]));
+        parts.append(
+            QStringLiteral("%1 nerve: mean %2, largest %3 mm from the canal (from above %4 and %5)")
+                .arg(row[0], row[1], row[2], row[3], row[4]));
     const QString unknown = unknownCanals(planned, nerves);
-    return (parts.isEmpty() ? QStringLiteral("Nerves proposed from the foramina.")
-                            : QStringLiteral("Proposed %1.").arg(parts.join(QStringLiteral("; ")))) +
+    return (parts.isEmpty()
+                ? QStringLiteral("Nerves proposed from the foramina.")
+                : QStringLiteral("Proposed %1.").arg(parts.join(QStringLiteral("; ")))) +
            (unknown.isEmpty() ? QString() : u' ' + unknown);
 }
 
@@ -405,17 +431,19 @@ Section createDentalSection(const Case& planned, Progress& progress)
         addNerves(section, slices, planned, nerves);
     progress.finish();
 
-    section.introductionHtml =
-        QStringLiteral("<p>%1</p>\n<p>%2</p>\n")
-            .arg(teethSentence(plan).toHtmlEscaped(), nervesSentence(planned, nerves).toHtmlEscaped());
+    section.introductionHtml = QStringLiteral("<p>%1</p>\n<p>%2</p>\n")
+                                   .arg(teethSentence(plan).toHtmlEscaped(),
+                                        nervesSentence(planned, nerves).toHtmlEscaped());
     if (!plan.arches.isEmpty())
-        section.detailsHtml = QStringLiteral("<details><summary>All teeth</summary>\n%1</details>\n")
-                                  .arg(htmlOf(teethTable(plan)));
+        section.detailsHtml =
+            QStringLiteral("<details><summary>All teeth</summary>\n%1</details>\n")
+                .arg(htmlOf(teethTable(plan)));
     const Table comparison = nervesTable(planned, nerves);
     if (!comparison.rows.isEmpty())
         section.detailsHtml +=
-            QStringLiteral("<p>From the points of each canal's center line to the nearest sample of the "
-                           "proposal, in space and as seen from above:</p>\n%1")
+            QStringLiteral(
+                "<p>From the points of each canal's center line to the nearest sample of the "
+                "proposal, in space and as seen from above:</p>\n%1")
                 .arg(htmlOf(comparison));
     section.plainText = teethSentence(plan) + u'\n' + nervesSentence(planned, nerves) + u'\n';
     return section;

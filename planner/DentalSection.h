@@ -9,8 +9,8 @@ namespace planner {
 
 class Progress;
 
-/// The arches with their control points and tooth labels, a missing tooth found and created, and the nerves proposed
-/// from the foramina over the canals, as far as these are known.
+/// The arches with their control points and tooth labels, a missing tooth found and created, and
+/// the nerves proposed from the foramina over the canals, as far as these are known.
 Section createDentalSection(const Case& planned, Progress& progress);
 
 } // namespace planner

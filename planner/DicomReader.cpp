@@ -34,12 +34,13 @@ namespace planner {
 
 namespace {
 
-constexpr double kSpacingTolerance = 0.1;    // of the distance between slices; a missing slice makes it 1
-constexpr double kTiltTolerance = 0.01;      // sine of the angle between the stack's axis and the normal
-constexpr double kEqualSpacingMm = 1e-4;     // of pixels
-constexpr qsizetype kMostFiles = 50'000;     // in a folder; a study of a whole body has some thousands
-constexpr qsizetype kNamedFiles = 3;         // of those left out
-constexpr qsizetype kListedSeries = 20;      // in a message
+constexpr double kSpacingTolerance =
+    0.1; // of the distance between slices; a missing slice makes it 1
+constexpr double kTiltTolerance = 0.01; // sine of the angle between the stack's axis and the normal
+constexpr double kEqualSpacingMm = 1e-4; // of pixels
+constexpr qsizetype kMostFiles = 50'000; // in a folder; a study of a whole body has some thousands
+constexpr qsizetype kNamedFiles = 3;     // of those left out
+constexpr qsizetype kListedSeries = 20;  // in a message
 constexpr qint64 kMemoryAnyway = 64'000'000; // that libraries take for the pixels of any file
 
 // All of a folder and its subfolders, by path, or the file itself.
@@ -52,10 +53,11 @@ QStringList filesAt(const QString& path)
     while (entries.hasNext()) {
         files.append(entries.next());
         if (files.size() > kMostFiles)
-            throw Failure(
-                path, QStringLiteral("the folder and its subfolders hold more than %1 files; name the one "
-                                     "with the DICOM series")
-                          .arg(kMostFiles));
+            throw Failure(path,
+                          QStringLiteral(
+                              "the folder and its subfolders hold more than %1 files; name the one "
+                              "with the DICOM series")
+                              .arg(kMostFiles));
     }
     files.sort();
     return files;
@@ -80,22 +82,26 @@ QString listed(const QList<DicomStack>& stacks)
     return lines.join(QStringLiteral(", "));
 }
 
-// The stack that is asked for, by its number in the list or by its series' UID; the only one if none is.
-const DicomStack& chosen(const QString& path, const QList<DicomStack>& stacks, const QString& series)
+// The stack that is asked for, by its number in the list or by its series' UID; the only one if
+// none is.
+const DicomStack& chosen(const QString& path, const QList<DicomStack>& stacks,
+                         const QString& series)
 {
     if (series.isEmpty()) {
         if (stacks.size() > 1)
-            throw Failure(path, QStringLiteral("there are %1 DICOM series; choose one with --series: %2")
-                                    .arg(stacks.size())
-                                    .arg(listed(stacks)));
+            throw Failure(path,
+                          QStringLiteral("there are %1 DICOM series; choose one with --series: %2")
+                              .arg(stacks.size())
+                              .arg(listed(stacks)));
         return stacks.first();
     }
     bool isNumber = false;
     const qlonglong number = series.toLongLong(&isNumber);
     if (isNumber && number >= 1 && number <= stacks.size())
         return stacks[number - 1];
-    const auto byUid = std::find_if(stacks.cbegin(), stacks.cend(),
-                                    [&series](const DicomStack& stack) { return stack.seriesUid == series; });
+    const auto byUid =
+        std::find_if(stacks.cbegin(), stacks.cend(),
+                     [&series](const DicomStack& stack) { return stack.seriesUid == series; });
     if (byUid == stacks.cend())
         throw Failure(path, QStringLiteral("there is no DICOM series %1; --series takes one of: %2")
                                 .arg(series, listed(stacks)));
@@ -116,17 +122,17 @@ QList<DicomSlice> findSlices(const QString& path, const QString& series, QString
     if (found.stacks.isEmpty() && found.skipped.isEmpty())
         throw Failure(path, QStringLiteral("there is no DICOM picture"));
     if (found.stacks.isEmpty())
-        throw Failure(
-            path,
-            QStringLiteral("no DICOM picture is a slice of a volume (%1)").arg(withFirst(found.skipped)));
+        throw Failure(path, QStringLiteral("no DICOM picture is a slice of a volume (%1)")
+                                .arg(withFirst(found.skipped)));
     QList<DicomStack> volumes;
     std::copy_if(found.stacks.cbegin(), found.stacks.cend(), std::back_inserter(volumes),
                  [](const DicomStack& stack) { return stack.slices.size() > 1; });
     if (volumes.isEmpty())
-        throw Failure(path, QStringLiteral("there are no two DICOM slices of one series, so no volume%1")
-                                .arg(found.skipped.isEmpty()
-                                         ? QString()
-                                         : QStringLiteral("; left out: %1").arg(withFirst(found.skipped))));
+        throw Failure(
+            path, QStringLiteral("there are no two DICOM slices of one series, so no volume%1")
+                      .arg(found.skipped.isEmpty()
+                               ? QString()
+                               : QStringLiteral("; left out: %1").arg(withFirst(found.skipped))));
     const DicomStack& stack = chosen(path, volumes, series);
     if (volumes.size() > 1)
         remarks.append(QStringLiteral("Of %1 DICOM series, \"%2\" with %3 slices was chosen.")
@@ -159,25 +165,31 @@ QVector3D orderSlices(const QString& folder, QList<DicomSlice>& slices)
         return alongNormal(a, normal) < alongNormal(b, normal);
     });
     const auto gaps = static_cast<double>(slices.size() - 1);
-    const double mean = (alongNormal(slices.last(), normal) - alongNormal(slices.first(), normal)) / gaps;
+    const double mean =
+        (alongNormal(slices.last(), normal) - alongNormal(slices.first(), normal)) / gaps;
     for (qsizetype i = 1; i < slices.size(); ++i) {
         const double gap = alongNormal(slices[i], normal) - alongNormal(slices[i - 1], normal);
         if (!(gap > 0.001))
-            throw Failure(folder, QStringLiteral("two slices of the DICOM series lie at the same place"));
+            throw Failure(folder,
+                          QStringLiteral("two slices of the DICOM series lie at the same place"));
         if (std::abs(gap - mean) > kSpacingTolerance * mean)
-            throw Failure(folder, QStringLiteral(
-                                      "the slices of the DICOM series are not evenly spaced (%1 mm and %2 mm "
-                                      "on average); one may be missing")
-                                      .arg(gap, 0, 'f', 2)
-                                      .arg(mean, 0, 'f', 2));
+            throw Failure(
+                folder, QStringLiteral(
+                            "the slices of the DICOM series are not evenly spaced (%1 mm and %2 mm "
+                            "on average); one may be missing")
+                            .arg(gap, 0, 'f', 2)
+                            .arg(mean, 0, 'f', 2));
     }
-    const QVector3D step = (slices.last().position - slices.first().position) / static_cast<float>(gaps);
+    const QVector3D step =
+        (slices.last().position - slices.first().position) / static_cast<float>(gaps);
     for (qsizetype i = 1; i < slices.size(); ++i) {
-        const QVector3D aside = slices[i].position - slices.first().position - step * static_cast<float>(i);
+        const QVector3D aside =
+            slices[i].position - slices.first().position - step * static_cast<float>(i);
         const QVector3D within = aside - normal * QVector3D::dotProduct(aside, normal);
         if (static_cast<double>(within.length()) > slices.first().columnSpacingMm)
-            throw Failure(folder,
-                          QStringLiteral("the slices of the DICOM series do not lie in a straight row"));
+            throw Failure(
+                folder,
+                QStringLiteral("the slices of the DICOM series do not lie in a straight row"));
     }
     return step;
 }
@@ -188,13 +200,15 @@ void checkAlike(const QList<DicomSlice>& slices)
     const DicomSlice& first = slices.first();
     for (const DicomSlice& slice : slices) {
         if (slice.columns != first.columns || slice.rows != first.rows)
-            throw Failure(slice.file,
-                          QStringLiteral("this DICOM slice has another size than the first of its series"));
+            throw Failure(
+                slice.file,
+                QStringLiteral("this DICOM slice has another size than the first of its series"));
         if (std::abs(slice.columnSpacingMm - first.columnSpacingMm) > kEqualSpacingMm ||
             std::abs(slice.rowSpacingMm - first.rowSpacingMm) > kEqualSpacingMm)
-            throw Failure(slice.file,
-                          QStringLiteral("this DICOM slice has another pixel spacing than the first of "
-                                         "its series"));
+            throw Failure(
+                slice.file,
+                QStringLiteral("this DICOM slice has another pixel spacing than the first of "
+                               "its series"));
     }
 }
 
@@ -284,28 +298,32 @@ private:
         const std::size_t pixelCount =
             static_cast<std::size_t>(first.columns) * static_cast<std::size_t>(first.rows);
         const auto frames = static_cast<std::size_t>(first.framesInFile);
-        // GDCM holds the file, its decoded pixels and, of some codecs, 32 bits of each; the image has its own limit.
+        // GDCM holds the file, its decoded pixels and, of some codecs, 32 bits of each; the image
+        // has its own limit.
         allowMemory(kMemoryAnyway + 2 * QFileInfo(file.path).size() +
                     8 * static_cast<qint64>(pixelCount * frames) +
                     (image.isEmpty() ? std::max(kFreeVoxelBytes, kMostExpansion * fileBytes) : 0));
         gdcm::ImageReader reader;
         reader.SetFileName(QFile::encodeName(file.path).constData());
         const Failure unreadable(
-            file.path, QStringLiteral("the pixels of this DICOM picture cannot be read; they are damaged "
-                                      "or compressed in a way that is not supported"));
+            file.path,
+            QStringLiteral("the pixels of this DICOM picture cannot be read; they are damaged "
+                           "or compressed in a way that is not supported"));
         if (!reader.Read())
             throw unreadable;
         const gdcm::Image& picture = reader.GetImage();
         const gdcm::PixelFormat& format = picture.GetPixelFormat();
         const auto found = elementType(format);
         if (!found || format.GetSamplesPerPixel() != 1)
-            throw Failure(file.path, QStringLiteral("this DICOM picture does not hold plain grey values"));
+            throw Failure(file.path,
+                          QStringLiteral("this DICOM picture does not hold plain grey values"));
         if (image.isEmpty())
             createImage(format, *found);
         if (*found != type)
             throw Failure(
                 file.path,
-                QStringLiteral("this DICOM slice has pixels of another type than the first of its series"));
+                QStringLiteral(
+                    "this DICOM slice has pixels of another type than the first of its series"));
         const std::size_t frameBytes = pixelCount * image::elementSize(type);
         if (picture.GetColumns() != static_cast<unsigned>(first.columns) ||
             picture.GetRows() != static_cast<unsigned>(first.rows) ||
@@ -315,7 +333,8 @@ private:
         if (!picture.GetBuffer(pixels.data()))
             throw unreadable;
         for (const qsizetype k : file.slices)
-            store(pixels.data() + frameBytes * static_cast<std::size_t>(slices[k].frame), pixelCount, k);
+            store(pixels.data() + frameBytes * static_cast<std::size_t>(slices[k].frame),
+                  pixelCount, k);
     }
 
     void createImage(const gdcm::PixelFormat& format, image::DataType found)
@@ -324,10 +343,11 @@ private:
         const DicomSlice& first = slices.first();
         const image::DataType stored = storedType(slices, format, type);
         checkExpansion(first.file,
-                       static_cast<qint64>(image::elementSize(stored)) * first.columns * first.rows *
-                           slices.size(),
+                       static_cast<qint64>(image::elementSize(stored)) * first.columns *
+                           first.rows * slices.size(),
                        fileBytes);
-        image = VexelImage3D({first.columns, first.rows, static_cast<int>(slices.size())}, spacingMm, stored);
+        image = VexelImage3D({first.columns, first.rows, static_cast<int>(slices.size())},
+                             spacingMm, stored);
         if (image.isEmpty())
             throw Failure(first.file, QStringLiteral("there is not enough memory for the series"));
     }
@@ -335,8 +355,8 @@ private:
     void store(const char* pixels, std::size_t count, qsizetype k)
     {
         visitElementType(type, [&](auto zero) { // bits beyond those that are in use may be set
-            storeScaled(reinterpret_cast<const decltype(zero)*>(pixels), count, slices[k].scaling, image,
-                        count * static_cast<std::size_t>(k));
+            storeScaled(reinterpret_cast<const decltype(zero)*>(pixels), count, slices[k].scaling,
+                        image, count * static_cast<std::size_t>(k));
         });
     }
 
@@ -348,7 +368,8 @@ private:
     image::DataType type = image::UInt8; ///< of the pixels
 };
 
-Volume readSeries(const QString& path, const QString& series, const std::function<void(double)>& progress)
+Volume readSeries(const QString& path, const QString& series,
+                  const std::function<void(double)>& progress)
 {
     Volume volume;
     QList<DicomSlice> slices = findSlices(path, series, volume.remarks);
@@ -369,10 +390,11 @@ Volume readSeries(const QString& path, const QString& series, const std::functio
     volume.image = PixelReader(slices, {static_cast<float>(first.columnSpacingMm),
                                         static_cast<float>(first.rowSpacingMm), step.length()})
                        .read(progress);
-    if (static_cast<double>(QVector3D::crossProduct(step.normalized(), normal).length()) > kTiltTolerance)
-        volume.remarks.append(
-            QStringLiteral("The gantry was tilted: the slices are shifted against each other, which is "
-                           "accounted for."));
+    if (static_cast<double>(QVector3D::crossProduct(step.normalized(), normal).length()) >
+        kTiltTolerance)
+        volume.remarks.append(QStringLiteral(
+            "The gantry was tilted: the slices are shifted against each other, which is "
+            "accounted for."));
     volume.description = (QFileInfo(path).isDir() ? QStringLiteral("DICOM series in the folder %1")
                                                   : QStringLiteral("DICOM file %1"))
                              .arg(QFileInfo(QDir::cleanPath(path)).fileName());
@@ -387,7 +409,8 @@ bool isDicomFile(const QString& path)
     return file.open(QIODevice::ReadOnly) && file.seek(128) && file.read(4) == "DICM";
 }
 
-Volume readDicom(const QString& path, const QString& series, const std::function<void(double)>& progress)
+Volume readDicom(const QString& path, const QString& series,
+                 const std::function<void(double)>& progress)
 {
     gdcm::Trace::DebugOff(); // its complaints are replaced by sentences
     gdcm::Trace::WarningOff();

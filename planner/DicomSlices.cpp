@@ -34,7 +34,8 @@ namespace {
 // Of unit length and right angles; the tags are written with 4 to 6 digits.
 constexpr double kOrientationTolerance = 1e-3;
 constexpr double kLargestNumber = 1e9; // of a tag; what follows is in single precision
-// What the tags of a file may take in memory: a multiple of the file, and what libraries take anyway.
+// What the tags of a file may take in memory: a multiple of the file, and what libraries take
+// anyway.
 constexpr qint64 kMemoryPerByte = 8;
 constexpr qint64 kMemoryAnyway = 64'000'000;
 
@@ -45,8 +46,8 @@ const gdcm::Tag kIntercept(0x0028, 0x1052);
 const gdcm::Tag kSlope(0x0028, 0x1053);
 const gdcm::Tag kFrames(0x0028, 0x0008);
 const gdcm::Tag kSeries(0x0020, 0x000e);
-// Of files with several frames: sequences that hold one item for all frames, and one for each of them. Their items
-// hold sequences of one item each, for each subject.
+// Of files with several frames: sequences that hold one item for all frames, and one for each of
+// them. Their items hold sequences of one item each, for each subject.
 const gdcm::Tag kShared(0x5200, 0x9229);
 const gdcm::Tag kPerFrame(0x5200, 0x9230);
 const gdcm::Tag kPlanePosition(0x0020, 0x9113);
@@ -103,7 +104,8 @@ int count(const gdcm::DataSet& dataSet, const gdcm::Tag& tag)
     return number;
 }
 
-gdcm::SmartPointer<gdcm::SequenceOfItems> sequence(const gdcm::DataSet& dataSet, const gdcm::Tag& tag)
+gdcm::SmartPointer<gdcm::SequenceOfItems> sequence(const gdcm::DataSet& dataSet,
+                                                   const gdcm::Tag& tag)
 {
     if (!dataSet.FindDataElement(tag))
         return nullptr;
@@ -114,10 +116,12 @@ gdcm::SmartPointer<gdcm::SequenceOfItems> sequence(const gdcm::DataSet& dataSet,
 gdcm::DataSet item(const gdcm::DataSet& dataSet, const gdcm::Tag& tag)
 {
     const auto items = sequence(dataSet, tag);
-    return items && items->GetNumberOfItems() > 0 ? items->GetItem(1).GetNestedDataSet() : gdcm::DataSet();
+    return items && items->GetNumberOfItems() > 0 ? items->GetItem(1).GetNestedDataSet()
+                                                  : gdcm::DataSet();
 }
 
-// Where the tags of a frame may be: in the items for its own and for all frames, and in the file's data set.
+// Where the tags of a frame may be: in the items for its own and for all frames, and in the file's
+// data set.
 class FrameTags
 {
 public:
@@ -126,7 +130,8 @@ public:
     {}
 
     template <std::size_t count>
-    std::optional<std::array<double, count>> find(const gdcm::Tag& group, const gdcm::Tag& tag) const
+    std::optional<std::array<double, count>> find(const gdcm::Tag& group,
+                                                  const gdcm::Tag& tag) const
     {
         for (const gdcm::DataSet* part : groups) {
             if (const auto values = numbers<count>(item(*part, group), tag))
@@ -170,17 +175,18 @@ void place(DicomSlice& slice, const FrameTags& tags)
     slice.rowDirection = vectorFrom((*orientation)[0], (*orientation)[1], (*orientation)[2]);
     slice.columnDirection = vectorFrom((*orientation)[3], (*orientation)[4], (*orientation)[5]);
     if (!areUnitAndPerpendicular(slice.rowDirection, slice.columnDirection))
-        throw NoSlice{
-            QStringLiteral("its orientation (0020,0037) is not two directions of length 1 at right angles")};
+        throw NoSlice{QStringLiteral(
+            "its orientation (0020,0037) is not two directions of length 1 at right angles")};
     slice.rowSpacingMm = (*spacing)[0];
     slice.columnSpacingMm = (*spacing)[1];
-    slice.scaling = usableScaling(tags.find<1>(kPixelValues, kSlope).value_or(std::array{1.0})[0],
-                                  tags.find<1>(kPixelValues, kIntercept).value_or(std::array{0.0})[0]);
+    slice.scaling =
+        usableScaling(tags.find<1>(kPixelValues, kSlope).value_or(std::array{1.0})[0],
+                      tags.find<1>(kPixelValues, kIntercept).value_or(std::array{0.0})[0]);
 }
 
 // What is wrong with the pixels, for a message; empty if nothing is known to be.
-QString damageOf(const DicomStructure& structure, const gdcm::DataSet& dataSet, const DicomSlice& slice,
-                 qint64 frames)
+QString damageOf(const DicomStructure& structure, const gdcm::DataSet& dataSet,
+                 const DicomSlice& slice, qint64 frames)
 {
     if (!structure.damage.isEmpty() || structure.compressed)
         return structure.damage;
@@ -189,13 +195,15 @@ QString damageOf(const DicomStructure& structure, const gdcm::DataSet& dataSet, 
     const qint64 expected = (bits * slice.columns * slice.rows * frames + 7) / 8;
     if (structure.pixelBytes >= expected)
         return {};
-    return QStringLiteral("the file is damaged or cut off: its pixels should take %1 bytes and take %2")
+    return QStringLiteral(
+               "the file is damaged or cut off: its pixels should take %1 bytes and take %2")
         .arg(expected)
         .arg(std::max(qint64{0}, structure.pixelBytes));
 }
 
 // The slices of a file, one for each frame; none if it holds no picture.
-QList<DicomSlice> slicesOf(const DicomStructure& structure, const gdcm::DataSet& dataSet, DicomSlice slice)
+QList<DicomSlice> slicesOf(const DicomStructure& structure, const gdcm::DataSet& dataSet,
+                           DicomSlice slice)
 {
     slice.columns = count(dataSet, gdcm::Tag(0x0028, 0x0011));
     slice.rows = count(dataSet, gdcm::Tag(0x0028, 0x0010));
@@ -206,14 +214,16 @@ QList<DicomSlice> slicesOf(const DicomStructure& structure, const gdcm::DataSet&
     const auto perFrame = sequence(dataSet, kPerFrame);
     if (!perFrame) {
         if (frames != 1.0)
-            throw NoSlice{QStringLiteral("it holds %1 frames without the position of each").arg(frames)};
+            throw NoSlice{
+                QStringLiteral("it holds %1 frames without the position of each").arg(frames)};
         slice.damage = damageOf(structure, dataSet, slice, 1);
         place(slice, FrameTags(gdcm::DataSet(), allFrames, dataSet));
         return {slice};
     }
     const auto described = static_cast<qint64>(perFrame->GetNumberOfItems());
     if (static_cast<double>(described) != frames || described > kMostVoxelsAlongAxis)
-        throw NoSlice{QStringLiteral("it holds %1 frames and describes %2").arg(frames).arg(described)};
+        throw NoSlice{
+            QStringLiteral("it holds %1 frames and describes %2").arg(frames).arg(described)};
     QList<DicomSlice> slices;
     slice.framesInFile = static_cast<int>(described);
     slice.damage = damageOf(structure, dataSet, slice, described);
@@ -238,8 +248,8 @@ Key keyOf(const DicomStack& stack, const DicomSlice& slice)
     const QVector3D& column = slice.columnDirection;
     return {stack.seriesNumber,
             stack.seriesUid.toLatin1(),
-            {rounded(row.x()), rounded(row.y()), rounded(row.z()), rounded(column.x()), rounded(column.y()),
-             rounded(column.z())}};
+            {rounded(row.x()), rounded(row.y()), rounded(row.z()), rounded(column.x()),
+             rounded(column.y()), rounded(column.z())}};
 }
 
 void readFile(const QString& path, QMap<Key, DicomStack>& stacks)
@@ -255,7 +265,8 @@ void readFile(const QString& path, QMap<Key, DicomStack>& stacks)
     // Without the pixels, which GDCM would read.
     QFile file(path);
     std::istringstream beforePixels(
-        (file.open(QIODevice::ReadOnly) ? file.read(structure.pixelsAt) : QByteArray()).toStdString());
+        (file.open(QIODevice::ReadOnly) ? file.read(structure.pixelsAt) : QByteArray())
+            .toStdString());
     allowMemory(kMemoryAnyway + kMemoryPerByte * structure.pixelsAt);
     gdcm::Reader reader;
     reader.SetStream(beforePixels);
@@ -265,7 +276,8 @@ void readFile(const QString& path, QMap<Key, DicomStack>& stacks)
 
     DicomStack stack;
     stack.seriesUid = QString::fromLatin1(text(dataSet, kSeries));
-    stack.description = QString::fromLatin1(text(dataSet, gdcm::Tag(0x0008, 0x103e))).simplified().left(64);
+    stack.description =
+        QString::fromLatin1(text(dataSet, gdcm::Tag(0x0008, 0x103e))).simplified().left(64);
     stack.seriesNumber = text(dataSet, gdcm::Tag(0x0020, 0x0011)).trimmed().toInt();
     DicomSlice slice;
     slice.file = path;
@@ -287,7 +299,8 @@ DicomStacks readDicomStacks(const QStringList& files)
         try {
             readFile(file, stacks);
         } catch (const NoSlice& no) {
-            found.skipped.append(QStringLiteral("%1: %2").arg(QFileInfo(file).fileName(), no.reason));
+            found.skipped.append(
+                QStringLiteral("%1: %2").arg(QFileInfo(file).fileName(), no.reason));
         } catch (const std::exception&) { // of GDCM, for some damaged files
             found.skipped.append(
                 QStringLiteral("%1: its tags cannot be read").arg(QFileInfo(file).fileName()));

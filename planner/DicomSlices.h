@@ -44,7 +44,8 @@ struct DicomStacks
     QStringList skipped;      ///< why pictures belong to none of them, a file each: "name: reason"
 };
 
-/// Reads the tags of all DICOM pictures among the files. Files that are not DICOM, or hold no picture, are ignored.
+/// Reads the tags of all DICOM pictures among the files. Files that are not DICOM, or hold no
+/// picture, are ignored.
 DicomStacks readDicomStacks(const QStringList& files);
 
 } // namespace planner

@@ -49,8 +49,9 @@ bool hasLongLength(const std::array<char, 2>& type)
 {
     static const std::array<const char*, 13> names = {"OB", "OD", "OF", "OL", "OV", "OW", "SQ",
                                                       "SV", "UC", "UN", "UR", "UT", "UV"};
-    return std::any_of(names.begin(), names.end(),
-                       [&type](const char* name) { return type[0] == name[0] && type[1] == name[1]; });
+    return std::any_of(names.begin(), names.end(), [&type](const char* name) {
+        return type[0] == name[0] && type[1] == name[1];
+    });
 }
 
 class Walk
@@ -85,7 +86,8 @@ private:
             return kPreamble + 4;
         const std::optional<Element> first = readHead(0, file.size(), encodingAt(0));
         const bool plausible = first && (first->tag >> 16U == 2 || first->tag >> 16U == 8) &&
-                               (first->tag & 0xffffU) < 0x20 && first->value + first->length <= file.size();
+                               (first->tag & 0xffffU) < 0x20 &&
+                               first->value + first->length <= file.size();
         return plausible ? std::optional<qint64>(0) : std::nullopt;
     }
 
@@ -93,7 +95,8 @@ private:
     Encoding encodingAt(qint64 position)
     {
         const QByteArray head = file.seek(position) ? file.read(6) : QByteArray();
-        return head.size() == 6 && isTypeName({head[4], head[5]}) ? Encoding::Explicit : Encoding::Implicit;
+        return head.size() == 6 && isTypeName({head[4], head[5]}) ? Encoding::Explicit
+                                                                  : Encoding::Implicit;
     }
 
     struct Start
@@ -107,16 +110,19 @@ private:
     {
         QByteArray syntax;
         while (true) {
-            const std::optional<Element> element = readHead(position, file.size(), Encoding::Explicit);
+            const std::optional<Element> element =
+                readHead(position, file.size(), Encoding::Explicit);
             if (!element || element->tag >> 16U != 2)
                 break;
             checkLength(*element, file.size());
             if (element->tag == kTransferSyntax && file.seek(element->value))
-                syntax = file.read(std::min<quint32>(element->length, 64)).replace('\0', "").trimmed();
+                syntax =
+                    file.read(std::min<quint32>(element->length, 64)).replace('\0', "").trimmed();
             position = element->value + element->length;
         }
         if (syntax == "1.2.840.10008.1.2.1.99")
-            throw Damage{QStringLiteral("a DICOM file that is compressed as a whole is not supported")};
+            throw Damage{
+                QStringLiteral("a DICOM file that is compressed as a whole is not supported")};
         if (syntax == "1.2.840.10008.1.2.2")
             return {position, Encoding::BigEndianExplicit};
         return {position, encodingAt(position)};
@@ -158,20 +164,21 @@ private:
     static void checkLength(const Element& element, qint64 end)
     {
         if (element.length > end - element.value)
-            throw Damage{
-                QStringLiteral("the file is damaged or cut off: its element (%1,%2) states %3 bytes, "
-                               "%4 are left")
-                    .arg(element.tag >> 16U, 4, 16, QLatin1Char('0'))
-                    .arg(element.tag & 0xffffU, 4, 16, QLatin1Char('0'))
-                    .arg(element.length)
-                    .arg(end - element.value)};
+            throw Damage{QStringLiteral(
+                             "the file is damaged or cut off: its element (%1,%2) states %3 bytes, "
+                             "%4 are left")
+                             .arg(element.tag >> 16U, 4, 16, QLatin1Char('0'))
+                             .arg(element.tag & 0xffffU, 4, 16, QLatin1Char('0'))
+                             .arg(element.length)
+                             .arg(end - element.value)};
     }
 
     // Reads elements up to `end` or to the mark that ends an item, and returns where they end.
     qint64 readDataSet(qint64 position, qint64 end, Encoding encoding, int depth)
     {
         if (depth > kDeepest)
-            throw Damage{QStringLiteral("the file is damaged: its sequences are nested too deeply")};
+            throw Damage{
+                QStringLiteral("the file is damaged: its sequences are nested too deeply")};
         while (const std::optional<Element> element = readHead(position, end, encoding)) {
             if (element->tag == kItemEnd)
                 return element->value;
@@ -225,12 +232,13 @@ private:
             if (item->tag == kSequenceEnd)
                 return item->value;
             if (item->tag != kItem)
-                throw Damage{
-                    QStringLiteral("the file is damaged: a sequence holds something else than items")};
+                throw Damage{QStringLiteral(
+                    "the file is damaged: a sequence holds something else than items")};
             if (item->length != kUndefined)
                 checkLength(*item, end);
             const qint64 itemEnd = item->length == kUndefined ? end : item->value + item->length;
-            position = areFragments ? itemEnd : readDataSet(item->value, itemEnd, encoding, depth + 1);
+            position =
+                areFragments ? itemEnd : readDataSet(item->value, itemEnd, encoding, depth + 1);
         }
         return end;
     }

@@ -19,9 +19,9 @@ struct DicomStructure
     qint64 pixelBytes = -1;  ///< of pixels that are not compressed; -1 without such
 };
 
-/// Reads the tag and length of every element of a file and compares them with the end of the file and of the sequence
-/// that holds the element. It reads no value and reserves no memory, so it may come before a library that believes
-/// what a file states. Failure if the file cannot be opened.
+/// Reads the tag and length of every element of a file and compares them with the end of the file
+/// and of the sequence that holds the element. It reads no value and reserves no memory, so it may
+/// come before a library that believes what a file states. Failure if the file cannot be opened.
 DicomStructure examineDicom(const QString& path);
 
 } // namespace planner

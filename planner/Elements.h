@@ -10,11 +10,12 @@
 #include <cstdint>
 #include <type_traits>
 
-/// The elements of an image, whose type is known only when the program runs: for readers, which scale them, and
-/// for sampling.
+/// The elements of an image, whose type is known only when the program runs: for readers, which
+/// scale them, and for sampling.
 namespace planner {
 
-/// Calls the visitor with a zero of the element type, so that a lambda with an `auto` parameter learns the type.
+/// Calls the visitor with a zero of the element type, so that a lambda with an `auto` parameter
+/// learns the type.
 template <typename Visitor>
 auto visitElementType(image::DataType type, const Visitor& visitor)
 {
@@ -54,16 +55,18 @@ struct Scaling
     bool isIdentity() const { return slope == 1.0 && intercept == 0.0; }
 };
 
-/// Returns the scaling that a header states. A slope of 0, or numbers that are not finite, mean that values are not
-/// scaled: NIfTI says so, and in DICOM, too, it is how careless programs say it.
+/// Returns the scaling that a header states. A slope of 0, or numbers that are not finite, mean
+/// that values are not scaled: NIfTI says so, and in DICOM, too, it is how careless programs say
+/// it.
 inline Scaling usableScaling(double slope, double intercept)
 {
-    return std::isfinite(slope) && std::isfinite(intercept) && slope != 0.0 ? Scaling{slope, intercept}
-                                                                            : Scaling{};
+    return std::isfinite(slope) && std::isfinite(intercept) && slope != 0.0
+               ? Scaling{slope, intercept}
+               : Scaling{};
 }
 
-/// The type for scaled values, whose originals are of the given type and lie between the two limits: 16-bit
-/// integers if these hold every such value exactly, else single precision.
+/// The type for scaled values, whose originals are of the given type and lie between the two
+/// limits: 16-bit integers if these hold every such value exactly, else single precision.
 inline image::DataType scaledType(const Scaling& scaling, image::DataType type, double smallest,
                                   double largest)
 {
@@ -74,11 +77,11 @@ inline image::DataType scaledType(const Scaling& scaling, image::DataType type, 
     return fits ? image::Int16 : image::Float32;
 }
 
-/// Writes `count` stored values, scaled, into the image from voxel number `first` on. In an image of 16-bit integers,
-/// values beyond these become the nearest of them.
+/// Writes `count` stored values, scaled, into the image from voxel number `first` on. In an image
+/// of 16-bit integers, values beyond these become the nearest of them.
 template <typename Element>
-void storeScaled(const Element* stored, std::size_t count, const Scaling& scaling, VexelImage3D& image,
-                 std::size_t first)
+void storeScaled(const Element* stored, std::size_t count, const Scaling& scaling,
+                 VexelImage3D& image, std::size_t first)
 {
     visitElementType(image.dataType(), [&](auto zero) {
         using Target = decltype(zero);

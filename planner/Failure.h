@@ -8,14 +8,16 @@
 
 namespace planner {
 
-/// Why the program cannot do what it was asked, as one sentence for the user. main() prints it and exits with
-/// status 2.
+/// Why the program cannot do what it was asked, as one sentence for the user. main() prints it and
+/// exits with status 2.
 class Failure : public std::runtime_error
 {
 public:
     explicit Failure(const QString& sentence) : std::runtime_error(sentence.toStdString()) {}
     /// What is wrong with a file or folder.
-    Failure(const QString& path, const QString& what) : Failure(QStringLiteral("%1: %2").arg(path, what)) {}
+    Failure(const QString& path, const QString& what)
+        : Failure(QStringLiteral("%1: %2").arg(path, what))
+    {}
 };
 
 } // namespace planner

@@ -37,8 +37,8 @@ primitives::BoundingBox extentOf(const Volume& volume)
     return primitives::BoundingBox(-half, counts - half).transformed(volume.worldFromVoxel);
 }
 
-// An empty raster over the extent, seen along the axis; its spacing is wider than asked if it would have more than
-// kMostPixels along a side.
+// An empty raster over the extent, seen along the axis; its spacing is wider than asked if it would
+// have more than kMostPixels along a side.
 GreyCut rasterAcross(const primitives::BoundingBox& extent, int axis, float at, float spacingMm)
 {
     GreyCut cut;
@@ -104,13 +104,14 @@ GreyCut maximumIntensity(const Volume& volume, const Sampler& sampler, float spa
     const Eigen::Vector3d backwards = Eigen::Vector3d::UnitY();
     const double stepMm = std::max(static_cast<double>(spacingMm),
                                    sampler.rayStepMm(backwards, qint64{cut.columns} * cut.rows));
-    const Eigen::Vector3d step =
-        sampler.voxelFromWorld(backwards * stepMm) - sampler.voxelFromWorld(Eigen::Vector3d::Zero());
+    const Eigen::Vector3d step = sampler.voxelFromWorld(backwards * stepMm) -
+                                 sampler.voxelFromWorld(Eigen::Vector3d::Zero());
     std::vector<double> values;
     cut.values.reserve(qsizetype(cut.columns) * cut.rows);
     for (int row = 0; row < cut.rows; ++row) {
         for (int column = 0; column < cut.columns; ++column) {
-            sampler.valuesAlongRay(sampler.voxelFromWorld(toEigen(worldOf(cut, column, row))), step, values);
+            sampler.valuesAlongRay(sampler.voxelFromWorld(toEigen(worldOf(cut, column, row))), step,
+                                   values);
             const auto largest = std::max_element(values.cbegin(), values.cend());
             cut.values.append(largest != values.cend() ? static_cast<float>(*largest)
                                                        : std::numeric_limits<float>::lowest());
@@ -143,7 +144,8 @@ QImage shade(const GreyCut& cut, const math::Range<float>& window)
     const float width = window.max - window.min;
     return colour(cut, [&window, width](float grey) {
         const float place = width > 0.0F ? (grey - window.min) / width : 0.0F;
-        const int brightness = static_cast<int>(std::lround(std::clamp(place, 0.0F, 1.0F) * 255.0F));
+        const int brightness =
+            static_cast<int>(std::lround(std::clamp(place, 0.0F, 1.0F) * 255.0F));
         return QColor(brightness, brightness, brightness);
     });
 }
@@ -172,7 +174,8 @@ QImage drawBoxes(const GreyCut& cut, const QImage& shaded, const QList<ColouredB
         for (const primitives::BoundingBox& box : coloured.boxes) {
             if (cut.at < box.min()[cut.axis] || cut.at > box.max()[cut.axis])
                 continue;
-            const QRectF outline = QRectF(onCut(cut, box.min()), onCut(cut, box.max())).normalized();
+            const QRectF outline =
+                QRectF(onCut(cut, box.min()), onCut(cut, box.max())).normalized();
             painter.fillRect(outline, inside);
             painter.setPen(QPen(coloured.colour, 1.0));
             painter.drawRect(outline);
@@ -187,8 +190,8 @@ QImage montage(const QList<Tile>& tiles, int columns, int tileWidth)
     QList<QImage> scaled;
     QList<int> heights(rows, 0);
     for (int i = 0; i < tiles.size(); ++i) {
-        scaled.append(tiles[i].image.scaled(tileWidth, kTallestTile * tileWidth, Qt::KeepAspectRatio,
-                                            Qt::SmoothTransformation));
+        scaled.append(tiles[i].image.scaled(tileWidth, kTallestTile * tileWidth,
+                                            Qt::KeepAspectRatio, Qt::SmoothTransformation));
         heights[i / columns] = std::max(heights[i / columns], scaled[i].height());
     }
     int height = kGap;
@@ -205,14 +208,15 @@ QImage montage(const QList<Tile>& tiles, int columns, int tileWidth)
         if (i > 0 && i % columns == 0)
             top += kCaptionHeight + heights[i / columns - 1] + kGap;
         const int left = kGap + (i % columns) * (tileWidth + kGap);
-        painter.drawText(QRect(left, top, tileWidth, kCaptionHeight - 6), Qt::AlignLeft | Qt::AlignBottom,
-                         tiles[i].caption);
+        painter.drawText(QRect(left, top, tileWidth, kCaptionHeight - 6),
+                         Qt::AlignLeft | Qt::AlignBottom, tiles[i].caption);
         painter.drawImage(left, top + kCaptionHeight, scaled[i]);
     }
     return image;
 }
 
-QImage plot(const TissueEstimationHistogram& histogram, const QList<Peak>& peaks, const QColor& colour)
+QImage plot(const TissueEstimationHistogram& histogram, const QList<Peak>& peaks,
+            const QColor& colour)
 {
     constexpr int width = 900;
     constexpr int height = 380;
@@ -232,8 +236,10 @@ QImage plot(const TissueEstimationHistogram& histogram, const QList<Peak>& peaks
     // A bin's width of room on either side.
     const double binWidth = histogram.getBinWidth();
     const double first = histogram.getLowestBinStart() - binWidth;
-    const double last = histogram.getLowestBinStart() + binWidth * (static_cast<double>(bins.size()) + 1.0);
-    const double highest = static_cast<double>(std::max(*std::max_element(bins.begin(), bins.end()), 1e-30F));
+    const double last =
+        histogram.getLowestBinStart() + binWidth * (static_cast<double>(bins.size()) + 1.0);
+    const double highest =
+        static_cast<double>(std::max(*std::max_element(bins.begin(), bins.end()), 1e-30F));
     const auto xOf = [&](double grey) {
         return area.left() + (grey - first) / (last - first) * area.width();
     };
@@ -247,8 +253,8 @@ QImage plot(const TissueEstimationHistogram& histogram, const QList<Peak>& peaks
         painter.setPen(QPen(kGrid, 1.0));
         painter.drawLine(QPointF(xOf(grey), area.top()), QPointF(xOf(grey), area.bottom()));
         painter.setPen(kTextColour);
-        painter.drawText(QRectF(xOf(grey) - 60.0, area.bottom() + 4.0, 120.0, 20.0), Qt::AlignCenter,
-                         QString::number(grey));
+        painter.drawText(QRectF(xOf(grey) - 60.0, area.bottom() + 4.0, 120.0, 20.0),
+                         Qt::AlignCenter, QString::number(grey));
     }
     painter.drawText(QRectF(area.left(), area.bottom() + 24.0, area.width(), 20.0), Qt::AlignCenter,
                      QStringLiteral("grey value, bins of %1").arg(histogram.getBinWidth()));

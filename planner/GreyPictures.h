@@ -20,7 +20,8 @@ namespace planner {
 
 class Sampler;
 
-/// A cut across an axis of the world, or all that lies behind it: grey values row by row, NaN outside the volume.
+/// A cut across an axis of the world, or all that lies behind it: grey values row by row, NaN
+/// outside the volume.
 struct GreyCut
 {
     int axis = 2;      ///< across which: 0, 1 or 2 for x, y or z
@@ -34,10 +35,12 @@ struct GreyCut
     QList<float> values;
 };
 
-/// Axial (axis 2): anterior up, the patient's right on the left. Sagittal (axis 0): seen from the patient's right,
-/// superior up, the face to the right.
-GreyCut cutAcross(const Volume& volume, const Sampler& sampler, int axis, float at, float spacingMm);
-/// The largest grey value along each ray from anterior to posterior: superior up, the patient's right on the left.
+/// Axial (axis 2): anterior up, the patient's right on the left. Sagittal (axis 0): seen from the
+/// patient's right, superior up, the face to the right.
+GreyCut cutAcross(const Volume& volume, const Sampler& sampler, int axis, float at,
+                  float spacingMm);
+/// The largest grey value along each ray from anterior to posterior: superior up, the patient's
+/// right on the left.
 GreyCut maximumIntensity(const Volume& volume, const Sampler& sampler, float spacingMm,
                          const std::function<void(double)>& progress);
 
@@ -76,6 +79,7 @@ struct Peak
 };
 
 /// The bins over their grey values, with the peaks marked.
-QImage plot(const TissueEstimationHistogram& histogram, const QList<Peak>& peaks, const QColor& colour);
+QImage plot(const TissueEstimationHistogram& histogram, const QList<Peak>& peaks,
+            const QColor& colour);
 
 } // namespace planner

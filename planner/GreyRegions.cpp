@@ -21,7 +21,8 @@ struct Box
     QVector3D halfSize;
 };
 
-// At the landmarks that the built-in patient has; the regions have boxes for some more. docs/greyvalue.md lists them.
+// At the landmarks that the built-in patient has; the regions have boxes for some more.
+// docs/greyvalue.md lists them.
 Box boxAt(int landmarkType, int region)
 {
     const bool face = region == kFaceRegion;
@@ -30,7 +31,8 @@ Box boxAt(int landmarkType, int region)
     case landmarkDetection::SubspinalePoint:
         return face ? Box{{0.0F, -5.0F, 0.0F}, five} : Box{{}, {5.0F, 3.0F, 5.0F}};
     case landmarkDetection::InfradentalePoint:
-        return face ? Box{{0.0F, -10.0F, 0.0F}, five} : Box{{0.0F, -1.0F, -2.0F}, {5.0F, 1.0F, 5.0F}};
+        return face ? Box{{0.0F, -10.0F, 0.0F}, five}
+                    : Box{{0.0F, -1.0F, -2.0F}, {5.0F, 1.0F, 5.0F}};
     case landmarkDetection::GonionRight:
         return face ? Box{{-10.0F, -10.0F, 0.0F}, five} : Box{{}, {5.0F, 5.0F, 10.0F}};
     case landmarkDetection::GonionLeft:
@@ -82,21 +84,24 @@ GreyScan scanOf(const Case& planned)
     scan.worldFromVolume.scale(1.0F / spacing.x(), 1.0F / spacing.y(), 1.0F / spacing.z());
     scan.ct->setTotalResampleNHPTransformation(scan.worldFromVolume);
     for (const Landmark& landmark : planned.landmarks) {
-        const int tooth = landmark.kind == LandmarkKind::Tooth ? universalNumber(landmark.label) : 0;
+        const int tooth =
+            landmark.kind == LandmarkKind::Tooth ? universalNumber(landmark.label) : 0;
         if (tooth != 0)
             scan.teeth.emplace_back(ToothChart::Tooth(tooth), landmark.position);
     }
     if (planned.patient) {
         for (const phantom::SkullLandmark& landmark : planned.patient->skullLandmarks()) {
             auto annotation = std::make_shared<dataobject::LandmarkAnnotation>(landmark.type);
-            annotation->setPosition(VolumeContext, landmark.position); // its world is its volume frame
+            annotation->setPosition(VolumeContext,
+                                    landmark.position); // its world is its volume frame
             scan.ct->addLandmarkAnnotation(annotation);
         }
     }
     return scan;
 }
 
-GreyScan scanWith(const GreyScan& scan, std::shared_ptr<const VexelImage3D> image, bool withLandmarks)
+GreyScan scanWith(const GreyScan& scan, std::shared_ptr<const VexelImage3D> image,
+                  bool withLandmarks)
 {
     GreyScan other = scan;
     other.ct = std::make_shared<CTData>();
@@ -115,13 +120,15 @@ QList<primitives::BoundingBox> boxesOf(const GreyScan& scan, int region)
     if (region == kFaceRegion || region == kSkullRegion) {
         for (const auto& landmark : scan.ct->getLandmarkAnnotations({})) {
             const Box box = boxAt(landmark->getType(), region);
-            const QVector3D position = scan.worldFromVolume.map(landmark->getPosition(VolumeContext).value());
+            const QVector3D position =
+                scan.worldFromVolume.map(landmark->getPosition(VolumeContext).value());
             boxes.append(boxAround(position + box.offset, box.halfSize));
         }
         return boxes;
     }
     for (const auto& [tooth, position] : scan.teeth)
-        boxes.append(boxAround(position + QVector3D(0.0F, 0.0F, depthAtTooth(tooth)), {2.5F, 2.5F, 4.0F}));
+        boxes.append(
+            boxAround(position + QVector3D(0.0F, 0.0F, depthAtTooth(tooth)), {2.5F, 2.5F, 4.0F}));
     return boxes;
 }
 
@@ -129,7 +136,8 @@ std::shared_ptr<VexelImage3D> miscalibrated(const VexelImage3D& image, float gai
 {
     if (image.isEmpty() || image.dataType() != image::Int16)
         return nullptr;
-    auto result = std::make_shared<VexelImage3D>(image.imageSize(), image.voxelSize(), image::Int16);
+    auto result =
+        std::make_shared<VexelImage3D>(image.imageSize(), image.voxelSize(), image::Int16);
     if (result->isEmpty())
         return nullptr;
     const auto* from = static_cast<const std::int16_t*>(image.dataPtr());

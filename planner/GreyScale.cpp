@@ -26,7 +26,8 @@ GreyValueKind kindOf(const VexelImage3D& image, const math::Range<float>& range)
 {
     if (static_cast<double>(range.min) <= kAirAtMost)
         return GreyValueKind::Hounsfield;
-    if (isInteger(image.dataType()) && range.min >= 0.0F && static_cast<double>(range.max) <= kLabelsAtMost)
+    if (isInteger(image.dataType()) && range.min >= 0.0F &&
+        static_cast<double>(range.max) <= kLabelsAtMost)
         return GreyValueKind::Labels;
     return GreyValueKind::Raw;
 }
@@ -64,9 +65,9 @@ double GreyScale::attenuation(double value) const
         return 0.0;
     switch (valueKind) {
     case GreyValueKind::Hounsfield:
-        return std::clamp((value + 1000.0 + (kBoneEmphasis - 1.0) * std::max(0.0, value - kBoneFrom)) /
-                              1000.0,
-                          0.0, kDensest);
+        return std::clamp(
+            (value + 1000.0 + (kBoneEmphasis - 1.0) * std::max(0.0, value - kBoneFrom)) / 1000.0,
+            0.0, kDensest);
     case GreyValueKind::Labels:
         return value > 0.0 ? std::min(value, 1.0) : 0.0; // every label as dense as the other
     case GreyValueKind::Raw:
@@ -81,11 +82,15 @@ QString GreyScale::description() const
     case GreyValueKind::Hounsfield:
         return QStringLiteral("bone window, %1 to %2 HU").arg(black).arg(white);
     case GreyValueKind::Labels:
-        return QStringLiteral("values %1 to %2, a label map or 8-bit picture").arg(black).arg(white);
+        return QStringLiteral("values %1 to %2, a label map or 8-bit picture")
+            .arg(black)
+            .arg(white);
     case GreyValueKind::Raw:
         break;
     }
-    return QStringLiteral("raw values %1 to %2, the lower three quarters of the range").arg(black).arg(white);
+    return QStringLiteral("raw values %1 to %2, the lower three quarters of the range")
+        .arg(black)
+        .arg(white);
 }
 
 } // namespace planner

@@ -48,7 +48,10 @@ struct Estimate
     std::optional<colormap::Tissues> fromTeeth;
 
     // What the application would use: the teeth are the fallback.
-    const std::optional<colormap::Tissues>& best() const { return hasLandmarks ? fromLandmarks : fromTeeth; }
+    const std::optional<colormap::Tissues>& best() const
+    {
+        return hasLandmarks ? fromLandmarks : fromTeeth;
+    }
 };
 
 std::optional<colormap::Tissues> estimate(const GreyScan& scan)
@@ -92,7 +95,8 @@ QString htmlTable(const QList<QStringList>& rows)
     for (qsizetype row = 0; row < rows.size(); ++row) {
         html += QStringLiteral("<tr>");
         for (const QString& cell : rows[row])
-            html += QStringLiteral("<%1>%2</%1>").arg(row == 0 ? u"th" : u"td", cell.toHtmlEscaped());
+            html +=
+                QStringLiteral("<%1>%2</%1>").arg(row == 0 ? u"th" : u"td", cell.toHtmlEscaped());
         html += QStringLiteral("</tr>\n");
     }
     return html + QStringLiteral("</table></div>\n");
@@ -123,7 +127,9 @@ QString cell(const std::optional<colormap::Tissues>& tissues, std::size_t level)
 QString truth(const phantom::Patient& patient, std::size_t level)
 {
     const auto painted = [&patient](const char* name, phantom::Tissue tissue) {
-        return QStringLiteral("%1 %2").arg(QLatin1String(name)).arg(patient.paintedGreyValue(tissue));
+        return QStringLiteral("%1 %2")
+            .arg(QLatin1String(name))
+            .arg(patient.paintedGreyValue(tissue));
     };
     switch (level) {
     case 0:
@@ -141,9 +147,9 @@ QString truth(const phantom::Patient& patient, std::size_t level)
 
 QList<QStringList> levelRows(const Estimate& estimate, const phantom::Patient* patient)
 {
-    static const char* const names[] = {"air",          "skin", "fat",     "soft tissue",   "cancellous bone",
-                                        "bone surface", "bone", "dentine", "cortical bone", "dense bone",
-                                        "enamel"};
+    static const char* const names[] = {
+        "air",  "skin",    "fat",           "soft tissue", "cancellous bone", "bone surface",
+        "bone", "dentine", "cortical bone", "dense bone",  "enamel"};
     QList<QStringList> rows = {
         {QStringLiteral("level"), QStringLiteral("tissue"), QStringLiteral("default")}};
     if (estimate.hasLandmarks)
@@ -162,23 +168,26 @@ QList<QStringList> levelRows(const Estimate& estimate, const phantom::Patient* p
             row.append(truth(*patient, level));
         rows.append(row);
     }
-    QStringList window = {QStringLiteral("window"), {}, rangeText(TissueEstimator::DEFAULT_MEDICAL_CT_LW)};
+    QStringList window = {
+        QStringLiteral("window"), {}, rangeText(TissueEstimator::DEFAULT_MEDICAL_CT_LW)};
     if (estimate.hasLandmarks)
         window.append(rangeText(windowFor(estimate.fromLandmarks)));
-    window.append(estimate.fromTeeth ? rangeText(windowFor(estimate.fromTeeth)) : QStringLiteral("-"));
+    window.append(estimate.fromTeeth ? rangeText(windowFor(estimate.fromTeeth))
+                                     : QStringLiteral("-"));
     if (patient)
         window.append(QString());
     rows.append(window);
     return rows;
 }
 
-// The height at which most boxes of the teeth of an arch are cut, or, if it has no teeth, of all teeth; without any,
-// the middle of the volume.
+// The height at which most boxes of the teeth of an arch are cut, or, if it has no teeth, of all
+// teeth; without any, the middle of the volume.
 float heightOfTeeth(const GreyScan& scan, const Volume& volume, ToothChart::ArchType arch)
 {
     GreyScan teethOfArch = scan;
-    std::erase_if(teethOfArch.teeth,
-                  [arch](const auto& tooth) { return ToothChart::getArchTypeOfTooth(tooth.first) != arch; });
+    std::erase_if(teethOfArch.teeth, [arch](const auto& tooth) {
+        return ToothChart::getArchTypeOfTooth(tooth.first) != arch;
+    });
     QList<primitives::BoundingBox> boxes = boxesOf(teethOfArch, Creator::TeethRegion);
     if (boxes.isEmpty())
         boxes = boxesOf(scan, Creator::TeethRegion);
@@ -193,10 +202,11 @@ float heightOfTeeth(const GreyScan& scan, const Volume& volume, ToothChart::Arch
             return z >= box.min().z() && z <= box.max().z();
         });
     };
-    return std::max_element(boxes.cbegin(), boxes.cend(),
-                            [&countAt](const primitives::BoundingBox& x, const primitives::BoundingBox& y) {
-                                return countAt(x.centerZ()) < countAt(y.centerZ());
-                            })
+    return std::max_element(
+               boxes.cbegin(), boxes.cend(),
+               [&countAt](const primitives::BoundingBox& x, const primitives::BoundingBox& y) {
+                   return countAt(x.centerZ()) < countAt(y.centerZ());
+               })
         ->centerZ();
 }
 
@@ -232,13 +242,13 @@ SectionPicture regionsPicture(const GreyScan& scan, const GreyCut& teethCut, con
     tiles.append({QStringLiteral("Axial, z = %1 mm").arg(teethCut.at, 0, 'f', 1),
                   drawBoxes(teethCut, shade(teethCut, window), boxes)});
     const QString caption =
-        hasLandmarks
-            ? QStringLiteral(
-                  "<p>In front of the face, blue: air and soft tissue, which give T0. On the surface of the "
-                  "skull, orange: soft tissue and dense bone, T3 and T9. At the teeth, green: T3 and T7.</p>")
-            : QStringLiteral(
-                  "<p>At the teeth, green: soft tissue and dentine, T3 and T7. The other two regions need "
-                  "landmarks of the skull, which this CT comes without.</p>");
+        hasLandmarks ? QStringLiteral("<p>In front of the face, blue: air and soft tissue, which "
+                                      "give T0. On the surface of the "
+                                      "skull, orange: soft tissue and dense bone, T3 and T9. At "
+                                      "the teeth, green: T3 and T7.</p>")
+                     : QStringLiteral("<p>At the teeth, green: soft tissue and dentine, T3 and T7. "
+                                      "The other two regions need "
+                                      "landmarks of the skull, which this CT comes without.</p>");
     const QString sides =
         QStringLiteral("<p>Axial: anterior is up and the patient's right on the left.%1</p>")
             .arg(hasLandmarks ? QStringLiteral(" Sagittal: anterior is on the right.") : QString());
@@ -257,10 +267,10 @@ QList<SectionPicture> histogramPictures(const GreyScan& scan, bool hasLandmarks)
         const char* lower;
         const char* higher;
     } all[] = {
-        {Creator::FirstLandmarkRegion, "grey-histogram-face.png", "Histogram in front of the face", "T0",
-         "not used"},
-        {Creator::SecondLandmarkRegion, "grey-histogram-skull.png", "Histogram on the surface of the skull",
-         "T3", "T9"},
+        {Creator::FirstLandmarkRegion, "grey-histogram-face.png", "Histogram in front of the face",
+         "T0", "not used"},
+        {Creator::SecondLandmarkRegion, "grey-histogram-skull.png",
+         "Histogram on the surface of the skull", "T3", "T9"},
         {Creator::TeethRegion, "grey-histogram-teeth.png", "Histogram at the teeth", "T3", "T7"},
     };
     QList<SectionPicture> pictures;
@@ -273,29 +283,32 @@ QList<SectionPicture> histogramPictures(const GreyScan& scan, bool hasLandmarks)
         if (maxima)
             peaks = {{maxima.value().first, QLatin1String(row.lower)},
                      {maxima.value().second, QLatin1String(row.higher)}};
-        const QString caption = QStringLiteral("<p>%1 boxes, %2 wholly inside the scan. %3</p>")
-                                    .arg(boxesOf(scan, row.region).size())
-                                    .arg(creator.getNumberOfVOIsFullyContainedInVolume(row.region))
-                                    .arg(maxima ? QStringLiteral("Dashed: the two peaks that were found.")
-                                                : QStringLiteral("There are no two peaks far enough apart."));
-        pictures.append({QLatin1String(row.file), QLatin1String(row.title), caption,
-                         plot(*histogram, peaks, kRegionColours[static_cast<std::size_t>(row.region)])});
+        const QString caption =
+            QStringLiteral("<p>%1 boxes, %2 wholly inside the scan. %3</p>")
+                .arg(boxesOf(scan, row.region).size())
+                .arg(creator.getNumberOfVOIsFullyContainedInVolume(row.region))
+                .arg(maxima ? QStringLiteral("Dashed: the two peaks that were found.")
+                            : QStringLiteral("There are no two peaks far enough apart."));
+        pictures.append(
+            {QLatin1String(row.file), QLatin1String(row.title), caption,
+             plot(*histogram, peaks, kRegionColours[static_cast<std::size_t>(row.region)])});
     }
     return pictures;
 }
 
-// The same slice as scanned and as a badly calibrated scanner would give it, each with the default window and with
-// that from its own estimate.
+// The same slice as scanned and as a badly calibrated scanner would give it, each with the default
+// window and with that from its own estimate.
 SectionPicture windowsPicture(const GreyScan& scan, const GreyCut& cut, const Estimate& calibrated)
 {
     const Window fixed = TissueEstimator::DEFAULT_MEDICAL_CT_LW;
     const Window estimated = windowFor(calibrated.best());
     QList<Tile> tiles = {
         {QStringLiteral("As scanned, default window %1").arg(rangeText(fixed)), shade(cut, fixed)},
-        {QStringLiteral("As scanned, estimated %1").arg(rangeText(estimated)), shade(cut, estimated)}};
-    QString caption =
-        QStringLiteral("<p>One slice with the window of a calibrated medical CT and with that of the "
-                       "estimate.");
+        {QStringLiteral("As scanned, estimated %1").arg(rangeText(estimated)),
+         shade(cut, estimated)}};
+    QString caption = QStringLiteral(
+        "<p>One slice with the window of a calibrated medical CT and with that of the "
+        "estimate.");
     const std::shared_ptr<const VexelImage3D> other =
         miscalibrated(scan.ct->getImageVolume()->getImage(), kOtherGain, kOtherOffset);
     if (other) {
@@ -304,8 +317,9 @@ SectionPicture windowsPicture(const GreyScan& scan, const GreyCut& cut, const Es
         for (float& grey : otherCut.values)
             grey = kOtherGain * grey + kOtherOffset;
         const Window otherEstimated = windowFor(tissues);
-        tiles.append({QStringLiteral("Gain %1, offset %2: default").arg(kOtherGain).arg(kOtherOffset),
-                      shade(otherCut, fixed)});
+        tiles.append(
+            {QStringLiteral("Gain %1, offset %2: default").arg(kOtherGain).arg(kOtherOffset),
+             shade(otherCut, fixed)});
         tiles.append({tissues ? QStringLiteral("Gain %1, offset %2: estimated %3")
                                     .arg(kOtherGain)
                                     .arg(kOtherOffset)
@@ -313,8 +327,9 @@ SectionPicture windowsPicture(const GreyScan& scan, const GreyCut& cut, const Es
                               : QStringLiteral("no estimate: the default again"),
                       shade(otherCut, otherEstimated)});
         caption +=
-            QStringLiteral(" Below, as a scanner with a gain of %1 and an offset of %2 would give it: the "
-                           "default window no longer fits, the estimated one follows.")
+            QStringLiteral(
+                " Below, as a scanner with a gain of %1 and an offset of %2 would give it: the "
+                "default window no longer fits, the estimated one follows.")
                 .arg(kOtherGain)
                 .arg(kOtherOffset);
     }
@@ -326,7 +341,9 @@ SectionPicture windowsPicture(const GreyScan& scan, const GreyCut& cut, const Es
 
 QColor mixed(const QColor& a, const QColor& b, double part)
 {
-    const auto channel = [part](int from, int to) { return static_cast<int>(from + part * (to - from)); };
+    const auto channel = [part](int from, int to) {
+        return static_cast<int>(from + part * (to - from));
+    };
     return {channel(a.red(), b.red()), channel(a.green(), b.green()), channel(a.blue(), b.blue())};
 }
 
@@ -369,15 +386,19 @@ struct Display
             pulp->setNormalizedPulpThreshold(normalized(tissues.softTissue - 200));
             pulp->setNormalizedRestorationMaterialThreshold(normalized(tissues.enamel));
         }
-        transfer->setControlPoints({{static_cast<float>(tissues.skin), QColor(0x08, 0x0a, 0x10)},
-                                    {static_cast<float>(tissues.softTissue), QColor(0x8c, 0x3b, 0x2e)},
-                                    {static_cast<float>(tissues.bone), QColor(0xe8, 0xd2, 0xa0)},
-                                    {static_cast<float>(tissues.enamel), QColor(0xff, 0xff, 0xff)}});
+        transfer->setControlPoints(
+            {{static_cast<float>(tissues.skin), QColor(0x08, 0x0a, 0x10)},
+             {static_cast<float>(tissues.softTissue), QColor(0x8c, 0x3b, 0x2e)},
+             {static_cast<float>(tissues.bone), QColor(0xe8, 0xd2, 0xa0)},
+             {static_cast<float>(tissues.enamel), QColor(0xff, 0xff, 0xff)}});
     }
 
     // Without it, there are no normalised grey values.
     bool hasRange() const { return range.max > range.min && std::isfinite(range.max - range.min); }
-    float greyOf(float normalized) const { return range.min + normalized * (range.max - range.min); }
+    float greyOf(float normalized) const
+    {
+        return range.min + normalized * (range.max - range.min);
+    }
 
     colormap::Tissues tissues;
     Window window;
@@ -385,9 +406,11 @@ struct Display
     CTDataVolumeObject volume;
     std::shared_ptr<colormap::LevelWindowFunction> levelWindow =
         std::make_shared<colormap::LevelWindowFunction>();
-    std::shared_ptr<colormap::ThresholdFunction> threshold = std::make_shared<colormap::ThresholdFunction>();
+    std::shared_ptr<colormap::ThresholdFunction> threshold =
+        std::make_shared<colormap::ThresholdFunction>();
     std::shared_ptr<colormap::PulpFunction> pulp = std::make_shared<colormap::PulpFunction>();
-    std::shared_ptr<colormap::TransferFunction> transfer = std::make_shared<colormap::TransferFunction>();
+    std::shared_ptr<colormap::TransferFunction> transfer =
+        std::make_shared<colormap::TransferFunction>();
 };
 
 // What the functions are shown on.
@@ -422,10 +445,12 @@ QList<Kind> kinds(Display& display, const Shown& shown)
         return shade(projection, {level - half, level + half});
     };
     const auto threshold = [&display] {
-        return QStringLiteral("threshold %1").arg(display.volume.getThreshold(display.threshold->getUUID()));
+        return QStringLiteral("threshold %1")
+            .arg(display.volume.getThreshold(display.threshold->getUUID()));
     };
     const auto thresholded = [&display, &slice = shown.roots] {
-        const auto from = static_cast<float>(display.volume.getThreshold(display.threshold->getUUID()));
+        const auto from =
+            static_cast<float>(display.volume.getThreshold(display.threshold->getUUID()));
         return colour(slice, [&display, from](float grey) {
             const QColor plain = greyColour(grey, display.window);
             return grey >= from ? mixed(plain, QColor(0xff, 0x9d, 0x2e), 0.65) : plain;
@@ -436,13 +461,15 @@ QList<Kind> kinds(Display& display, const Shown& shown)
             return QStringLiteral("no range of grey values");
         return QStringLiteral("pulp %1, restoration %2")
             .arg(std::round(display.greyOf(display.pulp->getNormalizedPulpThreshold())))
-            .arg(std::round(display.greyOf(display.pulp->getNormalizedRestorationMaterialThreshold())));
+            .arg(std::round(
+                display.greyOf(display.pulp->getNormalizedRestorationMaterialThreshold())));
     };
     const auto pulpShown = [&display, &slice = shown.crowns] {
         if (!display.hasRange())
             return shade(slice, display.window);
         const float below = display.greyOf(display.pulp->getNormalizedPulpThreshold());
-        const float above = display.greyOf(display.pulp->getNormalizedRestorationMaterialThreshold());
+        const float above =
+            display.greyOf(display.pulp->getNormalizedRestorationMaterialThreshold());
         return colour(slice, [&display, below, above](float grey) {
             const QColor plain = greyColour(grey, display.window);
             if (grey >= above)
@@ -499,7 +526,8 @@ GreyCut roundTeeth(const GreyCut& cut, const GreyScan& scan)
 }
 
 SectionPicture dragsPicture(const GreyScan& scan, const Shown& shown,
-                            const std::optional<colormap::Tissues>& tissues, QList<QStringList>& rows)
+                            const std::optional<colormap::Tissues>& tissues,
+                            QList<QStringList>& rows)
 {
     Display display(scan, tissues);
     BoneThresholdModifier modifier(display.volume);
@@ -511,16 +539,20 @@ SectionPicture dragsPicture(const GreyScan& scan, const Shown& shown,
         tiles.append({QStringLiteral("%1: %2").arg(kind.name, before), kind.picture()});
         display.volume.setActiveVisualizationFunction(kind.function);
         modifier.update({0.0, 0.0}, kind.drag);
-        tiles.append({QStringLiteral("%1: %2").arg(kind.dragInWords, kind.parameters()), kind.picture()});
+        tiles.append(
+            {QStringLiteral("%1: %2").arg(kind.dragInWords, kind.parameters()), kind.picture()});
         rows.append({kind.name, kind.dragInWords, before, kind.parameters()});
     }
-    return {QStringLiteral("grey-drags.png"), QStringLiteral("One drag for each kind of function"),
-            QStringLiteral(
-                "<p>Before on the left, after on the right. Level and window of the maximum-intensity "
-                "projection from in front; bone above the threshold, orange; grey values up to the threshold "
-                "for pulp, blue, and from that for restoration material on, pink; colours of a transfer "
-                "function, which is panned by half as many grey values as the mouse moved pixels.</p>"),
-            montage(tiles, 2, kTileWidth)};
+    return {
+        QStringLiteral("grey-drags.png"), QStringLiteral("One drag for each kind of function"),
+        QStringLiteral(
+            "<p>Before on the left, after on the right. Level and window of the maximum-intensity "
+            "projection from in front; bone above the threshold, orange; grey values up to the "
+            "threshold "
+            "for pulp, blue, and from that for restoration material on, pink; colours of a "
+            "transfer "
+            "function, which is panned by half as many grey values as the mouse moved pixels.</p>"),
+        montage(tiles, 2, kTileWidth)};
 }
 
 Section emptySection(const QString& sentence)
@@ -539,26 +571,27 @@ Section createGreyValuesSection(const Case& planned, Progress& progress)
 {
     const VexelImage3D& image = planned.volume.image;
     if (GreyScale(image).kind() == GreyValueKind::Labels)
-        return emptySection(
-            QStringLiteral("This volume holds labels, not grey values: there are no tissues to estimate."));
+        return emptySection(QStringLiteral(
+            "This volume holds labels, not grey values: there are no tissues to estimate."));
 
     progress.step(QStringLiteral("Estimating tissues"));
     const GreyScan scan = scanOf(planned);
     const Estimate estimated = estimateBothWays(scan);
     Section section = emptySection({});
-    section.introductionHtml = QStringLiteral(
-        "<p>Scanners differ in gain and offset. Peaks in the histograms of small regions tell where this "
-        "one shows the tissues, and with which window it looks like a calibrated medical CT.</p>\n");
+    section.introductionHtml = QStringLiteral("<p>Scanners differ in gain and offset. Peaks in the "
+                                              "histograms of small regions tell where this "
+                                              "one shows the tissues, and with which window it "
+                                              "looks like a calibrated medical CT.</p>\n");
     section.plainText.clear();
     if (!estimated.best()) {
         const QString sentence =
             scan.teeth.empty() && !estimated.hasLandmarks
-                ? QStringLiteral(
-                      "This CT comes without landmarks of the skull and without teeth, so that there is no "
-                      "estimate: all below is shown with the default levels.")
-                : QStringLiteral(
-                      "The histograms of this CT have no two peaks far enough apart, so that there is no "
-                      "estimate: all below is shown with the default levels.");
+                ? QStringLiteral("This CT comes without landmarks of the skull and without teeth, "
+                                 "so that there is no "
+                                 "estimate: all below is shown with the default levels.")
+                : QStringLiteral("The histograms of this CT have no two peaks far enough apart, so "
+                                 "that there is no "
+                                 "estimate: all below is shown with the default levels.");
         section.introductionHtml += QStringLiteral("<p>%1</p>\n").arg(sentence);
         section.plainText += sentence + u'\n';
     }
@@ -566,28 +599,33 @@ Section createGreyValuesSection(const Case& planned, Progress& progress)
     progress.step(QStringLiteral("Sampling slices for the grey values"));
     const Sampler sampler(planned.volume);
     const auto axialAt = [&](ToothChart::ArchType arch) {
-        return cutAcross(planned.volume, sampler, 2, heightOfTeeth(scan, planned.volume, arch), kSpacingMm);
+        return cutAcross(planned.volume, sampler, 2, heightOfTeeth(scan, planned.volume, arch),
+                         kSpacingMm);
     };
     const GreyCut roots = axialAt(ToothChart::LowerArch);
     const GreyCut crowns = axialAt(ToothChart::UpperArch);
     if (estimated.hasLandmarks || !scan.teeth.empty()) {
         section.pictures.append(regionsPicture(scan, roots, planned.volume, sampler,
-                                               windowFor(estimated.best()), estimated.hasLandmarks));
+                                               windowFor(estimated.best()),
+                                               estimated.hasLandmarks));
         section.pictures.append(histogramPictures(scan, estimated.hasLandmarks));
     }
     section.pictures.append(windowsPicture(scan, roots, estimated));
 
     progress.step(QStringLiteral("Projecting the largest grey values"));
-    const GreyCut projection = maximumIntensity(planned.volume, sampler, kProjectionSpacingMm,
-                                                [&progress](double done) { progress.fraction(done); });
+    const GreyCut projection =
+        maximumIntensity(planned.volume, sampler, kProjectionSpacingMm,
+                         [&progress](double done) { progress.fraction(done); });
     QList<QStringList> dragRows;
-    section.pictures.append(dragsPicture(
-        scan, {projection, roundTeeth(roots, scan), roundTeeth(crowns, scan)}, estimated.best(), dragRows));
+    section.pictures.append(
+        dragsPicture(scan, {projection, roundTeeth(roots, scan), roundTeeth(crowns, scan)},
+                     estimated.best(), dragRows));
     progress.finish();
 
     const QList<QStringList> levels = levelRows(estimated, planned.patient.get());
-    section.detailsHtml = QStringLiteral("<h3>Tissue levels and window</h3>\n") + htmlTable(levels) +
-                          QStringLiteral("<h3>Drags</h3>\n") + htmlTable(dragRows);
+    section.detailsHtml = QStringLiteral("<h3>Tissue levels and window</h3>\n") +
+                          htmlTable(levels) + QStringLiteral("<h3>Drags</h3>\n") +
+                          htmlTable(dragRows);
     section.plainText += textTable(levels) + textTable(dragRows);
     return section;
 }

@@ -12,8 +12,8 @@ namespace {
 
 constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
-// Both are read and written in the order in which the code says it: either the handler sees that no hold is left, or
-// the destructor of the last hold sees the signal.
+// Both are read and written in the order in which the code says it: either the handler sees that no
+// hold is left, or the destructor of the last hold sees the signal.
 std::atomic<int> holds = 0;
 std::atomic<int> requested = 0; // the signal's number; 0: none
 static_assert(std::atomic<int>::is_always_lock_free, "only such may be used in a signal handler");

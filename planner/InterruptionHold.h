@@ -4,9 +4,10 @@
 
 namespace planner {
 
-/// Holds SIGINT, SIGTERM and SIGHUP back for as long as it exists, so that no signal ends the process while files are
-/// half written. A signal that arrives meanwhile, in whatever thread, takes effect when the last hold is gone, and
-/// then ends the process as it would have at once. Signals that the process was started to ignore remain ignored.
+/// Holds SIGINT, SIGTERM and SIGHUP back for as long as it exists, so that no signal ends the
+/// process while files are half written. A signal that arrives meanwhile, in whatever thread, takes
+/// effect when the last hold is gone, and then ends the process as it would have at once. Signals
+/// that the process was started to ignore remain ignored.
 ///
 /// Long work checks isRequested() and gives up, removing what it has begun.
 class InterruptionHold

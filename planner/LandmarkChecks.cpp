@@ -13,9 +13,10 @@ namespace planner {
 
 namespace {
 
-constexpr float kLargestCanalGapMm = 10.0F;   // between the end of a canal and its foramen
-constexpr double kLargestArchOffsetMm = 10.0; // of the teeth and mental foramina from the arch, their mean
-constexpr float kNarrowestArchMm = 25.0F;     // from its right to its left end
+constexpr float kLargestCanalGapMm = 10.0F; // between the end of a canal and its foramen
+constexpr double kLargestArchOffsetMm =
+    10.0; // of the teeth and mental foramina from the arch, their mean
+constexpr float kNarrowestArchMm = 25.0F; // from its right to its left end
 constexpr float kWidestArchMm = 130.0F;
 constexpr qsizetype kMostNamedPairs = 3; // of teeth; more are counted
 
@@ -29,8 +30,8 @@ QVector3D mean(const QList<QVector3D>& points)
 
 // Adds the name if both sides are known and the right one is not on the right.
 template <typename Side>
-void addIfExchanged(QStringList& exchanged, const QString& name, const Side* right, const Side* left,
-                    float (*xOf)(const Side&))
+void addIfExchanged(QStringList& exchanged, const QString& name, const Side* right,
+                    const Side* left, float (*xOf)(const Side&))
 {
     if (right && left && xOf(*right) > xOf(*left))
         exchanged.append(name);
@@ -55,7 +56,10 @@ QStringList exchangedSides(const LandmarkFile& file)
     for (const int rightQuadrant : {1, 4}) {
         const int leftQuadrant = rightQuadrant == 1 ? 2 : 3;
         for (int place = 1; place <= 8; ++place)
-            check(QStringLiteral("teeth %1%3 and %2%3").arg(rightQuadrant).arg(leftQuadrant).arg(place),
+            check(QStringLiteral("teeth %1%3 and %2%3")
+                      .arg(rightQuadrant)
+                      .arg(leftQuadrant)
+                      .arg(place),
                   QStringLiteral("tooth %1%2").arg(rightQuadrant).arg(place),
                   QStringLiteral("tooth %1%2").arg(leftQuadrant).arg(place));
     }
@@ -69,17 +73,19 @@ QStringList exchangedSides(const LandmarkFile& file)
 
 void addIfApart(QStringList& doubts, const LandmarkFile& file, const CanalLine& canal, bool start)
 {
-    const char16_t* const foramina[] = {kLeftMentalForamen, kRightMentalForamen, kLeftMandibularForamen,
-                                        kRightMandibularForamen};
-    const Landmark* foramen =
-        findLandmark(file.landmarks, QString::fromUtf16(foramina[(start ? 2 : 0) + (canal.right ? 1 : 0)]));
+    const char16_t* const foramina[] = {kLeftMentalForamen, kRightMentalForamen,
+                                        kLeftMandibularForamen, kRightMandibularForamen};
+    const Landmark* foramen = findLandmark(
+        file.landmarks, QString::fromUtf16(foramina[(start ? 2 : 0) + (canal.right ? 1 : 0)]));
     if (!foramen)
         return;
-    const float gap = (foramen->position - (start ? canal.points.first() : canal.points.last())).length();
+    const float gap =
+        (foramen->position - (start ? canal.points.first() : canal.points.last())).length();
     if (gap > kLargestCanalGapMm)
         doubts.append(
             QStringLiteral("The %1 canal %2 %3 mm from the \"%4\", where it should %5.")
-                .arg(sideName(canal.right), start ? QStringLiteral("starts") : QStringLiteral("ends"))
+                .arg(sideName(canal.right),
+                     start ? QStringLiteral("starts") : QStringLiteral("ends"))
                 .arg(static_cast<double>(gap), 0, 'f', 0)
                 .arg(foramen->name, start ? QStringLiteral("start") : QStringLiteral("end")));
 }
@@ -89,7 +95,8 @@ float distance(const QVector3D& point, const QVector3D& from, const QVector3D& t
 {
     const QVector2D along = to.toVector2D() - from.toVector2D();
     const QVector2D offset = point.toVector2D() - from.toVector2D();
-    const float share = along.isNull() ? 0.0F : QVector2D::dotProduct(offset, along) / along.lengthSquared();
+    const float share =
+        along.isNull() ? 0.0F : QVector2D::dotProduct(offset, along) / along.lengthSquared();
     return (offset - along * std::clamp(share, 0.0F, 1.0F)).length();
 }
 
@@ -118,13 +125,15 @@ void addArchDoubts(QStringList& doubts, const QList<Landmark>& landmarks)
     }
     if (arch.size() < 2)
         return;
-    const auto [right, left] = std::minmax_element(
-        arch.cbegin(), arch.cend(), [](const QVector3D& a, const QVector3D& b) { return a.x() < b.x(); });
+    const auto [right, left] =
+        std::minmax_element(arch.cbegin(), arch.cend(),
+                            [](const QVector3D& a, const QVector3D& b) { return a.x() < b.x(); });
     const float width = left->x() - right->x();
     if (width < kNarrowestArchMm || width > kWidestArchMm)
         doubts.append(
-            QStringLiteral("The arch points span %1 mm from right to left, which is no jaw: they may "
-                           "be voxels of another grid.")
+            QStringLiteral(
+                "The arch points span %1 mm from right to left, which is no jaw: they may "
+                "be voxels of another grid.")
                 .arg(static_cast<double>(width), 0, 'f', 0));
 
     double sum = 0.0;
@@ -137,8 +146,9 @@ void addArchDoubts(QStringList& doubts, const QList<Landmark>& landmarks)
     }
     if (count > 0 && sum / count > kLargestArchOffsetMm)
         doubts.append(
-            QStringLiteral("Seen from above, the lower teeth and mental foramina are %1 mm from the "
-                           "line of the arch points on average: these may be voxels of another grid.")
+            QStringLiteral(
+                "Seen from above, the lower teeth and mental foramina are %1 mm from the "
+                "line of the arch points on average: these may be voxels of another grid.")
                 .arg(sum / count, 0, 'f', 0));
 }
 
@@ -150,8 +160,9 @@ QStringList findContradictions(const LandmarkFile& file)
     const QStringList exchanged = exchangedSides(file);
     if (!exchanged.isEmpty())
         doubts.append(
-            QStringLiteral("Left and right seem to be exchanged (%1): x grows to the patient's left, but "
-                           "the right one has the larger x.")
+            QStringLiteral(
+                "Left and right seem to be exchanged (%1): x grows to the patient's left, but "
+                "the right one has the larger x.")
                 .arg(exchanged.join(QStringLiteral(", "))));
     for (const CanalLine& canal : file.canals) {
         addIfApart(doubts, file, canal, true);

@@ -42,7 +42,9 @@ bool isFdiNumber(const QString& key)
 class LandmarkParser
 {
 public:
-    LandmarkParser(const QString& path, const QMatrix4x4& matrix) : file(path), worldFromVoxel(matrix) {}
+    LandmarkParser(const QString& path, const QMatrix4x4& matrix)
+        : file(path), worldFromVoxel(matrix)
+    {}
 
     LandmarkFile parse(const QJsonObject& root)
     {
@@ -60,7 +62,8 @@ public:
         for (const bool right : {true, false})
             addCanal(root[u"canal"][right ? u"right" : u"left"], right);
         if (found.landmarks.isEmpty())
-            throw Failure(file, QStringLiteral("the landmark file holds no foramen, tooth or arch point"));
+            throw Failure(
+                file, QStringLiteral("the landmark file holds no foramen, tooth or arch point"));
         refuseTeethAtOnePoint();
         return found;
     }
@@ -70,8 +73,9 @@ private:
     {
         for (const QString& side : {QStringLiteral("right"), QStringLiteral("left")}) {
             if (pair.toObject().contains(side))
-                add(name + QStringLiteral(", ") + side, name + QStringLiteral(" ") + side.at(0).toUpper(),
-                    LandmarkKind::Foramen, pair[side]);
+                add(name + QStringLiteral(", ") + side,
+                    name + QStringLiteral(" ") + side.at(0).toUpper(), LandmarkKind::Foramen,
+                    pair[side]);
         }
     }
 
@@ -108,13 +112,15 @@ private:
             canal.points.append(next);
         }
         if (!(length <= kLongestCanalMm))
-            throw Failure(file, QStringLiteral("the %1 is %2 mm long, and more than %3 mm cannot be")
-                                    .arg(name)
-                                    .arg(length, 0, 'f', 0)
-                                    .arg(kLongestCanalMm));
+            throw Failure(file,
+                          QStringLiteral("the %1 is %2 mm long, and more than %3 mm cannot be")
+                              .arg(name)
+                              .arg(length, 0, 'f', 0)
+                              .arg(kLongestCanalMm));
         if (canal.points.size() < 2)
             found.warnings.append(
-                QStringLiteral("The %1 has a single point, which does not tell its course: it is left out.")
+                QStringLiteral(
+                    "The %1 has a single point, which does not tell its course: it is left out.")
                     .arg(name));
         else
             found.canals.append(canal);
@@ -126,9 +132,10 @@ private:
             return std::nullopt;
         const double millimeters = value.toDouble();
         if (!(millimeters > 0.0 && millimeters <= kLargestRadiusMm))
-            throw Failure(file, QStringLiteral("the radius of the %1 is not a number above 0 and up to %2 mm")
-                                    .arg(name)
-                                    .arg(kLargestRadiusMm));
+            throw Failure(
+                file, QStringLiteral("the radius of the %1 is not a number above 0 and up to %2 mm")
+                          .arg(name)
+                          .arg(kLargestRadiusMm));
         return static_cast<float>(millimeters);
     }
 
@@ -168,7 +175,8 @@ private:
         });
         for (auto one = ofTeeth.cbegin(); one != ofTeeth.cend(); ++one) {
             for (auto other = one + 1; other != ofTeeth.cend(); ++other) {
-                if (one->name != other->name && (one->position - other->position).length() < kApartMm)
+                if (one->name != other->name &&
+                    (one->position - other->position).length() < kApartMm)
                     throw Failure(file, QStringLiteral("\"%1\" and \"%2\" are at the same point")
                                             .arg(one->name, other->name));
             }
@@ -189,12 +197,15 @@ private:
     {
         const QJsonArray numbers = value.toArray();
         const bool usable =
-            numbers.size() == 3 && std::all_of(numbers.begin(), numbers.end(), [](const QJsonValue& number) {
+            numbers.size() == 3 &&
+            std::all_of(numbers.begin(), numbers.end(), [](const QJsonValue& number) {
                 return number.isDouble() && std::abs(number.toDouble()) < kLargestCoordinate;
             });
         if (!usable)
-            throw Failure(file, QStringLiteral("the position of \"%1\" is not three numbers").arg(name));
-        return {static_cast<float>(numbers[0].toDouble()), static_cast<float>(numbers[1].toDouble()),
+            throw Failure(file,
+                          QStringLiteral("the position of \"%1\" is not three numbers").arg(name));
+        return {static_cast<float>(numbers[0].toDouble()),
+                static_cast<float>(numbers[1].toDouble()),
                 static_cast<float>(numbers[2].toDouble())};
     }
 
@@ -210,7 +221,8 @@ void addForamina(QList<Landmark>& landmarks, const phantom::NerveCanal& canal, b
                       QStringLiteral("mandibular foramen") + side, LandmarkKind::Foramen,
                       canal.mandibularForamen});
     landmarks.append({QString::fromUtf16(right ? kRightMentalForamen : kLeftMentalForamen),
-                      QStringLiteral("mental foramen") + side, LandmarkKind::Foramen, canal.mentalForamen});
+                      QStringLiteral("mental foramen") + side, LandmarkKind::Foramen,
+                      canal.mentalForamen});
 }
 
 QJsonObject readObject(const QString& path)
@@ -241,8 +253,9 @@ QString sideName(bool right)
 
 const CanalLine* findCanal(const QList<CanalLine>& canals, bool right)
 {
-    const auto found = std::find_if(canals.cbegin(), canals.cend(),
-                                    [right](const CanalLine& canal) { return canal.right == right; });
+    const auto found =
+        std::find_if(canals.cbegin(), canals.cend(),
+                     [right](const CanalLine& canal) { return canal.right == right; });
     return found == canals.cend() ? nullptr : &*found;
 }
 
@@ -261,7 +274,8 @@ QList<Landmark> landmarksOf(const phantom::Patient& patient)
     for (const phantom::Tooth& tooth : patient.teeth()) {
         const QString fdi = QString::number(fdiNumber(tooth.number));
         landmarks.append({toothName(fdi), fdi, LandmarkKind::Tooth, tooth.occlusalPoint});
-        landmarks.append({toothName(fdi) + QStringLiteral(", apex"), {}, LandmarkKind::Apex, tooth.apex});
+        landmarks.append(
+            {toothName(fdi) + QStringLiteral(", apex"), {}, LandmarkKind::Apex, tooth.apex});
     }
     return landmarks;
 }

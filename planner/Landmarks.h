@@ -59,9 +59,10 @@ struct LandmarkFile
     QStringList warnings;    ///< sentences about entries that are left out
 };
 
-/// Reads a landmark file, whose format docs/landmarks.md describes. `worldFromVoxel` maps positions that the file
-/// gives as voxels. Throws Failure if the file is not a JSON object, holds no landmark, holds a known entry that is
-/// no position, places two teeth at one point, or holds more points than an arch or a canal can have.
+/// Reads a landmark file, whose format docs/landmarks.md describes. `worldFromVoxel` maps positions
+/// that the file gives as voxels. Throws Failure if the file is not a JSON object, holds no
+/// landmark, holds a known entry that is no position, places two teeth at one point, or holds more
+/// points than an arch or a canal can have.
 LandmarkFile readLandmarks(const QString& path, const QMatrix4x4& worldFromVoxel);
 
 /// Returns foramina, occlusal points and apices of the built-in patient.
@@ -72,7 +73,8 @@ QList<CanalLine> canalsOf(const phantom::Patient& patient);
 
 /// Returns the FDI number of a tooth in Universal numbering, 1 to 32: 1 is 18, 32 is 48.
 int fdiNumber(int universalNumber);
-/// Returns the Universal number of a tooth in FDI notation; 0 for a number that no permanent tooth has.
+/// Returns the Universal number of a tooth in FDI notation; 0 for a number that no permanent tooth
+/// has.
 int universalNumber(int fdiNumber);
 
 } // namespace planner

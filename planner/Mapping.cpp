@@ -16,7 +16,8 @@ namespace planner {
 
 namespace {
 
-// Foot of a point on the plane z = 0 of a frame, from the frame's axes alone: independent of the mapper.
+// Foot of a point on the plane z = 0 of a frame, from the frame's axes alone: independent of the
+// mapper.
 Eigen::Vector3d footOn(const QMatrix4x4& worldFromLocal, const QVector3D& point)
 {
     const Eigen::Vector3d normal = toEigen(worldFromLocal.column(2).toVector3D()).normalized();
@@ -34,8 +35,10 @@ QList<MappedLandmark> mapOntoPlanar(const QList<Landmark>& landmarks, const Plan
             CoordinateMapper::_3D_To_2D_Planar(&reslice, landmark.position);
         const QPoint pixel = pixelAt(reslice, inView);
         const QVector3D back = CoordinateMapper::_2D_To_3D_Planar(&reslice, inView);
-        const QVector3D clicked = CoordinateMapper::_2D_To_3D_Planar(&reslice, pixelCentre(reslice, pixel));
-        const Eigen::Vector3d foot = footOn(reslice.getTransformationFromResliceToWorld(), landmark.position);
+        const QVector3D clicked =
+            CoordinateMapper::_2D_To_3D_Planar(&reslice, pixelCentre(reslice, pixel));
+        const Eigen::Vector3d foot =
+            footOn(reslice.getTransformationFromResliceToWorld(), landmark.position);
         mapped.append({landmark, inView, pixel, back, (toEigen(back) - foot).norm(),
                        (toEigen(clicked) - foot).norm(), inPlane == PointInPlane::InPlane,
                        inSlice == PointInSlice::InSlice});
@@ -50,7 +53,8 @@ QList<MappedLandmark> mapOntoCeph(const QList<Landmark>& landmarks, const CephRe
         const QPointF inView = CoordinateMapper::_3D_To_2D_Ceph(&reslice, landmark.position);
         const QPoint pixel = pixelAt(reslice, inView);
         const QVector3D back = CoordinateMapper::_2D_To_3D_Ceph(&reslice, inView);
-        const QVector3D clicked = CoordinateMapper::_2D_To_3D_Ceph(&reslice, pixelCentre(reslice, pixel));
+        const QVector3D clicked =
+            CoordinateMapper::_2D_To_3D_Ceph(&reslice, pixelCentre(reslice, pixel));
         const Eigen::Vector3d foot = footOn(reslice.getTransformation(), landmark.position);
         mapped.append({landmark, inView, pixel, back, (toEigen(back) - foot).norm(),
                        (toEigen(clicked) - foot).norm(), std::nullopt, std::nullopt});
@@ -58,26 +62,29 @@ QList<MappedLandmark> mapOntoCeph(const QList<Landmark>& landmarks, const CephRe
     return mapped;
 }
 
-QList<MappedLandmark> mapOntoPanoramic(const QList<Landmark>& landmarks, const PanoramicReslice& reslice)
+QList<MappedLandmark> mapOntoPanoramic(const QList<Landmark>& landmarks,
+                                       const PanoramicReslice& reslice)
 {
     QList<MappedLandmark> mapped;
     for (const Landmark& landmark : landmarks) {
         bool inPlane = false;
         bool inSlice = false;
-        const QPointF inView =
-            CoordinateMapper::_3D_To_2D_Panoramic(&reslice, landmark.position, inPlane, inSlice, true);
+        const QPointF inView = CoordinateMapper::_3D_To_2D_Panoramic(&reslice, landmark.position,
+                                                                     inPlane, inSlice, true);
         const QVector3D back = CoordinateMapper::_2D_To_3D_Panoramic(&reslice, inView);
         const QPoint pixel = pixelAt(reslice, inView);
         const QVector3D clicked =
             CoordinateMapper::_2D_To_3D_Panoramic(&reslice, pixelCentre(reslice, pixel));
         const QVector3D depth =
-            CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(&reslice, inView).column(2).toVector3D();
+            CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(&reslice, inView)
+                .column(2)
+                .toVector3D();
         const auto alongSurface = [&](const QVector3D& point) {
             const Eigen::Vector3d away = toEigen(point) - toEigen(landmark.position);
             return (away - toEigen(depth) * toEigen(depth).dot(away)).norm();
         };
-        mapped.append(
-            {landmark, inView, pixel, back, alongSurface(back), alongSurface(clicked), inPlane, inSlice});
+        mapped.append({landmark, inView, pixel, back, alongSurface(back), alongSurface(clicked),
+                       inPlane, inSlice});
     }
     return mapped;
 }
@@ -89,7 +96,8 @@ MappedSegment mapSegment(const QString& name, const QVector3D& start, const QVec
     segment.name = name;
     segment.whole = {CoordinateMapper::_3D_To_2D_PlanarPoint(&reslice, start),
                      CoordinateMapper::_3D_To_2D_PlanarPoint(&reslice, end)};
-    segment.clipped = CoordinateMapper::_3D_To_2D_Line_Planar(&reslice, start, end, segment.inPlane);
+    segment.clipped =
+        CoordinateMapper::_3D_To_2D_Line_Planar(&reslice, start, end, segment.inPlane);
     return segment;
 }
 

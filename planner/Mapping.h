@@ -37,15 +37,18 @@ struct MappedLandmark
 struct MappedSegment
 {
     QString name;
-    QLineF whole;   ///< from the view point of one end to that of the other, whether in the slab or not
+    QLineF
+        whole; ///< from the view point of one end to that of the other, whether in the slab or not
     QLineF clipped; ///< the part within the slab
     bool inPlane = false;
 };
 
 QList<MappedLandmark> mapOntoPlanar(const QList<Landmark>& landmarks, const PlanarReslice& reslice);
 QList<MappedLandmark> mapOntoCeph(const QList<Landmark>& landmarks, const CephReslice& reslice);
-/// Errors are those along the surface, the foot being that on the tangent plane where the point was mapped to.
-QList<MappedLandmark> mapOntoPanoramic(const QList<Landmark>& landmarks, const PanoramicReslice& reslice);
+/// Errors are those along the surface, the foot being that on the tangent plane where the point was
+/// mapped to.
+QList<MappedLandmark> mapOntoPanoramic(const QList<Landmark>& landmarks,
+                                       const PanoramicReslice& reslice);
 MappedSegment mapSegment(const QString& name, const QVector3D& start, const QVector3D& end,
                          const PlanarReslice& reslice);
 

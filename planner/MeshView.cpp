@@ -28,7 +28,8 @@ constexpr double kSharpEdge = 0.766; // cosine of 40 degrees
 constexpr double kRayStepMm = 0.6;
 constexpr double kNormalReachMm = 1.6;
 constexpr double kGlassBehindMm = 0.02; // where glass lies upon something solid, this is seen
-const Eigen::Vector3f kBackground(kGroundColour.redF(), kGroundColour.greenF(), kGroundColour.blueF());
+const Eigen::Vector3f kBackground(kGroundColour.redF(), kGroundColour.greenF(),
+                                  kGroundColour.blueF());
 
 // x to the right, y down, z away from the eye; mm from the middle of the picture.
 struct Axes
@@ -122,12 +123,14 @@ void addTriangles(std::vector<SeenTriangle>& triangles, const ShownMesh& shown, 
         const auto vertex = [&](qsizetype k) { return std::size_t(indices[first + k]); };
         for (qsizetype k = 0; k < 3; ++k)
             facesOf[vertex(k)].push_back(faceNormals.size());
-        faceNormals.push_back((seen[vertex(1)] - seen[vertex(0)]).cross(seen[vertex(2)] - seen[vertex(0)]));
+        faceNormals.push_back(
+            (seen[vertex(1)] - seen[vertex(0)]).cross(seen[vertex(2)] - seen[vertex(0)]));
         firsts.push_back(first);
     }
     const Look look = lookOf(shown.colour, shown.opacity);
     const Vector3d scale(kFiner / camera.mmPerPixel, kFiner / camera.mmPerPixel, 1.0);
-    const Vector3d middle(kFiner * camera.pixels.width() / 2.0, kFiner * camera.pixels.height() / 2.0, 0.0);
+    const Vector3d middle(kFiner * camera.pixels.width() / 2.0,
+                          kFiner * camera.pixels.height() / 2.0, 0.0);
     for (std::size_t face = 0; face < firsts.size(); ++face) {
         SeenTriangle triangle;
         triangle.look = look;
@@ -151,12 +154,16 @@ class Band
 {
 public:
     Band(int firstRow, int rows, int columns)
-        : first(firstRow), height(rows), width(columns), samples(std::size_t(rows) * std::size_t(columns))
+        : first(firstRow),
+          height(rows),
+          width(columns),
+          samples(std::size_t(rows) * std::size_t(columns))
     {}
 
     void add(int column, int row, const Fragment& fragment)
     {
-        samples[std::size_t(row - first) * std::size_t(width) + std::size_t(column)].push_back(fragment);
+        samples[std::size_t(row - first) * std::size_t(width) + std::size_t(column)].push_back(
+            fragment);
     }
 
     void paint(const SeenTriangle& t)
@@ -175,12 +182,14 @@ public:
                 const double w = 1.0 - u - v;
                 if (u < 0.0 || v < 0.0 || w < 0.0)
                     continue;
-                const Vector3d normal = (u * t.normals[0] + v * t.normals[1] + w * t.normals[2]).normalized();
+                const Vector3d normal =
+                    (u * t.normals[0] + v * t.normals[1] + w * t.normals[2]).normalized();
                 const Look look = lit(t.look, normal);
-                const double depth =
-                    u * a.z() + v * b.z() + w * c.z() + (t.look.opacity < 1.0 ? kGlassBehindMm : 0.0);
+                const double depth = u * a.z() + v * b.z() + w * c.z() +
+                                     (t.look.opacity < 1.0 ? kGlassBehindMm : 0.0);
                 add(column, row,
-                    {static_cast<float>(depth), static_cast<float>(look.opacity), look.colour.cast<float>()});
+                    {static_cast<float>(depth), static_cast<float>(look.opacity),
+                     look.colour.cast<float>()});
             }
         }
     }
@@ -188,7 +197,8 @@ public:
     // From the eye away; what is behind something solid does not count.
     Eigen::Vector3f colourAt(int column, int row)
     {
-        auto& fragments = samples[std::size_t(row - first) * std::size_t(width) + std::size_t(column)];
+        auto& fragments =
+            samples[std::size_t(row - first) * std::size_t(width) + std::size_t(column)];
         std::sort(fragments.begin(), fragments.end(),
                   [](const Fragment& a, const Fragment& b) { return a.depth < b.depth; });
         Eigen::Vector3f colour = Eigen::Vector3f::Zero();
@@ -208,9 +218,10 @@ private:
 
     static std::pair<int, int> range(double a, double b, double c, int low, int high)
     {
-        const auto limited = [low, high](double value) { // in double: nothing is too large for an int then
-            return static_cast<int>(std::clamp(value, double(low), double(high)));
-        };
+        const auto limited =
+            [low, high](double value) { // in double: nothing is too large for an int then
+                return static_cast<int>(std::clamp(value, double(low), double(high)));
+            };
         return {limited(std::floor(std::min({a, b, c}))), limited(std::ceil(std::max({a, b, c})))};
     }
 
@@ -253,7 +264,8 @@ public:
     }
 
 private:
-    // Where the line of sight through a point enters and leaves the box; if nowhere, the second is smaller.
+    // Where the line of sight through a point enters and leaves the box; if nowhere, the second is
+    // smaller.
     std::pair<double, double> withinBox(const Vector3d& point) const
     {
         double first = std::numeric_limits<double>::lowest();
@@ -278,7 +290,8 @@ private:
         return bone.isShown(world) && bone.sampler->valueAt(world) >= bone.threshold;
     }
 
-    // From the bone to where there is none. The voxels' steps are evened out by asking around in all directions.
+    // From the bone to where there is none. The voxels' steps are evened out by asking around in
+    // all directions.
     Vector3d normalAt(const Vector3d& seen) const
     {
         Vector3d outwards = Vector3d::Zero();
@@ -332,11 +345,12 @@ void addBone(Band& band, const BoneCaster& caster, const Camera& camera, int fir
 QPointF Camera::project(const QVector3D& point) const
 {
     const Vector3d seen = Axes(*this).seen(toEigen(point));
-    return {pixels.width() / 2.0 + seen.x() / mmPerPixel, pixels.height() / 2.0 + seen.y() / mmPerPixel};
+    return {pixels.width() / 2.0 + seen.x() / mmPerPixel,
+            pixels.height() / 2.0 + seen.y() / mmPerPixel};
 }
 
-QImage paintScene(const Camera& camera, const QList<ShownMesh>& meshes, const std::optional<ShownBone>& bone,
-                  const std::function<void(double)>& progress)
+QImage paintScene(const Camera& camera, const QList<ShownMesh>& meshes,
+                  const std::optional<ShownBone>& bone, const std::function<void(double)>& progress)
 {
     const Axes axes(camera);
     std::vector<SeenTriangle> triangles;

@@ -38,21 +38,22 @@ struct ShownMesh
     double opacity = 1.0; ///< below 1: glass, denser where it is seen from the side
 };
 
-/// The surface at which the grey values of a volume rise above a threshold, as glass. Of each ray the first such
-/// place is shown.
+/// The surface at which the grey values of a volume rise above a threshold, as glass. Of each ray
+/// the first such place is shown.
 struct ShownBone
 {
     const Sampler* sampler = nullptr;
     double threshold = 0.0;
-    std::function<bool(const QVector3D&)> isShown; ///< where the volume is cut away; the cut is shown too
-    QVector3D low;                                 ///< corners of the box that is searched
+    std::function<bool(const QVector3D&)>
+        isShown;   ///< where the volume is cut away; the cut is shown too
+    QVector3D low; ///< corners of the box that is searched
     QVector3D high;
     QColor colour;
     double opacity = 0.3;
 };
 
-/// Shaded, with a light beside the eye. Edges sharper than 40 degrees stay sharp. Triangles with index entries that
-/// name no vertex, or with a corner that is not finite, are left out.
+/// Shaded, with a light beside the eye. Edges sharper than 40 degrees stay sharp. Triangles with
+/// index entries that name no vertex, or with a corner that is not finite, are left out.
 QImage paintScene(const Camera& camera, const QList<ShownMesh>& meshes,
                   const std::optional<ShownBone>& bone = std::nullopt,
                   const std::function<void(double)>& progress = {});

@@ -33,8 +33,9 @@ Edge edge(int a, int b)
     return {std::min(a, b), std::max(a, b)};
 }
 
-// Which crossed edge follows upon which: each triangle that the plane crosses leads from one to another, and along
-// a closed surface whose triangles all turn the same way every edge has exactly one follower.
+// Which crossed edge follows upon which: each triangle that the plane crosses leads from one to
+// another, and along a closed surface whose triangles all turn the same way every edge has exactly
+// one follower.
 QMap<Edge, Edge> followers(const geometry::Mesh& mesh, const std::vector<double>& heights)
 {
     QMap<Edge, Edge> result;
@@ -69,9 +70,9 @@ geometry::Mesh tubeMesh(const QList<QVector3D>& centreLine, float radiusMm)
     Eigen::Vector3d across = Eigen::Vector3d::Zero();
     for (int i = 0; i < rings; ++i) {
         const Eigen::Vector3d centre = toEigen(centreLine[i]);
-        const Eigen::Vector3d along =
-            (toEigen(centreLine[std::min(i + 1, rings - 1)]) - toEigen(centreLine[std::max(i - 1, 0)]))
-                .normalized();
+        const Eigen::Vector3d along = (toEigen(centreLine[std::min(i + 1, rings - 1)]) -
+                                       toEigen(centreLine[std::max(i - 1, 0)]))
+                                          .normalized();
         // The rings turn with the line and not about it.
         across -= across.dot(along) * along;
         if (across.norm() < 1e-6)
@@ -80,8 +81,9 @@ geometry::Mesh tubeMesh(const QList<QVector3D>& centreLine, float radiusMm)
         const Eigen::Vector3d other = along.cross(across);
         for (int k = 0; k < kTubeSegments; ++k) {
             const double angle = 2.0 * std::numbers::pi * k / kTubeSegments;
-            vertices.append(toQt(centre + static_cast<double>(radiusMm) *
-                                              (std::cos(angle) * across + std::sin(angle) * other)));
+            vertices.append(
+                toQt(centre + static_cast<double>(radiusMm) *
+                                  (std::cos(angle) * across + std::sin(angle) * other)));
         }
     }
     vertices << centreLine.first() << centreLine.last();
@@ -149,7 +151,8 @@ QList<QPolygonF> cutMesh(const geometry::Mesh& mesh, const PlanarReslice& reslic
             step = open.find(next);
         }
         QPolygonF outline;
-        for (const auto& [point, inPlane] : CoordinateMapper::mapAllPointsOntoReslice(points, reslice))
+        for (const auto& [point, inPlane] :
+             CoordinateMapper::mapAllPointsOntoReslice(points, reslice))
             outline.append(point);
         outline.append(outline.first());
         outlines.append(outline);

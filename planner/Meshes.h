@@ -18,8 +18,8 @@ class ShapeNode;
 
 namespace planner {
 
-/// A closed tube round a line, with flat ends; triangles counter-clockwise seen from outside. Empty for fewer than two
-/// points. Consecutive points must differ.
+/// A closed tube round a line, with flat ends; triangles counter-clockwise seen from outside. Empty
+/// for fewer than two points. Consecutive points must differ.
 geometry::Mesh tubeMesh(const QList<QVector3D>& centreLine, float radiusMm);
 
 /// All shapes of a tree as one mesh, placed in the scene.
@@ -27,8 +27,8 @@ geometry::Mesh placedMesh(const geometry::ShapeNode& root, const QMatrix4x4& sce
 /// The surface where it stands in the scene.
 geometry::Mesh placedMesh(const Surface3DModel& model);
 
-/// The outlines in which the plane of a reslice cuts a closed mesh, in view coordinates, mm. Each is closed: it ends
-/// where it starts.
+/// The outlines in which the plane of a reslice cuts a closed mesh, in view coordinates, mm. Each
+/// is closed: it ends where it starts.
 QList<QPolygonF> cutMesh(const geometry::Mesh& mesh, const PlanarReslice& reslice);
 
 } // namespace planner

@@ -47,7 +47,8 @@ image::DataType elementType(const TextHeader& header)
 bool flag(const TextHeader& header, const QList<QByteArray>& names, bool otherwise)
 {
     const auto value = header.value(names);
-    return value ? value->startsWith('T') || value->startsWith('t') || value->startsWith('1') : otherwise;
+    return value ? value->startsWith('T') || value->startsWith('t') || value->startsWith('1')
+                 : otherwise;
 }
 
 // Where the voxels are and how they are written.
@@ -55,8 +56,9 @@ VoxelFile voxelsOf(const TextHeader& header)
 {
     const QString& path = header.path();
     if (header.wholeNumbers({"ndims"}, 1).value_or(QList<qint64>{0}).first() != 3)
-        throw Failure(path, QStringLiteral("a volume has 3 dimensions, the header says %1")
-                                .arg(QString::fromLatin1(header.value({"ndims"}).value_or("none").left(20))));
+        throw Failure(
+            path, QStringLiteral("a volume has 3 dimensions, the header says %1")
+                      .arg(QString::fromLatin1(header.value({"ndims"}).value_or("none").left(20))));
     if (header.wholeNumbers({"elementnumberofchannels"}, 1).value_or(QList<qint64>{1}).first() != 1)
         throw Failure(path, QStringLiteral("voxels of several channels are not supported"));
     if (!flag(header, {"binarydata"}, true))
@@ -65,7 +67,8 @@ VoxelFile voxelsOf(const TextHeader& header)
     VoxelFile voxels;
     const auto counts = header.wholeNumbers({"dimsize"}, 3);
     if (!counts)
-        throw Failure(path, QStringLiteral("the header does not state the number of voxels (DimSize)"));
+        throw Failure(path,
+                      QStringLiteral("the header does not state the number of voxels (DimSize)"));
     voxels.counts = {(*counts)[0], (*counts)[1], (*counts)[2]};
     checkVoxelCounts(path, voxels.counts);
     voxels.type = elementType(header);
@@ -74,16 +77,19 @@ VoxelFile voxelsOf(const TextHeader& header)
     const bool compressed = flag(header, {"compresseddata"}, false);
     voxels.coding = compressed ? ByteSource::Coding::Deflated : ByteSource::Coding::Plain;
 
-    const QString name = QString::fromUtf8(header.value({"elementdatafile"}).value_or(QByteArray()));
+    const QString name =
+        QString::fromUtf8(header.value({"elementdatafile"}).value_or(QByteArray()));
     const bool local = name.compare(QLatin1String("LOCAL"), Qt::CaseInsensitive) == 0;
     if (name.isEmpty())
-        throw Failure(path,
-                      QStringLiteral("the header does not name the file with the voxels (ElementDataFile)"));
+        throw Failure(
+            path,
+            QStringLiteral("the header does not name the file with the voxels (ElementDataFile)"));
     if (name.startsWith(QLatin1String("LIST")) || name.contains(u'%'))
         throw Failure(path, QStringLiteral("voxels in several files are not supported"));
     voxels.path = local ? path : header.dataFile(name);
     voxels.start = local ? header.size() : 0;
-    const qint64 skipped = header.wholeNumbers({"headersize"}, 1).value_or(QList<qint64>{0}).first();
+    const qint64 skipped =
+        header.wholeNumbers({"headersize"}, 1).value_or(QList<qint64>{0}).first();
     const qint64 fileBytes = QFileInfo(voxels.path).size();
     if (skipped == -1 && !local && !compressed)
         voxels.start = fileBytes - voxels.counts[0] * voxels.counts[1] * voxels.counts[2] *
@@ -105,7 +111,8 @@ Volume readMetaImage(const QString& path)
     const VoxelFile voxels = voxelsOf(header);
     const auto spacing = header.numbers({"elementspacing", "elementsize"}, 3);
     if (!spacing)
-        throw Failure(path, QStringLiteral("the header states no spacing of the voxels (ElementSpacing)"));
+        throw Failure(
+            path, QStringLiteral("the header states no spacing of the voxels (ElementSpacing)"));
     const auto directions = header.numbers({"transformmatrix", "rotation", "orientation"}, 9);
     const auto origin =
         header.numbers({"offset", "position", "origin"}, 3).value_or(QList<double>{0.0, 0.0, 0.0});
@@ -113,7 +120,8 @@ Volume readMetaImage(const QString& path)
     Volume volume;
     for (int axis = 0; axis < 3; ++axis) {
         for (int row = 0; row < 3; ++row) { // the directions of the axes, one after the other
-            const double direction = directions ? (*directions)[3 * axis + row] : (axis == row ? 1.0 : 0.0);
+            const double direction =
+                directions ? (*directions)[3 * axis + row] : (axis == row ? 1.0 : 0.0);
             volume.worldFromVoxel(row, axis) = static_cast<float>(direction * (*spacing)[axis]);
         }
         volume.worldFromVoxel(axis, 3) = static_cast<float>(origin[axis]);

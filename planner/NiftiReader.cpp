@@ -70,7 +70,8 @@ Header readHeader(const QString& path)
     if (path.endsWith(QLatin1String(".gz"), Qt::CaseInsensitive))
         voxels.coding = ByteSource::codingOf(path);
     nifti_1_header& read = header.native;
-    const qint64 bytes = ByteSource(path, voxels.coding).read(reinterpret_cast<char*>(&read), sizeof read);
+    const qint64 bytes =
+        ByteSource(path, voxels.coding).read(reinterpret_cast<char*>(&read), sizeof read);
     if (bytes == sizeof read && read.sizeof_hdr == qbswap<qint32>(sizeof read)) {
         swap_nifti_header(&read, 1);
         voxels.swapped = true;
@@ -79,20 +80,19 @@ Header readHeader(const QString& path)
         (std::memcmp(read.magic, "n+1", 4) != 0 && std::memcmp(read.magic, "ni1", 4) != 0))
         throw Failure(path, QStringLiteral("this is not a NIfTI-1 file"));
     if (read.magic[1] == 'i')
-        throw Failure(
-            path, QStringLiteral(
-                      "header and voxels are in two files, which is not supported; make it one .nii file"));
+        throw Failure(path, QStringLiteral("header and voxels are in two files, which is not "
+                                           "supported; make it one .nii file"));
     if (read.dim[0] < 3 || read.dim[0] > 7)
-        throw Failure(path, QStringLiteral("a volume has 3 dimensions, the header says %1").arg(read.dim[0]));
+        throw Failure(
+            path, QStringLiteral("a volume has 3 dimensions, the header says %1").arg(read.dim[0]));
     voxels.counts = {read.dim[1], read.dim[2], read.dim[3]};
     checkVoxelCounts(path, voxels.counts);
     for (int axis = 4; axis <= read.dim[0]; ++axis) {
         if (read.dim[axis] > 1)
-            throw Failure(
-                path, QStringLiteral(
-                          "this holds more than one volume (%1 along dimension %2), which is not supported")
-                          .arg(read.dim[axis])
-                          .arg(axis));
+            throw Failure(path, QStringLiteral("this holds more than one volume (%1 along "
+                                               "dimension %2), which is not supported")
+                                    .arg(read.dim[axis])
+                                    .arg(axis));
     }
     if (!(read.vox_offset >= 0.0F && read.vox_offset <= kLargestOffset))
         throw Failure(path, QStringLiteral("the header's offset of the voxels makes no sense"));
@@ -100,8 +100,9 @@ Header readHeader(const QString& path)
     const auto type = elementType(read.datatype);
     if (!type)
         throw Failure(
-            path, QStringLiteral("voxels of the type %1 are not supported, only integers up to 32 bits and "
-                                 "floating-point numbers up to 64 bits")
+            path, QStringLiteral(
+                      "voxels of the type %1 are not supported, only integers up to 32 bits and "
+                      "floating-point numbers up to 64 bits")
                       .arg(QString::fromLatin1(nifti_datatype_string(read.datatype))));
     voxels.type = *type;
     return header;
@@ -156,7 +157,8 @@ Volume readNifti(const QString& path)
     volume.orientationKnown = nifti->sform_code > 0 || nifti->qform_code > 0;
     volume.description = QStringLiteral("NIfTI file %1").arg(QFileInfo(path).fileName());
     const QString statement =
-        QString::fromUtf8(nifti->descrip, qstrnlen(nifti->descrip, sizeof nifti->descrip)).simplified();
+        QString::fromUtf8(nifti->descrip, qstrnlen(nifti->descrip, sizeof nifti->descrip))
+            .simplified();
     if (!statement.isEmpty())
         volume.description += QStringLiteral(" (\"%1\")").arg(statement);
     if (!volume.orientationKnown)

@@ -31,7 +31,8 @@ image::DataType elementType(const TextHeader& header)
     static const QList<Type> types = {
         {image::Int8, {"signed char", "int8", "int8_t"}},
         {image::UInt8, {"uchar", "unsigned char", "uint8", "uint8_t"}},
-        {image::Int16, {"short", "short int", "signed short", "signed short int", "int16", "int16_t"}},
+        {image::Int16,
+         {"short", "short int", "signed short", "signed short int", "int16", "int16_t"}},
         {image::UInt16, {"ushort", "unsigned short", "unsigned short int", "uint16", "uint16_t"}},
         {image::Int32, {"int", "signed int", "int32", "int32_t"}},
         {image::UInt32, {"uint", "unsigned int", "uint32", "uint32_t"}},
@@ -56,16 +57,18 @@ ByteSource::Coding codingOf(const TextHeader& header)
         return ByteSource::Coding::Plain;
     if (name == "gzip" || name == "gz")
         return ByteSource::Coding::Deflated;
-    throw Failure(header.path(),
-                  QStringLiteral("the encoding \"%1\" of the voxels is not supported, only raw and gzip")
-                      .arg(QString::fromLatin1(name.left(40))));
+    throw Failure(
+        header.path(),
+        QStringLiteral("the encoding \"%1\" of the voxels is not supported, only raw and gzip")
+            .arg(QString::fromLatin1(name.left(40))));
 }
 
 bool isSwapped(const TextHeader& header, image::DataType type)
 {
     const QByteArray order = header.value({"endian"}).value_or(QByteArray()).toLower();
     if (order != "little" && order != "big" && image::elementSize(type) > 1)
-        throw Failure(header.path(), QStringLiteral("the header does not state the order of bytes (endian)"));
+        throw Failure(header.path(),
+                      QStringLiteral("the header does not state the order of bytes (endian)"));
     return (order == "big") != (QSysInfo::ByteOrder == QSysInfo::BigEndian);
 }
 
@@ -74,13 +77,14 @@ VoxelFile voxelsOf(const TextHeader& header)
 {
     const QString& path = header.path();
     if (header.wholeNumbers({"dimension"}, 1).value_or(QList<qint64>{0}).first() != 3)
-        throw Failure(path,
-                      QStringLiteral("a volume has 3 dimensions, the header says %1")
-                          .arg(QString::fromLatin1(header.value({"dimension"}).value_or("none").left(20))));
+        throw Failure(path, QStringLiteral("a volume has 3 dimensions, the header says %1")
+                                .arg(QString::fromLatin1(
+                                    header.value({"dimension"}).value_or("none").left(20))));
     VoxelFile voxels;
     const auto counts = header.wholeNumbers({"sizes"}, 3);
     if (!counts)
-        throw Failure(path, QStringLiteral("the header does not state the number of voxels (sizes)"));
+        throw Failure(path,
+                      QStringLiteral("the header does not state the number of voxels (sizes)"));
     voxels.counts = {(*counts)[0], (*counts)[1], (*counts)[2]};
     checkVoxelCounts(path, voxels.counts);
     voxels.type = elementType(header);
@@ -92,13 +96,15 @@ VoxelFile voxelsOf(const TextHeader& header)
         throw Failure(path, QStringLiteral("voxels in several files are not supported"));
     voxels.path = name ? header.dataFile(QString::fromUtf8(*name)) : path;
     voxels.start = name ? 0 : header.size();
-    const qint64 lines = header.wholeNumbers({"line skip", "lineskip"}, 1).value_or(QList<qint64>{0}).first();
+    const qint64 lines =
+        header.wholeNumbers({"line skip", "lineskip"}, 1).value_or(QList<qint64>{0}).first();
     const qint64 skipped =
         header.wholeNumbers({"byte skip", "byteskip"}, 1).value_or(QList<qint64>{0}).first();
     const qint64 fileBytes = QFileInfo(voxels.path).size();
     const bool plain = voxels.coding == ByteSource::Coding::Plain;
     if (lines != 0 || (skipped != 0 && !plain))
-        throw Failure(path, QStringLiteral("lines or compressed bytes before the voxels are not supported"));
+        throw Failure(
+            path, QStringLiteral("lines or compressed bytes before the voxels are not supported"));
     if (skipped == -1)
         voxels.start = fileBytes - voxels.counts[0] * voxels.counts[1] * voxels.counts[2] *
                                        static_cast<qint64>(image::elementSize(voxels.type));
@@ -172,8 +178,9 @@ Volume readNrrd(const QString& path)
     const auto directions = vectors(header, "space directions", 3);
     const auto spacings = header.numbers({"spacings"}, 3);
     if (!directions && !spacings)
-        throw Failure(path, QStringLiteral(
-                                "the header states no spacing of the voxels (space directions or spacings)"));
+        throw Failure(
+            path, QStringLiteral(
+                      "the header states no spacing of the voxels (space directions or spacings)"));
     checkUnits(header);
     const auto space = lpsFromSpace(header);
     const auto factors = space.value_or(std::array{1.0, 1.0, 1.0});
@@ -183,8 +190,8 @@ Volume readNrrd(const QString& path)
     for (int row = 0; row < 3; ++row) {
         const double factor = factors[static_cast<std::size_t>(row)];
         for (int axis = 0; axis < 3; ++axis) {
-            const double step =
-                directions ? (*directions)[3 * axis + row] : (axis == row ? (*spacings)[axis] : 0.0);
+            const double step = directions ? (*directions)[3 * axis + row]
+                                           : (axis == row ? (*spacings)[axis] : 0.0);
             volume.worldFromVoxel(row, axis) = static_cast<float>(factor * step);
         }
         volume.worldFromVoxel(row, 3) = static_cast<float>(factor * origin[row]);

@@ -21,10 +21,11 @@ constexpr double kShortestArchMm = 20.0; // five teeth
 constexpr double kLongestArchMm = 600.0; // twice the way around a large jaw with both rami
 constexpr float kPixelMm = 0.2F;
 constexpr qsizetype kPixelsPerWideColumn = 25;
-constexpr float kThicknessMm = 30.0F; // of the slab: crowns, roots and canals of both jaws lie within
-constexpr float kBelowMm = 22.0F;     // shown below the lowest landmark
-constexpr float kAboveMm = 28.0F;     // and above the highest
-constexpr float kBehindMm = 14.0F;    // the path goes on behind the foramina, to the back of the ramus
+constexpr float kThicknessMm =
+    30.0F;                         // of the slab: crowns, roots and canals of both jaws lie within
+constexpr float kBelowMm = 22.0F;  // shown below the lowest landmark
+constexpr float kAboveMm = 28.0F;  // and above the highest
+constexpr float kBehindMm = 14.0F; // the path goes on behind the foramina, to the back of the ramus
 constexpr float kImplantLengthMm = 10.0F;
 constexpr float kImplantDiameterMm = 4.1F;
 constexpr float kApexToImplantMm = 1.0F; // the implant ends short of where the root did
@@ -86,16 +87,18 @@ Lead leadOf(const Case& planned)
     if (!lead.byArch)
         lead.points = lowerTeeth(planned);
     if (lead.points.size() < kFewestPoints) {
-        lead.problem =
-            QStringLiteral("A panoramic view needs five arch points, or five of the lower teeth 47, 45, 43, "
-                           "41, 31, 33, 35 and 37; fewer are known, so there is none.");
+        lead.problem = QStringLiteral(
+            "A panoramic view needs five arch points, or five of the lower teeth 47, 45, 43, "
+            "41, 31, 33, 35 and 37; fewer are known, so there is none.");
         return lead;
     }
     float height = 0.0F;
     for (const QVector3D& point : std::as_const(lead.points))
         height += point.z() / static_cast<float>(lead.points.size());
-    extend(lead.points, findLandmark(planned.landmarks, QString::fromUtf16(kRightMandibularForamen)), true);
-    extend(lead.points, findLandmark(planned.landmarks, QString::fromUtf16(kLeftMandibularForamen)), false);
+    extend(lead.points,
+           findLandmark(planned.landmarks, QString::fromUtf16(kRightMandibularForamen)), true);
+    extend(lead.points, findLandmark(planned.landmarks, QString::fromUtf16(kLeftMandibularForamen)),
+           false);
     double length = 0.0;
     for (qsizetype i = 0; i < lead.points.size(); ++i) {
         lead.points[i].setZ(height);
@@ -103,13 +106,13 @@ Lead leadOf(const Case& planned)
             length += static_cast<double>((lead.points[i] - lead.points[i - 1]).length());
     }
     if (!(length >= kShortestArchMm && length <= kLongestArchMm))
-        lead.problem =
-            QStringLiteral(
-                "A panoramic view needs an arch of %1 to %2 mm; %3 make one of %4 mm, so there is none.")
-                .arg(kShortestArchMm)
-                .arg(kLongestArchMm)
-                .arg(lead.byArch ? QStringLiteral("the arch points") : QStringLiteral("the lower teeth"))
-                .arg(length, 0, 'f', 0);
+        lead.problem = QStringLiteral("A panoramic view needs an arch of %1 to %2 mm; %3 make one "
+                                      "of %4 mm, so there is none.")
+                           .arg(kShortestArchMm)
+                           .arg(kLongestArchMm)
+                           .arg(lead.byArch ? QStringLiteral("the arch points")
+                                            : QStringLiteral("the lower teeth"))
+                           .arg(length, 0, 'f', 0);
     return lead;
 }
 
@@ -147,10 +150,12 @@ std::optional<Panorama> panorama(const Case& planned)
     view.reslice->setThickness(kThicknessMm);
     view.reslice->setSampleSize({kPixelMm, kPixelMm, kPixelMm});
     // The last sample closes the last column.
-    view.reslice->setDimensions(QSizeF(static_cast<double>(path.size() - 1),
-                                       std::ceil(static_cast<double>((range.max - range.min) / kPixelMm))));
+    view.reslice->setDimensions(
+        QSizeF(static_cast<double>(path.size() - 1),
+               std::ceil(static_cast<double>((range.max - range.min) / kPixelMm))));
     view.place = QStringLiteral("Along %1 at z = %2 mm, from the patient's right to the left.")
-                     .arg(lead.byArch ? QStringLiteral("the arch points") : QStringLiteral("the lower teeth"))
+                     .arg(lead.byArch ? QStringLiteral("the arch points")
+                                      : QStringLiteral("the lower teeth"))
                      .arg(static_cast<double>(height), 0, 'f', 1);
     return view;
 }
@@ -170,14 +175,16 @@ std::shared_ptr<PanoramicReslice> withWideColumns(const PanoramicReslice& reslic
     QVector3D size = reslice.getSampleSize();
     size.setX(size.x() * static_cast<float>(kPixelsPerWideColumn));
     wide->setSampleSize(size);
-    wide->setDimensions(QSizeF(static_cast<double>(path.size() - 1), reslice.getDimensions().height()));
+    wide->setDimensions(
+        QSizeF(static_cast<double>(path.size() - 1), reslice.getDimensions().height()));
     return wide;
 }
 
 std::shared_ptr<dataobject::Implant3D> implantAt(const Case& planned, const QString& fdi)
 {
     const Landmark* crown = findLandmark(planned.landmarks, QStringLiteral("tooth %1").arg(fdi));
-    const Landmark* apex = findLandmark(planned.landmarks, QStringLiteral("tooth %1, apex").arg(fdi));
+    const Landmark* apex =
+        findLandmark(planned.landmarks, QStringLiteral("tooth %1, apex").arg(fdi));
     if (!crown || !apex)
         return nullptr;
     const QVector3D z = (crown->position - apex->position).normalized();
@@ -187,8 +194,8 @@ std::shared_ptr<dataobject::Implant3D> implantAt(const Case& planned, const QStr
     placement.setColumn(0, QVector4D(x, 0.0F));
     placement.setColumn(1, QVector4D(y, 0.0F));
     placement.setColumn(2, QVector4D(z, 0.0F));
-    placement.setColumn(
-        3, QVector4D(apex->position + z * (kApexToImplantMm + kImplantLengthMm), 1.0F)); // the platform
+    placement.setColumn(3, QVector4D(apex->position + z * (kApexToImplantMm + kImplantLengthMm),
+                                     1.0F)); // the platform
     auto implant = std::make_shared<dataobject::Implant3D>();
     implant->setDimensions({kImplantDiameterMm, kImplantLengthMm});
     implant->setObjectTransform(placement);
@@ -201,8 +208,8 @@ double turnSquare(dataobject::Implant3D& implant, GuidingLine& arch)
     const QMatrix4x4 rotation = implantRotationCalculator::calculatePerpendicularRotation(
         arch, placement.column(3).toVector3D(), placement);
     implant.setObjectTransform(placement * rotation, TransformManipulationType::Rotation);
-    return std::atan2(static_cast<double>(rotation(1, 0)), static_cast<double>(rotation(0, 0))) * 180.0 /
-           std::numbers::pi;
+    return std::atan2(static_cast<double>(rotation(1, 0)), static_cast<double>(rotation(0, 0))) *
+           180.0 / std::numbers::pi;
 }
 
 } // namespace planner

@@ -39,7 +39,8 @@ QString number(double value, int decimals)
     return QString::number(value, 'f', decimals);
 }
 
-// The visible part of a picture, and everything drawn onto it moved along. Returns its rectangle in the picture.
+// The visible part of a picture, and everything drawn onto it moved along. Returns its rectangle in
+// the picture.
 QRect crop(PictureContent& content)
 {
     const QRect box = ImageBoundingBoxCalculator::createBoundingBox(content.samples);
@@ -67,8 +68,8 @@ QString cropSentence(const QRect& box, const QImage& whole)
 }
 
 // A world line bent onto the surface, as far as it lies in the slab: a curve for each part of it.
-QList<PictureCurve> bent(const QList<QVector3D>& line, const PanoramicReslice& reslice, const QColor& colour,
-                         double width)
+QList<PictureCurve> bent(const QList<QVector3D>& line, const PanoramicReslice& reslice,
+                         const QColor& colour, double width)
 {
     QList<PictureCurve> curves;
     bool open = false;
@@ -108,8 +109,8 @@ QList<PictureCurve> nearSurface(const QList<QVector3D>& line, const PanoramicRes
 {
     QList<PictureCurve> curves;
     for (qsizetype i = 0; i + 1 < line.size(); ++i) {
-        for (const QLineF& part :
-             CoordinateMapper::_3D_To_2D_Line_Panoramic(&reslice, line[i], line[i + 1], false, kStepMm))
+        for (const QLineF& part : CoordinateMapper::_3D_To_2D_Line_Panoramic(
+                 &reslice, line[i], line[i + 1], false, kStepMm))
             append(curves, part, colour, width);
     }
     return curves;
@@ -161,11 +162,14 @@ QList<PlacedImplant> placeImplants(const Case& planned, GuidingLine& arch)
 
 EdgeLetters panoramicEdges(bool known)
 {
-    const auto letters = [known](float x, float z) { return directionLetters({x, 0.0F, z}, known); };
+    const auto letters = [known](float x, float z) {
+        return directionLetters({x, 0.0F, z}, known);
+    };
     return {letters(-1.0F, 0.0F), letters(1.0F, 0.0F), letters(0.0F, 1.0F), letters(0.0F, -1.0F)};
 }
 
-// Tooth numbers stand in the middle of their teeth, where upper and lower ones do not crowd each other.
+// Tooth numbers stand in the middle of their teeth, where upper and lower ones do not crowd each
+// other.
 QList<Landmark> onTheirTeeth(QList<Landmark> landmarks)
 {
     for (Landmark& landmark : landmarks) {
@@ -206,19 +210,21 @@ struct Told
     }
 };
 
-void addNerve(PictureContent& content, const CanalLine* canal, bool right, const PanoramicReslice& reslice,
-              const PanoramicReslice& wide, Told& told)
+void addNerve(PictureContent& content, const CanalLine* canal, bool right,
+              const PanoramicReslice& reslice, const PanoramicReslice& wide, Told& told)
 {
     if (!canal) {
-        told.say(QStringLiteral("The course of the %1 mandibular nerve is not known, so it is not drawn.")
+        told.say(QStringLiteral(
+                     "The course of the %1 mandibular nerve is not known, so it is not drawn.")
                      .arg(sideName(right)));
         return;
     }
     const QList<PictureCurve> nerve = bent(canal->points, reslice, kNerveColour, 2.0);
     const QList<PictureCurve> near = nearSurface(canal->points, wide, kNerveColour, 3.0);
     told.say(
-        QStringLiteral("The %1 mandibular nerve is %2 mm long in the view; within %3 mm of the surface, on "
-                       "%4 mm, it is drawn solid.")
+        QStringLiteral(
+            "The %1 mandibular nerve is %2 mm long in the view; within %3 mm of the surface, on "
+            "%4 mm, it is drawn solid.")
             .arg(sideName(right), number(lengthOf(nerve), 1))
             .arg(static_cast<double>(wide.getSampleSize().x()))
             .arg(number(lengthOf(near), 1)));
@@ -233,17 +239,17 @@ SectionPicture panoramicPicture(const Case& planned, const Panorama& view,
     progress.step(QStringLiteral("Unrolling the arch"));
     const PanoramicReslice& reslice = *view.reslice;
     const auto wide = withWideColumns(reslice);
-    PictureContent content{
-        unroll(sampler, scale, reslice, kShownDepthMm, [&progress](double done) { progress.fraction(done); }),
-        reslice.getSampleSize(),
-        panoramicEdges(planned.volume.orientationKnown),
-        mapOntoPanoramic(onTheirTeeth(planned.landmarks), reslice),
-        std::nullopt,
-        true};
+    PictureContent content{unroll(sampler, scale, reslice, kShownDepthMm,
+                                  [&progress](double done) { progress.fraction(done); }),
+                           reslice.getSampleSize(),
+                           panoramicEdges(planned.volume.orientationKnown),
+                           mapOntoPanoramic(onTheirTeeth(planned.landmarks), reslice),
+                           std::nullopt,
+                           true};
     const Errors errors = errorsOf(content.marks);
-    told.say(QStringLiteral(
-                 "%1 landmarks lie within the slab of %2 mm; mapped into the panoramic view and back they "
-                 "come out at most %3 mm from their foot on the surface.")
+    told.say(QStringLiteral("%1 landmarks lie within the slab of %2 mm; mapped into the panoramic "
+                            "view and back they "
+                            "come out at most %3 mm from their foot on the surface.")
                  .arg(errors.count)
                  .arg(static_cast<double>(reslice.getThickness()))
                  .arg(errors.largest, 0, 'f', 4));
@@ -258,11 +264,12 @@ SectionPicture panoramicPicture(const Case& planned, const Panorama& view,
     }
     for (const char* site : kImplantSites) {
         const bool isPlaced =
-            std::any_of(implants.cbegin(), implants.cend(),
-                        [site](const PlacedImplant& placed) { return placed.fdi == QLatin1String(site); });
+            std::any_of(implants.cbegin(), implants.cend(), [site](const PlacedImplant& placed) {
+                return placed.fdi == QLatin1String(site);
+            });
         if (!isPlaced)
-            told.say(QStringLiteral(
-                         "Of tooth %1, crown and apex are not both known, so no implant takes its place.")
+            told.say(QStringLiteral("Of tooth %1, crown and apex are not both known, so no implant "
+                                    "takes its place.")
                          .arg(QLatin1String(site)));
     }
 
@@ -270,8 +277,9 @@ SectionPicture panoramicPicture(const Case& planned, const Panorama& view,
     const QImage whole = content.samples;
     const QRect box = crop(content);
     const QString caption =
-        QStringLiteral("<p>%1 Bright is what lies within %2 mm of the surface, summed as in a radiograph.</p>"
-                       "<p>Top edge: superior. Left edge: the patient's right.</p><p>%3</p>")
+        QStringLiteral(
+            "<p>%1 Bright is what lies within %2 mm of the surface, summed as in a radiograph.</p>"
+            "<p>Top edge: superior. Left edge: the patient's right.</p><p>%3</p>")
             .arg(view.place.toHtmlEscaped())
             .arg(static_cast<double>(kShownDepthMm))
             .arg(cropSentence(box, whole));
@@ -295,28 +303,34 @@ std::shared_ptr<PlanarReslice> closeUpAt(const QVector3D& position)
 }
 
 // A square round the implant's platform and an arrow along its local y axis.
-QList<PictureCurve> footprint(const QMatrix4x4& placement, float diameter, const PlanarReslice& reslice,
-                              const QColor& colour, bool dotted)
+QList<PictureCurve> footprint(const QMatrix4x4& placement, float diameter,
+                              const PlanarReslice& reslice, const QColor& colour, bool dotted)
 {
     const auto at = [&](float x, float y) {
-        return CoordinateMapper::_3D_To_2D_PlanarPoint(&reslice, placement.map(QVector3D(x, y, 0.0F)));
+        return CoordinateMapper::_3D_To_2D_PlanarPoint(&reslice,
+                                                       placement.map(QVector3D(x, y, 0.0F)));
     };
     const float r = diameter / 2.0F;
     const float tip = diameter * 1.6F;
-    return {
-        {{at(-r, -r), at(r, -r), at(r, r), at(-r, r), at(-r, -r)}, colour, 3.0, dotted},
-        {{at(0.0F, 0.0F), at(0.0F, tip)}, colour, 3.0, dotted},
-        {{at(-r * 0.4F, tip - r * 0.6F), at(0.0F, tip), at(r * 0.4F, tip - r * 0.6F)}, colour, 3.0, false}};
+    return {{{at(-r, -r), at(r, -r), at(r, r), at(-r, r), at(-r, -r)}, colour, 3.0, dotted},
+            {{at(0.0F, 0.0F), at(0.0F, tip)}, colour, 3.0, dotted},
+            {{at(-r * 0.4F, tip - r * 0.6F), at(0.0F, tip), at(r * 0.4F, tip - r * 0.6F)},
+             colour,
+             3.0,
+             false}};
 }
 
-SectionPicture implantPicture(const Case& planned, const PlacedImplant& placed, const GuidingLine& arch,
-                              const Sampler& sampler, const GreyScale& scale, Told& told)
+SectionPicture implantPicture(const Case& planned, const PlacedImplant& placed,
+                              const GuidingLine& arch, const Sampler& sampler,
+                              const GreyScale& scale, Told& told)
 {
     const QMatrix4x4& after = placed.implant->getObjectTransform();
     const auto reslice = closeUpAt(after.column(3).toVector3D());
     const float diameter = placed.implant->getDimensions().diameter;
     const bool known = planned.volume.orientationKnown;
-    const auto letters = [known](float x, float y) { return directionLetters({x, y, 0.0F}, known); };
+    const auto letters = [known](float x, float y) {
+        return directionLetters({x, y, 0.0F}, known);
+    };
     PictureContent content{
         cutOut(sampler, scale, *reslice),
         reslice->getSampleSize(),
@@ -331,13 +345,15 @@ SectionPicture implantPicture(const Case& planned, const PlacedImplant& placed, 
     content.curves += footprint(placed.before, diameter, *reslice, kBeforeColour, true);
     content.curves += footprint(after, diameter, *reslice, kImplantColour, false);
     const QString sentence =
-        QStringLiteral("The implant at %1 turns by %2 degrees about its axis to face square across the arch.")
+        QStringLiteral(
+            "The implant at %1 turns by %2 degrees about its axis to face square across the arch.")
             .arg(placed.fdi, number(placed.turnedDegrees, 1));
     told.say(sentence);
     return {QStringLiteral("implant-%1.png").arg(placed.fdi),
             QStringLiteral("Implant %1, before and after").arg(placed.fdi),
             QStringLiteral(
-                "<p>From below at its platform. %1 Dotted orange before, solid green after; the arrow is the "
+                "<p>From below at its platform. %1 Dotted orange before, solid green after; the "
+                "arrow is the "
                 "implant's own y axis, the dotted green line the path of the panoramic view.</p>")
                 .arg(sentence),
             paintPicture(content)};
@@ -357,16 +373,19 @@ QImage withoutAir(const QImage& cut)
     return visible;
 }
 
-SectionPicture cutPicture(const PlanarView& shown, const PlanarView& cutting, const EdgeLetters& edges,
-                          const Sampler& sampler, const GreyScale& scale, Told& told)
+SectionPicture cutPicture(const PlanarView& shown, const PlanarView& cutting,
+                          const EdgeLetters& edges, const Sampler& sampler, const GreyScale& scale,
+                          Told& told)
 {
     const PlanarReslice& reslice = *shown.reslice;
     const PlanarReslice& other = *cutting.reslice;
     const QList<QVector3D> ends = IntersectionCalculator::calculatePlaneIntersections(
-        other.getOrigin(), QVector3D::crossProduct(other.getDirection0(false), other.getDirection1(false)),
+        other.getOrigin(),
+        QVector3D::crossProduct(other.getDirection0(false), other.getDirection1(false)),
         shown.reslice.get());
     const QImage cut = cutOut(sampler, scale, reslice);
-    PictureContent content{withoutAir(cut), reslice.getSampleSize(), edges, {}, std::nullopt, false};
+    PictureContent content{
+        withoutAir(cut), reslice.getSampleSize(), edges, {}, std::nullopt, false};
     QString sentence = QStringLiteral("The plane of the %1 does not meet the %2.")
                            .arg(cutting.title.toLower(), shown.title.toLower());
     if (ends.size() >= 2) {
@@ -408,22 +427,27 @@ Section createPanoramicSection(const Case& planned, Progress& progress)
     section.title = QStringLiteral("Panoramic view, cuts and implants");
     const auto view = panorama(planned);
     if (view) {
-        section.introductionHtml = QStringLiteral(
-            "<p>The arch unrolled: each pixel is mapped to its place on a surface that stands upright on the "
-            "arch. What is known of landmarks, nerves and implants is mapped from the world into the "
-            "view.</p>\n");
+        section.introductionHtml =
+            QStringLiteral("<p>The arch unrolled: each pixel is mapped to its place on a surface "
+                           "that stands upright on the "
+                           "arch. What is known of landmarks, nerves and implants is mapped from "
+                           "the world into the "
+                           "view.</p>\n");
         const QList<PlacedImplant> implants = placeImplants(planned, *view->arch);
-        section.pictures.append(panoramicPicture(planned, *view, implants, sampler, scale, progress, told));
+        section.pictures.append(
+            panoramicPicture(planned, *view, implants, sampler, scale, progress, told));
         progress.step(QStringLiteral("Turning implants and cutting views"));
         for (const PlacedImplant& placed : implants)
-            section.pictures.append(implantPicture(planned, placed, *view->arch, sampler, scale, told));
+            section.pictures.append(
+                implantPicture(planned, placed, *view->arch, sampler, scale, told));
     } else {
         told.say(whyNoPanorama(planned));
         progress.step(QStringLiteral("Cutting views"));
     }
     const PlanarView axial = axialView(planned);
     const PlanarView oblique = obliqueView(planned);
-    section.pictures.append(cutPicture(axial, oblique, edgesOf(*axial.reslice, known), sampler, scale, told));
+    section.pictures.append(
+        cutPicture(axial, oblique, edgesOf(*axial.reslice, known), sampler, scale, told));
     section.pictures.append(
         cutPicture(oblique, axial, edgesOf(*oblique.reslice, known), sampler, scale, told));
     progress.finish();

@@ -47,8 +47,8 @@ public:
     explicit Canvas(const PictureContent& shown)
         : content(shown),
           zoom(1 + kFewSamples / std::max(1, longerSide())),
-          image(shown.samples.width() * zoom + 2 * kFrame, shown.samples.height() * zoom + 2 * kFrame,
-                QImage::Format_RGB32),
+          image(shown.samples.width() * zoom + 2 * kFrame,
+                shown.samples.height() * zoom + 2 * kFrame, QImage::Format_RGB32),
           inner(kFrame, kFrame, shown.samples.width() * zoom, shown.samples.height() * zoom)
     {
         image.fill(kGroundColour);
@@ -78,7 +78,8 @@ public:
 private:
     int longerSide() const { return std::max(content.samples.width(), content.samples.height()); }
 
-    // Of a point in view coordinates: pixel (c, r) of the samples covers zoom x zoom pixels of the canvas.
+    // Of a point in view coordinates: pixel (c, r) of the samples covers zoom x zoom pixels of the
+    // canvas.
     QPointF onCanvas(const QPointF& inView) const
     {
         return {kFrame + inView.x() / static_cast<double>(content.sampleSizeMm.x()) * zoom,
@@ -90,11 +91,12 @@ private:
         QPolygonF line;
         for (const QPointF& point : curve.inView)
             line.append(onCanvas(point));
-        painter.setPen(QPen(QColor(0, 0, 0, 150), curve.widthPixels + 2.0, Qt::SolidLine, Qt::RoundCap));
+        painter.setPen(
+            QPen(QColor(0, 0, 0, 150), curve.widthPixels + 2.0, Qt::SolidLine, Qt::RoundCap));
         if (!curve.dotted)
             painter.drawPolyline(line);
-        painter.setPen(
-            QPen(curve.colour, curve.widthPixels, curve.dotted ? Qt::DotLine : Qt::SolidLine, Qt::RoundCap));
+        painter.setPen(QPen(curve.colour, curve.widthPixels,
+                            curve.dotted ? Qt::DotLine : Qt::SolidLine, Qt::RoundCap));
         painter.drawPolyline(line);
     }
 
@@ -114,10 +116,10 @@ private:
         }
         painter.setFont(fontOf(kLabelPixels, true));
         const QFontMetricsF metrics(painter.font());
-        paintText(
-            painter,
-            {at.x() - metrics.horizontalAdvance(note.text) / 2.0, at.y() + metrics.ascent() / 2.0 - 1.0},
-            note.text, note.colour);
+        paintText(painter,
+                  {at.x() - metrics.horizontalAdvance(note.text) / 2.0,
+                   at.y() + metrics.ascent() / 2.0 - 1.0},
+                  note.text, note.colour);
     }
 
     // In a dark rim.
@@ -126,8 +128,8 @@ private:
     {
         QPainterPath letters;
         letters.addText(baseline, painter.font(), text);
-        painter.strokePath(letters,
-                           QPen(QColor(0, 0, 0, 210), 3.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.strokePath(
+            letters, QPen(QColor(0, 0, 0, 210), 3.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter.fillPath(letters, colour);
     }
 
@@ -136,11 +138,13 @@ private:
         if (!content.segment)
             return;
         painter.setPen(QPen(segmentColour(), 1.5, Qt::DotLine));
-        painter.drawLine(onCanvas(content.segment->whole.p1()), onCanvas(content.segment->whole.p2()));
+        painter.drawLine(onCanvas(content.segment->whole.p1()),
+                         onCanvas(content.segment->whole.p2()));
         if (!content.segment->inPlane)
             return;
         painter.setPen(QPen(segmentColour(), 4.0, Qt::SolidLine, Qt::RoundCap));
-        painter.drawLine(onCanvas(content.segment->clipped.p1()), onCanvas(content.segment->clipped.p2()));
+        painter.drawLine(onCanvas(content.segment->clipped.p1()),
+                         onCanvas(content.segment->clipped.p2()));
     }
 
     void paintMark(QPainter& painter, const MappedLandmark& mark)
@@ -149,7 +153,8 @@ private:
         QColor colour = markColour(mark.landmark.kind);
         int rim = 170;
         if (!filled) {
-            const double distance = static_cast<double>((mark.landmark.position - mark.back).length());
+            const double distance =
+                static_cast<double>((mark.landmark.position - mark.back).length());
             const double strength = std::clamp(1.0 - distance / kFadedMm, kFaintest, 1.0);
             colour.setAlphaF(static_cast<float>(strength));
             rim = static_cast<int>(rim * strength);
@@ -194,14 +199,15 @@ private:
         const double width = metrics.horizontalAdvance(mark.landmark.label);
         const double height = metrics.height();
         const double gap = radius(mark.landmark.kind) + 4.0;
-        std::array<QRectF, 8> places = {QRectF(at.x() + gap, at.y() - height / 2.0, width, height),
-                                        QRectF(at.x() - gap - width, at.y() - height / 2.0, width, height),
-                                        QRectF(at.x() - width / 2.0, at.y() - gap - height, width, height),
-                                        QRectF(at.x() - width / 2.0, at.y() + gap, width, height),
-                                        QRectF(at.x() + gap, at.y() - gap - height, width, height),
-                                        QRectF(at.x() + gap, at.y() + gap, width, height),
-                                        QRectF(at.x() - gap - width, at.y() - gap - height, width, height),
-                                        QRectF(at.x() - gap - width, at.y() + gap, width, height)};
+        std::array<QRectF, 8> places = {
+            QRectF(at.x() + gap, at.y() - height / 2.0, width, height),
+            QRectF(at.x() - gap - width, at.y() - height / 2.0, width, height),
+            QRectF(at.x() - width / 2.0, at.y() - gap - height, width, height),
+            QRectF(at.x() - width / 2.0, at.y() + gap, width, height),
+            QRectF(at.x() + gap, at.y() - gap - height, width, height),
+            QRectF(at.x() + gap, at.y() + gap, width, height),
+            QRectF(at.x() - gap - width, at.y() - gap - height, width, height),
+            QRectF(at.x() - gap - width, at.y() + gap, width, height)};
         if (content.labelsAbove)
             std::rotate(places.begin(), places.begin() + 2, places.begin() + 4);
         const auto isFree = [this](const QRectF& place) {

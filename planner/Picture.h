@@ -62,8 +62,8 @@ struct PictureContent
 QColor markColour(LandmarkKind kind);
 QColor segmentColour();
 
-/// The samples, enlarged by a whole number if they are few, in a dark frame that holds the letters, with
-/// marks, labels, segment and a bar of 20 mm. Needs a QGuiApplication.
+/// The samples, enlarged by a whole number if they are few, in a dark frame that holds the letters,
+/// with marks, labels, segment and a bar of 20 mm. Needs a QGuiApplication.
 QImage paintPicture(const PictureContent& content);
 
 } // namespace planner

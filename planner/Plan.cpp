@@ -37,8 +37,9 @@ struct ImplantSite
 };
 
 constexpr ImplantSite kBuiltInSites[] = {
-    {30, 4.8F, 10.0F, 0.5, 0.0, 12.0}, {28, 4.1F, 11.5F, 0.5, 0.0, 0.0},  {27, 4.1F, 11.5F, 0.5, 0.0, 0.0},
-    {26, 3.3F, 11.5F, 0.5, 0.0, 0.0},  {23, 3.3F, 11.5F, 0.5, 0.0, 0.0},  {22, 4.1F, 13.0F, 0.5, 0.0, 0.0},
+    {30, 4.8F, 10.0F, 0.5, 0.0, 12.0}, {28, 4.1F, 11.5F, 0.5, 0.0, 0.0},
+    {27, 4.1F, 11.5F, 0.5, 0.0, 0.0},  {26, 3.3F, 11.5F, 0.5, 0.0, 0.0},
+    {23, 3.3F, 11.5F, 0.5, 0.0, 0.0},  {22, 4.1F, 13.0F, 0.5, 0.0, 0.0},
     {21, 4.1F, 13.0F, 0.5, 30.0, 0.0}, {19, 4.8F, 15.0F, 0.5, 0.0, 14.0},
 };
 
@@ -87,9 +88,10 @@ ArchPlace placeOn(const QList<QVector3D>& arch, qsizetype index)
 template <typename Distance>
 ArchPlace nearestPlace(const QList<QVector3D>& arch, const Distance& distance)
 {
-    const auto nearest = std::min_element(arch.cbegin(), arch.cend(), [&](const auto& a, const auto& b) {
-        return distance(toEigen(a)) < distance(toEigen(b));
-    });
+    const auto nearest =
+        std::min_element(arch.cbegin(), arch.cend(), [&](const auto& a, const auto& b) {
+            return distance(toEigen(a)) < distance(toEigen(b));
+        });
     return placeOn(arch, nearest - arch.cbegin());
 }
 
@@ -111,8 +113,8 @@ PlannedImplant planImplant(const ImplantSite& site, const phantom::Patient& pati
     const phantom::Tooth tooth = patient.tooth(site.tooth).value();
     const auto& arch = patient.archCurve(ToothChart::getArchTypeOfTooth(tooth.number));
     const Eigen::Vector3d crown = toEigen(tooth.occlusalPoint);
-    const ArchPlace place =
-        nearestPlace(arch, [&](const Eigen::Vector3d& p) { return (p - crown).head<2>().squaredNorm(); });
+    const ArchPlace place = nearestPlace(
+        arch, [&](const Eigen::Vector3d& p) { return (p - crown).head<2>().squaredNorm(); });
     const Eigen::Vector3d apex = toEigen(tooth.apex);
     const Eigen::Vector3d toCrown = toEigen(tooth.axisToCrown);
     const double neck = (place.point.z() - apex.z()) / toCrown.z();
@@ -146,11 +148,12 @@ void raise(geometry::ShapeNode& node, float height)
 
 PlannedPin planPin(const QString& name, const PinSite& site, const phantom::Patient& patient)
 {
-    const auto& arch =
-        patient.archCurve(ToothChart::getArchTypeOfTooth(ToothChart::Tooth(kBuiltInSites[0].tooth)));
+    const auto& arch = patient.archCurve(
+        ToothChart::getArchTypeOfTooth(ToothChart::Tooth(kBuiltInSites[0].tooth)));
     const double midline = toEigen(arch[arch.size() / 2]).x();
-    const ArchPlace place = nearestPlace(
-        arch, [&](const Eigen::Vector3d& p) { return std::abs(p.x() - midline - site.acrossMidline); });
+    const ArchPlace place = nearestPlace(arch, [&](const Eigen::Vector3d& p) {
+        return std::abs(p.x() - midline - site.acrossMidline);
+    });
     Eigen::Vector3d tip = place.point - kPinTipBehindArch * place.outwards;
     tip.z() = site.height;
 
@@ -160,7 +163,8 @@ PlannedPin planPin(const QString& name, const PinSite& site, const phantom::Pati
     geometry::ShapeNode* shaft = factory.generateCylinder(kPinRadius, kPinLength, false, false);
     raise(*shaft, kPinLength / 2.0F);
     root->addChild(shaft);
-    geometry::ShapeNode* head = factory.generateCylinder(2.0F * kPinRadius, kPinHeadLength, false, false);
+    geometry::ShapeNode* head =
+        factory.generateCylinder(2.0F * kPinRadius, kPinHeadLength, false, false);
     raise(*head, kPinLength + kPinHeadLength / 2.0F);
     root->addChild(head);
 
@@ -199,13 +203,15 @@ struct Cylinder
     {
         const Eigen::Vector3d x = axis.unitOrthogonal();
         const Eigen::Vector3d y = axis.cross(x);
-        const auto around = static_cast<int>(std::ceil(2.0 * std::numbers::pi * radius / kSampling));
+        const auto around =
+            static_cast<int>(std::ceil(2.0 * std::numbers::pi * radius / kSampling));
         const auto rings = static_cast<int>(std::ceil(radius / kSampling));
         std::vector<Eigen::Vector3d> points;
         const auto addRing = [&](const Eigen::Vector3d& centre, double ringRadius) {
             for (int k = 0; k < around; ++k) {
                 const double angle = 2.0 * std::numbers::pi * k / around;
-                points.emplace_back(centre + ringRadius * (std::cos(angle) * x + std::sin(angle) * y));
+                points.emplace_back(centre +
+                                    ringRadius * (std::cos(angle) * x + std::sin(angle) * y));
             }
         };
         for (const Eigen::Vector3d& centre : axisPoints())
@@ -278,7 +284,8 @@ Plan createPlan(const phantom::Patient& patient)
     for (const CanalLine& canal : canalsOf(patient))
         plan.nerves.append(planNerve(canal));
     for (const PinSite& site : kPinSites)
-        plan.pins.append(planPin(QStringLiteral("pin %1").arg(plan.pins.size() + 1), site, patient));
+        plan.pins.append(
+            planPin(QStringLiteral("pin %1").arg(plan.pins.size() + 1), site, patient));
     return plan;
 }
 

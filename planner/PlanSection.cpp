@@ -36,8 +36,8 @@ QString number(double value, int decimals)
     return QString::number(value, 'f', decimals);
 }
 
-// Largest distance between coordinates of the same place in the lists, worked out in double precision; infinite if one
-// list has lost or gained some.
+// Largest distance between coordinates of the same place in the lists, worked out in double
+// precision; infinite if one list has lost or gained some.
 double largestDistance(const QList<QVector3D>& a, const QList<QVector3D>& b)
 {
     if (a.size() != b.size())
@@ -86,8 +86,8 @@ QMatrix4x4 newFrame(const QVector3D& middle)
     return frame;
 }
 
-Journey thereAndBack(const WholePlan& plan, const QVector3D& middle, const geometry::Mesh& upperCrowns,
-                     const geometry::Mesh& lowerCrowns)
+Journey thereAndBack(const WholePlan& plan, const QVector3D& middle,
+                     const geometry::Mesh& upperCrowns, const geometry::Mesh& lowerCrowns)
 {
     const Camera camera = cameraFromTheFront(middle, 135.0, kTile);
     const QMatrix4x4 frame = newFrame(middle);
@@ -103,8 +103,9 @@ Journey thereAndBack(const WholePlan& plan, const QVector3D& middle, const geome
     apply.setNewScannerTransform(frame);
     const QList<DataObject*> changed = apply.applyTransform(frame);
     const auto there = coordinatesOf(plan);
-    journey.tiles << paintSurfaces(camera, plan.shownSurfaces() + former,
-                                   QStringLiteral("2  in the new frame, grey: where the crowns stood"));
+    journey.tiles << paintSurfaces(
+        camera, plan.shownSurfaces() + former,
+        QStringLiteral("2  in the new frame, grey: where the crowns stood"));
 
     apply.setNewScannerTransform({});
     apply.applyTransform(frame.inverted());
@@ -113,32 +114,35 @@ Journey thereAndBack(const WholePlan& plan, const QVector3D& middle, const geome
 
     for (qsizetype i = 0; i < plan.objects.size(); ++i) {
         const PlannedObject& object = plan.objects[i];
-        journey.rows.append({object.step, object.kind, before[i].size(), largestDistance(before[i], there[i]),
-                             changed.contains(object.object.get()), largestDistance(before[i], back[i])});
+        journey.rows.append(
+            {object.step, object.kind, before[i].size(), largestDistance(before[i], there[i]),
+             changed.contains(object.object.get()), largestDistance(before[i], back[i])});
     }
     return journey;
 }
 
 QString rowsHtml(const QList<Row>& rows)
 {
-    QString html = QStringLiteral("<div class=\"scroll\"><table>\n<tr><th>object</th><th>step</th>"
-                                  "<th>coordinates</th><th>moved by up to mm</th><th>returned as changed</th>"
-                                  "<th>largest deviation after the way back mm</th></tr>\n");
+    QString html =
+        QStringLiteral("<div class=\"scroll\"><table>\n<tr><th>object</th><th>step</th>"
+                       "<th>coordinates</th><th>moved by up to mm</th><th>returned as changed</th>"
+                       "<th>largest deviation after the way back mm</th></tr>\n");
     for (const Row& row : rows)
-        html +=
-            QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td><td>%4</td><td>%5</td><td>%6</td></tr>\n")
-                .arg(row.kind.toHtmlEscaped())
-                .arg(row.step)
-                .arg(row.coordinates)
-                .arg(number(row.movedMm, 2), row.recorded ? QStringLiteral("yes") : QStringLiteral("no"),
-                     number(row.afterWayBackMm, 6));
+        html += QStringLiteral(
+                    "<tr><td>%1</td><td>%2</td><td>%3</td><td>%4</td><td>%5</td><td>%6</td></tr>\n")
+                    .arg(row.kind.toHtmlEscaped())
+                    .arg(row.step)
+                    .arg(row.coordinates)
+                    .arg(number(row.movedMm, 2),
+                         row.recorded ? QStringLiteral("yes") : QStringLiteral("no"),
+                         number(row.afterWayBackMm, 6));
     return html + QStringLiteral("</table></div>\n");
 }
 
 QString rowsText(const QList<Row>& rows)
 {
-    QString text =
-        QStringLiteral("step  object                                             moved mm  back mm\n");
+    QString text = QStringLiteral(
+        "step  object                                             moved mm  back mm\n");
     for (const Row& row : rows)
         text += QString::number(row.step).rightJustified(4) + QStringLiteral("  ") +
                 row.kind.leftJustified(50) + number(row.movedMm, 2).rightJustified(9) +
@@ -154,8 +158,9 @@ QString rowsSummary(const QList<Row>& rows)
         coordinates += row.coordinates;
         largest = std::max(largest, row.afterWayBackMm);
     }
-    return QStringLiteral("%1 objects with %2 coordinates went into the new frame and back: the largest "
-                          "deviation is %3 mm.")
+    return QStringLiteral(
+               "%1 objects with %2 coordinates went into the new frame and back: the largest "
+               "deviation is %3 mm.")
         .arg(rows.size())
         .arg(coordinates)
         .arg(number(largest, 6));
@@ -185,11 +190,13 @@ struct BiteStory
     QList<QImage> tiles;
 };
 
-// A bite of the patient's own, under the mode of patient scans, on a stack as an application has it.
+// A bite of the patient's own, under the mode of patient scans, on a stack as an application has
+// it.
 BiteStory applyUndoRedo(const WholePlan& plan, const QVector3D& incisor, const QVector3D& hinge,
                         const geometry::Mesh& upperCrowns, const geometry::Mesh& lowerCrowns)
 {
-    // The lower jaw was scanned with the mouth open; in the bite the crowns stand as they were made.
+    // The lower jaw was scanned with the mouth open; in the bite the crowns stand as they were
+    // made.
     QMatrix4x4 opening;
     opening.translate(hinge);
     opening.rotate(12.0F, 1.0F, 0.0F, 0.0F);
@@ -207,17 +214,21 @@ BiteStory applyUndoRedo(const WholePlan& plan, const QVector3D& incisor, const Q
                         {0.0F, 0.0F, 1.0F},
                         75.0 / kTile.width(),
                         kTile};
-    const auto inForce = [&] { return mandibular.getOcclusionModeTransformation(data.movementMode); };
+    const auto inForce = [&] {
+        return mandibular.getOcclusionModeTransformation(data.movementMode);
+    };
     const auto show = [&](const QString& label) {
         geometry::Mesh lower = lowerCrowns;
         lower.applyTransformation(inForce().value() * opening); // the identity if there is none
-        story.tiles << paintSurfaces(camera, {{upperCrowns, kToothColour}, {lower, kScanColour}}, label);
+        story.tiles << paintSurfaces(camera, {{upperCrowns, kToothColour}, {lower, kScanColour}},
+                                     label);
     };
     const auto record = [&](const QString& action, const QString& compared) {
         const auto matrix = inForce();
-        story.rows.append(
-            {action, mandibular.getMovementMode(), matrix ? QStringLiteral("stored") : QStringLiteral("none"),
-             double((matrix.value() * opening).map(incisor).distanceToPoint(incisor)), compared});
+        story.rows.append({action, mandibular.getMovementMode(),
+                           matrix ? QStringLiteral("stored") : QStringLiteral("none"),
+                           double((matrix.value() * opening).map(incisor).distanceToPoint(incisor)),
+                           compared});
     };
     const QStringList modesBefore = mandibular.getMovementModes();
     record(QStringLiteral("before"), QStringLiteral("-"));
@@ -246,11 +257,13 @@ QString biteHtml(const QList<BiteRow>& rows)
 {
     QString html = QStringLiteral(
         "<div class=\"scroll\"><table>\n<tr><th></th><th>mode of the mandibular movement"
-        "</th><th>transformation for patient scans</th><th>lower incisor from its place in the bite mm</th>"
+        "</th><th>transformation for patient scans</th><th>lower incisor from its place in the "
+        "bite mm</th>"
         "<th>compared</th></tr>\n");
     for (const BiteRow& row : rows)
-        html += QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td><td>%4</td><td>%5</td></tr>\n")
-                    .arg(row.action, row.mode, row.transformation, number(row.openMm, 3), row.compared);
+        html +=
+            QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td><td>%4</td><td>%5</td></tr>\n")
+                .arg(row.action, row.mode, row.transformation, number(row.openMm, 3), row.compared);
     return html + QStringLiteral("</table></div>\n");
 }
 
@@ -259,7 +272,8 @@ QString biteText(const QList<BiteRow>& rows)
     QString text = QStringLiteral("bite          transformation     open mm  compared\n");
     for (const BiteRow& row : rows)
         text += row.action.leftJustified(14) + row.transformation.leftJustified(14) +
-                number(row.openMm, 3).rightJustified(12) + QStringLiteral("  ") + row.compared + u'\n';
+                number(row.openMm, 3).rightJustified(12) + QStringLiteral("  ") + row.compared +
+                u'\n';
     return text;
 }
 
@@ -271,23 +285,26 @@ Section createPlanSection(const Case& planned, Progress& progress)
     section.id = QStringLiteral("plan");
     section.title = QStringLiteral("A whole plan in a new scanner frame, and a bite with undo");
     if (!planned.patient) {
-        const QString sentence = QStringLiteral(
-            "A plan with objects of every kind exists for the built-in patient only: none was moved.");
+        const QString sentence = QStringLiteral("A plan with objects of every kind exists for the "
+                                                "built-in patient only: none was moved.");
         section.introductionHtml = QStringLiteral("<p>%1</p>\n").arg(sentence);
         section.plainText = sentence + u'\n';
         return section;
     }
     const phantom::Patient& patient = *planned.patient;
     progress.step(QStringLiteral("Planning on the built-in patient"));
-    const geometry::Mesh upper = scanCrowns(patient, ToothChart::UpperArch,
-                                            [&progress](double done) { progress.fraction(0.5 * done); });
-    const geometry::Mesh lower = scanCrowns(
-        patient, ToothChart::LowerArch, [&progress](double done) { progress.fraction(0.5 + 0.5 * done); });
+    const geometry::Mesh upper =
+        scanCrowns(patient, ToothChart::UpperArch,
+                   [&progress](double done) { progress.fraction(0.5 * done); });
+    const geometry::Mesh lower =
+        scanCrowns(patient, ToothChart::LowerArch,
+                   [&progress](double done) { progress.fraction(0.5 + 0.5 * done); });
     const WholePlan plan = planEverything(patient, upper, lower);
 
     progress.step(QStringLiteral("Moving the plan into a new scanner frame and back"));
     const QVector3D incisor = patient.tooth(24).value().occlusalPoint;
-    const Journey journey = thereAndBack(plan, incisor + QVector3D(4.0F, 22.0F, 0.0F), upper, lower);
+    const Journey journey =
+        thereAndBack(plan, incisor + QVector3D(4.0F, 22.0F, 0.0F), upper, lower);
     progress.step(QStringLiteral("Applying a bite, undoing and redoing it"));
     const QVector3D hinge =
         (patient.rightCanal().mandibularForamen + patient.leftCanal().mandibularForamen) * 0.5F;
@@ -295,27 +312,33 @@ Section createPlanSection(const Case& planned, Progress& progress)
     progress.finish();
 
     section.introductionHtml = QStringLiteral(
-        "<p>The CT was made again with the head in another position. PlanningApplyTransform carries the plan "
+        "<p>The CT was made again with the head in another position. PlanningApplyTransform "
+        "carries the plan "
         "along, one "
-        "kind of object after the other. Cephalometric planes move but are not returned as changed; the "
+        "kind of object after the other. Cephalometric planes move but are not returned as "
+        "changed; the "
         "movements of the surgery are computed anew from the scans and the recorded bite.</p>\n");
-    section.pictures.append(
-        {QStringLiteral("plan-frames.png"), QStringLiteral("The plan before, in the new frame, and back"),
-         QStringLiteral(
-             "<p>Seen from the front, a little from above and from the patient's right, by a viewer who "
-             "stays. Crowns as scanned, the arches green, nerves yellow, implants blue, anchor pins grey, "
-             "marked points red.</p>"),
-         tile(journey.tiles, 3)});
+    section.pictures.append({QStringLiteral("plan-frames.png"),
+                             QStringLiteral("The plan before, in the new frame, and back"),
+                             QStringLiteral("<p>Seen from the front, a little from above and from "
+                                            "the patient's right, by a viewer who "
+                                            "stays. Crowns as scanned, the arches green, nerves "
+                                            "yellow, implants blue, anchor pins grey, "
+                                            "marked points red.</p>"),
+                             tile(journey.tiles, 3)});
     section.pictures.append(
         {QStringLiteral("plan-bite.png"), QStringLiteral("A bite, undone and redone"),
-         QStringLiteral("<p>Seen from the patient's left and front. The lower crowns (blue) stand where the "
-                        "mandibular movement has them. The jaw was scanned open, by 12 "
-                        "degrees about its joints.</p>"),
+         QStringLiteral(
+             "<p>Seen from the patient's left and front. The lower crowns (blue) stand where the "
+             "mandibular movement has them. The jaw was scanned open, by 12 "
+             "degrees about its joints.</p>"),
          tile(bite.tiles, 2)});
     section.detailsHtml =
         QStringLiteral("<p>%1</p>\n%2<details><summary>All objects</summary>\n%3</details>\n")
-            .arg(rowsSummary(journey.rows).toHtmlEscaped(), biteHtml(bite.rows), rowsHtml(journey.rows));
-    section.plainText = rowsText(journey.rows) + rowsSummary(journey.rows) + u'\n' + biteText(bite.rows);
+            .arg(rowsSummary(journey.rows).toHtmlEscaped(), biteHtml(bite.rows),
+                 rowsHtml(journey.rows));
+    section.plainText =
+        rowsText(journey.rows) + rowsSummary(journey.rows) + u'\n' + biteText(bite.rows);
     return section;
 }
 

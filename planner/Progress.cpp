@@ -39,7 +39,8 @@ void Progress::finish()
 {
     if (terminal && !current.isEmpty())
         showLine(QStringLiteral("%1: %2 s")
-                     .arg(current, QString::number(static_cast<double>(time.elapsed()) / 1000.0, 'f', 1)),
+                     .arg(current,
+                          QString::number(static_cast<double>(time.elapsed()) / 1000.0, 'f', 1)),
                  true);
     current.clear();
 }

@@ -9,8 +9,8 @@
 
 namespace planner {
 
-/// Prints what the program does and finds: one line a step, and on a terminal a percentage that is updated in place.
-/// Every operation throws Failure if the stream cannot be written.
+/// Prints what the program does and finds: one line a step, and on a terminal a percentage that is
+/// updated in place. Every operation throws Failure if the stream cannot be written.
 class Progress
 {
 public:

@@ -41,7 +41,9 @@ qint64 addressSpaceBytes()
     const rlimit noCore{0, 0};
     setrlimit(RLIMIT_CORE, &noCore);
     const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    dup2(nowhere, STDOUT_FILENO); // libraries complain, and what is not yet written must not be written twice
+    dup2(
+        nowhere,
+        STDOUT_FILENO); // libraries complain, and what is not yet written must not be written twice
     dup2(nowhere, STDERR_FILENO);
     try {
         work();

@@ -10,13 +10,14 @@ namespace planner {
 
 class Failure;
 
-/// Does work in a child process first, to see whether it comes to an end there. Libraries that read files end the
-/// program on some damaged ones, or reserve whatever these state; a child that does so does no harm. If it does, throws
-/// `otherwise`; if the work throws a Failure, throws that. Returns if the work succeeded and may be repeated in this
-/// process.
+/// Does work in a child process first, to see whether it comes to an end there. Libraries that read
+/// files end the program on some damaged ones, or reserve whatever these state; a child that does
+/// so does no harm. If it does, throws `otherwise`; if the work throws a Failure, throws that.
+/// Returns if the work succeeded and may be repeated in this process.
 void rehearse(const std::function<void()>& work, const Failure& otherwise);
 
-/// In a rehearsal, lets the work reserve so many bytes from here on and no more; elsewhere does nothing.
+/// In a rehearsal, lets the work reserve so many bytes from here on and no more; elsewhere does
+/// nothing.
 void allowMemory(qint64 bytes);
 
 } // namespace planner

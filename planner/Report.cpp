@@ -67,13 +67,14 @@ QString paragraph(const QString& text, const QString& cssClass)
     return QStringLiteral("<p class=\"%1\">%2</p>\n").arg(cssClass, text.toHtmlEscaped());
 }
 
-// "a file or folder in DIR or beside it", where what is not yet the report is kept: beside a folder that is
-// yet to be made, inside one that is there, so that moving it into place is always a rename within one file
-// system.
+// "a file or folder in DIR or beside it", where what is not yet the report is kept: beside a folder
+// that is yet to be made, inside one that is there, so that moving it into place is always a rename
+// within one file system.
 std::unique_ptr<QTemporaryDir> stagingFolder(const QString& folder)
 {
     if (QFileInfo::exists(folder))
-        return std::make_unique<QTemporaryDir>(QDir(folder).filePath(QStringLiteral(".report-XXXXXX")));
+        return std::make_unique<QTemporaryDir>(
+            QDir(folder).filePath(QStringLiteral(".report-XXXXXX")));
     return std::make_unique<QTemporaryDir>(folder + QStringLiteral(".part-XXXXXX"));
 }
 
@@ -95,7 +96,8 @@ QString writeFile(const QString& path, const QByteArray& bytes)
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return file.errorString();
-    // As much as there is room for is written without an error; only the next call tells why there is no more.
+    // As much as there is room for is written without an error; only the next call tells why there
+    // is no more.
     for (qint64 written = 0; written < bytes.size();) {
         const qint64 more = file.write(bytes.constData() + written, bytes.size() - written);
         if (more <= 0)
@@ -105,7 +107,8 @@ QString writeFile(const QString& path, const QByteArray& bytes)
     return file.flush() ? QString() : file.errorString();
 }
 
-// In memory, since the codec has a word of its own on standard error for a file that cannot be written.
+// In memory, since the codec has a word of its own on standard error for a file that cannot be
+// written.
 QByteArray pngOf(const QImage& image)
 {
     QBuffer buffer;
@@ -141,11 +144,13 @@ Report::Report(const Case& planned) : title(planned.title)
 {
     headHtml =
         paragraph(planned.source, QStringLiteral("source")) +
-        paragraph(QStringLiteral("CT: %1.").arg(planned.volume.description), QStringLiteral("facts")) +
+        paragraph(QStringLiteral("CT: %1.").arg(planned.volume.description),
+                  QStringLiteral("facts")) +
         paragraph(
-            QStringLiteral("All positions are LPS millimetres: x to the patient's left, y to posterior, z to "
-                           "superior. Letters at the edges of a picture: R right, L left, A anterior, "
-                           "P posterior, S superior, I inferior of the patient."),
+            QStringLiteral(
+                "All positions are LPS millimetres: x to the patient's left, y to posterior, z to "
+                "superior. Letters at the edges of a picture: R right, L left, A anterior, "
+                "P posterior, S superior, I inferior of the patient."),
             QStringLiteral("facts"));
     for (const QString& warning : planned.warnings)
         headHtml += paragraph(warning, QStringLiteral("warning"));
@@ -159,7 +164,8 @@ void Report::checkFolder(const QString& folder)
     if (info.exists() && !info.isDir())
         throw Failure(folder, QStringLiteral("this is a file, the report needs a folder"));
     if (!info.exists() && !info.dir().exists())
-        throw Failure(folder, QStringLiteral("the report cannot be written, its parent folder is not there"));
+        throw Failure(
+            folder, QStringLiteral("the report cannot be written, its parent folder is not there"));
     const InterruptionHold hold;
     const std::unique_ptr<QTemporaryDir> probe = stagingFolder(info.filePath());
     if (!probe->isValid())
@@ -193,7 +199,8 @@ QString Report::write(const QString& folder, Progress& progress) const
         for (const SectionPicture& picture : section.pictures)
             put(picture.fileName, pngOf(picture.image));
     }
-    put(QString::fromUtf16(kPageName), page().toUtf8()); // last: it is there only with all its pictures
+    put(QString::fromUtf16(kPageName),
+        page().toUtf8()); // last: it is there only with all its pictures
     progress.finish();
 
     if (!QFileInfo::exists(target)) {
@@ -205,10 +212,12 @@ QString Report::write(const QString& folder, Progress& progress) const
     }
     for (const QString& name : names) {
         if (QFileInfo(QDir(target).filePath(name)).isDir())
-            throw Failure(folder, QStringLiteral("a folder stands where the report's %1 belongs").arg(name));
+            throw Failure(
+                folder, QStringLiteral("a folder stands where the report's %1 belongs").arg(name));
     }
     for (const QString& name : names) {
-        if (const std::error_code error = rename(staging->filePath(name), QDir(target).filePath(name)))
+        if (const std::error_code error =
+                rename(staging->filePath(name), QDir(target).filePath(name)))
             throw notWritten(folder, QString::fromStdString(error.message()));
     }
     return QDir(target).filePath(names.last());
@@ -224,15 +233,16 @@ QString Report::page() const
             "<h1>%1</h1>\n<span class=\"notice\">Not for clinical use</span>\n%3<nav>")
             .arg(title.toHtmlEscaped(), QString::fromUtf8(kStyle), headHtml);
     for (const Section& section : sections)
-        html += QStringLiteral("<a href=\"#%1\">%2</a>").arg(section.id, section.title.toHtmlEscaped());
+        html +=
+            QStringLiteral("<a href=\"#%1\">%2</a>").arg(section.id, section.title.toHtmlEscaped());
     html += QStringLiteral("</nav>\n</div></header>\n<main>\n");
     for (const Section& section : sections) {
         html += QStringLiteral("<section id=\"%1\">\n<h2>%2</h2>\n%3\n<div class=\"pictures\">\n")
                     .arg(section.id, section.title.toHtmlEscaped(), section.introductionHtml);
         for (const SectionPicture& picture : section.pictures) {
-            html += QStringLiteral(
-                        "<figure><a href=\"%1\"><img src=\"%1\" width=\"%2\" height=\"%3\" alt=\"%4\"></a>"
-                        "<figcaption><h3>%4</h3>%5</figcaption></figure>\n")
+            html += QStringLiteral("<figure><a href=\"%1\"><img src=\"%1\" width=\"%2\" "
+                                   "height=\"%3\" alt=\"%4\"></a>"
+                                   "<figcaption><h3>%4</h3>%5</figcaption></figure>\n")
                         .arg(picture.fileName)
                         .arg(picture.image.width())
                         .arg(picture.image.height())
@@ -241,8 +251,9 @@ QString Report::page() const
         html += QStringLiteral("</div>\n%1</section>\n").arg(section.detailsHtml);
     }
     html +=
-        QStringLiteral("<footer>Written by the planner of CoreAlgorithms %1. Not for clinical use.</footer>\n"
-                       "</main>\n</body>\n</html>\n")
+        QStringLiteral(
+            "<footer>Written by the planner of CoreAlgorithms %1. Not for clinical use.</footer>\n"
+            "</main>\n</body>\n</html>\n")
             .arg(QStringLiteral(PLANNER_VERSION));
     return html;
 }

@@ -44,9 +44,9 @@ public:
 
     /// Throws Failure if a report could not be written to the folder; leaves nothing behind.
     static void checkFolder(const QString& folder);
-    /// Writes everything or, with a Failure, nothing; also if SIGINT, SIGTERM or SIGHUP arrives meanwhile. In a folder
-    /// that exists already, files with the names of this report's own are replaced and all others are unchanged.
-    /// Returns the path of the page.
+    /// Writes everything or, with a Failure, nothing; also if SIGINT, SIGTERM or SIGHUP arrives
+    /// meanwhile. In a folder that exists already, files with the names of this report's own are
+    /// replaced and all others are unchanged. Returns the path of the page.
     QString write(const QString& folder, Progress& progress) const;
 
 private:

@@ -22,12 +22,13 @@ namespace planner {
 
 namespace {
 
-constexpr double kWhiteFraction = 0.002; // of the pixels that show matter: metal does not darken the rest
-constexpr double kGamma = 0.9;           // lifts soft tissue, the profile of the face
-constexpr float kDepthStepMm = 0.5F;     // across the surface of a panoramic view
-constexpr double kMostPixels = 4096;     // along a side of a picture
-constexpr double kMostRaySteps = 1e8;    // of a projection; they take about a second
-constexpr double kAirSum = 4.0;          // mm of water; less is air with noise
+constexpr double kWhiteFraction =
+    0.002;                     // of the pixels that show matter: metal does not darken the rest
+constexpr double kGamma = 0.9; // lifts soft tissue, the profile of the face
+constexpr float kDepthStepMm = 0.5F;  // across the surface of a panoramic view
+constexpr double kMostPixels = 4096;  // along a side of a picture
+constexpr double kMostRaySteps = 1e8; // of a projection; they take about a second
+constexpr double kAirSum = 4.0;       // mm of water; less is air with noise
 
 Eigen::Affine3d affine(const QMatrix4x4& matrix)
 {
@@ -39,7 +40,8 @@ Eigen::Affine3d affine(const QMatrix4x4& matrix)
     return result;
 }
 
-// The lower of the two neighbours along an axis, and how far the position is on the way to the upper one.
+// The lower of the two neighbours along an axis, and how far the position is on the way to the
+// upper one.
 struct Place
 {
     std::size_t lower;
@@ -51,23 +53,26 @@ Place placeOf(double index, int count)
 {
     const double clamped = std::clamp(index, 0.0, static_cast<double>(count - 1));
     const int lower = static_cast<int>(clamped);
-    return {static_cast<std::size_t>(lower), static_cast<std::size_t>(std::min(lower + 1, count - 1)),
-            clamped - lower};
+    return {static_cast<std::size_t>(lower),
+            static_cast<std::size_t>(std::min(lower + 1, count - 1)), clamped - lower};
 }
 
 template <typename Element>
-double interpolate(const void* data, const math::Ivec3& size, const Place& x, const Place& y, const Place& z)
+double interpolate(const void* data, const math::Ivec3& size, const Place& x, const Place& y,
+                   const Place& z)
 {
     const auto* elements = static_cast<const Element*>(data);
     const auto row = static_cast<std::size_t>(size.x);
     const std::size_t slice = row * static_cast<std::size_t>(size.y);
     const auto between = [](double lower, double upper, double fraction) {
         return lower +
-               fraction * (upper - lower); // std::lerp() is exact at both ends, and takes thrice the time
+               fraction *
+                   (upper - lower); // std::lerp() is exact at both ends, and takes thrice the time
     };
     const auto alongX = [&](std::size_t yIndex, std::size_t zIndex) {
         const Element* line = elements + zIndex * slice + yIndex * row;
-        return between(static_cast<double>(line[x.lower]), static_cast<double>(line[x.upper]), x.fraction);
+        return between(static_cast<double>(line[x.lower]), static_cast<double>(line[x.upper]),
+                       x.fraction);
     };
     const auto alongY = [&](std::size_t zIndex) {
         return between(alongX(y.lower, zIndex), alongX(y.upper, zIndex), y.fraction);
@@ -79,10 +84,10 @@ QSize pixelCount(const Reslice& reslice)
 {
     const QSizeF samples = reslice.getDimensions();
     if (!(samples.width() <= kMostPixels && samples.height() <= kMostPixels))
-        throw Failure(
-            QStringLiteral("A view of %1 x %2 samples is too large; the landmarks lie too far apart")
-                .arg(samples.width())
-                .arg(samples.height()));
+        throw Failure(QStringLiteral(
+                          "A view of %1 x %2 samples is too large; the landmarks lie too far apart")
+                          .arg(samples.width())
+                          .arg(samples.height()));
     return {static_cast<int>(samples.width()), static_cast<int>(samples.height())};
 }
 
@@ -92,8 +97,8 @@ void tell(const std::function<void(double)>& progress, int row, int rows)
         progress(static_cast<double>(row + 1) / static_cast<double>(rows));
 }
 
-// The part of a ray, start + t * step, that lies within the box of the volume's voxels; empty if first >
-// last.
+// The part of a ray, start + t * step, that lies within the box of the volume's voxels; empty if
+// first > last.
 struct Span
 {
     double first;
@@ -127,8 +132,8 @@ QImage stretched(const std::vector<float>& sums, const QSize& size)
                  [](float sum) { return static_cast<double>(sum) > kAirSum; });
     double white = 1.0;
     if (!shown.empty()) {
-        const auto rank =
-            static_cast<std::ptrdiff_t>((1.0 - kWhiteFraction) * static_cast<double>(shown.size() - 1));
+        const auto rank = static_cast<std::ptrdiff_t>((1.0 - kWhiteFraction) *
+                                                      static_cast<double>(shown.size() - 1));
         std::nth_element(shown.begin(), shown.begin() + rank, shown.end());
         white = static_cast<double>(shown[static_cast<std::size_t>(rank)]);
     }
@@ -136,8 +141,9 @@ QImage stretched(const std::vector<float>& sums, const QSize& size)
     for (int row = 0; row < size.height(); ++row) {
         uchar* line = picture.scanLine(row);
         for (int column = 0; column < size.width(); ++column) {
-            const std::size_t index = static_cast<std::size_t>(row) * static_cast<std::size_t>(size.width()) +
-                                      static_cast<std::size_t>(column);
+            const std::size_t index =
+                static_cast<std::size_t>(row) * static_cast<std::size_t>(size.width()) +
+                static_cast<std::size_t>(column);
             const double part = std::clamp(static_cast<double>(sums[index]) / white, 0.0, 1.0);
             line[column] = static_cast<uchar>(std::lround(std::pow(part, kGamma) * 255.0));
         }
@@ -185,9 +191,11 @@ void Sampler::valuesAlongRay(const Eigen::Vector3d& start, const Eigen::Vector3d
     values.resize(static_cast<std::size_t>(count));
     visitElementType(image->dataType(), [&](auto zero) {
         for (std::size_t i = 0; i < values.size(); ++i) {
-            const Eigen::Vector3d index = start + (span.first + static_cast<double>(i) + 0.5) * step;
-            values[i] = interpolate<decltype(zero)>(image->dataPtr(), size, placeOf(index.x(), size.x),
-                                                    placeOf(index.y(), size.y), placeOf(index.z(), size.z));
+            const Eigen::Vector3d index =
+                start + (span.first + static_cast<double>(i) + 0.5) * step;
+            values[i] =
+                interpolate<decltype(zero)>(image->dataPtr(), size, placeOf(index.x(), size.x),
+                                            placeOf(index.y(), size.y), placeOf(index.z(), size.z));
         }
     });
 }
@@ -196,7 +204,8 @@ double Sampler::rayStepMm(const Eigen::Vector3d& direction, qint64 rays) const
 {
     const math::Ivec3 size = image->imageSize();
     const QVector3D spacing = image->voxelSize();
-    const Eigen::Vector3d along = (inverse.linear() * direction.normalized()).cwiseAbs(); // voxels per mm
+    const Eigen::Vector3d along =
+        (inverse.linear() * direction.normalized()).cwiseAbs(); // voxels per mm
     const double longestMm = std::min({size.x / along.x(), size.y / along.y(), size.z / along.z()});
     const double allowed = std::max(1.0, kMostRaySteps / static_cast<double>(rays));
     return std::max(static_cast<double>(std::min({spacing.x(), spacing.y(), spacing.z()})),
@@ -211,8 +220,10 @@ QPointF pixelCentre(const Reslice& reslice, const QPoint& pixel)
 
 QPoint pixelAt(const Reslice& reslice, const QPointF& inView)
 {
-    return {static_cast<int>(std::floor(inView.x() / static_cast<double>(reslice.getSampleSize().x()))),
-            static_cast<int>(std::floor(inView.y() / static_cast<double>(reslice.getSampleSize().y())))};
+    return {
+        static_cast<int>(std::floor(inView.x() / static_cast<double>(reslice.getSampleSize().x()))),
+        static_cast<int>(
+            std::floor(inView.y() / static_cast<double>(reslice.getSampleSize().y())))};
 }
 
 QImage cutOut(const Sampler& sampler, const GreyScale& scale, const PlanarReslice& reslice,
@@ -239,10 +250,11 @@ QImage project(const Sampler& sampler, const GreyScale& scale, const CephReslice
     const Eigen::Vector3d direction =
         toEigen(reslice.getTransformation().column(2).toVector3D().normalized());
     const double stepMm = sampler.rayStepMm(direction, qint64{size.width()} * size.height());
-    const Eigen::Vector3d step =
-        sampler.voxelFromWorld(direction * stepMm) - sampler.voxelFromWorld(Eigen::Vector3d::Zero());
+    const Eigen::Vector3d step = sampler.voxelFromWorld(direction * stepMm) -
+                                 sampler.voxelFromWorld(Eigen::Vector3d::Zero());
     std::vector<double> values;
-    std::vector<float> sums(static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()));
+    std::vector<float> sums(static_cast<std::size_t>(size.width()) *
+                            static_cast<std::size_t>(size.height()));
     auto sum = sums.begin();
     for (int row = 0; row < size.height(); ++row) {
         for (int column = 0; column < size.width(); ++column, ++sum) {
@@ -259,8 +271,8 @@ QImage project(const Sampler& sampler, const GreyScale& scale, const CephReslice
     return stretched(sums, size);
 }
 
-QImage unroll(const Sampler& sampler, const GreyScale& scale, const PanoramicReslice& reslice, float depthMm,
-              const std::function<void(double)>& progress)
+QImage unroll(const Sampler& sampler, const GreyScale& scale, const PanoramicReslice& reslice,
+              float depthMm, const std::function<void(double)>& progress)
 {
     const QSize size = pixelCount(reslice);
     std::vector<QVector3D> depths; // of the columns
@@ -271,21 +283,22 @@ QImage unroll(const Sampler& sampler, const GreyScale& scale, const PanoramicRes
                              .column(2)
                              .toVector3D());
     const int steps = std::max(1, static_cast<int>(depthMm / kDepthStepMm));
-    std::vector<float> sums(static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()));
+    std::vector<float> sums(static_cast<std::size_t>(size.width()) *
+                            static_cast<std::size_t>(size.height()));
     QImage outside(size, QImage::Format_Alpha8);
     outside.fill(0U);
     auto sum = sums.begin();
     for (int row = 0; row < size.height(); ++row) {
         uchar* visible = outside.scanLine(row);
         for (int column = 0; column < size.width(); ++column, ++sum) {
-            const QVector3D world =
-                CoordinateMapper::_2D_To_3D_Panoramic(&reslice, pixelCentre(reslice, {column, row}));
+            const QVector3D world = CoordinateMapper::_2D_To_3D_Panoramic(
+                &reslice, pixelCentre(reslice, {column, row}));
             visible[column] = std::isnan(sampler.valueAt(world)) ? 0 : 255;
             double total = 0.0;
             for (int i = -steps; i <= steps; ++i)
-                total +=
-                    scale.attenuation(sampler.valueAt(world + depths[static_cast<std::size_t>(column)] *
-                                                                  (static_cast<float>(i) * kDepthStepMm)));
+                total += scale.attenuation(
+                    sampler.valueAt(world + depths[static_cast<std::size_t>(column)] *
+                                                (static_cast<float>(i) * kDepthStepMm)));
             *sum = static_cast<float>(total) * kDepthStepMm;
         }
         tell(progress, row, size.height());

@@ -74,12 +74,15 @@ Eigen::Matrix4d inDouble(const QMatrix4x4& matrix)
     return result;
 }
 
-// Largest distance of a vertex from the place to which the matrix takes the raw one, worked out in double precision.
-double deviation(const geometry::Mesh& mesh, const geometry::Mesh& raw, const Eigen::Matrix4d& placement)
+// Largest distance of a vertex from the place to which the matrix takes the raw one, worked out in
+// double precision.
+double deviation(const geometry::Mesh& mesh, const geometry::Mesh& raw,
+                 const Eigen::Matrix4d& placement)
 {
     double largest = 0.0;
     for (int i = 0; i < raw.getNumVertices(); ++i) {
-        const Eigen::Vector3d expected = (placement * toEigen(raw.getVertices()[i]).homogeneous()).head<3>();
+        const Eigen::Vector3d expected =
+            (placement * toEigen(raw.getVertices()[i]).homogeneous()).head<3>();
         largest = std::max(largest, (toEigen(mesh.getVertices()[i]) - expected).norm());
     }
     return largest;
@@ -109,8 +112,9 @@ QString number(double value, int decimals)
 
 QString htmlTable(const QList<Step>& steps)
 {
-    QString html = QStringLiteral("<div class=\"scroll\"><table>\n<tr><th>placement</th><th>operation</th>"
-                                  "<th>deviation mm</th><th>from the crowns mm</th></tr>\n");
+    QString html =
+        QStringLiteral("<div class=\"scroll\"><table>\n<tr><th>placement</th><th>operation</th>"
+                       "<th>deviation mm</th><th>from the crowns mm</th></tr>\n");
     for (const Step& step : steps)
         html += QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td><td>%4</td></tr>\n")
                     .arg(step.what.toHtmlEscaped(), step.operation.toHtmlEscaped(),
@@ -138,17 +142,20 @@ class Journey
 {
 public:
     Journey(JawScan& lowerJaw, const geometry::Mesh& upperCrowns, const QVector3D& middle)
-        : lower(lowerJaw), upper(upperCrowns), camera(cameraAt(middle - QVector3D(0.0F, 0.0F, 8.0F), 130.0))
+        : lower(lowerJaw),
+          upper(upperCrowns),
+          camera(cameraAt(middle - QVector3D(0.0F, 0.0F, 8.0F), 130.0))
     {}
 
     void record(const QString& what, const QString& operation, const Eigen::Matrix4d& placement,
                 const QString& tileLabel)
     {
         const geometry::Mesh& mesh = lower.scan->getMesh();
-        steps.append(
-            {what, operation, deviation(mesh, lower.raw, placement), distanceFromTruth(mesh, lower.crowns)});
+        steps.append({what, operation, deviation(mesh, lower.raw, placement),
+                      distanceFromTruth(mesh, lower.crowns)});
         if (!tileLabel.isEmpty())
-            tiles.append(paintSurfaces(camera, {{upper, kToothColour}, {mesh, kScanColour}}, tileLabel));
+            tiles.append(
+                paintSurfaces(camera, {{upper, kToothColour}, {mesh, kScanColour}}, tileLabel));
     }
 
     QList<Step> steps;
@@ -160,18 +167,20 @@ private:
     Camera camera;
 };
 
-// Imports the scan, aligns it by hand and by registration, goes through all placements and ends at the registration.
+// Imports the scan, aligns it by hand and by registration, goes through all placements and ends at
+// the registration.
 void travel(JawScan& lower, const phantom::Patient& patient, Journey& journey)
 {
     DentalScan* scan = lower.scan.get();
     const QMatrix4x4 planning;
-    const QMatrix4x4 upright = rigid(-42.0F, {0.3F, 0.25F, 1.0F}, {}); // roughly: the import knows no better
+    const QMatrix4x4 upright =
+        rigid(-42.0F, {0.3F, 0.25F, 1.0F}, {}); // roughly: the import knows no better
     journey.record(QStringLiteral("as scanned"), QStringLiteral("-"), Eigen::Matrix4d::Identity(),
                    QStringLiteral("1  as the scanner had it"));
 
     Trelo3DProtocolTransformations::calculateAndApplyInitialSurfaceScanTransformation(
-        scan, LowerJaw, patient.tooth(4).value().occlusalPoint, patient.tooth(8).value().occlusalPoint,
-        patient.tooth(13).value().occlusalPoint, upright);
+        scan, LowerJaw, patient.tooth(4).value().occlusalPoint,
+        patient.tooth(8).value().occlusalPoint, patient.tooth(13).value().occlusalPoint, upright);
     journey.record(QStringLiteral("imported"),
                    QStringLiteral("calculateAndApplyInitialSurfaceScanTransformation"),
                    inDouble(scan->getFreehandTransform()) * inDouble(upright),
@@ -193,21 +202,24 @@ void travel(JawScan& lower, const phantom::Patient& patient, Journey& journey)
     journey.record(QStringLiteral("freehand"), QStringLiteral("setAlignment"), freehand,
                    QStringLiteral("3  aligned by hand"));
     Operations::freehandToRegistration(scan, planning);
-    journey.record(QStringLiteral("registration"), QStringLiteral("freehandToRegistration"), registered,
-                   QStringLiteral("4  registered"));
+    journey.record(QStringLiteral("registration"), QStringLiteral("freehandToRegistration"),
+                   registered, QStringLiteral("4  registered"));
     Operations::registratedToFreehand(scan, planning);
-    journey.record(QStringLiteral("freehand again"), QStringLiteral("registratedToFreehand"), freehand, {});
+    journey.record(QStringLiteral("freehand again"), QStringLiteral("registratedToFreehand"),
+                   freehand, {});
     Operations::freehandOrRegistratedToInitial(scan, planning);
-    journey.record(QStringLiteral("initial"), QStringLiteral("freehandOrRegistratedToInitial"), initial, {});
+    journey.record(QStringLiteral("initial"), QStringLiteral("freehandOrRegistratedToInitial"),
+                   initial, {});
     Operations::initialToRegistrated(scan, planning);
-    journey.record(QStringLiteral("registration again"), QStringLiteral("initialToRegistrated"), registered,
-                   {});
-    Operations::removeTotalFreehandOrRegistrated(scan, planning);
-    journey.record(QStringLiteral("as scanned again"), QStringLiteral("removeTotalFreehandOrRegistrated"),
-                   Eigen::Matrix4d::Identity(), {});
-    Operations::applyTotalRegistratedTransform(scan, planning);
-    journey.record(QStringLiteral("registration, at last"), QStringLiteral("applyTotalRegistratedTransform"),
+    journey.record(QStringLiteral("registration again"), QStringLiteral("initialToRegistrated"),
                    registered, {});
+    Operations::removeTotalFreehandOrRegistrated(scan, planning);
+    journey.record(QStringLiteral("as scanned again"),
+                   QStringLiteral("removeTotalFreehandOrRegistrated"), Eigen::Matrix4d::Identity(),
+                   {});
+    Operations::applyTotalRegistratedTransform(scan, planning);
+    journey.record(QStringLiteral("registration, at last"),
+                   QStringLiteral("applyTotalRegistratedTransform"), registered, {});
 }
 
 // The lower scan as it stands with an open mouth, and its way into the recorded bite.
@@ -225,7 +237,8 @@ Bite closeTheBite(JawScan& lower, JawScan& upper, const QVector3D& middle)
     alignment.initialTransform = upper.scannerFromWorld.inverted();
     Operations::setAlignment(upper.scan.get(), alignment, planning);
 
-    // The mouth is open by 14 degrees about an axis through the jaw joints, some 60 mm behind and 35 mm above.
+    // The mouth is open by 14 degrees about an axis through the jaw joints, some 60 mm behind and
+    // 35 mm above.
     const QVector3D joints = middle + QVector3D(0.0F, 60.0F, 35.0F);
     QMatrix4x4 open = rigid(14.0F, {1.0F, 0.0F, 0.0F}, joints);
     open.translate(-joints);
@@ -238,13 +251,15 @@ Bite closeTheBite(JawScan& lower, JawScan& upper, const QVector3D& middle)
     occlusion.setTransformations(
         {{Maxilla::getClassTypeId(), articulator * upper.scannerFromWorld.inverted()},
          {Mandibula::getClassTypeId(), articulator * lower.scannerFromWorld.inverted()}});
-    const auto moves = OcclusionTransformCalculator(occlusion, *upper.scan, *lower.scan, planning)
-                           .calculateTransformations(OcclusionTransformCalculator::MandibulaToMaxilla);
+    const auto moves =
+        OcclusionTransformCalculator(occlusion, *upper.scan, *lower.scan, planning)
+            .calculateTransformations(OcclusionTransformCalculator::MandibulaToMaxilla);
 
     const Camera camera = cameraAt(middle, 95.0);
     const auto paint = [&](const QString& label) {
         return paintSurfaces(
-            camera, {{upper.scan->getMesh(), kToothColour}, {lower.scan->getMesh(), kScanColour}}, label);
+            camera, {{upper.scan->getMesh(), kToothColour}, {lower.scan->getMesh(), kScanColour}},
+            label);
     };
     Bite bite{};
     bite.gapBeforeMm = distanceFromTruth(lower.scan->getMesh(), lower.crowns);
@@ -256,7 +271,8 @@ Bite closeTheBite(JawScan& lower, JawScan& upper, const QVector3D& middle)
     return bite;
 }
 
-// Both jaws as an intra-oral scanner delivers them, crowns up round the same origin, and the bite that is made up.
+// Both jaws as an intra-oral scanner delivers them, crowns up round the same origin, and the bite
+// that is made up.
 struct MadeUpBite
 {
     QImage picture;
@@ -281,17 +297,21 @@ MadeUpBite makeUpABite(const geometry::Mesh& upperCrowns, const geometry::Mesh& 
     ScanSetup setup;
     setup.addScannableRegion(upper);
     setup.addScannableRegion(lower);
-    const OcclusionTransformation bite = ScanSetupTransformationHelper::getOcclusionTransformation(&setup);
+    const OcclusionTransformation bite =
+        ScanSetupTransformationHelper::getOcclusionTransformation(&setup);
 
     const Camera camera = cameraAt({0.0F, 0.0F, 12.0F}, 105.0);
     const auto paint = [&](const geometry::Mesh& upperMesh, const QString& label) {
-        return paintSurfaces(camera, {{upperMesh, kToothColour}, {lower->getMesh(), kScanColour}}, label);
+        return paintSurfaces(camera, {{upperMesh, kToothColour}, {lower->getMesh(), kScanColour}},
+                             label);
     };
     const geometry::Mesh turned = moved(upper->getMesh(), bite.upperTransformation);
-    return {tile({paint(upper->getMesh(), QStringLiteral("as scanned, each jaw with its crowns up")),
-                  paint(turned, QStringLiteral("in the made-up bite"))},
-                 2),
-            double(turned.getBoundingBox().min().z()) - double(lower->getMesh().getBoundingBox().max().z())};
+    return {
+        tile({paint(upper->getMesh(), QStringLiteral("as scanned, each jaw with its crowns up")),
+              paint(turned, QStringLiteral("in the made-up bite"))},
+             2),
+        double(turned.getBoundingBox().min().z()) -
+            double(lower->getMesh().getBoundingBox().max().z())};
 }
 
 } // namespace
@@ -302,11 +322,12 @@ Section createScansSection(const Case& planned, Progress& progress)
     section.id = QStringLiteral("scans");
     section.title = QStringLiteral("Jaw scans and bite");
     if (!planned.patient) {
-        section.introductionHtml =
-            QStringLiteral("<p>The planner reads no surface scans, so none is aligned to this CT. On the "
-                           "built-in patient this section moves scans of the crowns through their placements "
-                           "and into the bite.</p>\n");
-        section.plainText = QStringLiteral("The planner reads no surface scans: none was aligned.\n");
+        section.introductionHtml = QStringLiteral(
+            "<p>The planner reads no surface scans, so none is aligned to this CT. On the "
+            "built-in patient this section moves scans of the crowns through their placements "
+            "and into the bite.</p>\n");
+        section.plainText =
+            QStringLiteral("The planner reads no surface scans: none was aligned.\n");
         return section;
     }
     const phantom::Patient& patient = *planned.patient;
@@ -319,7 +340,8 @@ Section createScansSection(const Case& planned, Progress& progress)
 
     const QVector3D middle =
         (lowerCrowns.getBoundingBox().center() + upperCrowns.getBoundingBox().center()) * 0.5F;
-    QMatrix4x4 lowerScanner = rigid(50.0F, {0.2F, 0.3F, 1.0F}, middle + QVector3D(-28.0F, -5.0F, -24.0F));
+    QMatrix4x4 lowerScanner =
+        rigid(50.0F, {0.2F, 0.3F, 1.0F}, middle + QVector3D(-28.0F, -5.0F, -24.0F));
     lowerScanner.translate(-lowerCrowns.getBoundingBox().center());
     QMatrix4x4 upperScanner = rigid(-115.0F, {1.0F, 0.1F, -0.3F}, {12.0F, 4.0F, 9.0F});
     upperScanner.translate(-upperCrowns.getBoundingBox().center());
@@ -337,39 +359,44 @@ Section createScansSection(const Case& planned, Progress& progress)
         largest = std::max(largest, step.deviationMm);
     const QString summary =
         QStringLiteral(
-            "The lower scan of %1 vertices went through %2 placements: no vertex was ever more than "
+            "The lower scan of %1 vertices went through %2 placements: no vertex was ever more "
+            "than "
             "%3 mm from where its matrices say. The bite brought the lower crowns from %4 mm to %5 "
             "mm of their true place, the mean over all vertices.")
             .arg(lowerCrowns.getNumVertices())
             .arg(journey.steps.size())
             .arg(number(largest, 5), number(bite.gapBeforeMm, 1), number(bite.distanceAfterMm, 5));
 
-    section.introductionHtml = QStringLiteral(
-        "<p>The crowns of the built-in patient, taken as an intra-oral scanner would see them. The upper jaw "
-        "is ivory, the lower one blue. Seen from the front, a little from above and from the patient's "
-        "right; superior is up, the patient's right is on the left.</p>\n");
+    section.introductionHtml =
+        QStringLiteral("<p>The crowns of the built-in patient, taken as an intra-oral scanner "
+                       "would see them. The upper jaw "
+                       "is ivory, the lower one blue. Seen from the front, a little from above and "
+                       "from the patient's "
+                       "right; superior is up, the patient's right is on the left.</p>\n");
     section.pictures = {
         {QStringLiteral("scan-placements.png"), QStringLiteral("A scan through its placements"),
-         QStringLiteral("<p>The lower scan where the scanner had it, after its import, aligned by hand (5 mm "
-                        "and 6 degrees off), and registered. The upper crowns stand where they are.</p>"),
+         QStringLiteral(
+             "<p>The lower scan where the scanner had it, after its import, aligned by hand (5 mm "
+             "and 6 degrees off), and registered. The upper crowns stand where they are.</p>"),
          tile(journey.tiles, 2)},
         {QStringLiteral("scan-bite.png"), QStringLiteral("Into the recorded bite"),
-         QStringLiteral(
-             "<p>The mouth is open by 14 degrees. The bite holds where either raw scan stands on an "
-             "articulator; the lower scan is moved to the upper one, which stands.</p>"),
+         QStringLiteral("<p>The mouth is open by 14 degrees. The bite holds where either raw scan "
+                        "stands on an "
+                        "articulator; the lower scan is moved to the upper one, which stands.</p>"),
          bite.picture},
         {QStringLiteral("scan-made-up-bite.png"), QStringLiteral("A bite that is made up"),
-         QStringLiteral(
-             "<p>Without a recorded bite, the upper jaw is turned over above the lower one: here with "
-             "%1 mm between the boxes of the jaws.</p>")
+         QStringLiteral("<p>Without a recorded bite, the upper jaw is turned over above the lower "
+                        "one: here with "
+                        "%1 mm between the boxes of the jaws.</p>")
              .arg(number(madeUp.gapMm, 3)),
          madeUp.picture}};
     section.detailsHtml =
-        QStringLiteral(
-            "<p>%1</p>\n<details><summary>All placements</summary>\n<p>\"Deviation\" is the largest distance "
-            "of a vertex from the place to which the placement's matrices take the raw one, worked out in "
-            "double precision; \"from the crowns\" the mean distance from the true "
-            "crowns.</p>\n%2</details>\n")
+        QStringLiteral("<p>%1</p>\n<details><summary>All placements</summary>\n<p>\"Deviation\" is "
+                       "the largest distance "
+                       "of a vertex from the place to which the placement's matrices take the raw "
+                       "one, worked out in "
+                       "double precision; \"from the crowns\" the mean distance from the true "
+                       "crowns.</p>\n%2</details>\n")
             .arg(summary, htmlTable(journey.steps));
     section.plainText = textTable(journey.steps) + summary + u'\n';
     return section;

@@ -9,8 +9,9 @@ namespace planner {
 
 class Progress;
 
-/// Scans of the built-in patient's crowns: one is moved through its placements and back, then the jaws are
-/// brought into the bite. For another CT, of which there are no scans, a sentence that says so.
+/// Scans of the built-in patient's crowns: one is moved through its placements and back, then the
+/// jaws are brought into the bite. For another CT, of which there are no scans, a sentence that
+/// says so.
 Section createScansSection(const Case& planned, Progress& progress);
 
 } // namespace planner

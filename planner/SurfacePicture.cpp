@@ -34,8 +34,8 @@ QImage paintSurfaces(const Camera& camera, const QList<ShownMesh>& surfaces, con
     painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter, label);
     const int bottom = image.height() - 14;
     painter.fillRect(kMargin, bottom, static_cast<int>(kBarMm / camera.mmPerPixel), 3, kTextColour);
-    painter.drawText(text.translated(0, bottom - kLabelHeight - text.top()), Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("%1 mm").arg(kBarMm));
+    painter.drawText(text.translated(0, bottom - kLabelHeight - text.top()),
+                     Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("%1 mm").arg(kBarMm));
     return image;
 }
 

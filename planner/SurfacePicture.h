@@ -15,7 +15,8 @@ namespace planner {
 /// From the front, a little from above and from the patient's right; superior is up.
 Camera cameraFromTheFront(const QVector3D& centre, double widthMm, const QSize& pixels);
 
-/// The scene with a label in its upper left corner and a bar of 20 mm in the lower left one. Needs a QGuiApplication.
+/// The scene with a label in its upper left corner and a bar of 20 mm in the lower left one. Needs
+/// a QGuiApplication.
 QImage paintSurfaces(const Camera& camera, const QList<ShownMesh>& surfaces, const QString& label);
 
 /// Pictures of equal size side by side, in rows of the given length.

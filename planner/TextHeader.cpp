@@ -19,7 +19,8 @@ constexpr qint64 kLongest = 65'536; // bytes; real ones have some hundred
 // A fixed number of numbers, separated by blanks.
 template <typename Number, typename Convert>
 std::optional<QList<Number>> listFrom(const std::optional<QByteArray>& value, qsizetype count,
-                                      const QString& path, const QByteArray& name, const Convert& convert)
+                                      const QString& path, const QByteArray& name,
+                                      const Convert& convert)
 {
     if (!value)
         return std::nullopt;
@@ -31,10 +32,11 @@ std::optional<QList<Number>> listFrom(const std::optional<QByteArray>& value, qs
         good = good && isNumber;
     }
     if (!good || list.size() != count)
-        throw Failure(path, QStringLiteral("the header's field \"%1\" should be %2 numbers and is \"%3\"")
-                                .arg(QString::fromLatin1(name))
-                                .arg(count)
-                                .arg(QString::fromLatin1(value->left(60)).simplified()));
+        throw Failure(path,
+                      QStringLiteral("the header's field \"%1\" should be %2 numbers and is \"%3\"")
+                          .arg(QString::fromLatin1(name))
+                          .arg(count)
+                          .arg(QString::fromLatin1(value->left(60)).simplified()));
     return list;
 }
 
@@ -51,7 +53,8 @@ TextHeader::TextHeader(const QString& path, const QByteArray& separator, const Q
         const qsizetype lineEnd = text.indexOf('\n', bytes);
         if (lineEnd < 0 && text.size() == kLongest)
             break;
-        const QByteArray line = text.sliced(bytes, (lineEnd < 0 ? text.size() : lineEnd) - bytes).trimmed();
+        const QByteArray line =
+            text.sliced(bytes, (lineEnd < 0 ? text.size() : lineEnd) - bytes).trimmed();
         if (bytes == 0)
             first = line;
         bytes = lineEnd < 0 ? text.size() : lineEnd + 1;
@@ -62,14 +65,16 @@ TextHeader::TextHeader(const QString& path, const QByteArray& separator, const Q
             continue;
         const QByteArray name = line.first(at).trimmed().toLower();
         if (fields.contains(name))
-            throw Failure(path,
-                          QStringLiteral("the header has two fields \"%1\"").arg(QString::fromLatin1(name)));
+            throw Failure(
+                path,
+                QStringLiteral("the header has two fields \"%1\"").arg(QString::fromLatin1(name)));
         fields.insert(name, line.sliced(at + separator.size()).trimmed());
         if (name == last)
             return;
     }
     if (file.size() > kLongest)
-        throw Failure(path, QStringLiteral("the header does not end within %1 bytes").arg(kLongest));
+        throw Failure(path,
+                      QStringLiteral("the header does not end within %1 bytes").arg(kLongest));
 }
 
 std::optional<QByteArray> TextHeader::value(const QList<QByteArray>& names) const
@@ -82,7 +87,8 @@ std::optional<QByteArray> TextHeader::value(const QList<QByteArray>& names) cons
     return std::nullopt;
 }
 
-std::optional<QList<double>> TextHeader::numbers(const QList<QByteArray>& names, qsizetype count) const
+std::optional<QList<double>> TextHeader::numbers(const QList<QByteArray>& names,
+                                                 qsizetype count) const
 {
     return listFrom<double>(value(names), count, headerPath, names.first(),
                             [](const QByteArray& part, bool& isNumber) {
@@ -92,7 +98,8 @@ std::optional<QList<double>> TextHeader::numbers(const QList<QByteArray>& names,
                             });
 }
 
-std::optional<QList<qint64>> TextHeader::wholeNumbers(const QList<QByteArray>& names, qsizetype count) const
+std::optional<QList<qint64>> TextHeader::wholeNumbers(const QList<QByteArray>& names,
+                                                      qsizetype count) const
 {
     return listFrom<qint64>(
         value(names), count, headerPath, names.first(),
@@ -104,12 +111,14 @@ QString TextHeader::dataFile(const QString& name) const
     const QDir folder = QFileInfo(headerPath).dir();
     const QFileInfo named(folder.filePath(name));
     if (name.contains(QChar::Null) || !named.isFile())
-        throw Failure(headerPath, QStringLiteral("the file %1 with its voxels is not there").arg(name));
+        throw Failure(headerPath,
+                      QStringLiteral("the file %1 with its voxels is not there").arg(name));
     const QString inFolder = named.canonicalFilePath();
     if (!inFolder.startsWith(folder.canonicalPath() + u'/'))
         throw Failure(
             headerPath,
-            QStringLiteral("the file %1 with its voxels is in another folder; put it beside the header")
+            QStringLiteral(
+                "the file %1 with its voxels is in another folder; put it beside the header")
                 .arg(name));
     return inFolder;
 }

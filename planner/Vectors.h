@@ -6,7 +6,8 @@
 
 #include <Eigen/Core>
 
-/// Between the vectors of Qt, in which positions are kept, and those of Eigen, for arithmetic in double precision.
+/// Between the vectors of Qt, in which positions are kept, and those of Eigen, for arithmetic in
+/// double precision.
 namespace planner {
 
 inline Eigen::Vector3d toEigen(const QVector3D& v)

@@ -36,7 +36,8 @@ struct Interval
     }
 };
 
-// A rectangle in a plane: `point` is on it, the intervals are distances from `point` along the axes.
+// A rectangle in a plane: `point` is on it, the intervals are distances from `point` along the
+// axes.
 struct Frame
 {
     QVector3D point;
@@ -119,15 +120,16 @@ QMatrix4x4 rasterFrame(Reslice& reslice, const Frame& frame, float slabMm, int m
     QMatrix4x4 matrix;
     matrix.setColumn(0, QVector4D(frame.direction0, 0.0F));
     matrix.setColumn(1, QVector4D(frame.direction1, 0.0F));
-    matrix.setColumn(2, QVector4D(QVector3D::crossProduct(frame.direction0, frame.direction1), 0.0F));
-    matrix.setColumn(
-        3, QVector4D(frame.point + frame.direction0 * frame.along0.low + frame.direction1 * frame.along1.low,
-                     1.0F));
+    matrix.setColumn(2,
+                     QVector4D(QVector3D::crossProduct(frame.direction0, frame.direction1), 0.0F));
+    matrix.setColumn(3, QVector4D(frame.point + frame.direction0 * frame.along0.low +
+                                      frame.direction1 * frame.along1.low,
+                                  1.0F));
     return matrix;
 }
 
-// Height of the slab that holds the most teeth and arch points, in the middle of those; of the volume without
-// any.
+// Height of the slab that holds the most teeth and arch points, in the middle of those; of the
+// volume without any.
 float axialHeight(const Case& planned, float slabMm)
 {
     std::vector<float> heights;
@@ -174,11 +176,12 @@ PlanarView axialView(const Case& planned)
     PlanarView view;
     view.id = QStringLiteral("axial");
     view.title = QStringLiteral("Axial view");
-    view.place = planned.landmarks.isEmpty()
-                     ? QStringLiteral("Through the middle of the volume, z = %1 mm.")
-                           .arg(static_cast<double>(frame.point.z()), 0, 'f', 1)
-                     : QStringLiteral("At the height where most tooth and arch points lie, z = %1 mm.")
-                           .arg(static_cast<double>(frame.point.z()), 0, 'f', 1);
+    view.place =
+        planned.landmarks.isEmpty()
+            ? QStringLiteral("Through the middle of the volume, z = %1 mm.")
+                  .arg(static_cast<double>(frame.point.z()), 0, 'f', 1)
+            : QStringLiteral("At the height where most tooth and arch points lie, z = %1 mm.")
+                  .arg(static_cast<double>(frame.point.z()), 0, 'f', 1);
     view.reslice = std::make_shared<PlanarReslice>();
     view.reslice->setTransformationFromResliceToWorld(
         rasterFrame(*view.reslice, frame, kAxialSlabMm, kPlanarSamples));
@@ -196,8 +199,8 @@ PlanarView obliqueView(const Case& planned)
     Frame frame;
     frame.point = centre(planned.volume);
     QVector3D normal(0.0F, std::sin(tilt), -std::cos(tilt));
-    const bool usable =
-        plane.hasValue() && std::abs(plane.value().normal.x()) < 0.9; // a sagittal one has no left edge
+    const bool usable = plane.hasValue() &&
+                        std::abs(plane.value().normal.x()) < 0.9; // a sagittal one has no left edge
     if (usable) {
         frame.point = toQt(plane.value().point);
         normal = toQt(plane.value().normal);
@@ -211,12 +214,13 @@ PlanarView obliqueView(const Case& planned)
     PlanarView view;
     view.id = QStringLiteral("oblique");
     view.title = QStringLiteral("Oblique view");
-    const double degrees =
-        std::acos(std::min(1.0, std::abs(static_cast<double>(normal.z())))) * 180.0 / std::numbers::pi;
-    view.place = QStringLiteral("%1, tilted %2 degrees from the axial plane.")
-                     .arg(usable ? QStringLiteral("The plane of least squared distances to the foramina")
-                                 : QStringLiteral("Through the middle of the volume"))
-                     .arg(degrees, 0, 'f', 1);
+    const double degrees = std::acos(std::min(1.0, std::abs(static_cast<double>(normal.z())))) *
+                           180.0 / std::numbers::pi;
+    view.place =
+        QStringLiteral("%1, tilted %2 degrees from the axial plane.")
+            .arg(usable ? QStringLiteral("The plane of least squared distances to the foramina")
+                        : QStringLiteral("Through the middle of the volume"))
+            .arg(degrees, 0, 'f', 1);
     view.reslice = std::make_shared<PlanarReslice>();
     view.reslice->setTransformationFromResliceToWorld(
         rasterFrame(*view.reslice, frame, kObliqueSlabMm, kPlanarSamples));
@@ -237,17 +241,17 @@ CephView lateralView(const Case& planned)
     coverVolume(frame, planned.volume);
     // Between voxels, a projection shows nothing more.
     const QVector3D voxel = planned.volume.image.voxelSize();
-    const float side = std::max(frame.along0.high - frame.along0.low, frame.along1.high - frame.along1.low);
+    const float side =
+        std::max(frame.along0.high - frame.along0.low, frame.along1.high - frame.along1.low);
     const float voxels = std::ceil(side / std::min({voxel.x(), voxel.y(), voxel.z()}));
     const int samples = static_cast<int>(std::min(static_cast<float>(kCephSamples), voxels));
 
     CephView view;
     view.id = QStringLiteral("cephalogram");
     view.title = QStringLiteral("Lateral cephalogram");
-    view.place =
-        QStringLiteral(
-            "Parallel rays along x through the whole volume; points are mapped onto the plane x = %1 mm.")
-            .arg(static_cast<double>(frame.point.x()), 0, 'f', 1);
+    view.place = QStringLiteral("Parallel rays along x through the whole volume; points are mapped "
+                                "onto the plane x = %1 mm.")
+                     .arg(static_cast<double>(frame.point.x()), 0, 'f', 1);
     view.reslice = std::make_shared<CephReslice>();
     view.reslice->setTransformation(rasterFrame(*view.reslice, frame, 1.0F, samples));
     view.reslice->setPointOfView(meta::FromRight);

@@ -111,9 +111,10 @@ QList<Rows> notableRows(const QList<Rows>& all)
     QList<Rows> notable;
     for (const Rows& rows : all) {
         Rows kept{rows.view, {}};
-        std::copy_if(rows.landmarks.cbegin(), rows.landmarks.cend(), std::back_inserter(kept.landmarks),
-                     [](const MappedLandmark& row) {
-                         return row.landmark.kind == LandmarkKind::Foramen || row.inSlice.value_or(false);
+        std::copy_if(rows.landmarks.cbegin(), rows.landmarks.cend(),
+                     std::back_inserter(kept.landmarks), [](const MappedLandmark& row) {
+                         return row.landmark.kind == LandmarkKind::Foramen ||
+                                row.inSlice.value_or(false);
                      });
         notable.append(kept);
     }
@@ -132,8 +133,9 @@ QString summary(const QList<Rows>& all)
             largestClick = std::max(largestClick, row.clickErrorMm);
         }
     }
-    return QStringLiteral("%1 positions were mapped into the views and back: the largest error is %2 mm, and "
-                          "%3 mm if the centre of the marked pixel is mapped back.")
+    return QStringLiteral(
+               "%1 positions were mapped into the views and back: the largest error is %2 mm, and "
+               "%3 mm if the centre of the marked pixel is mapped back.")
         .arg(count)
         .arg(largest, 0, 'f', 5)
         .arg(largestClick, 0, 'f', 2);
@@ -175,10 +177,11 @@ QString captionHtml(const QString& place, const EdgeLetters& edges, const GreySc
                                .arg(reslice.getDimensions().width())
                                .arg(reslice.getDimensions().height())
                                .arg(static_cast<double>(reslice.getSampleSize().x()), 0, 'g', 3);
-    QString html = QStringLiteral("<p>%1%2</p>")
-                       .arg(place.toHtmlEscaped(), more.isEmpty() ? QString() : u' ' + more.toHtmlEscaped());
-    html +=
-        QStringLiteral("<p>Top edge: %1. Left edge: %2.</p>").arg(inWords(edges.top), inWords(edges.left));
+    QString html =
+        QStringLiteral("<p>%1%2</p>")
+            .arg(place.toHtmlEscaped(), more.isEmpty() ? QString() : u' ' + more.toHtmlEscaped());
+    html += QStringLiteral("<p>Top edge: %1. Left edge: %2.</p>")
+                .arg(inWords(edges.top), inWords(edges.left));
     html += QStringLiteral("<p>%1%2.</p>")
                 .arg(raster, scale ? QStringLiteral(", ") + scale->description() : QString());
     return html;
@@ -208,12 +211,13 @@ EdgeLetters cephEdges(const CephReslice& reslice, bool known)
 
 std::optional<MappedSegment> nerveChord(const Case& planned, const PlanarReslice& reslice)
 {
-    const Landmark* from = findLandmark(planned.landmarks, QString::fromUtf16(kRightMandibularForamen));
+    const Landmark* from =
+        findLandmark(planned.landmarks, QString::fromUtf16(kRightMandibularForamen));
     const Landmark* to = findLandmark(planned.landmarks, QString::fromUtf16(kRightMentalForamen));
     if (!from || !to)
         return std::nullopt;
-    return mapSegment(QStringLiteral("from the right mandibular to the right mental foramen"), from->position,
-                      to->position, reslice);
+    return mapSegment(QStringLiteral("from the right mandibular to the right mental foramen"),
+                      from->position, to->position, reslice);
 }
 
 QString segmentSentence(const std::optional<MappedSegment>& segment)
@@ -222,9 +226,10 @@ QString segmentSentence(const std::optional<MappedSegment>& segment)
         return {};
     if (!segment->inPlane)
         return QStringLiteral("The segment %1 does not meet the slab.").arg(segment->name);
-    return QStringLiteral(
-               "The segment %1 is solid where it runs within the slab: %2 of %3 mm as seen in the view.")
-        .arg(segment->name, number(segment->clipped.length(), 1), number(segment->whole.length(), 1));
+    return QStringLiteral("The segment %1 is solid where it runs within the slab: %2 of %3 mm as "
+                          "seen in the view.")
+        .arg(segment->name, number(segment->clipped.length(), 1),
+             number(segment->whole.length(), 1));
 }
 
 QString dot(const QColor& colour, bool filled, const QString& text)
@@ -244,7 +249,8 @@ QString legendHtml(const Case& planned)
     if (has(LandmarkKind::Foramen))
         items += dot(markColour(LandmarkKind::Foramen), true, QStringLiteral("foramen"));
     if (has(LandmarkKind::Tooth))
-        items += dot(markColour(LandmarkKind::Tooth), true, QStringLiteral("tooth, with its FDI number"));
+        items += dot(markColour(LandmarkKind::Tooth), true,
+                     QStringLiteral("tooth, with its FDI number"));
     if (has(LandmarkKind::Apex))
         items += dot(markColour(LandmarkKind::Apex), true, QStringLiteral("root apex"));
     if (has(LandmarkKind::Arch))
@@ -276,8 +282,9 @@ Section createViewsSection(const Case& planned, Progress& progress)
             cutOut(sampler, scale, reslice, tell), reslice.getSampleSize(),
             planarEdges(reslice, known),           mapOntoPlanar(planned.landmarks, reslice),
             nerveChord(planned, reslice),          true};
-        const QString slab = QStringLiteral("The slab is %1 mm thick, the picture shows its middle.")
-                                 .arg(static_cast<double>(reslice.getSampleSize().z()));
+        const QString slab =
+            QStringLiteral("The slab is %1 mm thick, the picture shows its middle.")
+                .arg(static_cast<double>(reslice.getSampleSize().z()));
         const QString caption = captionHtml(view.place, content.edges, &scale, reslice,
                                             slab + u' ' + segmentSentence(content.segment));
         section.pictures.append(
@@ -301,14 +308,16 @@ Section createViewsSection(const Case& planned, Progress& progress)
     progress.finish();
 
     section.introductionHtml =
-        QStringLiteral("<p>The CT cut and projected by trilinear sampling. Landmarks are mapped from the "
-                       "world into each view and drawn there.</p>\n") +
+        QStringLiteral(
+            "<p>The CT cut and projected by trilinear sampling. Landmarks are mapped from the "
+            "world into each view and drawn there.</p>\n") +
         legendHtml(planned);
     if (!planned.landmarks.isEmpty()) {
         section.detailsHtml =
             QStringLiteral(
                 "<p>%1</p>\n<details><summary>All positions</summary>\n<p>View coordinates are mm "
-                "from the upper left corner of the picture, x to the right and y down. \"Error\" is "
+                "from the upper left corner of the picture, x to the right and y down. \"Error\" "
+                "is "
                 "the distance between the point that was mapped back and the foot of the landmark "
                 "on the plane of the view, in mm; \"click\" the same for the centre of the marked "
                 "pixel (column, row).</p>\n%2</details>\n")

@@ -8,9 +8,9 @@
 
 #include <array>
 
-/// What a volume may be to be read. A damaged or hostile header states lengths and sizes that no scan of a patient
-/// has; every reader checks them here before it reserves memory. Everything that follows, from pictures to
-/// projections, may then rely on them.
+/// What a volume may be to be read. A damaged or hostile header states lengths and sizes that no
+/// scan of a patient has; every reader checks them here before it reserves memory. Everything that
+/// follows, from pictures to projections, may then rely on them.
 namespace planner {
 
 /// Along one axis. A cone-beam CT of 300 mm with voxels of 0.1 mm has 3000.
@@ -22,25 +22,26 @@ constexpr double kSmallestVoxelMm = 0.01;
 constexpr double kLargestVoxelMm = 10.0;
 /// Of a volume along one of its axes. A CT of the head, neck and chest has 700 mm.
 constexpr double kLargestExtentMm = 1000.0;
-/// Of the first voxel along each axis of the world, whose origin a scanner puts near its center. Up to here, single
-/// precision keeps positions to 0.001 mm.
+/// Of the first voxel along each axis of the world, whose origin a scanner puts near its center. Up
+/// to here, single precision keeps positions to 0.001 mm.
 constexpr double kFarthestMm = 10'000.0;
-/// Bytes of voxels for each byte of a file, as far as they exceed kFreeVoxelBytes. Grey values of a CT compress to a
-/// quarter, maps of a few labels to a hundredth.
+/// Bytes of voxels for each byte of a file, as far as they exceed kFreeVoxelBytes. Grey values of a
+/// CT compress to a quarter, maps of a few labels to a hundredth.
 constexpr qint64 kMostExpansion = 100;
 /// Bytes of voxels that a file of any size may hold.
 constexpr qint64 kFreeVoxelBytes = 100'000'000;
 
-/// Throws a Failure if a volume cannot have so many voxels along its axes. The product of counts that pass does not
-/// overflow.
+/// Throws a Failure if a volume cannot have so many voxels along its axes. The product of counts
+/// that pass does not overflow.
 void checkVoxelCounts(const QString& path, const std::array<qint64, 3>& counts);
 
-/// Throws a Failure if voxels so placed cannot show a patient: too small, too large, too far away, axes that lie in
-/// one plane or are not finite numbers.
+/// Throws a Failure if voxels so placed cannot show a patient: too small, too large, too far away,
+/// axes that lie in one plane or are not finite numbers.
 void checkGeometry(const QString& path, const QMatrix4x4& worldFromVoxel,
                    const std::array<qint64, 3>& counts);
 
-/// Throws a Failure if a file of `fileBytes` cannot hold so many bytes of voxels, however they are compressed.
+/// Throws a Failure if a file of `fileBytes` cannot hold so many bytes of voxels, however they are
+/// compressed.
 void checkExpansion(const QString& path, qint64 voxelBytes, qint64 fileBytes);
 
 } // namespace planner

@@ -40,8 +40,8 @@ void swapBytes(std::vector<char>& elements, std::size_t count, std::size_t size)
         qbswap<8>(elements.data(), number, elements.data());
 }
 
-// Calls the visitor with the voxels as the file holds them, in this machine's byte order, some at a time, and with the
-// index of the first of them.
+// Calls the visitor with the voxels as the file holds them, in this machine's byte order, some at a
+// time, and with the index of the first of them.
 template <typename Visitor>
 void visitVoxels(const VoxelFile& file, const Visitor& visitor)
 {
@@ -55,11 +55,12 @@ void visitVoxels(const VoxelFile& file, const Visitor& visitor)
         const qint64 done = source.read(chunk.data(), count);
         bytes += done;
         if (done < count)
-            throw Failure(file.path,
-                          QStringLiteral("the file is damaged or cut off: the header announces %1 bytes, "
-                                         "%2 can be read")
-                              .arg(expected)
-                              .arg(bytes));
+            throw Failure(
+                file.path,
+                QStringLiteral("the file is damaged or cut off: the header announces %1 bytes, "
+                               "%2 can be read")
+                    .arg(expected)
+                    .arg(bytes));
     };
     while (bytes < file.skip)
         read(std::min(static_cast<qint64>(chunk.size()), file.skip - bytes));
@@ -79,10 +80,12 @@ void visitVoxels(const VoxelFile& file, const Visitor& visitor)
     if (source.read(&more, 1) > 0)
         throw Failure(
             file.path,
-            QStringLiteral("the file is longer than the %1 bytes that its header announces").arg(expected));
+            QStringLiteral("the file is longer than the %1 bytes that its header announces")
+                .arg(expected));
     if (!source.endsHere())
-        throw Failure(file.path,
-                      QStringLiteral("the file is damaged or cut off: its checksum is wrong or missing"));
+        throw Failure(
+            file.path,
+            QStringLiteral("the file is damaged or cut off: its checksum is wrong or missing"));
 }
 
 // The type of the voxels in memory: the file's, unless they are scaled.
@@ -126,7 +129,8 @@ VexelImage3D readVoxels(const VoxelFile& file, const Scaling& scaling, const QVe
 
 QVector3D voxelSizeMm(const QMatrix4x4& worldFromVoxel)
 {
-    return {worldFromVoxel.column(0).toVector3D().length(), worldFromVoxel.column(1).toVector3D().length(),
+    return {worldFromVoxel.column(0).toVector3D().length(),
+            worldFromVoxel.column(1).toVector3D().length(),
             worldFromVoxel.column(2).toVector3D().length()};
 }
 

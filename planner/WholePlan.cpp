@@ -61,13 +61,14 @@ geometry::Mesh sweep(const QList<Ring>& rings)
 {
     QList<QVector3D> vertices;
     for (const Ring& ring : rings) {
-        const QVector3D helper =
-            std::abs(ring.along.z()) < 0.9F ? QVector3D(0.0F, 0.0F, 1.0F) : QVector3D(1.0F, 0.0F, 0.0F);
+        const QVector3D helper = std::abs(ring.along.z()) < 0.9F ? QVector3D(0.0F, 0.0F, 1.0F)
+                                                                 : QVector3D(1.0F, 0.0F, 0.0F);
         const QVector3D u = QVector3D::crossProduct(helper, ring.along).normalized();
         const QVector3D v = QVector3D::crossProduct(ring.along, u).normalized();
         for (int side = 0; side < kSides; ++side) {
             const auto angle = static_cast<float>(2.0 * std::numbers::pi * side / kSides);
-            vertices.append(ring.centre + (u * std::cos(angle) + v * std::sin(angle)) * ring.radius);
+            vertices.append(ring.centre +
+                            (u * std::cos(angle) + v * std::sin(angle)) * ring.radius);
         }
     }
     geometry::Mesh mesh(vertices, {});
@@ -80,7 +81,8 @@ geometry::Mesh tube(const QList<QVector3D>& path, float radiusMm)
 {
     QList<Ring> rings;
     for (qsizetype i = 0; i < path.size(); ++i) {
-        const QVector3D along = path[std::min(i + 1, path.size() - 1)] - path[std::max<qsizetype>(i - 1, 0)];
+        const QVector3D along =
+            path[std::min(i + 1, path.size() - 1)] - path[std::max<qsizetype>(i - 1, 0)];
         rings.append({path[i], along.normalized(), radiusMm});
     }
     return sweep(rings);
@@ -151,7 +153,8 @@ QList<QVector3D> thinned(const QList<QVector3D>& path, int step)
 class Builder
 {
 public:
-    Builder(const phantom::Patient& planned, const geometry::Mesh& upper, const geometry::Mesh& lower)
+    Builder(const phantom::Patient& planned, const geometry::Mesh& upper,
+            const geometry::Mesh& lower)
         : patient(planned), upperCrowns(upper), lowerCrowns(lower)
     {}
 
@@ -165,8 +168,9 @@ public:
         addSurgery();
         addImplants();
         addRest();
-        std::stable_sort(plan.objects.begin(), plan.objects.end(),
-                         [](const PlannedObject& a, const PlannedObject& b) { return a.step < b.step; });
+        std::stable_sort(
+            plan.objects.begin(), plan.objects.end(),
+            [](const PlannedObject& a, const PlannedObject& b) { return a.step < b.step; });
         plan.shownSurfaces = [parts = shown] {
             QList<ShownMesh> surfaces;
             for (const auto& part : parts)
@@ -194,14 +198,15 @@ private:
         return surface;
     }
 
-    // The built-in patient's extent at voxels of 1 mm, empty: the arches ask for nothing but its box.
+    // The built-in patient's extent at voxels of 1 mm, empty: the arches ask for nothing but its
+    // box.
     void addCt()
     {
         const QVector3D extent = patient.extentMm();
         const auto volume = std::make_shared<ImageVolume>();
-        volume->setImage(VexelImage3D(
-            {static_cast<int>(extent.x()), static_cast<int>(extent.y()), static_cast<int>(extent.z())},
-            {1.0F, 1.0F, 1.0F}, image::UInt8));
+        volume->setImage(VexelImage3D({static_cast<int>(extent.x()), static_cast<int>(extent.y()),
+                                       static_cast<int>(extent.z())},
+                                      {1.0F, 1.0F, 1.0F}, image::UInt8));
         const auto scan = std::make_shared<CTData>();
         scan->setImageVolume(volume);
         auto object = std::make_shared<CTDataVolumeObject>();
@@ -221,7 +226,8 @@ private:
             }
             add(1,
                 QStringLiteral("dental arch, %1")
-                    .arg(arch == ToothChart::UpperArch ? QStringLiteral("upper") : QStringLiteral("lower")),
+                    .arg(arch == ToothChart::UpperArch ? QStringLiteral("upper")
+                                                       : QStringLiteral("lower")),
                 spline, [spline] { return positionsOf(spline->getControlPoints()); });
             shown.append([spline] {
                 return QList<ShownMesh>{{tube(thinned(spline->getOriginalPath(), 8), 0.7F), kArch}};
@@ -261,7 +267,8 @@ private:
         add(7, QStringLiteral("angle between three apices"), angle,
             [angle] { return angle->getPositions(); });
         auto arrow = std::make_shared<ArrowAnnotation3D>();
-        arrow->setEnds(tooth(30).occlusalPoint + tooth(30).axisToCrown * 12.0F, tooth(30).occlusalPoint);
+        arrow->setEnds(tooth(30).occlusalPoint + tooth(30).axisToCrown * 12.0F,
+                       tooth(30).occlusalPoint);
         add(8, QStringLiteral("arrow at tooth 30"), arrow, [arrow] {
             return QList<QVector3D>{arrow->getTail(), arrow->getTip()};
         });
@@ -296,7 +303,8 @@ private:
         shown.append([tied, marked, angle] {
             QList<ShownMesh> balls;
             for (const QVector3D& position :
-                 QList<QVector3D>{tied->getPosition(), marked->getPosition()} + angle->getPositions())
+                 QList<QVector3D>{tied->getPosition(), marked->getPosition()} +
+                     angle->getPositions())
                 balls.append({ball(position, 1.6F), kMark});
             return balls;
         });
@@ -346,17 +354,20 @@ private:
             true);
         mandibula->setOcclusalPlanePositions(
             {tooth(19).occlusalPoint, tooth(24).occlusalPoint, tooth(30).occlusalPoint});
-        add(17, QStringLiteral("mandible with condyles and occlusal plane"), mandibula, [mandibula] {
-            const auto [left, right] = mandibula->getCondylePositions();
-            return mandibula->getMesh().getVertices() + mandibula->getOcclusalPlanePositions() +
-                   QList<QVector3D>{left, right, mandibula->getLeftAutoRotationPoint()->getPosition(),
-                                    mandibula->getRightAutoRotationPoint()->getPosition()};
-        });
+        add(17, QStringLiteral("mandible with condyles and occlusal plane"), mandibula,
+            [mandibula] {
+                const auto [left, right] = mandibula->getCondylePositions();
+                return mandibula->getMesh().getVertices() + mandibula->getOcclusalPlanePositions() +
+                       QList<QVector3D>{left, right,
+                                        mandibula->getLeftAutoRotationPoint()->getPosition(),
+                                        mandibula->getRightAutoRotationPoint()->getPosition()};
+            });
         auto maxilla = std::make_shared<Maxilla>();
         maxilla->setMesh(tube(upperArch, 8.0F));
         maxilla->setRotationPosition(tooth(8).apex);
         add(17, QStringLiteral("maxilla with the point it turns about"), maxilla, [maxilla] {
-            return maxilla->getMesh().getVertices() + QList<QVector3D>{maxilla->getRotationPosition()};
+            return maxilla->getMesh().getVertices() +
+                   QList<QVector3D>{maxilla->getRotationPosition()};
         });
         auto anatomy = std::make_shared<Anatomy>();
         auto cranium = std::make_shared<Surface3DModel>();
@@ -364,9 +375,10 @@ private:
         cranium->setMesh(ball(patient.extentMm() * 0.5F + QVector3D(0.0F, 0.0F, 40.0F), 60.0F));
         mandible->setMesh(tube(lowerArch, 9.0F));
         anatomy->setOriginalModels(cranium, mandible);
-        add(18, QStringLiteral("original models of skull and mandible"), anatomy, [cranium, mandible] {
-            return cranium->getMesh().getVertices() + mandible->getMesh().getVertices();
-        });
+        add(18, QStringLiteral("original models of skull and mandible"), anatomy,
+            [cranium, mandible] {
+                return cranium->getMesh().getVertices() + mandible->getMesh().getVertices();
+            });
 
         auto distractor = std::make_shared<Distractor>();
         auto tree = std::make_shared<SurfaceTree>();
@@ -378,7 +390,8 @@ private:
         });
 
         const QVector3D middle = patient.extentMm() * 0.5F;
-        addSurface<SoftTissueModel>(20, QStringLiteral("soft tissue of the face"), ball(middle, 70.0F));
+        addSurface<SoftTissueModel>(20, QStringLiteral("soft tissue of the face"),
+                                    ball(middle, 70.0F));
         addSurface<Skin>(21, QStringLiteral("skin"), ball(middle, 74.0F));
         addSurface<OsteotomySurface>(
             22, QStringLiteral("osteotomy"),
@@ -388,7 +401,8 @@ private:
             tube({middle + QVector3D(0.0F, 25.0F, -40.0F), middle + QVector3D(0.0F, 28.0F, 0.0F),
                   middle + QVector3D(0.0F, 22.0F, 30.0F)},
                  7.0F));
-        addSurface<ShowObject>(27, QStringLiteral("imported surface"), ball(tooth(9).occlusalPoint, 3.0F));
+        addSurface<ShowObject>(27, QStringLiteral("imported surface"),
+                               ball(tooth(9).occlusalPoint, 3.0F));
         addSurface<dataobject::PatientSurfaceModel>(28, QStringLiteral("photographed face"),
                                                     ball(middle, 75.0F));
     }
@@ -404,7 +418,8 @@ private:
                  new CompositeMovement(MovementTypes::m_mandibular_segmental_occlusion_movement)})
             plan.surgery->addMovement(movement);
 
-        // Recorded over a wafer: the lower jaw opens by 4 degrees about its joints and comes forward by 2 mm.
+        // Recorded over a wafer: the lower jaw opens by 4 degrees about its joints and comes
+        // forward by 2 mm.
         const QVector3D hinge =
             (patient.leftCanal().mandibularForamen + patient.rightCanal().mandibularForamen) * 0.5F;
         QMatrix4x4 opening;
@@ -419,9 +434,10 @@ private:
             [maxillary, mandibular, owner = plan.surgery] {
                 QList<QVector3D> corners;
                 for (const OcclusionMovement* movement : {maxillary, mandibular})
-                    corners += cornersOf(
-                        movement->getOcclusionModeTransformation(MovementModes::OCCLUSION_PLASTER_CAST_MODE)
-                            .value());
+                    corners += cornersOf(movement
+                                             ->getOcclusionModeTransformation(
+                                                 MovementModes::OCCLUSION_PLASTER_CAST_MODE)
+                                             .value());
                 return corners;
             });
     }
@@ -432,12 +448,14 @@ private:
             auto implant = std::make_shared<dataobject::Implant3D>();
             implant->setDimensions({4.1F, 10.0F});
             const phantom::Tooth t = tooth(number);
-            implant->setObjectTransform(standing(t.occlusalPoint - t.axisToCrown * 8.0F, t.axisToCrown));
+            implant->setObjectTransform(
+                standing(t.occlusalPoint - t.axisToCrown * 8.0F, t.axisToCrown));
             add(32, QStringLiteral("implant at tooth %1").arg(number), implant,
                 [implant] { return cornersOf(implant->getObjectTransform()); });
             shown.append([implant] {
                 return QList<ShownMesh>{
-                    {placed(implantBody(implant->getDimensions()), implant->getObjectTransform()), kImplant}};
+                    {placed(implantBody(implant->getDimensions()), implant->getObjectTransform()),
+                     kImplant}};
             });
         }
         for (const int number : {22, 27}) {
@@ -447,15 +465,17 @@ private:
             add(31, QStringLiteral("anchor pin at tooth %1").arg(number), pin,
                 [pin] { return cornersOf(pin->getObjectTransform()); });
             shown.append([pin] {
-                return QList<ShownMesh>{{placed(tube({{0.0F, 0.0F, 6.0F}, {0.0F, 0.0F, -12.0F}}, 0.9F),
-                                                pin->getObjectTransform()),
-                                         kPin}};
+                return QList<ShownMesh>{
+                    {placed(tube({{0.0F, 0.0F, 6.0F}, {0.0F, 0.0F, -12.0F}}, 0.9F),
+                            pin->getObjectTransform()),
+                     kPin}};
             });
         }
         auto locked = std::make_shared<dataobject::LockedImplantPlan>();
         locked->lock({standing(tooth(19).occlusalPoint, tooth(19).axisToCrown)});
         add(30, QStringLiteral("locked implant plan"), locked, [locked] {
-            return cornersOf(locked->getScannerOrientation() * locked->getImplantPlacements().first());
+            return cornersOf(locked->getScannerOrientation() *
+                             locked->getImplantPlacements().first());
         });
         const auto addTemplate = [this](int step, const QString& kind, const auto& surface) {
             surface->setMesh(tube(patient.archCurve(ToothChart::LowerArch), 5.0F));
@@ -476,15 +496,16 @@ private:
             [shell] { return cornersOf(shell->getObjectTransform()); });
         auto joint = std::make_shared<dataobject::TemporomandibularJoint>();
         auto line = std::make_shared<GuidingSpline>();
-        const QVector3D condyle = patient.rightCanal().mandibularForamen + QVector3D(0.0F, 0.0F, 25.0F);
+        const QVector3D condyle =
+            patient.rightCanal().mandibularForamen + QVector3D(0.0F, 0.0F, 25.0F);
         for (const float x : {-8.0F, 0.0F, 8.0F})
             line->appendControlPoint(condyle + QVector3D(x, 0.0F, -std::abs(x) * 0.3F));
         joint->setGuidingLine(line);
         add(25, QStringLiteral("jaw joint, right"), joint,
             [joint, line] { return positionsOf(line->getControlPoints()); });
         auto ceph = std::make_shared<CephPlaneBase>();
-        ceph->setPlane(
-            primitives::Plane(tooth(19).occlusalPoint, tooth(30).occlusalPoint, tooth(24).occlusalPoint));
+        ceph->setPlane(primitives::Plane(tooth(19).occlusalPoint, tooth(30).occlusalPoint,
+                                         tooth(24).occlusalPoint));
         add(29, QStringLiteral("cephalometric occlusal plane"), ceph, [ceph] {
             return QList<QVector3D>{ceph->getPlane().getPoint(),
                                     ceph->getPlane().getPoint() + ceph->getPlane().getNormal()};
@@ -494,7 +515,8 @@ private:
         QMatrix4x4 advance;
         advance.translate(0.0F, -4.0F, 1.0F);
         advance.rotate(3.0F, 1.0F, 0.0F, 0.0F);
-        collection->setFromPreOpToPlannedAndPostOpTransformations({{part, advance}}, {{part, advance}});
+        collection->setFromPreOpToPlannedAndPostOpTransformations({{part, advance}},
+                                                                  {{part, advance}});
         collection->setPreOpRotationPoint(part, tooth(8).apex);
         add(35, QStringLiteral("planned and post-operative moves of the maxilla"), collection,
             [collection, part] {

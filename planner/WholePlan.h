@@ -30,15 +30,16 @@ struct PlannedObject
     std::function<QList<QVector3D>()> coordinates;
 };
 
-/// A plan on the built-in patient with an object of every kind that a new scanner frame moves: arches, labels and
-/// annotations at teeth and foramina, nerves along the canals, scans of the crowns, implants, templates, a surgery with
-/// a recorded bite, and so on.
+/// A plan on the built-in patient with an object of every kind that a new scanner frame moves:
+/// arches, labels and annotations at teeth and foramina, nerves along the canals, scans of the
+/// crowns, implants, templates, a surgery with a recorded bite, and so on.
 struct WholePlan
 {
     QList<PlannedObject> objects;                    ///< by step
     std::shared_ptr<MaxillofacialSurgery> surgery;   ///< with its four occlusion movements
     QList<std::shared_ptr<DataObject>> otherObjects; ///< those that no step moves: the CT, the bite
-    std::function<QList<ShownMesh>()> shownSurfaces; ///< scans, nerves, implants and marks as they stand
+    std::function<QList<ShownMesh>()>
+        shownSurfaces; ///< scans, nerves, implants and marks as they stand
 
     /// All objects, as the library takes them.
     QList<DataObject*> dataObjects() const;

@@ -30,8 +30,9 @@ constexpr int kCannotDo = 2; // exit status
 
 // In the order of the report.
 constexpr planner::Section (*kSections[])(const planner::Case&, planner::Progress&) = {
-    planner::createViewsSection,      planner::createDentalSection,    planner::createCollisionSection,
-    planner::createGreyValuesSection, planner::createPanoramicSection, planner::createScansSection,
+    planner::createViewsSection,     planner::createDentalSection,
+    planner::createCollisionSection, planner::createGreyValuesSection,
+    planner::createPanoramicSection, planner::createScansSection,
     planner::createPlanSection,
 };
 
@@ -66,7 +67,8 @@ int complain(const char* sentence)
 
 int main(int argc, char** argv)
 {
-    // The next file to be opened would take the place of standard output, and the text would go there.
+    // The next file to be opened would take the place of standard output, and the text would go
+    // there.
     if (fcntl(STDOUT_FILENO, F_GETFD) == -1)
         return complain("Standard output is closed");
     signal(SIGPIPE, SIG_IGN); // a reader that has gone is an error like a full disk
@@ -87,7 +89,7 @@ int main(int argc, char** argv)
     } catch (const std::bad_alloc&) {
         return complain("There is not enough memory");
     } catch (const std::exception&) { // its text would mean nothing to the user
-        return complain(
-            "An error in the planner itself stopped it; this input should have been refused with its reason");
+        return complain("An error in the planner itself stopped it; this input should have been "
+                        "refused with its reason");
     }
 }

@@ -99,7 +99,10 @@ public:
         findCells();
     }
 
-    bool isTooLarge() const { return hasTooManyEntries() || numFilledCells() > kMostCells + numTriangles(); }
+    bool isTooLarge() const
+    {
+        return hasTooManyEntries() || numFilledCells() > kMostCells + numTriangles();
+    }
 
     Division division() const
     {
@@ -121,7 +124,8 @@ public:
         for (int triangle = 0; triangle < static_cast<int>(cellOfTriangle.size()); ++triangle) {
             const int cell = cellOfTriangle[triangle];
             if (cell == kSeveralCells)
-                visitCells(rangeOf(triangle), [&](int touched) { *nextEntry[touched]++ = triangle; });
+                visitCells(rangeOf(triangle),
+                           [&](int touched) { *nextEntry[touched]++ = triangle; });
             else if (cell != kNoCell)
                 *nextEntry[cell]++ = triangle;
         }
@@ -177,10 +181,12 @@ private:
         std::vector<int> numbers(vertices.size(), 0);
         if (grid.numCells() == 1)
             return numbers;
-        std::transform(vertices.begin(), vertices.end(), numbers.begin(), [this](const QVector3D& vertex) {
-            return grid.numberOf(grid.axes[0].cellOf(vertex.x()), grid.axes[1].cellOf(vertex.y()),
-                                 grid.axes[2].cellOf(vertex.z()));
-        });
+        std::transform(vertices.begin(), vertices.end(), numbers.begin(),
+                       [this](const QVector3D& vertex) {
+                           return grid.numberOf(grid.axes[0].cellOf(vertex.x()),
+                                                grid.axes[1].cellOf(vertex.y()),
+                                                grid.axes[2].cellOf(vertex.z()));
+                       });
         return numbers;
     }
 
@@ -226,10 +232,12 @@ Division divideMesh(const geometry::Mesh& mesh, const primitives::BoundingBox& b
     return division;
 }
 
-BoundedMesh makeBoundedMesh(const geometry::Mesh& mesh, const primitives::BoundingBox& box, float cellSize)
+BoundedMesh makeBoundedMesh(const geometry::Mesh& mesh, const primitives::BoundingBox& box,
+                            float cellSize)
 {
     Division division = divideMesh(mesh, box, cellSize);
-    auto trees = std::make_shared<const CellTrees>(mesh, division.cells, std::move(division.places));
+    auto trees =
+        std::make_shared<const CellTrees>(mesh, division.cells, std::move(division.places));
     return {mesh, box, division.cells, std::move(trees)};
 }
 
@@ -237,12 +245,13 @@ BoundedMesh makeBoundedMesh(const geometry::Mesh& mesh, const primitives::Boundi
 
 float defaultCellSize(int numTriangles, const primitives::BoundingBox& box)
 {
-    const auto share = static_cast<float>(std::pow(static_cast<double>(numTriangles), kTwoThirdsInFloat));
+    const auto share =
+        static_cast<float>(std::pow(static_cast<double>(numTriangles), kTwoThirdsInFloat));
     return std::cbrt(box.depth() * (box.height() * box.width()) / share);
 }
 
-QList<geometry::BoundedTriangles> makeBoundedTriangles(const geometry::Mesh& mesh,
-                                                       const primitives::BoundingBox& box, float cellSize)
+QList<geometry::BoundedTriangles>
+makeBoundedTriangles(const geometry::Mesh& mesh, const primitives::BoundingBox& box, float cellSize)
 {
     return divideMesh(mesh, box, cellSize).cells;
 }
@@ -262,8 +271,8 @@ BoundedObject makeBoundedObject(const geometry::ShapeNode& root, const QMatrix4x
         if (!isUsable(mesh))
             return {};
         const primitives::BoundingBox box = node->getBoundingBox().transformed(sceneFromNode);
-        object.meshes.append(
-            makeBoundedMesh(mesh, box, cellSize ? *cellSize : defaultCellSize(numTriangles(mesh), box)));
+        object.meshes.append(makeBoundedMesh(
+            mesh, box, cellSize ? *cellSize : defaultCellSize(numTriangles(mesh), box)));
     }
     return object;
 }

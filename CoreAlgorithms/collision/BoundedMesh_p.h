@@ -42,16 +42,16 @@ struct BoundedObject
     primitives::BoundingBox box;
 };
 
-/// Places the meshes of a tree of shapes by the transform. Without a cell size, a mesh gets cells of
-/// defaultCellSize().
+/// Places the meshes of a tree of shapes by the transform. Without a cell size, a mesh gets cells
+/// of defaultCellSize().
 ///
 /// Here and below, the whole object is empty if a mesh has a vertex that is not finite, or an index
 /// entry that names no vertex.
 BoundedObject makeBoundedObject(const geometry::ShapeNode& root, const QMatrix4x4& transform,
                                 std::optional<float> cellSize);
 
-/// Places the mesh of a surface in the scene, in cells of 5 mm. Queries the scene bounding box, then
-/// the mesh, then the object transform, once each.
+/// Places the mesh of a surface in the scene, in cells of 5 mm. Queries the scene bounding box,
+/// then the mesh, then the object transform, once each.
 BoundedObject makeBoundedObject(const Surface3DModel& model);
 
 /// Returns the cell size in mm that gives a mesh of `numTriangles` in the box about
@@ -68,7 +68,8 @@ float defaultCellSize(int numTriangles, const primitives::BoundingBox& box);
 /// their lists; overlaps() then gives the verdict of these cells all the same. A triangle with an
 /// index entry that names no vertex is in no cell.
 QList<geometry::BoundedTriangles> makeBoundedTriangles(const geometry::Mesh& mesh,
-                                                       const primitives::BoundingBox& box, float cellSize);
+                                                       const primitives::BoundingBox& box,
+                                                       float cellSize);
 
 /// Returns whether the surfaces intersect: some triangle of `a` and some triangle of `b`. An object
 /// inside another one does not overlap it.

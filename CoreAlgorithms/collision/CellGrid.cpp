@@ -72,7 +72,9 @@ CellRange CellGrid::rangeTouching(const primitives::BoundingBox& box) const
 CellGrid oneCell(const primitives::BoundingBox& box)
 {
     const QVector3D start = box.min();
-    return {{{{start.x(), box.deltaX(), 1}, {start.y(), box.deltaY(), 1}, {start.z(), box.deltaZ(), 1}}}};
+    return {{{{start.x(), box.deltaX(), 1},
+              {start.y(), box.deltaY(), 1},
+              {start.z(), box.deltaZ(), 1}}}};
 }
 
 CellGrid divide(const primitives::BoundingBox& box, float cellSize)

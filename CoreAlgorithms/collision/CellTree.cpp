@@ -53,8 +53,8 @@ constexpr std::array<int, 16> kSpread = [] {
     return spread;
 }();
 
-// The triangles along a curve that stays among neighbours (Morton's), so that blocks are small in space. Meshes mostly
-// are in such an order as it is, but need not be.
+// The triangles along a curve that stays among neighbours (Morton's), so that blocks are small in
+// space. Meshes mostly are in such an order as it is, but need not be.
 std::vector<Corners> inOrderOfSpace(std::vector<Corners> triangles, const std::array<float, 3>& low,
                                     const std::array<float, 3>& high)
 {
@@ -120,7 +120,8 @@ TriangleBlock makeBlock(const std::vector<Corners>& triangles, std::size_t first
     return block;
 }
 
-void setBox(BoxBlock& boxes, int place, const std::array<float, 3>& low, const std::array<float, 3>& high)
+void setBox(BoxBlock& boxes, int place, const std::array<float, 3>& low,
+            const std::array<float, 3>& high)
 {
     for (int axis = 0; axis < 3; ++axis) {
         boxes.low[axis][place] = low[axis];
@@ -215,7 +216,8 @@ const CellTree& CellTrees::LazyTree::get(Make make) const
     return *tree;
 }
 
-CellTrees::CellTrees(const geometry::Mesh& sourceMesh, const QList<geometry::BoundedTriangles>& sourceCells)
+CellTrees::CellTrees(const geometry::Mesh& sourceMesh,
+                     const QList<geometry::BoundedTriangles>& sourceCells)
     : mesh(sourceMesh), cells(sourceCells), trees(sourceCells.size())
 {
     narrowCells.reserve(cells.size());
@@ -223,8 +225,8 @@ CellTrees::CellTrees(const geometry::Mesh& sourceMesh, const QList<geometry::Bou
         narrowCells.push_back({place, place});
 }
 
-CellTrees::CellTrees(const geometry::Mesh& sourceMesh, const QList<geometry::BoundedTriangles>& sourceCells,
-                     CellPlaces placesOfCells)
+CellTrees::CellTrees(const geometry::Mesh& sourceMesh,
+                     const QList<geometry::BoundedTriangles>& sourceCells, CellPlaces placesOfCells)
     : mesh(sourceMesh), cells(sourceCells), places(std::move(placesOfCells)), isOfGrid(true)
 {
     std::vector<bool> isWide(mesh.getNumIndices() / 4, false);

@@ -30,12 +30,13 @@ struct alignas(kLaneAlignment) BoxBlock
     Lanes high[3];
 };
 
-/// The triangles of one cell of a mesh in blocks of neighbours, and a tree of boxes over the blocks with eight
-/// children a node. Triangles with a vertex that is not finite, or whose entries name no vertex, are left out.
+/// The triangles of one cell of a mesh in blocks of neighbours, and a tree of boxes over the blocks
+/// with eight children a node. Triangles with a vertex that is not finite, or whose entries name no
+/// vertex, are left out.
 ///
-/// Level 0 of the tree holds the boxes of the blocks, eight to a BoxBlock: box c of its node n is that of block 8n +
-/// c. Box c of node n of a higher level is that of node 8n + c of the level below. Places beyond the last triangle,
-/// block or node repeat the last.
+/// Level 0 of the tree holds the boxes of the blocks, eight to a BoxBlock: box c of its node n is
+/// that of block 8n + c. Box c of node n of a higher level is that of node 8n + c of the level
+/// below. Places beyond the last triangle, block or node repeat the last.
 class CellTree
 {
 public:
@@ -75,9 +76,10 @@ class CellTrees
 {
 public:
     /// Makes trees for cells of any origin: all triangles are treated as narrow.
-    CellTrees(const geometry::Mesh& sourceMesh, const QList<geometry::BoundedTriangles>& sourceCells);
-    CellTrees(const geometry::Mesh& sourceMesh, const QList<geometry::BoundedTriangles>& sourceCells,
-              CellPlaces placesOfCells);
+    CellTrees(const geometry::Mesh& sourceMesh,
+              const QList<geometry::BoundedTriangles>& sourceCells);
+    CellTrees(const geometry::Mesh& sourceMesh,
+              const QList<geometry::BoundedTriangles>& sourceCells, CellPlaces placesOfCells);
 
     /// Returns whether these are the vertices, indices and cells of the trees: the same data, not
     /// only equal ones.
@@ -85,7 +87,10 @@ public:
 
     /// Returns the number of cells that hold narrow triangles; they are numbered from 0 here.
     int numCells() const { return static_cast<int>(narrowCells.size()); }
-    const primitives::BoundingBox& boxOf(int cell) const { return cells[narrowCells[cell].place].box; }
+    const primitives::BoundingBox& boxOf(int cell) const
+    {
+        return cells[narrowCells[cell].place].box;
+    }
     /// Returns the tree of a cell's narrow triangles.
     const CellTree& treeOf(int cell) const;
     /// Calls `test` with the number of each cell that may touch the box until one call returns
@@ -151,8 +156,9 @@ bool CellTrees::anyCellNear(const primitives::BoundingBox& box, Test test) const
     if (collision::numCells({CellSpan{0, 0}, range[1], range[2]}) >= numCells())
         return anyOf(narrowCells.begin(), narrowCells.end());
     const auto firstFrom = [this](int x, int y, int z) {
-        return std::lower_bound(narrowCells.begin(), narrowCells.end(), places.grid.numberOf(x, y, z),
-                                [](const NarrowCell& cell, int number) { return cell.number < number; });
+        return std::lower_bound(
+            narrowCells.begin(), narrowCells.end(), places.grid.numberOf(x, y, z),
+            [](const NarrowCell& cell, int number) { return cell.number < number; });
     };
     for (int z = range[2].first; z <= range[2].last; ++z) {
         for (int y = range[1].first; y <= range[1].last; ++y) {

@@ -65,7 +65,8 @@ bool anyPairWithFirst(const QSet<Pair>& pairs, const Member* first)
 } // namespace
 
 ImplantCollisionDetector::ImplantCollisionDetector(geometry::ShapeLoader& shapeLoaderOfHost)
-    : shapeLoader(shapeLoaderOfHost), shapeFactory(std::make_unique<geometry::ShapeFactory>(shapeLoader))
+    : shapeLoader(shapeLoaderOfHost),
+      shapeFactory(std::make_unique<geometry::ShapeFactory>(shapeLoader))
 {}
 
 ImplantCollisionDetector::~ImplantCollisionDetector() = default;
@@ -108,11 +109,13 @@ void ImplantCollisionDetector::prepareAndStartDetection(
     runDetection(implantPairs, nervePairs, anchorPinPairs);
 }
 
-void ImplantCollisionDetector::runDetection(const ImplantPairs& implantPairs, const NervePairs& nervePairs,
+void ImplantCollisionDetector::runDetection(const ImplantPairs& implantPairs,
+                                            const NervePairs& nervePairs,
                                             const AnchorPinPairs& anchorPinPairs)
 {
     updateBoundedMeshes(implantPairs, nervePairs, anchorPinPairs);
-    ImplantCollisions newCollisions = calculateUpdatedCollisions(implantPairs, nervePairs, anchorPinPairs);
+    ImplantCollisions newCollisions =
+        calculateUpdatedCollisions(implantPairs, nervePairs, anchorPinPairs);
     if (newCollisions == implantCollisions)
         return;
     implantCollisions = std::move(newCollisions);
@@ -132,7 +135,8 @@ ImplantCollisionDetector::calculateUpdatedCollisions(const ImplantPairs& implant
     // Intended: the order of the operands, on which a verdict can depend: the implant at the lower
     // address, the nerve and the pin come first. The verdicts of existing plans rely on it.
     for (const auto& pair : implantPairs) {
-        const bool colliding = overlaps(zone(pair.first, kImplantMargin), zone(pair.second, kImplantMargin));
+        const bool colliding =
+            overlaps(zone(pair.first, kImplantMargin), zone(pair.second, kImplantMargin));
         setColliding(updated.implantImplantCollisions, pair, colliding);
     }
     for (const auto& pair : nervePairs) {
@@ -141,8 +145,8 @@ ImplantCollisionDetector::calculateUpdatedCollisions(const ImplantPairs& implant
         setColliding(updated.implantNerveCollisions, pair, colliding);
     }
     for (const auto& pair : anchorPinPairs) {
-        const bool colliding =
-            overlaps(cached(anchorPinBoundedMeshes, pair.second), zone(pair.first, kAnchorPinMargin));
+        const bool colliding = overlaps(cached(anchorPinBoundedMeshes, pair.second),
+                                        zone(pair.first, kAnchorPinMargin));
         setColliding(updated.implantAnchorPinCollisions, pair, colliding);
     }
     return updated;
@@ -168,8 +172,8 @@ void ImplantCollisionDetector::updateBoundedMeshes(const ImplantPairs& implantPa
     }
 }
 
-void ImplantCollisionDetector::updateImplantSafetyZoneBoundedMeshes(const std::shared_ptr<Implant3D>& implant,
-                                                                    float margin)
+void ImplantCollisionDetector::updateImplantSafetyZoneBoundedMeshes(
+    const std::shared_ptr<Implant3D>& implant, float margin)
 {
     const std::pair key(implant, margin);
     if (implantSafetyZoneBoundedMeshes.contains(key))
@@ -202,8 +206,8 @@ void ImplantCollisionDetector::removeImplantSafetyZones(const std::shared_ptr<Im
 {
     implantSafetyZoneBoundedMeshes.remove({implant, kImplantMargin});
     implantSafetyZoneBoundedMeshes.remove({implant, kNerveMargin});
-    // Intended: nerves and pins share the zone of their equal margins, so that this finds nothing; each use of a zone
-    // erases its own, in the order of the three kinds of pairs.
+    // Intended: nerves and pins share the zone of their equal margins, so that this finds nothing;
+    // each use of a zone erases its own, in the order of the three kinds of pairs.
     implantSafetyZoneBoundedMeshes.remove({implant, kAnchorPinMargin});
 }
 
@@ -222,8 +226,8 @@ void ImplantCollisionDetector::shapeHasChanged(const std::shared_ptr<AnchorPin3D
     anchorPinBoundedMeshes.remove(pin);
 }
 
-// ---- objects that leave the plan. Intended: observers are told also if nothing was removed; the application's
-// lists follow a removal by that.
+// ---- objects that leave the plan. Intended: observers are told also if nothing was removed; the
+// application's lists follow a removal by that.
 //
 // The pointer is copied first: the caller's may stand in the sets that shrink here.
 
@@ -312,7 +316,8 @@ ImplantCollisionDetector::getCollidingImplants(const Implant3D& implant) const
 
 QString ImplantCollisionDetector::tr(const char* sourceText, const char* disambiguation, int n)
 {
-    return QCoreApplication::translate("collision::ImplantCollisionDetector", sourceText, disambiguation, n);
+    return QCoreApplication::translate("collision::ImplantCollisionDetector", sourceText,
+                                       disambiguation, n);
 }
 
 } // namespace collision

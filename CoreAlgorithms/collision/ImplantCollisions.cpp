@@ -33,7 +33,8 @@ makePair(std::shared_ptr<dataobject::Implant3D> implant, std::shared_ptr<dataobj
 }
 
 std::pair<std::shared_ptr<dataobject::Implant3D>, std::shared_ptr<dataobject::AnchorPin3D>>
-makePair(std::shared_ptr<dataobject::Implant3D> implant, std::shared_ptr<dataobject::AnchorPin3D> pin)
+makePair(std::shared_ptr<dataobject::Implant3D> implant,
+         std::shared_ptr<dataobject::AnchorPin3D> pin)
 {
     return {std::move(implant), std::move(pin)};
 }

@@ -11,8 +11,8 @@
 namespace collision {
 namespace {
 
-// Intended: half the margin to the sides, though the cone below the apex is as high as the whole margin. The
-// verdicts of existing plans rely on this solid.
+// Intended: half the margin to the sides, though the cone below the apex is as high as the whole
+// margin. The verdicts of existing plans rely on this solid.
 float zoneRadius(const dataobject::Implant3D& implant, float margin)
 {
     return margin * 0.5F + implant.getDimensions().diameter * 0.5F;
@@ -52,8 +52,8 @@ void addApexCap(geometry::ShapeNode& root, const geometry::ShapeFactory& factory
 } // namespace
 
 std::unique_ptr<geometry::ShapeNode>
-generateSafetyZone(const std::unique_ptr<geometry::ShapeFactory>& factory, dataobject::Implant3D& implant,
-                   float margin)
+generateSafetyZone(const std::unique_ptr<geometry::ShapeFactory>& factory,
+                   dataobject::Implant3D& implant, float margin)
 {
     auto root = std::make_unique<geometry::ShapeNode>(QStringLiteral("ImplantSafetyZone"));
     if (!factory)

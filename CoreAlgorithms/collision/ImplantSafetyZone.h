@@ -20,27 +20,27 @@ class ShapeNode;
 
 namespace collision {
 
-/// A simple closed solid round an implant that stands in for it in collision tests, in the implant's own frame
-/// and in mm: a cylinder for the body and a cone below the apex. With D the diameter, L the length and m the
-/// margin:
+/// A simple closed solid round an implant that stands in for it in collision tests, in the
+/// implant's own frame and in mm: a cylinder for the body and a cone below the apex. With D the
+/// diameter, L the length and m the margin:
 ///
 ///     z = 0            platform  +-------+    radius of both D / 2 + m / 2
 ///                                | body  |
 ///     z = -L           apex      +-------+
 ///     z = -(L + m)                 \___/      tip of the cone
 ///
-/// The clearance is half the margin to the sides and the whole margin below the apex. With margin 0 it is the
-/// implant's own envelope, closed by a flat cone.
+/// The clearance is half the margin to the sides and the whole margin below the apex. With margin 0
+/// it is the implant's own envelope, closed by a flat cone.
 ///
-/// The tree is named "ImplantSafetyZone" and has two children, body and apex cap, made by the factory with these
-/// measures whatever they are, also if zero, negative or NaN. The placement of the implant plays no part. A null
-/// factory, or one that makes nothing, leaves the children out.
+/// The tree is named "ImplantSafetyZone" and has two children, body and apex cap, made by the
+/// factory with these measures whatever they are, also if zero, negative or NaN. The placement of
+/// the implant plays no part. A null factory, or one that makes nothing, leaves the children out.
 COREALGORITHMS_EXPORT std::unique_ptr<geometry::ShapeNode>
-generateSafetyZone(const std::unique_ptr<geometry::ShapeFactory>& factory, dataobject::Implant3D& implant,
-                   float margin);
+generateSafetyZone(const std::unique_ptr<geometry::ShapeFactory>& factory,
+                   dataobject::Implant3D& implant, float margin);
 
-/// Keys of the named parameters that describe an implant's shape in the host model. The text of each is its
-/// name without the k. No computation of this library reads them.
+/// Keys of the named parameters that describe an implant's shape in the host model. The text of
+/// each is its name without the k. No computation of this library reads them.
 namespace implantShapeParameters {
 
 COREALGORITHMS_EXPORT extern const QString kConnectionShape;

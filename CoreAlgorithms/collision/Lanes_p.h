@@ -10,23 +10,24 @@
 #include <emmintrin.h>
 #endif
 
-// Eight floats side by side. Every operation acts on each of the eight as the scalar operation does, with one
-// rounding, so that the bits do not depend on how many the machine handles at once.
+// Eight floats side by side. Every operation acts on each of the eight as the scalar operation
+// does, with one rounding, so that the bits do not depend on how many the machine handles at once.
 //
-// With gcc and clang these are vector types, which the compiler maps to the registers that a function's target has;
-// elsewhere arrays. COREALGORITHMS_PORTABLE_LANES chooses the arrays everywhere.
+// With gcc and clang these are vector types, which the compiler maps to the registers that a
+// function's target has; elsewhere arrays. COREALGORITHMS_PORTABLE_LANES chooses the arrays
+// everywhere.
 namespace collision {
 
 constexpr int kLanes = 8;
-/// What holds lanes is aligned to this by name: the alignment of the vector type alone depends on the target of the
-/// function that looks at it.
+/// What holds lanes is aligned to this by name: the alignment of the vector type alone depends on
+/// the target of the function that looks at it.
 constexpr std::size_t kLaneAlignment = 32;
 
 #if defined(__GNUC__) && !defined(COREALGORITHMS_PORTABLE_LANES)
 
-// Always inlined: how a vector is passed depends on the target of the function, and callers differ in
-// that. -Wpsabi warns of just that. The pragma covers the functions below. Sources that call them are
-// compiled without the warning, since it comes at their end (see CMakeLists.txt).
+// Always inlined: how a vector is passed depends on the target of the function, and callers differ
+// in that. -Wpsabi warns of just that. The pragma covers the functions below. Sources that call
+// them are compiled without the warning, since it comes at their end (see CMakeLists.txt).
 #define COREALGORITHMS_INLINE_LANES inline __attribute__((always_inline))
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wpsabi"
@@ -49,7 +50,8 @@ COREALGORITHMS_INLINE_LANES Lanes allLanes(float value)
     return Lanes{} + value;
 }
 
-COREALGORITHMS_INLINE_LANES Lanes select(const LaneMask& mask, const Lanes& whereTrue, const Lanes& elsewhere)
+COREALGORITHMS_INLINE_LANES Lanes select(const LaneMask& mask, const Lanes& whereTrue,
+                                         const Lanes& elsewhere)
 {
     return mask ? whereTrue : elsewhere;
 }

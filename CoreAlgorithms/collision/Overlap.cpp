@@ -26,18 +26,20 @@ struct Opponent
 //
 //     ((nx px + ny py) + nz pz) + offset,
 //
-// with a rounding error of less than 4.01 * 2^-24 of S = |nx px| + |ny py| + |nz pz| + |offset|, products that
-// underflow aside. The least (largest) value over a box is computed alike from one of its corners. Both errors
-// together stay below 8.02 * 2^-24 of S with |p| the largest coordinates of the cell; the margin is twice that. If the
-// least value over a box exceeds the margin, the computed distances of all points in it are positive, and large
-// enough (1e-18) that their products do not underflow to zero: every triangle in the box is on one side.
+// with a rounding error of less than 4.01 * 2^-24 of S = |nx px| + |ny py| + |nz pz| + |offset|,
+// products that underflow aside. The least (largest) value over a box is computed alike from one of
+// its corners. Both errors together stay below 8.02 * 2^-24 of S with |p| the largest coordinates
+// of the cell; the margin is twice that. If the least value over a box exceeds the margin, the
+// computed distances of all points in it are positive, and large enough (1e-18) that their products
+// do not underflow to zero: every triangle in the box is on one side.
 constexpr float kMarginOfSum = 0x1p-20F;
 constexpr float kLeastMargin = 2e-18F;
 constexpr float kLargestSum = 1e30F; // beyond, distances might overflow
 
 float marginOf(float sum)
 {
-    return sum < kLargestSum ? sum * kMarginOfSum + kLeastMargin : std::numeric_limits<float>::infinity();
+    return sum < kLargestSum ? sum * kMarginOfSum + kLeastMargin
+                             : std::numeric_limits<float>::infinity();
 }
 
 Opponent opponentIn(const TriangleBlock& block, int lane, const std::array<float, 3>& reach)
@@ -46,14 +48,16 @@ Opponent opponentIn(const TriangleBlock& block, int lane, const std::array<float
     for (int vertex = 0; vertex < 3; ++vertex)
         u.corners[vertex] = {block.vertex[vertex][0][lane], block.vertex[vertex][1][lane],
                              block.vertex[vertex][2][lane]};
-    u.plane = {{block.normal[0][lane], block.normal[1][lane], block.normal[2][lane]}, block.offset[lane]};
-    u.margin = marginOf(std::abs(u.plane.normal.x) * reach[0] + std::abs(u.plane.normal.y) * reach[1] +
-                        std::abs(u.plane.normal.z) * reach[2] + std::abs(u.plane.offset));
+    u.plane = {{block.normal[0][lane], block.normal[1][lane], block.normal[2][lane]},
+               block.offset[lane]};
+    u.margin =
+        marginOf(std::abs(u.plane.normal.x) * reach[0] + std::abs(u.plane.normal.y) * reach[1] +
+                 std::abs(u.plane.normal.z) * reach[2] + std::abs(u.plane.offset));
     return u;
 }
 
-COREALGORITHMS_INLINE_LANES Lanes distances(const TrianglePlane& plane, const Lanes& x, const Lanes& y,
-                                            const Lanes& z)
+COREALGORITHMS_INLINE_LANES Lanes distances(const TrianglePlane& plane, const Lanes& x,
+                                            const Lanes& y, const Lanes& z)
 {
     return x * plane.normal.x + y * plane.normal.y + z * plane.normal.z + plane.offset;
 }
@@ -63,7 +67,8 @@ COREALGORITHMS_INLINE_LANES Lanes distances(const TriangleBlock& planes, const P
     return planes.normal[0] * p.x + planes.normal[1] * p.y + planes.normal[2] * p.z + planes.offset;
 }
 
-// Eight values for each of a triangle's three vertices: distances from a plane, or projections onto a coordinate.
+// Eight values for each of a triangle's three vertices: distances from a plane, or projections onto
+// a coordinate.
 struct LaneTriple
 {
     Lanes at[3];
@@ -99,8 +104,8 @@ struct LaneIntervals
     LaneMask coplanar;
 };
 
-COREALGORITHMS_INLINE_LANES Lanes crossingTowards(const Lanes& p, const Lanes& d, const Lanes& pAlone,
-                                                  const Lanes& dAlone)
+COREALGORITHMS_INLINE_LANES Lanes crossingTowards(const Lanes& p, const Lanes& d,
+                                                  const Lanes& pAlone, const Lanes& dAlone)
 {
     return pAlone + (p - pAlone) * dAlone / (dAlone - d);
 }
@@ -122,16 +127,16 @@ COREALGORITHMS_INLINE_LANES LaneIntervals intervalsOnLine(const LaneTriple& proj
 
     const Lanes pAlone = select(twoAlone, p[2], select(oneAlone, p[1], p[0]));
     const Lanes dAlone = select(twoAlone, d[2], select(oneAlone, d[1], d[0]));
-    const Lanes a =
-        crossingTowards(select(zeroNotAlone, p[0], p[1]), select(zeroNotAlone, d[0], d[1]), pAlone, dAlone);
+    const Lanes a = crossingTowards(select(zeroNotAlone, p[0], p[1]),
+                                    select(zeroNotAlone, d[0], d[1]), pAlone, dAlone);
     const Lanes b =
         crossingTowards(select(twoAlone, p[1], p[2]), select(twoAlone, d[1], d[2]), pAlone, dAlone);
     const LaneMask swapped = a > b;
     return {select(swapped, b, a), select(swapped, a, b), noneYet & ~oneOff & ~twoOff};
 }
 
-// The last stage of the triangle test for eight triangles; see intervalsOverlap(). `undecided` are those that lie in
-// one plane with u.
+// The last stage of the triangle test for eight triangles; see intervalsOverlap(). `undecided` are
+// those that lie in one plane with u.
 struct LaneVerdicts
 {
     LaneMask overlap;
@@ -139,7 +144,8 @@ struct LaneVerdicts
 };
 
 COREALGORITHMS_INLINE_LANES LaneVerdicts intervalsOverlapInLanes(const TriangleBlock& block,
-                                                                 const LaneTriple& fromU, const Opponent& u,
+                                                                 const LaneTriple& fromU,
+                                                                 const Opponent& u,
                                                                  const LaneTriple& fromV)
 {
     const auto& n = block.normal;
@@ -158,7 +164,8 @@ COREALGORITHMS_INLINE_LANES LaneVerdicts intervalsOverlapInLanes(const TriangleB
         const Lanes(&v)[3] = block.vertex[vertex];
         projectionsV.at[vertex] = select(useZ, v[2], select(useY, v[1], v[0]));
         const Point& w = u.corners[static_cast<std::size_t>(vertex)];
-        projectionsU.at[vertex] = select(useZ, allLanes(w.z), select(useY, allLanes(w.y), allLanes(w.x)));
+        projectionsU.at[vertex] =
+            select(useZ, allLanes(w.z), select(useY, allLanes(w.y), allLanes(w.x)));
     }
     const LaneIntervals a = intervalsOnLine(projectionsV, fromU);
     const LaneIntervals b = intervalsOnLine(projectionsU, fromV);
@@ -184,12 +191,13 @@ bool laneIntersects(const TriangleBlock& block, int lane, const Opponent& u)
                             distancesFrom(plane, u.corners));
 }
 
-// Which pairs of triangles the cells of two meshes let through: computed from their grids, where the
-// cells themselves are not visited.
+// Which pairs of triangles the cells of two meshes let through: computed from their grids, where
+// the cells themselves are not visited.
 class CellPairs
 {
 public:
-    CellPairs(const CellGrid& gridOfA, const CellGrid& gridOfB, const primitives::BoundingBox& boxOfB)
+    CellPairs(const CellGrid& gridOfA, const CellGrid& gridOfB,
+              const primitives::BoundingBox& boxOfB)
         : gridA(gridOfA), gridB(gridOfB), cellsNearB(gridOfA.rangeTouching(boxOfB))
     {}
 
@@ -268,8 +276,8 @@ COREALGORITHMS_INLINE_LANES bool blockIntersects(const TriangleBlock& block, con
 }
 
 // Descends to the blocks that u's plane passes and that reach the cell of u.
-COREALGORITHMS_INLINE_LANES bool treeIntersects(const CellTree& tree, const BoxBlock& cell, const Opponent& u,
-                                                const CellPairs* pairs)
+COREALGORITHMS_INLINE_LANES bool treeIntersects(const CellTree& tree, const BoxBlock& cell,
+                                                const Opponent& u, const CellPairs* pairs)
 {
     struct Place
     {
@@ -295,7 +303,8 @@ COREALGORITHMS_INLINE_LANES bool treeIntersects(const CellTree& tree, const BoxB
         const Lanes least = distances(u.plane, nearX[0], nearY[1], nearZ[2]);
         LaneMask left = ~((least > u.margin) | (largest < -u.margin));
         for (int axis = 0; axis < 3; ++axis)
-            left = left & (boxes.low[axis] <= cell.high[axis]) & (cell.low[axis] <= boxes.high[axis]);
+            left =
+                left & (boxes.low[axis] <= cell.high[axis]) & (cell.low[axis] <= boxes.high[axis]);
         for (LaneSet lanes(bitsOf(left)); !lanes.isEmpty();) {
             const int child = place.node * kLanes + lanes.takeFirst();
             if (child >= level.numBoxes)
@@ -309,7 +318,8 @@ COREALGORITHMS_INLINE_LANES bool treeIntersects(const CellTree& tree, const BoxB
     return false;
 }
 
-// The triangles of the block whose planes may pass through the box of a's triangles; see marginOf().
+// The triangles of the block whose planes may pass through the box of a's triangles; see
+// marginOf().
 COREALGORITHMS_INLINE_LANES LaneSet planesThrough(const TriangleBlock& block, const CellTree& a,
                                                   const std::array<float, 3>& reach)
 {
@@ -327,8 +337,8 @@ COREALGORITHMS_INLINE_LANES LaneSet planesThrough(const TriangleBlock& block, co
     return LaneSet(bitsOf(~((sum < kLargestSum) & ((least > margin) | (largest < -margin)))));
 }
 
-COREALGORITHMS_INLINE_LANES bool cellsIntersect(const CellTree& a, const CellTree& b, const BoxBlock& cellB,
-                                                const CellPairs* pairs)
+COREALGORITHMS_INLINE_LANES bool cellsIntersect(const CellTree& a, const CellTree& b,
+                                                const BoxBlock& cellB, const CellPairs* pairs)
 {
     if (a.numTriangles == 0)
         return false;
@@ -354,7 +364,8 @@ COREALGORITHMS_INLINE_LANES bool cellsIntersect(const CellTree& a, const CellTre
 
 // ---- the widest registers that the machine has
 
-using CellsIntersect = bool (*)(const CellTree&, const CellTree&, const BoxBlock&, const CellPairs*);
+using CellsIntersect = bool (*)(const CellTree&, const CellTree&, const BoxBlock&,
+                                const CellPairs*);
 
 bool cellsIntersectAnywhere(const CellTree& a, const CellTree& b, const BoxBlock& cellB,
                             const CellPairs* pairs)
@@ -364,7 +375,8 @@ bool cellsIntersectAnywhere(const CellTree& a, const CellTree& b, const BoxBlock
 
 #if defined(__GNUC__) && defined(__x86_64__)
 __attribute__((target("avx2"))) bool cellsIntersectWithAvx2(const CellTree& a, const CellTree& b,
-                                                            const BoxBlock& cellB, const CellPairs* pairs)
+                                                            const BoxBlock& cellB,
+                                                            const CellPairs* pairs)
 {
     return cellsIntersect(a, b, cellB, pairs);
 }
@@ -405,8 +417,8 @@ const CellTrees& treesOf(const BoundedMesh& mesh, std::optional<CellTrees>& own)
 class MeshTest
 {
 public:
-    MeshTest(const CellTrees& treesOfA, const CellTrees& treesOfB, const primitives::BoundingBox& boxOfB,
-             CellsIntersect cellsIntersect)
+    MeshTest(const CellTrees& treesOfA, const CellTrees& treesOfB,
+             const primitives::BoundingBox& boxOfB, CellsIntersect cellsIntersect)
         : a(treesOfA), b(treesOfB), boxB(boxOfB), intersect(cellsIntersect)
     {
         if (a.hasWideTriangles() || b.hasWideTriangles())
@@ -428,7 +440,8 @@ private:
         const primitives::BoundingBox& boxA = a.boxOf(cellA);
         if (b.anyCellNear(boxA, [&](int cellB) {
                 return b.boxOf(cellB).intersects(boxA) &&
-                       intersect(a.treeOf(cellA), b.treeOf(cellB), eightfold(b.boxOf(cellB)), nullptr);
+                       intersect(a.treeOf(cellA), b.treeOf(cellB), eightfold(b.boxOf(cellB)),
+                                 nullptr);
             }))
             return true;
         return b.hasWideTriangles() && b.grid().hull().intersects(boxA) &&

@@ -69,8 +69,8 @@ struct Point2
 
 using Triangle2 = std::array<Point2, 3>;
 
-// Without the coordinate along which the plane's normal is longest. The order of the comparisons decides which one
-// goes when two are equal.
+// Without the coordinate along which the plane's normal is longest. The order of the comparisons
+// decides which one goes when two are equal.
 Triangle2 withoutLongestAxis(const Triangle& triangle, const Point& normal)
 {
     const float x = std::abs(normal.x);
@@ -91,7 +91,8 @@ Triangle2 withoutLongestAxis(const Triangle& triangle, const Point& normal)
     return flat;
 }
 
-// Whether the edge that starts at `start` and runs along `edge` meets the edge from u0 to u1. Parallel edges do not.
+// Whether the edge that starts at `start` and runs along `edge` meets the edge from u0 to u1.
+// Parallel edges do not.
 bool edgesMeet(const Point2& start, const Point2& edge, const Point2& u0, const Point2& u1)
 {
     const Point2 back{u0.x - u1.x, u0.y - u1.y};
@@ -132,7 +133,8 @@ bool liesInside(const Point2& point, const Triangle2& u)
     return side0 * side1 > 0.0F && side0 * side2 > 0.0F;
 }
 
-bool coplanarTrianglesIntersect(const Point& normal, const Triangle& triangleV, const Triangle& triangleU)
+bool coplanarTrianglesIntersect(const Point& normal, const Triangle& triangleV,
+                                const Triangle& triangleU)
 {
     const Triangle2 v = withoutLongestAxis(triangleV, normal);
     const Triangle2 u = withoutLongestAxis(triangleU, normal);
@@ -156,8 +158,8 @@ bool intervalsOverlap(const Triangle& v, const TrianglePlane& planeV, const Dist
     return !(intervalV->to < intervalU->from || intervalU->to < intervalV->from);
 }
 
-bool trianglesIntersect(const QVector3D& V0, const QVector3D& V1, const QVector3D& V2, const QVector3D& U0,
-                        const QVector3D& U1, const QVector3D& U2)
+bool trianglesIntersect(const QVector3D& V0, const QVector3D& V1, const QVector3D& V2,
+                        const QVector3D& U0, const QVector3D& U1, const QVector3D& U2)
 {
     const auto point = [](const QVector3D& p) { return Point{p.x(), p.y(), p.z()}; };
     const Triangle v{point(V0), point(V1), point(V2)};

@@ -21,7 +21,9 @@ int truncated(float value)
 float occlusalPropertiesCalculator::getOcclusalCenterPercentage(
     CTData::OcclusalPlaneDefinition definition)
 {
-    return static_cast<int>(definition) == 0 ? 1.0F : kPercentageBelowCenter;
+    return static_cast<int>(definition) == hostvalues::kOcclusalPlaneAtCenter
+               ? 1.0F
+               : kPercentageBelowCenter;
 }
 
 int occlusalPropertiesCalculator::getOcclusalIndex(const CTData& ct, const QVector3D& point)

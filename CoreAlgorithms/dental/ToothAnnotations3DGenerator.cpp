@@ -119,7 +119,7 @@ Annotations ToothAnnotations3DGenerator::createToothAnnotation(
     if (bothArches) {
         const ToothChart::Tooth opposite = ToothChart::getOppositeTooth(ownType);
         const ToothChart::ArchType ownArch = ToothChart::getArchTypeOfTooth(ownType);
-        const ToothChart::ArchType otherArch = ownArch == kArch0 ? kArch1 : kArch0;
+        const ToothChart::ArchType otherArch = ownArch == kUpperArch ? kLowerArch : kUpperArch;
         // Intended: the opposing label does not depend on whether the mouth has the tooth; a
         // requested tooth that is missing gets its label for the tooth that is to be created.
         if (ToothChart::filterTeethForArchType(teeth, otherArch).contains(opposite))

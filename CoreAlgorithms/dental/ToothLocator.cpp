@@ -35,7 +35,7 @@ dental::teethAround(double toothId, ToothChart::Tooth smallest, ToothChart::Toot
 {
     const double nearest = std::trunc(toothId >= 0.0 ? toothId + 0.5 : toothId - 0.5);
     if (!(std::abs(nearest) < 0x1p31))
-        return {ToothChart::NoTooth, ToothChart::NoTooth};
+        return kNobody;
     double neighbor = nearest;
     if (nearest > toothId)
         neighbor -= 1.0;
@@ -53,9 +53,8 @@ ToothLocator::~ToothLocator() = default;
 std::pair<ToothChart::Tooth, ToothChart::Tooth>
 ToothLocator::getNearestToothIds(PlanarDentalSpline* spline, const QVector3D& point)
 {
-    constexpr std::pair noTeeth(ToothChart::NoTooth, ToothChart::NoTooth);
     if (!spline)
-        return noTeeth;
+        return kNobody;
     const auto points = spline->getObjects();
     QMap<int, ToothChart::Tooth> indexToTooth;
     for (auto tooth = points.cbegin(); tooth != points.cend(); ++tooth) {
@@ -66,7 +65,7 @@ ToothLocator::getNearestToothIds(PlanarDentalSpline* spline, const QVector3D& po
     }
     const int index = ComputeIndexOnGuidingLine::getIndexOf(point, spline);
     if (indexToTooth.isEmpty() || index == -1)
-        return noTeeth;
+        return kNobody;
     return dental::teethAround(calculateToothIdByInterpolation(indexToTooth, index),
                                points.firstKey(), points.lastKey());
 }
@@ -97,6 +96,6 @@ float ToothLocator::getToothHeight(PlanarDentalSpline* spline, JawType jaw)
         return 0.0F;
     const float height =
         static_cast<float>(spline->getOcclusalIndex()) * volume->getImage().voxelSize().z();
-    return static_cast<int>(jaw) == kLowerJaw ? height - kToothLevelOffset
-                                              : height + kToothLevelOffset;
+    return static_cast<int>(jaw) == hostvalues::kLowerJaw ? height - kToothLevelOffset
+                                                          : height + kToothLevelOffset;
 }

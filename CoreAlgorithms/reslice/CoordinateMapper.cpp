@@ -7,7 +7,6 @@
 #include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
-#include <CoreAlgorithms/reslice/FiniteVector_p.h>
 #include <CoreAlgorithms/reslice/PanoramicView_p.h>
 #include <CoreAlgorithms/reslice/PlanarView_p.h>
 
@@ -19,9 +18,6 @@
 using namespace reslice;
 
 namespace {
-
-// The point of view from which a cephalometric projection is mirrored horizontally.
-constexpr int kMirroringPointOfView = 1;
 
 PointInPlane toPointInPlane(bool inPlane)
 {
@@ -142,7 +138,8 @@ QPointF CoordinateMapper::_3D_To_2D_Ceph(const CephReslice* reslice, QVector3D p
         return {};
     const QVector3D local = reslice->getTransformation().inverted().map(point);
     const float y = reslice->getHeight() - local.y();
-    const bool mirrored = static_cast<int>(reslice->getPointOfView()) == hostvalues::kMirroringPointOfView;
+    const bool mirrored =
+        static_cast<int>(reslice->getPointOfView()) == hostvalues::kMirroringPointOfView;
     const float x = mirrored ? reslice->getWidth() - local.x() : local.x();
     return {x, y};
 }
@@ -228,7 +225,7 @@ QPointF CoordinateMapper::_3D_To_2D_PanoramicIntersection(const PanoramicReslice
         return {};
     const int segment = view->clampedSegment(segmentIndex);
     const QVector3D local = view->localFromWorld(segment).map(point);
-    return isFinite(local) ? view->viewPoint(segment, local) : QPointF();
+    return finiteness::isFinite(local) ? view->viewPoint(segment, local) : QPointF();
 }
 
 QList<QLineF> CoordinateMapper::_3D_To_2D_Line_Panoramic(const PanoramicReslice* reslice,
@@ -302,7 +299,7 @@ QVector3D CoordinateMapper::_2D_To_3D_Panoramic_Helper(const QList<QVector3D>& p
         place = left < 0.0F ? leftOfPath(path, column) : rightOfPath(path, column);
     }
     const QVector3D position = place.position + up * height;
-    return isFinite(position) ? position : QVector3D();
+    return finiteness::isFinite(position) ? position : QVector3D();
 }
 
 QVector3D CoordinateMapper::_2D_To_3D(const Reslice* reslice, QPointF point)

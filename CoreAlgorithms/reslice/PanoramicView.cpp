@@ -3,6 +3,7 @@
 #include <CoreAlgorithms/reslice/PanoramicView_p.h>
 
 #include <CoreAlgorithms/dental/ComputeIndexOnGuidingLine.h>
+#include <CoreAlgorithms/model/HostValues_p.h>
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/math/Plane.h>
 #include <CoreAlgorithms/model/math/QRay3D.h>
@@ -14,9 +15,6 @@
 namespace reslice {
 
 namespace {
-
-// The type of reslice that is shown as a slab of its own thickness.
-constexpr int kThickSlab = 1;
 
 // The numbers of points and of samples of the path from which building a search tree takes less
 // time than the tree saves.
@@ -37,7 +35,7 @@ PanoramicView::PanoramicView(const PanoramicReslice& reslice, const QList<QVecto
       up(upperDirection),
       heights(reslice.getVerticalRange()),
       columnWidth(reslice.getSampleSize().x()),
-      halfThickness(reslice.isType(static_cast<ResliceType>(kThickSlab))
+      halfThickness(reslice.isType(static_cast<ResliceType>(hostvalues::kThickSlab))
                         ? reslice.getThickness() * 0.5F
                         : 0.5F),
       mirroring(reslice)

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <CoreAlgorithms/model/Finite_p.h>
 #include <CoreAlgorithms/model/math/Range.h>
-#include <CoreAlgorithms/reslice/FiniteVector_p.h>
 #include <CoreAlgorithms/reslice/PathSearch_p.h>
 #include <CoreAlgorithms/reslice/ViewMapping_p.h>
 
@@ -60,7 +60,7 @@ public:
         }
         const float depth = std::abs(local.z());
         Image image;
-        if (!isFinite(local))
+        if (!finiteness::isFinite(local))
             return image;
         image.inPlane = halfThickness >= depth;
         if (!image.inPlane && !keepOutside)

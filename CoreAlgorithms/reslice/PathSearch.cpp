@@ -3,7 +3,7 @@
 #include <CoreAlgorithms/reslice/PathSearch_p.h>
 
 #include <CoreAlgorithms/dental/ComputeIndexOnGuidingLine.h>
-#include <CoreAlgorithms/reslice/FiniteVector_p.h>
+#include <CoreAlgorithms/model/Finite_p.h>
 
 #include <algorithm>
 #include <limits>
@@ -51,7 +51,9 @@ std::size_t countParts(std::size_t size, std::size_t partSize)
 PathSearch::PathSearch(const QList<QVector3D>& samples)
     : path(samples),
       isSearchable(!samples.isEmpty() && samples.size() <= std::numeric_limits<int>::max() &&
-                   std::ranges::all_of(samples, isFinite))
+                   std::ranges::all_of(samples, [](const QVector3D& sample) {
+                       return finiteness::isFinite(sample);
+                   }))
 {
     if (!isSearchable)
         return;
@@ -93,7 +95,7 @@ PathSearch::PathSearch(const QList<QVector3D>& samples)
 
 int PathSearch::nearestTo(const QVector3D& point)
 {
-    if (!isSearchable || !isFinite(point))
+    if (!isSearchable || !finiteness::isFinite(point))
         return ComputeIndexOnGuidingLine::getIndexOf(point, path);
     Nearest nearest{nearestBefore, (path.at(nearestBefore) - point).lengthSquared()};
     searchGroup(levels.size() - 1, 0, point, nearest);

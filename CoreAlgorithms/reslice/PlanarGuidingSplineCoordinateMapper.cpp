@@ -10,9 +10,6 @@
 
 namespace {
 
-// The value of the event that notifies of control points added or removed.
-constexpr int kNumberOfPointsUpdated = 3;
-
 std::int32_t countPoints(const PlanarGuidingSpline& spline)
 {
     return static_cast<std::int32_t>(spline.getControlPoints().size());

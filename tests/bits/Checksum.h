@@ -14,7 +14,8 @@
 
 namespace bits {
 
-// FNV-1a over the bytes of every number. The sign and payload of a NaN are left out: no standard fixes them.
+// FNV-1a over the bytes of every number. The sign and payload of a NaN are left out: no standard
+// fixes them.
 class Checksum
 {
 public:

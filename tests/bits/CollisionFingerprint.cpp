@@ -34,12 +34,13 @@ void add(Checksum& checksum, const collision::BoundedObject& object)
 // A tube with corners that no standard library's cosine has a part in.
 geometry::Mesh prism(test::RandomGeometry& random, int rings)
 {
-    constexpr float corners[4][2] = {{1.0F, 0.25F}, {-0.25F, 1.0F}, {-1.0F, -0.25F}, {0.25F, -1.0F}};
+    constexpr float corners[4][2] = {
+        {1.0F, 0.25F}, {-0.25F, 1.0F}, {-1.0F, -0.25F}, {0.25F, -1.0F}};
     QList<QVector3D> vertices;
     for (int ring = 0; ring < rings; ++ring) {
         for (const auto& corner : corners)
-            vertices.append(
-                {corner[0], corner[1], 0.25F * static_cast<float>(ring) + random.number(0.0F, 0.1F)});
+            vertices.append({corner[0], corner[1],
+                             0.25F * static_cast<float>(ring) + random.number(0.0F, 0.1F)});
     }
     geometry::Mesh mesh(vertices, {});
     for (int a = 0; a + 7 < static_cast<int>(vertices.size()); ++a) {
@@ -65,7 +66,8 @@ void fingerprintCollision()
                 point.setZ(0.0F);
             point = frame.map(point);
         }
-        triangles.add(collision::trianglesIntersect(p[0], p[1], p[2], p[3], p[4], p[5]) ? 1.0 : 0.0);
+        triangles.add(collision::trianglesIntersect(p[0], p[1], p[2], p[3], p[4], p[5]) ? 1.0
+                                                                                        : 0.0);
     }
 
     Checksum zones;
@@ -77,11 +79,13 @@ void fingerprintCollision()
         const QMatrix4x4 frame = i % 3 == 0 ? QMatrix4x4() : random.rigidPlacement();
         const float diameter = random.number(2.0F, 6.0F);
         const auto implant = test::makeImplant(diameter, random.number(6.0F, 15.0F));
-        const auto shape = collision::generateSafetyZone(factory, *implant, i % 2 == 0 ? 0.0F : 3.0F);
+        const auto shape =
+            collision::generateSafetyZone(factory, *implant, i % 2 == 0 ? 0.0F : 3.0F);
         QMatrix4x4 local;
         local.translate(random.point(6.0F));
         const collision::BoundedObject zone = collision::makeBoundedObject(
-            *shape, frame * local, i % 5 == 0 ? std::optional<float>() : std::optional<float>(100.0F));
+            *shape, frame * local,
+            i % 5 == 0 ? std::optional<float>() : std::optional<float>(100.0F));
         const auto nerve = test::makeNerve(prism(random, 20 + i));
         nerve->setObjectTransform(frame);
         const collision::BoundedObject tube = collision::makeBoundedObject(*nerve);

@@ -33,9 +33,9 @@ std::shared_ptr<PlanarDentalSpline> randomArch(test::RandomGeometry& random)
     }
     auto spline = std::make_shared<PlanarDentalSpline>();
     spline->setSampleDistance(0.5F);
-    PlanarDentalSplineUpdater::update(*spline, points, teeth, static_cast<int>(random.number(0.0F, 200.0F)),
-                                      ToothChart::UpperArch, std::make_unique<math::CatmullRomSpline3D>(),
-                                      AutomaticallyCreated);
+    PlanarDentalSplineUpdater::update(
+        *spline, points, teeth, static_cast<int>(random.number(0.0F, 200.0F)),
+        ToothChart::UpperArch, std::make_unique<math::CatmullRomSpline3D>(), AutomaticallyCreated);
     return spline;
 }
 
@@ -45,7 +45,8 @@ void fingerprintDental()
 {
     Checksum index, teeth, updated, locator, occlusal, labels, nerve;
     test::RandomGeometry random(1);
-    const auto mouth = test::makeMouth({2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 20, 25, 30});
+    const auto mouth =
+        test::makeMouth({2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 20, 25, 30});
     for (int i = 0; i < 300; ++i) {
         const auto spline = randomArch(random);
         const float voxelHeight = random.number(0.1F, 2.0F);
@@ -53,15 +54,17 @@ void fingerprintDental()
         scan->setOcclusalPlaneDefinition(static_cast<CTData::OcclusalPlaneDefinition>(i % 2));
         for (int n = 0; n < 20; ++n) {
             const QVector3D point = random.point(n == 0 ? 3e38F : 60.0F);
-            index.add(static_cast<double>(ComputeIndexOnGuidingLine::getIndexOf(point, spline.get())));
+            index.add(
+                static_cast<double>(ComputeIndexOnGuidingLine::getIndexOf(point, spline.get())));
             const auto [first, second] = ToothLocator::getNearestToothIds(spline.get(), point);
             locator.add(static_cast<double>(first));
             locator.add(static_cast<double>(second));
-            occlusal.add(static_cast<double>(occlusalPropertiesCalculator::getOcclusalIndex(*scan, point)));
+            occlusal.add(
+                static_cast<double>(occlusalPropertiesCalculator::getOcclusalIndex(*scan, point)));
         }
         for (int tooth = 0; tooth <= 33; ++tooth)
-            teeth.add(ComputeIndexOnGuidingLine::getToothPosition(ToothChart::Tooth(tooth), spline.get(),
-                                                                  i % 3 == 0));
+            teeth.add(ComputeIndexOnGuidingLine::getToothPosition(ToothChart::Tooth(tooth),
+                                                                  spline.get(), i % 3 == 0));
         PlanarDentalSplineUpdater::transform(*spline, random.rigidPlacement(), i);
         for (const QVector3D& position : PlanarDentalSplineUpdater::getTeethPositions(*spline))
             updated.add(position);

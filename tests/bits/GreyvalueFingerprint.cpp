@@ -56,7 +56,8 @@ void fingerprintGreyvalue()
     for (int i = 0; i < 200; ++i) {
         std::vector<int> values;
         for (int n = 0; n < 400; ++n)
-            values.push_back(static_cast<int>(random.number(-1200.0F, n % 3 == 0 ? 200.0F : 3000.0F)));
+            values.push_back(
+                static_cast<int>(random.number(-1200.0F, n % 3 == 0 ? 200.0F : 3000.0F)));
         TissueEstimationHistogram histogram(values, i % 2 == 0 ? 10 : 50);
         addHistogram(histograms, histogram);
         histogram.smooth();
@@ -70,7 +71,8 @@ void fingerprintGreyvalue()
         test::setImage(ct, bands(random));
         const QMatrix4x4 worldFromVolume = i % 2 == 0 ? QMatrix4x4() : random.rigidPlacement();
         for (const float x : {15.0F, 30.0F, 45.0F})
-            ct.addLandmarkAnnotation(test::makeLandmark(26, {x, random.number(28.0F, 32.0F), 30.0F}));
+            ct.addLandmarkAnnotation(
+                test::makeLandmark(26, {x, random.number(28.0F, 32.0F), 30.0F}));
         TissueEstimator estimator(
             ct, {{ToothChart::Tooth(8), worldFromVolume.map(QVector3D(30.0F, 30.0F, 20.0F))}},
             worldFromVolume);
@@ -85,8 +87,8 @@ void fingerprintGreyvalue()
         for (const int level : tissues.toVector())
             levels.add(level);
         const float from = random.number(-1500.0F, 0.0F);
-        const auto range =
-            TissueEstimator::calculateLevelWindow(tissues, {from, from + random.number(-10.0F, 3500.0F)});
+        const auto range = TissueEstimator::calculateLevelWindow(
+            tissues, {from, from + random.number(-10.0F, 3500.0F)});
         windows.add(static_cast<double>(range.min));
         windows.add(static_cast<double>(range.max));
     }
@@ -95,15 +97,17 @@ void fingerprintGreyvalue()
         VolumeObject volume;
         const float low = random.number(-2000.0F, 0.0F);
         const float span = random.number(0.0F, 4000.0F);
-        volume.setImage(test::makeImage<float>({2, 1, 1}, {1.0F, 1.0F, 1.0F}, image::Float32,
-                                               [=](int x, int, int) { return x == 0 ? low : low + span; }));
+        volume.setImage(
+            test::makeImage<float>({2, 1, 1}, {1.0F, 1.0F, 1.0F}, image::Float32,
+                                   [=](int x, int, int) { return x == 0 ? low : low + span; }));
         const float level = random.number(-500.0F, 500.0F);
         volume.setMIPLevelWindow(level, random.number(0.0F, 3000.0F));
         colormap::PulpFunction pulp;
         pulp.setNormalizedPulpThreshold(random.number(0.0F, 1.0F));
         pulp.setNormalizedRestorationMaterialThreshold(random.number(0.0F, 1.0F));
         BoneThresholdCalculator calculator(volume);
-        const QPointF from{double(random.number(0.0F, 900.0F)), double(random.number(0.0F, 900.0F))};
+        const QPointF from{double(random.number(0.0F, 900.0F)),
+                           double(random.number(0.0F, 900.0F))};
         const QPointF to{double(random.number(0.0F, 900.0F)), double(random.number(0.0F, 900.0F))};
         const int slider = static_cast<int>(random.number(-3000.0F, 3000.0F));
         for (const auto& moved : {calculator.calculateMIPLevelWindowFunction(from, to),

@@ -42,8 +42,10 @@ void fingerprintPlan()
         data.occlusionTransformations = {{Maxilla::getClassTypeId(), random.rigidPlacement()},
                                          {Mandibula::getClassTypeId(), random.rigidPlacement()}};
         if (i % 2 == 1) {
-            data.occlusionTransformations.emplace(FrontSegment::getClassTypeId(), random.rigidPlacement());
-            data.occlusionTransformations.emplace(LeftSegment::getClassTypeId(), random.rigidPlacement());
+            data.occlusionTransformations.emplace(FrontSegment::getClassTypeId(),
+                                                  random.rigidPlacement());
+            data.occlusionTransformations.emplace(LeftSegment::getClassTypeId(),
+                                                  random.rigidPlacement());
         }
         const auto bite = OcclusionMovementCalculator(data).calculate();
         addMatrix(movements, bite.maxillaryTransformation.value());
@@ -82,10 +84,12 @@ void fingerprintPlan()
         addMatrix(placements, plan.implant->getObjectTransform());
         addMatrix(placements, plan.locked->getScannerOrientation());
         addMatrix(placements,
-                  plan.collection->getFromPreOpToPlannedTransformation(Maxilla::getClassTypeId()).value());
-        addMatrix(placements, plan.maxillaryMovement
-                                  ->getOcclusionModeTransformation(MovementModes::OCCLUSION_PLASTER_CAST_MODE)
-                                  .value());
+                  plan.collection->getFromPreOpToPlannedTransformation(Maxilla::getClassTypeId())
+                      .value());
+        addMatrix(placements,
+                  plan.maxillaryMovement
+                      ->getOcclusionModeTransformation(MovementModes::OCCLUSION_PLASTER_CAST_MODE)
+                      .value());
     }
     movements.print("movements");
     stored.print("stored");

@@ -30,16 +30,18 @@ void fingerprintReslice()
         planar.add(point);
         planar.add(static_cast<double>(inPlane));
         planar.add(static_cast<double>(inSlice));
-        for (const auto& [image, verdict] : CoordinateMapper::mapAllPointsOntoReslice({p, q, r}, *reslice)) {
+        for (const auto& [image, verdict] :
+             CoordinateMapper::mapAllPointsOntoReslice({p, q, r}, *reslice)) {
             list.add(image);
             list.add(static_cast<double>(verdict));
         }
         back.add(CoordinateMapper::_2D_To_3D_Planar(reslice.get(), point));
-        const auto [line, lineInPlane] = CoordinateMapper::_3D_To_2D_Line_Planar(reslice.get(), p, q);
+        const auto [line, lineInPlane] =
+            CoordinateMapper::_3D_To_2D_Line_Planar(reslice.get(), p, q);
         segment.add(line);
         segment.add(static_cast<double>(lineInPlane));
-        onPlane.add(
-            CoordinateMapper::map2DPointTo3DPointOnPlane(*reslice, point, primitives::Plane(p, q, r)));
+        onPlane.add(CoordinateMapper::map2DPointTo3DPointOnPlane(*reslice, point,
+                                                                 primitives::Plane(p, q, r)));
 
         const auto projection = random.cephReslice();
         projection->setPointOfView(static_cast<meta::PointOfView>(i % 3));
@@ -54,7 +56,8 @@ void fingerprintReslice()
         QList<QVector3D> points;
         for (const QVector3D& sample : reslice->getPath())
             points.append(sample + random.point(i % 50 == 0 ? 3e38F : 5.0F));
-        for (const auto& [image, verdict] : CoordinateMapper::mapAllPointsOntoReslice(points, *reslice)) {
+        for (const auto& [image, verdict] :
+             CoordinateMapper::mapAllPointsOntoReslice(points, *reslice)) {
             panoramic.add(image);
             panoramic.add(static_cast<double>(verdict));
             unrolled.add(CoordinateMapper::_2D_To_3D(reslice.get(), image));
@@ -64,8 +67,10 @@ void fingerprintReslice()
                 CoordinateMapper::_3D_To_2D_Panoramic(reslice.get(), point, true);
             panoramic.add(image);
             panoramic.add(static_cast<double>(inSlice));
-            panoramic.add(CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), point, i % 90));
-            frames.add(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), image));
+            panoramic.add(
+                CoordinateMapper::_3D_To_2D_PanoramicIntersection(reslice.get(), point, i % 90));
+            frames.add(
+                CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(reslice.get(), image));
         }
         for (const QLineF& line : CoordinateMapper::_3D_To_2D_Line_Panoramic(
                  reslice.get(), points[7], points[40], true, random.number(0.1F, 2.0F)))
@@ -79,8 +84,8 @@ void fingerprintReslice()
             borders.add(meeting);
         const auto line = reslice->getGuidingLine();
         line->setOriginalPath(reslice->getPath());
-        turns.add(implantRotationCalculator::calculatePerpendicularRotation(*line, points[30],
-                                                                            random.rigidPlacement()));
+        turns.add(implantRotationCalculator::calculatePerpendicularRotation(
+            *line, points[30], random.rigidPlacement()));
 
         PlanarGuidingSpline spline;
         for (int n = 0; n < 5; ++n)

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/CellGrid_p.h>
 
-// The cells of a grid near a place, computed instead of searched: the same as by looking at every cell, also where
-// the cells are smaller than the steps between floats.
+// The cells of a grid near a place, computed instead of searched: the same as by looking at every
+// cell, also where the cells are smaller than the steps between floats.
 
 #include <tests/support/ResliceBuilders.h>
 
@@ -37,7 +37,8 @@ Axis randomAxis(test::RandomGeometry& random)
 // Around the axis, on and beside the boundaries of its cells.
 float randomPlace(test::RandomGeometry& random, const Axis& axis)
 {
-    const float boundary = axis.startOf(static_cast<int>(random.number(-2.0F, float(axis.count + 3))));
+    const float boundary =
+        axis.startOf(static_cast<int>(random.number(-2.0F, float(axis.count + 3))));
     const float side = random.number(-1.5F, 1.5F);
     if (side > 1.0F)
         return std::nextafter(boundary, std::numeric_limits<float>::max());
@@ -58,8 +59,10 @@ TEST(CellGridAxis, FindsTheFirstCellThatReachesAPlaceAndTheLastThatStartsByIt)
         int last = axis.count - 1;
         while (last >= 0 && axis.startOf(last) > place)
             --last;
-        ASSERT_EQ(axis.firstReaching(place), first) << axis.start << ' ' << axis.cellExtent << ' ' << place;
-        ASSERT_EQ(axis.lastStartingBy(place), last) << axis.start << ' ' << axis.cellExtent << ' ' << place;
+        ASSERT_EQ(axis.firstReaching(place), first)
+            << axis.start << ' ' << axis.cellExtent << ' ' << place;
+        ASSERT_EQ(axis.lastStartingBy(place), last)
+            << axis.start << ' ' << axis.cellExtent << ' ' << place;
     }
 }
 
@@ -77,7 +80,8 @@ TEST(CellGridAxis, CellsTouchIfAnyTwoOfThemDo)
             b = {b.start, 0.0F, 1};
         const auto spanOf = [&random](const Axis& axis) {
             const int first = static_cast<int>(random.number(0.0F, float(axis.count)));
-            return CellSpan{first, static_cast<int>(random.number(float(first) - 1.0F, float(axis.count)))};
+            return CellSpan{
+                first, static_cast<int>(random.number(float(first) - 1.0F, float(axis.count)))};
         };
         const CellSpan spanA = spanOf(a);
         const CellSpan spanB = spanOf(b);
@@ -113,7 +117,8 @@ TEST(CellGrid, HullContainsTheBoxesOfAllCells)
         const QVector3D extent = random.point(15.0F) + QVector3D(16.0F, 16.0F, 16.0F);
         const CellGrid grid = collision::divide({low, low + extent}, random.number(1.0F, 9.0F));
         const BoundingBox hull = grid.hull();
-        const auto [nx, ny, nz] = std::array{grid.axes[0].count, grid.axes[1].count, grid.axes[2].count};
+        const auto [nx, ny, nz] =
+            std::array{grid.axes[0].count, grid.axes[1].count, grid.axes[2].count};
         for (int x = 0; x < nx; ++x) {
             const BoundingBox box = grid.boxOf(x, x % ny, x % nz);
             ASSERT_TRUE(hull.contains(box.min()) && hull.contains(box.max())) << "grid " << i;

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/CellTree_p.h>
 
-// The trees of a mesh: which cells are visited near a box, and which triangles share a tree of their own.
+// The trees of a mesh: which cells are visited near a box, and which triangles share a tree of
+// their own.
 
 #include <CoreAlgorithms/collision/BoundedMesh_p.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
@@ -89,14 +90,15 @@ TEST(CellTrees, StopAtTheFirstCellThatPasses)
 // In cells of 5 mm: one triangle in eight cells, one in nine and one in 27.
 TEST(CellTrees, TrianglesInMoreThanEightCellsHaveATreeOfTheirOwn)
 {
-    const BoundedMesh mesh = meshOf({{0.0F, 0.0F, 0.0F},
-                                     {20.0F, 20.0F, 20.0F},
-                                     {1.0F, 1.0F, 1.0F},
-                                     {9.0F, 9.0F, 9.0F},
-                                     {1.0F, 11.0F, 11.0F},
-                                     {14.0F, 14.0F, 1.0F},
-                                     {14.0F, 14.0F, 14.0F}},
-                                    {0, 0, 0, -1, 1, 1, 1, -1, 2, 3, 3, -1, 2, 5, 5, -1, 2, 6, 6, -1});
+    const BoundedMesh mesh =
+        meshOf({{0.0F, 0.0F, 0.0F},
+                {20.0F, 20.0F, 20.0F},
+                {1.0F, 1.0F, 1.0F},
+                {9.0F, 9.0F, 9.0F},
+                {1.0F, 11.0F, 11.0F},
+                {14.0F, 14.0F, 1.0F},
+                {14.0F, 14.0F, 14.0F}},
+               {0, 0, 0, -1, 1, 1, 1, -1, 2, 3, 3, -1, 2, 5, 5, -1, 2, 6, 6, -1});
     ASSERT_TRUE(mesh.trees->hasWideTriangles());
     EXPECT_EQ(mesh.trees->wideTree().numTriangles, 2);
     // The two points and the narrow triangle: the eight cells around (5, 5, 5) and the last one.
@@ -110,7 +112,8 @@ TEST(CellTrees, AreThoseOfTheDataTheyWereMadeFromAlone)
     const BoundedMesh mesh = scatteredPoints();
     BoundedMesh copy = mesh;
     EXPECT_TRUE(mesh.trees->areOf(copy.mesh, copy.cells));
-    copy.mesh.setVertices(QList<QVector3D>(mesh.mesh.getVertices().begin(), mesh.mesh.getVertices().end()));
+    copy.mesh.setVertices(
+        QList<QVector3D>(mesh.mesh.getVertices().begin(), mesh.mesh.getVertices().end()));
     EXPECT_FALSE(mesh.trees->areOf(copy.mesh, copy.cells)); // equal, not the same
     copy = mesh;
     copy.mesh.addTriangle(0, 1, 2);

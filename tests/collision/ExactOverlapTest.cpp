@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/TriangleIntersection_p.h>
 
-// The triangle test in single precision beside one in exact arithmetic, CGAL's: how far apart, or how deep in each other,
-// are the triangles on which they disagree?
+// The triangle test in single precision beside one in exact arithmetic, CGAL's: how far apart, or
+// how deep in each other, are the triangles on which they disagree?
 
 #include <CoreAlgorithms/collision/BoundedMesh_p.h>
 #include <CoreAlgorithms/collision/ImplantSafetyZone.h>
@@ -88,7 +88,8 @@ double length(const Vector& v)
 double thickness(const Corners& corners)
 {
     const Sides sides(corners);
-    const double longest = std::max({length(sides.edges[0]), length(sides.edges[1]), length(sides.edges[2])});
+    const double longest =
+        std::max({length(sides.edges[0]), length(sides.edges[1]), length(sides.edges[2])});
     return length(sides.normal) / (longest * longest);
 }
 
@@ -98,8 +99,9 @@ struct Separation
     Vector direction; // of unit length, from the first triangle to the second
 };
 
-// Of two triangles that are not parallel: the largest separation along the normals and the cross products of edges, which
-// is how deep they are in each other if they meet, and which is a lower bound of their distance if they do not.
+// Of two triangles that are not parallel: the largest separation along the normals and the cross
+// products of edges, which is how deep they are in each other if they meet, and which is a lower
+// bound of their distance if they do not.
 Separation separation(const Corners& v, const Corners& u)
 {
     const Sides sidesV(v);
@@ -144,14 +146,14 @@ Corners triangleNear(Random& random, const QVector3D& centre, float size)
 {
     Corners corners;
     for (QVector3D& p : corners) {
-        p = centre +
-            QVector3D(random.between(-size, size), random.between(-size, size), random.between(-size, size));
+        p = centre + QVector3D(random.between(-size, size), random.between(-size, size),
+                               random.between(-size, size));
     }
     return corners;
 }
 
-// Triangles of 0.1 to 16 mm within 100 mm of the origin, no needles, each pair moved to a gap or a depth of 6e-8 to
-// 0.06 mm: near contact, where rounding can matter.
+// Triangles of 0.1 to 16 mm within 100 mm of the origin, no needles, each pair moved to a gap or a
+// depth of 6e-8 to 0.06 mm: near contact, where rounding can matter.
 TEST(ExactOverlap, TrianglesInGeneralPositionDisagreeOnlyWithin1e4thOfAMillimetre)
 {
     constexpr unsigned seed = 20;
@@ -183,8 +185,9 @@ TEST(ExactOverlap, TrianglesInGeneralPositionDisagreeOnlyWithin1e4thOfAMillimetr
         largest = std::max(largest, apart);
         ASSERT_LE(apart, 1e-4) << "seed " << seed << ", pair " << pairs;
     }
-    std::cout << "General position, gaps and depths of 6e-8 to 0.06 mm: " << disagreements << " of " << pairs
-              << " verdicts differ from exact arithmetic, the farthest at " << largest << " mm\n";
+    std::cout << "General position, gaps and depths of 6e-8 to 0.06 mm: " << disagreements << " of "
+              << pairs << " verdicts differ from exact arithmetic, the farthest at " << largest
+              << " mm\n";
     EXPECT_GT(meeting, pairs / 4);
     EXPECT_LT(meeting, 3 * pairs / 4);
 }
@@ -202,7 +205,8 @@ Corners triangleOfWholeNumbers(Random& random, int reach, bool level)
     return corners;
 }
 
-// In one plane nothing is divided and nothing rounded. Many of these pairs touch, or share corners and edges.
+// In one plane nothing is divided and nothing rounded. Many of these pairs touch, or share corners
+// and edges.
 TEST(ExactOverlap, CoplanarTrianglesOfSmallWholeNumbersAgreeExactly)
 {
     Random random(21);
@@ -227,7 +231,8 @@ TEST(ExactOverlap, CoplanarTrianglesOfSmallWholeNumbersAgreeExactly)
     }
 }
 
-// Here the ends of intervals are quotients, which are rounded: contacts can be missed or seen, gaps cannot.
+// Here the ends of intervals are quotients, which are rounded: contacts can be missed or seen, gaps
+// cannot.
 TEST(ExactOverlap, TrianglesOfSmallWholeNumbersDisagreeOnContactsAlone)
 {
     Random random(22);
@@ -259,7 +264,8 @@ struct Measured
     double farthest = 0.0;
 };
 
-// Two triangles of up to 4 mm in one plane, whose corners are rounded when the plane is tilted into the scene.
+// Two triangles of up to 4 mm in one plane, whose corners are rounded when the plane is tilted into
+// the scene.
 Measured measureOneTiltedPlane(unsigned seed)
 {
     Random random(seed);
@@ -275,7 +281,8 @@ Measured measureOneTiltedPlane(unsigned seed)
         if (thickness(v) < 0.1 || thickness(u) < 0.1)
             continue;
         const bool expected = meetExactly(v, u);
-        const float gap = std::min({u[0].x(), u[1].x(), u[2].x()}) - std::max({v[0].x(), v[1].x(), v[2].x()});
+        const float gap =
+            std::min({u[0].x(), u[1].x(), u[2].x()}) - std::max({v[0].x(), v[1].x(), v[2].x()});
 
         QMatrix4x4 scene;
         scene.translate(random.between(-50.0F, 50.0F), random.between(-50.0F, 50.0F),
@@ -301,17 +308,20 @@ Measured measureOneTiltedPlane(unsigned seed)
 TEST(ExactOverlap, NearlyCoplanarTrianglesCanBeReportedThoughApart)
 {
     const Measured measured = measureOneTiltedPlane(23);
-    std::cout << "In one tilted plane: of " << measured.meeting << " pairs that overlap " << measured.missed
-              << " were not reported, of " << measured.pairs - measured.meeting << " that lie apart "
-              << measured.reported << " were reported, the farthest at " << measured.farthest << " mm\n";
+    std::cout << "In one tilted plane: of " << measured.meeting << " pairs that overlap "
+              << measured.missed << " were not reported, of " << measured.pairs - measured.meeting
+              << " that lie apart " << measured.reported << " were reported, the farthest at "
+              << measured.farthest << " mm\n";
     EXPECT_GT(measured.reported, 0);
 }
 
-// Level, parallel bodies of 3 to 5 mm in a tilted frame, at the same height: their lids lie in one plane.
+// Level, parallel bodies of 3 to 5 mm in a tilted frame, at the same height: their lids lie in one
+// plane.
 TEST(ExactOverlap, LevelParallelImplantsInATiltedFrameCanBeReportedThoughApart)
 {
     geometry::ShapeLoader loader;
-    const std::unique_ptr<geometry::ShapeFactory> factory = std::make_unique<geometry::ShapeFactory>(loader);
+    const std::unique_ptr<geometry::ShapeFactory> factory =
+        std::make_unique<geometry::ShapeFactory>(loader);
     Random random(24);
     constexpr int pairs = 3000;
     std::array<int, 6> reported{}; // by gaps of 0 to 0.5 mm, 0.5 to 1 mm ...
@@ -322,16 +332,16 @@ TEST(ExactOverlap, LevelParallelImplantsInATiltedFrameCanBeReportedThoughApart)
         QMatrix4x4 scene;
         scene.translate(random.between(-50.0F, 50.0F), random.between(-50.0F, 50.0F),
                         random.between(-50.0F, 50.0F));
-        scene.rotate(random.between(5.0F, 45.0F), random.between(-1.0F, 1.0F), random.between(-1.0F, 1.0F),
-                     random.between(-1.0F, 1.0F));
+        scene.rotate(random.between(5.0F, 45.0F), random.between(-1.0F, 1.0F),
+                     random.between(-1.0F, 1.0F), random.between(-1.0F, 1.0F));
         const float gap = random.between(0.01F, 3.0F);
         const auto bodyAt = [&](float radius, float distance, float angle) {
             dataobject::Implant3D implant;
             implant.setDimensions({2.0F * radius, static_cast<float>(random.whole(8, 14))});
             QMatrix4x4 placement = scene;
             placement.translate(distance * std::cos(angle), distance * std::sin(angle));
-            return collision::makeBoundedObject(*collision::generateSafetyZone(factory, implant, 0.0F),
-                                                placement, 100.0F);
+            return collision::makeBoundedObject(
+                *collision::generateSafetyZone(factory, implant, 0.0F), placement, 100.0F);
         };
         const float radiusA = random.between(1.5F, 2.5F);
         const float radiusB = random.between(1.5F, 2.5F);
@@ -348,8 +358,8 @@ TEST(ExactOverlap, LevelParallelImplantsInATiltedFrameCanBeReportedThoughApart)
     }
     std::cout << "Level implants in a tilted frame, reported though apart:";
     for (std::size_t band = 0; band < tested.size(); ++band) {
-        std::cout << ' ' << reported[band] << " of " << tested[band] << " at " << 0.5 * double(band) << " to "
-                  << 0.5 * double(band + 1) << " mm,";
+        std::cout << ' ' << reported[band] << " of " << tested[band] << " at " << 0.5 * double(band)
+                  << " to " << 0.5 * double(band + 1) << " mm,";
     }
     std::cout << " the farthest at " << farthest << " mm; " << inOneOrder << " in one order only\n";
     EXPECT_GT(reported[0] + reported[1] + reported[2], 0);

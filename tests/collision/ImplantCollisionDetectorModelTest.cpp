@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/ImplantCollisionDetector.h>
 
-// The detector beside a model of it that is written in other terms: over random plans, both must have the same verdicts
-// and tell the same observers as often.
+// The detector beside a model of it that is written in other terms: over random plans, both must
+// have the same verdicts and tell the same observers as often.
 
 #include <CoreAlgorithms/collision/ImplantSafetyZone.h>
 #include <tests/support/CollisionBuilders.h>
@@ -49,7 +49,8 @@ int rounds()
 
 // ---- shapes and places
 
-// Along a row, so that neighbours are within reach of each other and the rest is not; every second one leans.
+// Along a row, so that neighbours are within reach of each other and the rest is not; every second
+// one leans.
 QMatrix4x4 placementAt(int place)
 {
     QMatrix4x4 matrix;
@@ -80,14 +81,16 @@ dataobject::ImplantDimensions dimensionsOf(int implant)
                             : dataobject::ImplantDimensions{4.0F, 10.0F};
 }
 
-// Within some zones: a tetrahedron below the bodies, or a tube of 21 mm across the row, in cells of 5 mm.
+// Within some zones: a tetrahedron below the bodies, or a tube of 21 mm across the row, in cells of
+// 5 mm.
 geometry::Mesh nerveMesh(int nerve, int place)
 {
     geometry::Mesh mesh = tetrahedron(12.0F);
     if (nerve % 2 == 1) {
         QList<QVector3D> axis;
         for (int step = 0; step <= 12; ++step)
-            axis.append({0.25F * static_cast<float>(step), 1.75F * static_cast<float>(step) - 9.0F, -10.0F});
+            axis.append({0.25F * static_cast<float>(step), 1.75F * static_cast<float>(step) - 9.0F,
+                         -10.0F});
         mesh = test::makeTube(axis, 1.0F, 6);
     }
     mesh.applyTransformation(placementAt(place));
@@ -103,7 +106,8 @@ std::unique_ptr<geometry::ShapeNode> pinTree()
     return root;
 }
 
-// What two placed objects give, by the plain transcription of the overlap test; each pair is computed once.
+// What two placed objects give, by the plain transcription of the overlap test; each pair is
+// computed once.
 class PlainVerdicts
 {
 public:
@@ -111,7 +115,8 @@ public:
     bool implants(int first, int firstPlace, int second, int secondPlace)
     {
         return remembered({0, first % 2, firstPlace, second % 2, secondPlace}, [&] {
-            return test::plain::overlaps(zone(first, firstPlace, 0.0F), zone(second, secondPlace, 0.0F));
+            return test::plain::overlaps(zone(first, firstPlace, 0.0F),
+                                         zone(second, secondPlace, 0.0F));
         });
     }
     bool nerve(int nerve, int nervePlace, int implant, int implantPlace)
@@ -139,7 +144,8 @@ private:
     bool remembered(const Key& key, Compute compute)
     {
         const auto found = verdicts.find(key);
-        return found != verdicts.end() ? found->second : verdicts.emplace(key, compute()).first->second;
+        return found != verdicts.end() ? found->second
+                                       : verdicts.emplace(key, compute()).first->second;
     }
 
     test::plain::BoundedObject zone(int number, int place, float margin)
@@ -151,7 +157,8 @@ private:
     }
 
     geometry::ShapeLoader loader;
-    std::unique_ptr<geometry::ShapeFactory> factory = std::make_unique<geometry::ShapeFactory>(loader);
+    std::unique_ptr<geometry::ShapeFactory> factory =
+        std::make_unique<geometry::ShapeFactory>(loader);
     std::map<Key, bool> verdicts;
 };
 
@@ -306,7 +313,8 @@ public:
     }
     const std::array<int, kObservers>& modelTold() const { return model.told; }
 
-    // The first question to the detector that the model answers otherwise from its pairs; none if all agree.
+    // The first question to the detector that the model answers otherwise from its pairs; none if
+    // all agree.
     std::string otherAnswer() const
     {
         QSet<std::shared_ptr<const Implant3D>> colliding;
@@ -423,7 +431,8 @@ private:
             detector.remove(nerves[static_cast<std::size_t>(number)]);
         } else {
             const int number = any(kPins);
-            std::erase_if(model.verdicts.pins, [number](const auto& pair) { return pair.second == number; });
+            std::erase_if(model.verdicts.pins,
+                          [number](const auto& pair) { return pair.second == number; });
             model.pinSeen[static_cast<std::size_t>(number)].reset();
             model.pins.erase(number);
             detector.remove(pins[static_cast<std::size_t>(number)]);
@@ -444,7 +453,8 @@ private:
 
     // ---- detecting
 
-    void detect(const Numbers& changedImplants, const Numbers& changedNerves, const Numbers& changedPins)
+    void detect(const Numbers& changedImplants, const Numbers& changedNerves,
+                const Numbers& changedPins)
     {
         Verdicts updated = model.verdicts;
         for (int a = 0; a < kImplants; ++a) {
@@ -468,9 +478,10 @@ private:
             model.verdicts = updated;
             model.tell();
         }
-        detector.prepareAndStartDetection(setOf(implants, model.implants), changed(implants, changedImplants),
-                                          setOf(pins, model.pins), changed(pins, changedPins),
-                                          setOf(nerves, model.nerves), changed(nerves, changedNerves));
+        detector.prepareAndStartDetection(
+            setOf(implants, model.implants), changed(implants, changedImplants),
+            setOf(pins, model.pins), changed(pins, changedPins), setOf(nerves, model.nerves),
+            changed(nerves, changedNerves));
     }
 
     void testImplants(Verdicts& updated, int a, int b)
@@ -485,14 +496,17 @@ private:
 
     void testNerve(Verdicts& updated, int implant, int nerve)
     {
-        const int at = seen(model.zoneSeen, implant, model.implantPlace[static_cast<std::size_t>(implant)]);
-        const int nerveAt = seen(model.nerveSeen, nerve, model.nervePlace[static_cast<std::size_t>(nerve)]);
+        const int at =
+            seen(model.zoneSeen, implant, model.implantPlace[static_cast<std::size_t>(implant)]);
+        const int nerveAt =
+            seen(model.nerveSeen, nerve, model.nervePlace[static_cast<std::size_t>(nerve)]);
         setVerdict(updated.nerves, {implant, nerve}, plain.nerve(nerve, nerveAt, implant, at));
     }
 
     void testPin(Verdicts& updated, int implant, int pin)
     {
-        const int at = seen(model.zoneSeen, implant, model.implantPlace[static_cast<std::size_t>(implant)]);
+        const int at =
+            seen(model.zoneSeen, implant, model.implantPlace[static_cast<std::size_t>(implant)]);
         const int pinAt = seen(model.pinSeen, pin, model.pinPlace[static_cast<std::size_t>(pin)]);
         setVerdict(updated.pins, {implant, pin}, plain.pin(pinAt, implant, at));
     }
@@ -523,7 +537,8 @@ private:
     static int numberOf(const std::vector<std::shared_ptr<Object>>& objects,
                         const std::shared_ptr<Object>& object)
     {
-        return static_cast<int>(std::find(objects.begin(), objects.end(), object) - objects.begin());
+        return static_cast<int>(std::find(objects.begin(), objects.end(), object) -
+                                objects.begin());
     }
 
     static bool anyWith(const Pairs& pairs, int implant)

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/ImplantCollisionDetector.h>
 
-// The detector: which pairs are tested, what is cached and for how long, who is told when, what the host is asked.
+// The detector: which pairs are tested, what is cached and for how long, who is told when, what the
+// host is asked.
 
 #include <CoreAlgorithms/collision/BoundedMesh_p.h>
 #include <CoreAlgorithms/collision/ImplantSafetyZone.h>
@@ -36,17 +37,25 @@ struct ImplantCollisionDetectorTestAccess
     static Zones& zones(ImplantCollisionDetector& d) { return d.implantSafetyZoneBoundedMeshes; }
     static auto& nerves(ImplantCollisionDetector& d) { return d.nerveBoundedMeshes; }
     static auto& pins(ImplantCollisionDetector& d) { return d.anchorPinBoundedMeshes; }
-    static ImplantCollisions& collisions(ImplantCollisionDetector& d) { return d.implantCollisions; }
-    static const geometry::ShapeLoader& loader(ImplantCollisionDetector& d) { return d.shapeLoader; }
+    static ImplantCollisions& collisions(ImplantCollisionDetector& d)
+    {
+        return d.implantCollisions;
+    }
+    static const geometry::ShapeLoader& loader(ImplantCollisionDetector& d)
+    {
+        return d.shapeLoader;
+    }
     static const auto& factory(ImplantCollisionDetector& d) { return d.shapeFactory; }
     static void removeZones(ImplantCollisionDetector& d,
                             const std::shared_ptr<dataobject::Implant3D>& implant)
     {
         d.removeImplantSafetyZones(implant);
     }
-    static ImplantCollisions calculate(const ImplantCollisionDetector& d, const ImplantCollisions& pairs)
+    static ImplantCollisions calculate(const ImplantCollisionDetector& d,
+                                       const ImplantCollisions& pairs)
     {
-        return d.calculateUpdatedCollisions(pairs.implantImplantCollisions, pairs.implantNerveCollisions,
+        return d.calculateUpdatedCollisions(pairs.implantImplantCollisions,
+                                            pairs.implantNerveCollisions,
                                             pairs.implantAnchorPinCollisions);
     }
 
@@ -89,8 +98,8 @@ QMatrix4x4 at(float x, float y = 0.0F, float z = 0.0F)
     return matrix;
 }
 
-// 4 mm thick, from its platform down to z = -10. The zone of margin 3.0 has a radius of 3.5 mm and ends in a cone with
-// the tip at z = -13.
+// 4 mm thick, from its platform down to z = -10. The zone of margin 3.0 has a radius of 3.5 mm and
+// ends in a cone with the tip at z = -13.
 void shape(Implant3D& implant, float x)
 {
     implant.setDimensions({4.0F, 10.0F});
@@ -308,7 +317,8 @@ TEST_F(ImplantCollisionDetectorTest, MarginIsHalfToTheSidesAndWholeBelowTheApex)
     nerve->setMesh(triangleAt(3.625F)); // 1.625 mm beside the body
     detectAll();
     EXPECT_FALSE(detector.isCollidingWithNerve(*a));
-    geometry::Mesh below({QVector3D(-4, 0, -12.75F), QVector3D(4, 0, -12.75F), QVector3D(0, 4, -12.75F)}, {});
+    geometry::Mesh below(
+        {QVector3D(-4, 0, -12.75F), QVector3D(4, 0, -12.75F), QVector3D(0, 4, -12.75F)}, {});
     below.addTriangle(0, 1, 2);
     nerve->setMesh(below);
     detector.shapeHasChanged(nerve);
@@ -843,8 +853,8 @@ struct HostCalls : ImplantCollisionDetectorTest
     std::shared_ptr<RecordingPin> recordingPin = std::make_shared<RecordingPin>(log);
 };
 
-// Bodies for the pair of implants, the one at the lower address first; then the zones with the nerve; then the pin, whose
-// zones are there by then.
+// Bodies for the pair of implants, the one at the lower address first; then the zones with the
+// nerve; then the pin, whose zones are there by then.
 TEST_F(HostCalls, ImplantPairsThenNervesThenPins)
 {
     detect({low});
@@ -855,8 +865,8 @@ TEST_F(HostCalls, ImplantPairsThenNervesThenPins)
     EXPECT_THAT(objectsAsked(), ElementsAre("high")); // the rest is cached
 }
 
-// Of an implant the measures, six times for every zone: to see that it has a body, then radius, length and half the
-// length of the body, radius and length of the cap.
+// Of an implant the measures, six times for every zone: to see that it has a body, then radius,
+// length and half the length of the body, radius and length of the cap.
 TEST_F(HostCalls, OfEachObjectComeInOrder)
 {
     implants = {low};
@@ -864,8 +874,9 @@ TEST_F(HostCalls, OfEachObjectComeInOrder)
     Log zone(6, "low.getDimensions");
     zone.emplace_back("low.getObjectTransform");
     Log expected = zone;
-    expected.insert(expected.end(), {"nerve.getSceneBoundingBox", "nerve.getMesh", "nerve.getObjectTransform",
-                                     "pin.getShapeNode", "pin.getObjectTransform"});
+    expected.insert(expected.end(),
+                    {"nerve.getSceneBoundingBox", "nerve.getMesh", "nerve.getObjectTransform",
+                     "pin.getShapeNode", "pin.getObjectTransform"});
     EXPECT_EQ(log, expected);
 
     log.clear();
@@ -906,7 +917,9 @@ TEST_F(HostCalls, ZoneIsMadeBeforeTheNerveOrPinOfThePair)
 TEST_F(HostCalls, EachPlacementIsReadOncePerCachedMesh)
 {
     detectAll();
-    const auto count = [this](const std::string& call) { return std::count(log.begin(), log.end(), call); };
+    const auto count = [this](const std::string& call) {
+        return std::count(log.begin(), log.end(), call);
+    };
     EXPECT_EQ(count("low.getObjectTransform"), 2); // body and zone
     EXPECT_EQ(count("high.getObjectTransform"), 2);
     EXPECT_EQ(count("nerve.getObjectTransform"), 1);
@@ -942,15 +955,17 @@ TEST_F(HostCalls, NothingIsAskedByQuestionsRemovalsAndShapeHasChanged)
 
 // ---- which object is the first operand of the overlap test
 //
-// A segment, being a triangle without a plane, is seen along y if it is the first operand: in the level lid of a zone it
-// is lost then, in an upright one it is found. As the second operand it is found in both.
+// A segment, being a triangle without a plane, is seen along y if it is the first operand: in the
+// level lid of a zone it is lost then, in an upright one it is found. As the second operand it is
+// found in both.
 
 geometry::Mesh segmentInTheLid(bool upright)
 {
-    geometry::Mesh mesh(
-        upright ? QList<QVector3D>{QVector3D(-1, 0, 0.5F), QVector3D(1, 0, 0.75F), QVector3D(1, 0, 0.75F)}
-                : QList<QVector3D>{QVector3D(-1, 0.5F, 0), QVector3D(1, 0.75F, 0), QVector3D(1, 0.75F, 0)},
-        {});
+    geometry::Mesh mesh(upright ? QList<QVector3D>{QVector3D(-1, 0, 0.5F), QVector3D(1, 0, 0.75F),
+                                                   QVector3D(1, 0, 0.75F)}
+                                : QList<QVector3D>{QVector3D(-1, 0.5F, 0), QVector3D(1, 0.75F, 0),
+                                                   QVector3D(1, 0.75F, 0)},
+                        {});
     mesh.addTriangle(0, 1, 2);
     return mesh;
 }
@@ -988,7 +1003,8 @@ TEST_F(ImplantCollisionDetectorTest, PinIsTheFirstOperandByDesign)
     EXPECT_TRUE(detector.isCollidingWithAnchorPin(*a));
 }
 
-// Two level implants in a tilted frame, 1.5 mm apart, that are reported in one order only: a known limit.
+// Two level implants in a tilted frame, 1.5 mm apart, that are reported in one order only: a known
+// limit.
 TEST_F(ImplantCollisionDetectorTest, ImplantAtTheLowerAddressIsTheFirstOperandByDesign)
 {
     const QMatrix4x4 aboutY(0.8F, 0, 0.6F, 10, 0, 1, 0, 20, -0.6F, 0, 0.8F, 30, 0, 0, 0, 1);
@@ -1070,8 +1086,8 @@ TEST_F(ImplantCollisionDetectorTest, ImplantOfOddMeasuresCollidesWithNothingAndT
     }
 }
 
-// Its lid is in one plane with theirs, which lie inside it. It reaches through the nerve and the pin, too, but their
-// surfaces do not meet its own.
+// Its lid is in one plane with theirs, which lie inside it. It reaches through the nerve and the
+// pin, too, but their surfaces do not meet its own.
 TEST_F(ImplantCollisionDetectorTest, AnImplantOfAKilometerCollidesWithThoseWhoseLidsAreInItsLid)
 {
     a->setDimensions({1e6F, 1e6F});
@@ -1092,8 +1108,8 @@ TEST_F(ImplantCollisionDetectorTest, AnImplantOfTheLargestFloatCollidesWithEvery
     EXPECT_FALSE(detector.isColliding(*b) && detector.getCollidingImplants(*b).contains(c));
 }
 
-// Its body is a point for all that matters, here inside another implant. Its zone is as large as the margin: 1.5 mm to
-// the sides of the cone.
+// Its body is a point for all that matters, here inside another implant. Its zone is as large as
+// the margin: 1.5 mm to the sides of the cone.
 TEST_F(ImplantCollisionDetectorTest, AnImplantOfTheSmallestFloatHasAZoneButMeetsNoBodyAroundIt)
 {
     a->setDimensions({std::numeric_limits<float>::min(), std::numeric_limits<float>::min()});
@@ -1111,7 +1127,8 @@ TEST_F(ImplantCollisionDetectorTest, ImplantsOfKilometersAreTestedWithEachOtherA
     a->setDimensions({4.0F, 1e7F});
     b->setDimensions({4.0F, 1e7F});
     b->setObjectTransform(at(8.0F)); // the zones end at x = 3.5 and start at 4.5
-    geometry::Mesh between({QVector3D(3.75F, 0, -5), QVector3D(4.25F, 0, -5), QVector3D(4, 0, -20000)}, {});
+    geometry::Mesh between(
+        {QVector3D(3.75F, 0, -5), QVector3D(4.25F, 0, -5), QVector3D(4, 0, -20000)}, {});
     between.addTriangle(0, 1, 2);
     nerve->setMesh(between);
     detectAll();
@@ -1215,7 +1232,8 @@ TEST(ImplantCollisionDetectorTranslation, UsesTheContextOfTheClass)
     const QCoreApplication application(argumentCount, arguments);
     RecordingTranslator translator;
     QCoreApplication::installTranslator(&translator);
-    EXPECT_EQ(ImplantCollisionDetector::tr("Too close", "warning", 3), QStringLiteral("translated"));
+    EXPECT_EQ(ImplantCollisionDetector::tr("Too close", "warning", 3),
+              QStringLiteral("translated"));
     EXPECT_THAT(translator.asked,
                 ElementsAre("collision::ImplantCollisionDetector", "Too close", "warning", "3"));
     ImplantCollisionDetector::tr("Too close");
@@ -1248,8 +1266,9 @@ TEST_F(ImplantCollisionDetectorTest, HoldsItsFieldsInOrder)
 
 #if defined(__GNUC__)
 
-// In the Itanium C++ ABI a pointer to a virtual member function holds 1 + the byte offset of its slot; on ARM the 1
-// stands in the second word instead. The destructor takes slots 0 (complete) and 1 (deleting).
+// In the Itanium C++ ABI a pointer to a virtual member function holds 1 + the byte offset of its
+// slot; on ARM the 1 stands in the second word instead. The destructor takes slots 0 (complete) and
+// 1 (deleting).
 template <typename MemberFunction>
 std::size_t slotOf(MemberFunction function)
 {
@@ -1273,7 +1292,8 @@ public:
 
 TEST(ImplantCollisionDetectorSlots, AreThoseOfObservableAndNoMore)
 {
-    EXPECT_EQ(slotOf(static_cast<void (ImplantCollisionDetector::*)()>(&ImplantCollisionDetector::notify)),
+    EXPECT_EQ(slotOf(static_cast<void (ImplantCollisionDetector::*)()>(
+                  &ImplantCollisionDetector::notify)),
               2U);
     EXPECT_EQ(slotOf(&ImplantCollisionDetector::canNotifyObservers), 3U);
     EXPECT_EQ(slotOf(&WithOneMore::oneMore), 4U);

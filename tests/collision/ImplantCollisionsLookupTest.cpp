@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/ImplantCollisions.h>
 
-// What the comparison of two records looks up: nothing where sizes or shared data decide, and nothing behind the first
-// set that differs.
+// What the comparison of two records looks up: nothing where sizes or shared data decide, and
+// nothing behind the first set that differs.
 
 #include <tests/collision/CountingHash.h>
 

@@ -22,10 +22,12 @@ using dataobject::Nerve;
 static_assert(std::is_nothrow_move_constructible_v<ImplantCollisions>);
 
 // The implant comes first in a mixed pair, whatever the addresses.
-static_assert(std::is_same_v<decltype(makePair(std::shared_ptr<Implant3D>(), std::shared_ptr<Nerve>())),
-                             std::pair<std::shared_ptr<Implant3D>, std::shared_ptr<Nerve>>>);
-static_assert(std::is_same_v<decltype(makePair(std::shared_ptr<Implant3D>(), std::shared_ptr<AnchorPin3D>())),
-                             std::pair<std::shared_ptr<Implant3D>, std::shared_ptr<AnchorPin3D>>>);
+static_assert(
+    std::is_same_v<decltype(makePair(std::shared_ptr<Implant3D>(), std::shared_ptr<Nerve>())),
+                   std::pair<std::shared_ptr<Implant3D>, std::shared_ptr<Nerve>>>);
+static_assert(
+    std::is_same_v<decltype(makePair(std::shared_ptr<Implant3D>(), std::shared_ptr<AnchorPin3D>())),
+                   std::pair<std::shared_ptr<Implant3D>, std::shared_ptr<AnchorPin3D>>>);
 
 struct ImplantCollisionsTest : testing::Test
 {
@@ -77,7 +79,8 @@ TEST_F(ImplantCollisionsTest, PairsHoldStrongReferences)
 
 TEST_F(ImplantCollisionsTest, NullComesFirst)
 {
-    EXPECT_EQ(makePair(a, std::shared_ptr<Implant3D>()), std::pair(std::shared_ptr<Implant3D>(), a));
+    EXPECT_EQ(makePair(a, std::shared_ptr<Implant3D>()),
+              std::pair(std::shared_ptr<Implant3D>(), a));
 }
 
 // ---- records
@@ -144,7 +147,8 @@ TEST_F(ImplantCollisionsTest, CopiesShareUntilOneIsChanged)
 {
     const ImplantCollisions full = fullRecord();
     ImplantCollisions copy = full;
-    EXPECT_EQ(copy.implantImplantCollisions.constBegin(), full.implantImplantCollisions.constBegin());
+    EXPECT_EQ(copy.implantImplantCollisions.constBegin(),
+              full.implantImplantCollisions.constBegin());
     copy.implantImplantCollisions.clear();
     EXPECT_EQ(full.implantImplantCollisions.size(), 2);
     copy = full;
@@ -156,7 +160,8 @@ TEST_F(ImplantCollisionsTest, MovedFromRecordIsEmpty)
     ImplantCollisions source = fullRecord();
     const ImplantCollisions target = std::move(source);
     EXPECT_TRUE(target == fullRecord());
-    EXPECT_TRUE(source == ImplantCollisions()); // NOLINT(bugprone-use-after-move): that is the point
+    EXPECT_TRUE(source ==
+                ImplantCollisions()); // NOLINT(bugprone-use-after-move): that is the point
 
     ImplantCollisions second = fullRecord();
     ImplantCollisions assigned;

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/ImplantSafetyZone.h>
 
-// Safety zones: what is asked of the factory, where the parts stand, odd measures; the parameter keys.
+// Safety zones: what is asked of the factory, where the parts stand, odd measures; the parameter
+// keys.
 
 #include <CoreAlgorithms/model/data/Shapes.h>
 #include <CoreAlgorithms/model/dataobjects/Implants.h>
@@ -64,7 +65,10 @@ class BarrenFactory : public geometry::ShapeFactory
 {
 public:
     using ShapeFactory::ShapeFactory;
-    geometry::ShapeNode* generateCylinder(float, float, bool, bool) const override { return nullptr; }
+    geometry::ShapeNode* generateCylinder(float, float, bool, bool) const override
+    {
+        return nullptr;
+    }
     geometry::ShapeNode* generateCone(float, float, bool) const override { return nullptr; }
 };
 
@@ -91,7 +95,8 @@ protected:
 
     geometry::ShapeLoader loader;
     std::vector<Request> requests;
-    std::unique_ptr<geometry::ShapeFactory> factory = std::make_unique<RecordingFactory>(loader, requests);
+    std::unique_ptr<geometry::ShapeFactory> factory =
+        std::make_unique<RecordingFactory>(loader, requests);
     CountingImplant implant;
 };
 
@@ -125,15 +130,17 @@ TEST_F(SafetyZoneTest, WithoutMarginIsTheImplantsEnvelopeWithAFlatCone)
                                               {"cone", {2.0F, 0.0F}, {false}}}));
 }
 
-// Worked out by hand: radius 4 / 2 + 3 / 2; the body from the platform at 0 to the apex at -10, the cone from
-// there to -13.
+// Worked out by hand: radius 4 / 2 + 3 / 2; the body from the platform at 0 to the apex at -10, the
+// cone from there to -13.
 TEST_F(SafetyZoneTest, StandsFromThePlatformAtTheOriginDownToTheTipOfTheCone)
 {
     const auto root = zone(4.0F, 10.0F, 3.0F);
-    EXPECT_EQ(placedBox(*root->getChild(0)), primitives::BoundingBox(-3.5F, -3.5F, -10.0F, 3.5F, 3.5F, 0.0F));
+    EXPECT_EQ(placedBox(*root->getChild(0)),
+              primitives::BoundingBox(-3.5F, -3.5F, -10.0F, 3.5F, 3.5F, 0.0F));
     EXPECT_EQ(placedBox(*root->getChild(1)),
               primitives::BoundingBox(-3.5F, -3.5F, -13.0F, 3.5F, 3.5F, -10.0F));
-    EXPECT_EQ(root->getBoundingBox(), primitives::BoundingBox(-3.5F, -3.5F, -13.0F, 3.5F, 3.5F, 0.0F));
+    EXPECT_EQ(root->getBoundingBox(),
+              primitives::BoundingBox(-3.5F, -3.5F, -13.0F, 3.5F, 3.5F, 0.0F));
 }
 
 TEST_F(SafetyZoneTest, TipOfTheConePointsDownwards)
@@ -157,8 +164,8 @@ TEST_F(SafetyZoneTest, ClearanceIsHalfTheMarginToTheSidesAndTheWholeMarginBelow)
     EXPECT_EQ(wide.max().z(), tight.max().z());
 }
 
-// The factory turns its nodes by 90 degrees about x (z goes to -y) and lifts them by 100 along x. The zone's own
-// matrices stand on the left: they move the turned node.
+// The factory turns its nodes by 90 degrees about x (z goes to -y) and lifts them by 100 along x.
+// The zone's own matrices stand on the left: they move the turned node.
 TEST_F(SafetyZoneTest, AppliesItsPlacementAfterTheTransformOfTheFactory)
 {
     QMatrix4x4 ofFactory;
@@ -246,10 +253,13 @@ TEST(ImplantShapeParameters, AreThirtyFiveInOrder)
         QStringLiteral(
             "ConnectionShape ConnectionHeight ConnectionRadius ConnectionOffset ConnectionBond "
             "ConnectionMaterial "
-            "TissueLevelRestorationPoint TissueLevelNeckEdgeWidth TissueLevelNeckRadius TissueLevelBending "
-            "TissueLevelMaterial CollarHeight CollarTopRadius CollarBottomRadius CollarThreadHeight "
+            "TissueLevelRestorationPoint TissueLevelNeckEdgeWidth TissueLevelNeckRadius "
+            "TissueLevelBending "
+            "TissueLevelMaterial CollarHeight CollarTopRadius CollarBottomRadius "
+            "CollarThreadHeight "
             "CollarThreadEdgeWidth CollarThreadEdgeThickness CollarInterThreadDistance "
-            "CollarDistanceBeforeFirstThread CollarMaterial BodyHeight BodyTopRadius BodyBottomRadius "
+            "CollarDistanceBeforeFirstThread CollarMaterial BodyHeight BodyTopRadius "
+            "BodyBottomRadius "
             "BodyTaperHeight BodyThreadHeight BodyThreadEdgeWidth BodyThreadEdgeThickness "
             "BodyInterThreadDistance BodyDistanceBeforeFirstThread BodyThreadTaperWidth "
             "BodyThreadTaperHeight "

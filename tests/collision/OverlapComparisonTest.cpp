@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/BoundedMesh_p.h>
 
-// The overlap test beside the plain transcription over random input: equal verdicts, pair by pair and mesh by mesh, and
-// equal cells. COREALGORITHMS_FUZZ_ROUNDS multiplies the number of pairs; the label fuzz runs it with many.
+// The overlap test beside the plain transcription over random input: equal verdicts, pair by pair
+// and mesh by mesh, and equal cells. COREALGORITHMS_FUZZ_ROUNDS multiplies the number of pairs; the
+// label fuzz runs it with many.
 
 #include <CoreAlgorithms/collision/CellTree_p.h>
 #include <CoreAlgorithms/collision/ImplantSafetyZone.h>
@@ -131,20 +132,25 @@ public:
 private:
     Corners around(const QVector3D& centre, float reach)
     {
-        return {centre + random.point(reach), centre + random.point(reach), centre + random.point(reach)};
+        return {centre + random.point(reach), centre + random.point(reach),
+                centre + random.point(reach)};
     }
 
     QVector3D latticePoint(int reach)
     {
         const auto whole = [&] {
-            return std::floor(random.number(0.0F, static_cast<float>(2 * reach + 1))) - float(reach);
+            return std::floor(random.number(0.0F, static_cast<float>(2 * reach + 1))) -
+                   float(reach);
         };
         const float x = whole();
         const float y = whole();
         return {x, y, whole()};
     }
 
-    Corners onLattice(int reach) { return {latticePoint(reach), latticePoint(reach), latticePoint(reach)}; }
+    Corners onLattice(int reach)
+    {
+        return {latticePoint(reach), latticePoint(reach), latticePoint(reach)};
+    }
 
     Corners flat(float reach)
     {
@@ -194,14 +200,15 @@ TEST(OverlapComparison, TrianglesAloneHaveThePlainVerdictInBothOrders)
         hits += expected ? 1 : 0;
         ASSERT_EQ(collision::trianglesIntersect(v[0], v[1], v[2], u[0], u[1], u[2]), expected)
             << describe(v, u);
-        ASSERT_EQ(collision::trianglesIntersect(u[0], u[1], u[2], v[0], v[1], v[2]), plainVerdict(u, v))
+        ASSERT_EQ(collision::trianglesIntersect(u[0], u[1], u[2], v[0], v[1], v[2]),
+                  plainVerdict(u, v))
             << describe(u, v);
     }
     EXPECT_GT(hits, 200000 * rounds());
 }
 
-// Meshes of one triangle against meshes of one, in cells that let everything through: every pair goes through the tests
-// that handle eight triangles at once.
+// Meshes of one triangle against meshes of one, in cells that let everything through: every pair
+// goes through the tests that handle eight triangles at once.
 TEST(OverlapComparison, MeshesOfOneTriangleHaveThePlainVerdict)
 {
     const primitives::BoundingBox everywhere(QVector3D(-1e38F, -1e38F, -1e38F) * 3.0F,
@@ -213,17 +220,18 @@ TEST(OverlapComparison, MeshesOfOneTriangleHaveThePlainVerdict)
         Corners v;
         Corners u;
         triangles.draw(i % RandomTriangles::KINDS, v, u);
-        const collision::BoundedMesh a{geometry::Mesh({v[0], v[1], v[2]}, indices), everywhere, cells,
-                                       nullptr};
-        const collision::BoundedMesh b{geometry::Mesh({u[0], u[1], u[2]}, indices), everywhere, cells,
-                                       nullptr};
+        const collision::BoundedMesh a{geometry::Mesh({v[0], v[1], v[2]}, indices), everywhere,
+                                       cells, nullptr};
+        const collision::BoundedMesh b{geometry::Mesh({u[0], u[1], u[2]}, indices), everywhere,
+                                       cells, nullptr};
         const bool expected = plainVerdict(v, u);
         ASSERT_EQ(collision::overlaps(a, b), expected) << describe(v, u);
         ASSERT_EQ(collision::overlapsWithPlainRegisters(a, b), expected) << describe(v, u);
     }
 }
 
-// Soups of triangles of all kinds against one triangle each: all places in the blocks and all levels of the trees.
+// Soups of triangles of all kinds against one triangle each: all places in the blocks and all
+// levels of the trees.
 TEST(OverlapComparison, SoupsHaveThePlainVerdict)
 {
     RandomTriangles triangles(13);
@@ -232,7 +240,8 @@ TEST(OverlapComparison, SoupsHaveThePlainVerdict)
     for (int i = 0; i < 1500 * rounds(); ++i) {
         constexpr std::array<int, 3> uprightKinds{0, 2, 4};
         const int kind = uprightKinds[static_cast<std::size_t>(i) % uprightKinds.size()];
-        const int count = 1 + static_cast<int>(triangles.random.number(0.0F, i % 50 == 0 ? 2000.0F : 150.0F));
+        const int count =
+            1 + static_cast<int>(triangles.random.number(0.0F, i % 50 == 0 ? 2000.0F : 150.0F));
         const QMatrix4x4 frame = i % 2 == 0 ? QMatrix4x4() : triangles.random.rigidPlacement();
         Corners v;
         Corners u;
@@ -262,7 +271,8 @@ TEST(OverlapComparison, SoupsHaveThePlainVerdict)
         const collision::BoundedObject a = collision::makeBoundedObject(soup);
         const collision::BoundedObject b = collision::makeBoundedObject(other);
         ASSERT_EQ(collision::overlaps(a, b), expected) << "soup " << i;
-        ASSERT_EQ(collision::overlapsWithPlainRegisters(a.meshes[0], b.meshes[0]), expected) << "soup " << i;
+        ASSERT_EQ(collision::overlapsWithPlainRegisters(a.meshes[0], b.meshes[0]), expected)
+            << "soup " << i;
         ASSERT_EQ(collision::overlaps(b, a),
                   plain::overlaps(plain::makeBoundedObject(other), plain::makeBoundedObject(soup)))
             << "soup " << i;
@@ -271,8 +281,9 @@ TEST(OverlapComparison, SoupsHaveThePlainVerdict)
     EXPECT_GT(pairs, 200000L * rounds());
 }
 
-// Triangles of 1 to 30 mm in cells of 5 mm: some touch a few cells, some many. All are in one tilted plane or near it,
-// where triangles are reported across gaps and the cells decide which of these count.
+// Triangles of 1 to 30 mm in cells of 5 mm: some touch a few cells, some many. All are in one
+// tilted plane or near it, where triangles are reported across gaps and the cells decide which of
+// these count.
 TEST(OverlapComparison, NarrowAndWideTrianglesHaveThePlainVerdictInBothOrders)
 {
     test::RandomGeometry random(17);
@@ -300,7 +311,8 @@ TEST(OverlapComparison, NarrowAndWideTrianglesHaveThePlainVerdictInBothOrders)
             Surface3DModel surface;
             surface.setMesh(mesh);
             surface.setObjectTransform(frame);
-            return std::pair(collision::makeBoundedObject(surface), plain::makeBoundedObject(surface));
+            return std::pair(collision::makeBoundedObject(surface),
+                             plain::makeBoundedObject(surface));
         };
         const auto [a, plainA] = surfaceAt(0.0F);
         const auto [b, plainB] = surfaceAt(random.number(0.0F, 40.0F));
@@ -343,15 +355,18 @@ TEST(OverlapComparison, MeshesBeyondTheLargestListsHaveThePlainVerdict)
             Surface3DModel surface;
             surface.setMesh(mesh);
             surface.setObjectTransform(frame);
-            return std::pair(collision::makeBoundedObject(surface), plain::makeBoundedObject(surface));
+            return std::pair(collision::makeBoundedObject(surface),
+                             plain::makeBoundedObject(surface));
         };
         const auto [large, plainLarge] = flatSurface(12, 60.0F, 170.0F);
-        beyond += large.meshes[0].cells.size() == 1 && plainLarge.meshes[0].cells.size() > 1 ? 1 : 0;
+        beyond +=
+            large.meshes[0].cells.size() == 1 && plainLarge.meshes[0].cells.size() > 1 ? 1 : 0;
         for (int n = 0; n < 20; ++n) {
             const auto [other, plainOther] = flatSurface(1, 200.0F, 8.0F);
             const bool expected = plain::overlaps(plainLarge, plainOther);
             const bool turned = plain::overlaps(plainOther, plainLarge);
-            ASSERT_EQ(collision::overlaps(large, other), expected) << "mesh " << i << ", other " << n;
+            ASSERT_EQ(collision::overlaps(large, other), expected)
+                << "mesh " << i << ", other " << n;
             ASSERT_EQ(collision::overlaps(other, large), turned) << "mesh " << i << ", other " << n;
             hits += expected ? 1 : 0;
         }
@@ -360,7 +375,8 @@ TEST(OverlapComparison, MeshesBeyondTheLargestListsHaveThePlainVerdict)
     EXPECT_GT(hits, 0);
 }
 
-bool sameCells(const QList<geometry::BoundedTriangles>& a, const QList<geometry::BoundedTriangles>& b)
+bool sameCells(const QList<geometry::BoundedTriangles>& a,
+               const QList<geometry::BoundedTriangles>& b)
 {
     if (a.size() != b.size())
         return false;
@@ -380,7 +396,8 @@ TEST(OverlapComparison, CellsAreThePlainOnes)
             mesh.applyTransformation(random.rigidPlacement());
         primitives::BoundingBox box = mesh.getBoundingBox();
         if (i % 5 == 0) // not the mesh's own: triangles beyond it
-            box = primitives::BoundingBox(box.min() + random.point(4.0F), box.max() + random.point(4.0F));
+            box = primitives::BoundingBox(box.min() + random.point(4.0F),
+                                          box.max() + random.point(4.0F));
         const float cellSize = random.number(0.7F, 12.0F);
         EXPECT_TRUE(sameCells(collision::makeBoundedTriangles(mesh, box, cellSize),
                               plain::makeBoundedTriangles(mesh, box, cellSize)))
@@ -388,7 +405,8 @@ TEST(OverlapComparison, CellsAreThePlainOnes)
     }
 }
 
-// Zones, pins and nerves as the detector meets them: upright and tilted, far, close, touching and crossing.
+// Zones, pins and nerves as the detector meets them: upright and tilted, far, close, touching and
+// crossing.
 TEST(OverlapComparison, ZonesPinsAndNervesHaveThePlainVerdictInBothOrders)
 {
     test::RandomGeometry random(15);
@@ -406,9 +424,10 @@ TEST(OverlapComparison, ZonesPinsAndNervesHaveThePlainVerdictInBothOrders)
             QMatrix4x4 local;
             const QVector3D offset = random.point(5.0F);
             if (i % 2 == 0) {
-                local.translate(std::round(centre.x() * 2.0F) * 0.5F + std::round(offset.x()) * 0.5F,
-                                std::round(centre.y() * 2.0F) * 0.5F + std::round(offset.y()) * 0.5F,
-                                std::round(centre.z() * 2.0F) * 0.5F + std::round(offset.z()) * 0.5F);
+                local.translate(
+                    std::round(centre.x() * 2.0F) * 0.5F + std::round(offset.x()) * 0.5F,
+                    std::round(centre.y() * 2.0F) * 0.5F + std::round(offset.y()) * 0.5F,
+                    std::round(centre.z() * 2.0F) * 0.5F + std::round(offset.z()) * 0.5F);
                 local.rotate(90.0F * std::floor(random.number(0.0F, 4.0F)), 1.0F, 0.0F, 0.0F);
             } else {
                 local.translate(centre + offset);
@@ -431,8 +450,10 @@ TEST(OverlapComparison, ZonesPinsAndNervesHaveThePlainVerdictInBothOrders)
             placementB = placement({3.0F, 0.0F, 0.0F});
         } else if (i % 4 == 1) { // a pin
             const auto pin = test::makePin(1.0F, 14.0F, placement({}));
-            a = collision::makeBoundedObject(*pin->getShapeNode(), pin->getObjectTransform(), 100.0F);
-            plainA = plain::makeBoundedObject(*pin->getShapeNode(), pin->getObjectTransform(), 100.0F);
+            a = collision::makeBoundedObject(*pin->getShapeNode(), pin->getObjectTransform(),
+                                             100.0F);
+            plainA =
+                plain::makeBoundedObject(*pin->getShapeNode(), pin->getObjectTransform(), 100.0F);
             placementB = placement({3.0F, 1.0F, 0.0F});
         } else { // a nerve
             auto nerve = test::makeNerve(nerves[i % nerves.size()]->getMesh());
@@ -442,8 +463,9 @@ TEST(OverlapComparison, ZonesPinsAndNervesHaveThePlainVerdictInBothOrders)
             a = collision::makeBoundedObject(*nerve);
             plainA = plain::makeBoundedObject(*nerve);
             const QList<QVector3D>& vertices = nerves[0]->getMesh().getVertices();
-            placementB = placement(vertices[static_cast<int>(random.number(0.0F, float(vertices.size())))] +
-                                   QVector3D(0.0F, 0.0F, 11.0F));
+            placementB =
+                placement(vertices[static_cast<int>(random.number(0.0F, float(vertices.size())))] +
+                          QVector3D(0.0F, 0.0F, 11.0F));
         }
         const collision::BoundedObject b = collision::makeBoundedObject(*zone, placementB, 100.0F);
         const plain::BoundedObject plainB = plain::makeBoundedObject(*zone, placementB, 100.0F);
@@ -490,8 +512,9 @@ TEST(OverlapComparison, ZonesAtTheVeryEdgeOfContactHaveThePlainVerdict)
             const float middle = (hitting + missing) * 0.5F;
             const bool expected =
                 plain::overlaps(plainA, plain::makeBoundedObject(*zone, at(middle), 100.0F));
-            ASSERT_EQ(collision::overlaps(a, collision::makeBoundedObject(*zone, at(middle), 100.0F)),
-                      expected)
+            ASSERT_EQ(
+                collision::overlaps(a, collision::makeBoundedObject(*zone, at(middle), 100.0F)),
+                expected)
                 << "case " << i << ", height " << middle;
             (expected ? hitting : missing) = middle;
         }

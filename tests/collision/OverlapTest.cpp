@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/BoundedMesh_p.h>
 
-// The cascade of objects, meshes, cells and triangles: touching boxes, objects inside others, which triangles a cell
-// lets through, which do not count, and meshes without sense.
+// The cascade of objects, meshes, cells and triangles: touching boxes, objects inside others, which
+// triangles a cell lets through, which do not count, and meshes without sense.
 
 #include <CoreAlgorithms/collision/CellTree_p.h>
 #include <CoreAlgorithms/collision/ImplantSafetyZone.h>
@@ -58,8 +58,10 @@ protected:
     geometry::ShapeLoader loader;
     geometry::ShapeFactory factory{loader};
     const BoundingBox everywhere{-100.0F, -100.0F, -100.0F, 100.0F, 100.0F, 100.0F};
-    const geometry::Mesh floor = oneTriangle({0.0F, 0.0F, 0.0F}, {4.0F, 0.0F, 0.0F}, {0.0F, 4.0F, 0.0F});
-    const geometry::Mesh wall = oneTriangle({1.0F, 1.0F, -1.0F}, {1.0F, 1.0F, 1.0F}, {2.0F, 1.0F, 1.0F});
+    const geometry::Mesh floor =
+        oneTriangle({0.0F, 0.0F, 0.0F}, {4.0F, 0.0F, 0.0F}, {0.0F, 4.0F, 0.0F});
+    const geometry::Mesh wall =
+        oneTriangle({1.0F, 1.0F, -1.0F}, {1.0F, 1.0F, 1.0F}, {2.0F, 1.0F, 1.0F});
 };
 
 // ---- objects
@@ -73,22 +75,25 @@ TEST_F(OverlapTest, CylindersThatPassThroughEachOtherOverlap)
 
 TEST_F(OverlapTest, CylindersApartDoNotOverlap)
 {
-    EXPECT_FALSE(overlaps(cylinder(1.0F, 10.0F), cylinder(1.0F, 10.0F, test::translation(2.5F, 0.0F, 0.5F))));
-    EXPECT_FALSE(
-        overlaps(cylinder(1.0F, 10.0F), cylinder(1.0F, 10.0F, test::translation(50.0F, 0.0F, 0.0F))));
+    EXPECT_FALSE(overlaps(cylinder(1.0F, 10.0F),
+                          cylinder(1.0F, 10.0F, test::translation(2.5F, 0.0F, 0.5F))));
+    EXPECT_FALSE(overlaps(cylinder(1.0F, 10.0F),
+                          cylinder(1.0F, 10.0F, test::translation(50.0F, 0.0F, 0.0F))));
 }
 
 TEST_F(OverlapTest, CylindersThatTouchAlongALineOverlap)
 {
     // The vertices at (1, 0, z) of one coincide with those at (-1, 0, z) of the other.
-    EXPECT_TRUE(overlaps(cylinder(1.0F, 10.0F), cylinder(1.0F, 10.0F, test::translation(2.0F, 0.0F, 0.0F))));
+    EXPECT_TRUE(overlaps(cylinder(1.0F, 10.0F),
+                         cylinder(1.0F, 10.0F, test::translation(2.0F, 0.0F, 0.0F))));
 }
 
 TEST_F(OverlapTest, CylindersThatTouchWithTheirLidsOverlap)
 {
-    EXPECT_TRUE(overlaps(cylinder(1.0F, 10.0F), cylinder(1.0F, 10.0F, test::translation(0.5F, 0.0F, 10.0F))));
-    EXPECT_FALSE(
-        overlaps(cylinder(1.0F, 10.0F), cylinder(1.0F, 10.0F, test::translation(0.5F, 0.0F, 10.001F))));
+    EXPECT_TRUE(overlaps(cylinder(1.0F, 10.0F),
+                         cylinder(1.0F, 10.0F, test::translation(0.5F, 0.0F, 10.0F))));
+    EXPECT_FALSE(overlaps(cylinder(1.0F, 10.0F),
+                          cylinder(1.0F, 10.0F, test::translation(0.5F, 0.0F, 10.001F))));
 }
 
 TEST_F(OverlapTest, AnObjectInsideAnotherDoesNotOverlap)
@@ -109,8 +114,10 @@ TEST_F(OverlapTest, EveryMeshOfAnObjectCounts)
     across.rotate(90.0F, 1.0F, 0.0F, 0.0F);
     EXPECT_TRUE(overlaps(two, cylinder(1.0F, 10.0F, across)));
     EXPECT_TRUE(overlaps(cylinder(1.0F, 10.0F, across), two));
-    EXPECT_TRUE(overlaps(two, cylinder(1.0F, 10.0F, test::translation(40.0F, 0.0F, 0.0F) * across)));
-    EXPECT_FALSE(overlaps(two, cylinder(1.0F, 10.0F, test::translation(20.0F, 0.0F, 0.0F) * across)));
+    EXPECT_TRUE(
+        overlaps(two, cylinder(1.0F, 10.0F, test::translation(40.0F, 0.0F, 0.0F) * across)));
+    EXPECT_FALSE(
+        overlaps(two, cylinder(1.0F, 10.0F, test::translation(20.0F, 0.0F, 0.0F) * across)));
 }
 
 TEST_F(OverlapTest, AnEmptyObjectOverlapsNothingEvenAtTheOrigin)
@@ -129,7 +136,8 @@ TEST_F(OverlapTest, BoxesOfObjectsDecideFirst)
     b.box = away;
     EXPECT_TRUE(overlaps(a, b)); // within the box of a
     EXPECT_FALSE(overlaps({a.meshes, {0.0F, 0.0F, 0.0F, 40.0F, 40.0F, 40.0F}}, b));
-    EXPECT_TRUE(overlaps({a.meshes, {0.0F, 0.0F, 0.0F, 50.0F, 50.0F, 50.0F}}, b)); // touching boxes intersect
+    EXPECT_TRUE(overlaps({a.meshes, {0.0F, 0.0F, 0.0F, 50.0F, 50.0F, 50.0F}},
+                         b)); // touching boxes intersect
 }
 
 // ---- meshes and cells
@@ -168,9 +176,9 @@ TEST_F(OverlapTest, CellsMustTouchEachOther)
     EXPECT_FALSE(overlaps(a, b));
 }
 
-// Intended: the box of the first's triangle is compared with the second's cell, the box of the second's triangle with
-// nothing but itself. So a pair counts although the second's triangle lies outside its cell, and does not count if the
-// first's does.
+// Intended: the box of the first's triangle is compared with the second's cell, the box of the
+// second's triangle with nothing but itself. So a pair counts although the second's triangle lies
+// outside its cell, and does not count if the first's does.
 TEST_F(OverlapTest, OnlyTheFirstsTriangleMustTouchTheOthersCellByDesign)
 {
     const BoundingBox corner(50.0F, 50.0F, 50.0F, 60.0F, 60.0F, 60.0F);
@@ -181,20 +189,20 @@ TEST_F(OverlapTest, OnlyTheFirstsTriangleMustTouchTheOthersCellByDesign)
     EXPECT_FALSE(overlaps(b, a));
 }
 
-// Level, parallel implants of 4 x 10 mm in a tilted frame, 0.94 mm apart: their platforms and flat cones lie in nearly
-// one plane. The placement comes from a search.
+// Level, parallel implants of 4 x 10 mm in a tilted frame, 0.94 mm apart: their platforms and flat
+// cones lie in nearly one plane. The placement comes from a search.
 TEST_F(OverlapTest, KnownLimitLevelParallelImplantsApartCanBeReportedInOneOrderOnly)
 {
     const QMatrix4x4 tilted =
-        QMatrix4x4(0x1.e9ee62p-1F, 0x1.e05dd2p-3F, 0x1.5ec1f8p-3F, 0x0p+0F, -0x1.18840ep-2F, 0x1.d97ed8p-1F,
-                   0x1.0e5c5ep-2F, 0x0p+0F, -0x1.8b1a1p-4F, -0x1.32c03ap-2F, 0x1.e5fc02p-1F, 0x0p+0F,
-                   0x1.e213p+2F, -0x1.dd142p+1F, 0x1.dc765p+4F, 0x1p+0F)
+        QMatrix4x4(0x1.e9ee62p-1F, 0x1.e05dd2p-3F, 0x1.5ec1f8p-3F, 0x0p+0F, -0x1.18840ep-2F,
+                   0x1.d97ed8p-1F, 0x1.0e5c5ep-2F, 0x0p+0F, -0x1.8b1a1p-4F, -0x1.32c03ap-2F,
+                   0x1.e5fc02p-1F, 0x0p+0F, 0x1.e213p+2F, -0x1.dd142p+1F, 0x1.dc765p+4F, 0x1p+0F)
             .transposed();
     const auto zone = [this](const QMatrix4x4& placement) {
         const auto implant = test::makeImplant(4.0F, 10.0F);
         auto owned = std::make_unique<geometry::ShapeFactory>(loader);
-        return collision::makeBoundedObject(*collision::generateSafetyZone(owned, *implant, 0.0F), placement,
-                                            100.0F);
+        return collision::makeBoundedObject(*collision::generateSafetyZone(owned, *implant, 0.0F),
+                                            placement, 100.0F);
     };
     const BoundedObject a = zone(tilted);
     const BoundedObject b = zone(tilted * test::translation(4.0F + 0x1.e28dd8p-1F, 0.0F, 0.0F));
@@ -204,15 +212,16 @@ TEST_F(OverlapTest, KnownLimitLevelParallelImplantsApartCanBeReportedInOneOrderO
 
 TEST_F(OverlapTest, MeshesWithoutTrianglesOverlapNothing)
 {
-    const BoundedMesh nothing = inOneCell(geometry::Mesh({{1.0F, 1.0F, 0.0F}}, {0, 0, 0}), everywhere);
+    const BoundedMesh nothing =
+        inOneCell(geometry::Mesh({{1.0F, 1.0F, 0.0F}}, {0, 0, 0}), everywhere);
     EXPECT_FALSE(overlaps(nothing, inOneCell(wall, everywhere)));
     EXPECT_FALSE(overlaps(inOneCell(wall, everywhere), nothing));
 }
 
 TEST_F(OverlapTest, TrianglesThatDoNotExistOrAreNotFiniteAreLeftOut)
 {
-    geometry::Mesh broken({{1.0F, 1.0F, -1.0F}, {1.0F, 1.0F, 1.0F}, {2.0F, 1.0F, 1.0F}, {kNan, 1.0F, 1.0F}},
-                          {});
+    geometry::Mesh broken(
+        {{1.0F, 1.0F, -1.0F}, {1.0F, 1.0F, 1.0F}, {2.0F, 1.0F, 1.0F}, {kNan, 1.0F, 1.0F}}, {});
     broken.addTriangle(0, 1, 3);
     broken.addTriangle(0, 1, 4);
     broken.addTriangle(-1, 1, 2);
@@ -249,8 +258,8 @@ TEST_F(OverlapTest, ACellOfAWideTriangleMustTouchTheMeshOfTheSecond)
     };
     const BoundedMesh a =
         inCellsOfFive(oneTriangle({0.0F, 0.0F, 0.0F}, {30.0F, 0.0F, 0.0F}, {0.0F, 30.0F, 0.0F}));
-    BoundedMesh b =
-        inCellsOfFive(oneTriangle({12.0F, 2.0F, -15.0F}, {12.0F, 2.0F, 15.0F}, {12.0F, 14.0F, 15.0F}));
+    BoundedMesh b = inCellsOfFive(
+        oneTriangle({12.0F, 2.0F, -15.0F}, {12.0F, 2.0F, 15.0F}, {12.0F, 14.0F, 15.0F}));
     EXPECT_TRUE(overlaps(a, b));
     b.box = {0.0F, 0.0F, -15.0F, 4.0F, 14.0F, 15.0F}; // away from the cells where they meet
     EXPECT_FALSE(overlaps(a, b));
@@ -273,7 +282,8 @@ struct CopiesTest : OverlapTest
 
 TEST_F(CopiesTest, WithMovedVerticesHaveTheVerdictOfTheirPlace)
 {
-    copy.mesh.applyTransformation(test::translation(-1.0F, 0.0F, 0.0F)); // still in reach of its cell
+    copy.mesh.applyTransformation(
+        test::translation(-1.0F, 0.0F, 0.0F)); // still in reach of its cell
     EXPECT_FALSE(overlaps(copy, b));
     EXPECT_FALSE(overlaps(b, copy));
     EXPECT_TRUE(overlaps(a, b));
@@ -309,8 +319,8 @@ TEST_F(CopiesTest, WithOtherCellsHaveTheVerdictOfTheirCells)
 BoundedObject throughManyCells(float height)
 {
     Surface3DModel surface;
-    surface.setMesh(
-        oneTriangle({0.0F, 0.0F, height}, {200.0F, 0.0F, 200.0F + height}, {0.0F, 200.0F, 200.0F + height}));
+    surface.setMesh(oneTriangle({0.0F, 0.0F, height}, {200.0F, 0.0F, 200.0F + height},
+                                {0.0F, 200.0F, 200.0F + height}));
     return collision::makeBoundedObject(surface);
 }
 
@@ -318,7 +328,8 @@ TEST_F(OverlapTest, MeshesOfManyCellsAreComparedByTheirTriangles)
 {
     const BoundedObject mesh = throughManyCells(0.0F);
     ASSERT_EQ(mesh.meshes[0].cells.size(), 64000);
-    EXPECT_EQ(mesh.meshes[0].trees->numCells(), 0); // no cell is compared with those of another mesh
+    EXPECT_EQ(mesh.meshes[0].trees->numCells(),
+              0); // no cell is compared with those of another mesh
     EXPECT_FALSE(overlaps(mesh, throughManyCells(1.0F)));
     EXPECT_FALSE(overlaps(throughManyCells(1.0F), mesh));
     EXPECT_TRUE(overlaps(mesh, throughManyCells(0.0F)));

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/BoundedMesh_p.h>
 
-// The same objects and copies of them tested from several threads at once, each for the first time, so that threads
-// meet where trees are made. The verdicts show little; built with -fsanitize=thread, the test fails at every access
-// that is not ordered.
+// The same objects and copies of them tested from several threads at once, each for the first time,
+// so that threads meet where trees are made. The verdicts show little; built with
+// -fsanitize=thread, the test fails at every access that is not ordered.
 
 #include <tests/support/CollisionBuilders.h>
 

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/TriangleIntersection_p.h>
 
-// The exact test of two triangles: crossing, touching and separate ones, coplanar ones along every axis, degenerate
-// ones, and the limits that its rounding sets. Coordinates are exactly representable unless said otherwise.
+// The exact test of two triangles: crossing, touching and separate ones, coplanar ones along every
+// axis, degenerate ones, and the limits that its rounding sets. Coordinates are exactly
+// representable unless said otherwise.
 
 #include <gtest/gtest.h>
 
@@ -29,8 +30,10 @@ void expectInAllOrders(bool expected, const TestTriangle& v, const TestTriangle&
         for (const auto& b : orders) {
             const TestTriangle turnedV{v[a[0]], v[a[1]], v[a[2]]};
             const TestTriangle turnedU{u[b[0]], u[b[1]], u[b[2]]};
-            EXPECT_EQ(intersect(turnedV, turnedU), expected) << a[0] << a[1] << a[2] << b[0] << b[1] << b[2];
-            EXPECT_EQ(intersect(turnedU, turnedV), expected) << a[0] << a[1] << a[2] << b[0] << b[1] << b[2];
+            EXPECT_EQ(intersect(turnedV, turnedU), expected)
+                << a[0] << a[1] << a[2] << b[0] << b[1] << b[2];
+            EXPECT_EQ(intersect(turnedU, turnedV), expected)
+                << a[0] << a[1] << a[2] << b[0] << b[1] << b[2];
         }
     }
 }
@@ -40,18 +43,21 @@ const TestTriangle kFloor{{{0.0F, 0.0F, 0.0F}, {4.0F, 0.0F, 0.0F}, {0.0F, 4.0F, 
 
 TEST(TrianglesIntersect, IfTheyCross)
 {
-    expectInAllOrders(true, kFloor, {{{1.0F, 1.0F, -1.0F}, {1.0F, 1.0F, 1.0F}, {2.0F, 1.0F, 1.0F}}});
+    expectInAllOrders(true, kFloor,
+                      {{{1.0F, 1.0F, -1.0F}, {1.0F, 1.0F, 1.0F}, {2.0F, 1.0F, 1.0F}}});
 }
 
 TEST(TrianglesIntersect, NotIfOneLiesBesideTheOthersPlane)
 {
-    expectInAllOrders(false, kFloor, {{{1.0F, 1.0F, 1.0F}, {1.0F, 1.0F, 2.0F}, {2.0F, 1.0F, 1.0F}}});
+    expectInAllOrders(false, kFloor,
+                      {{{1.0F, 1.0F, 1.0F}, {1.0F, 1.0F, 2.0F}, {2.0F, 1.0F, 1.0F}}});
 }
 
 TEST(TrianglesIntersect, NotIfTheirIntervalsOnTheLineAreApart)
 {
     // Crosses the plane z = 0 from (5, 1, 0) to (6, 1, 0), kFloor ends at (3, 1, 0) on that line.
-    expectInAllOrders(false, kFloor, {{{5.0F, 1.0F, -1.0F}, {5.0F, 1.0F, 1.0F}, {7.0F, 1.0F, 1.0F}}});
+    expectInAllOrders(false, kFloor,
+                      {{{5.0F, 1.0F, -1.0F}, {5.0F, 1.0F, 1.0F}, {7.0F, 1.0F, 1.0F}}});
 }
 
 TEST(TrianglesIntersect, IfTheyTouchAtAVertexInsideTheFace)
@@ -72,7 +78,8 @@ TEST(TrianglesIntersect, IfTheyShareAnEdge)
 TEST(TrianglesIntersect, IfTheirIntervalsOnlyTouch)
 {
     // The second meets z = 0 from (3, 1, 0) to (5, 1, 0), kFloor ends at (3, 1, 0).
-    expectInAllOrders(true, kFloor, {{{3.0F, 1.0F, -1.0F}, {3.0F, 1.0F, 1.0F}, {7.0F, 1.0F, 1.0F}}});
+    expectInAllOrders(true, kFloor,
+                      {{{3.0F, 1.0F, -1.0F}, {3.0F, 1.0F, 1.0F}, {7.0F, 1.0F, 1.0F}}});
 }
 
 TEST(TrianglesIntersect, NotIfTheirIntervalsAreOneStepApart)
@@ -91,7 +98,8 @@ TEST(TrianglesIntersect, IfAnEdgeLiesInTheFace)
 
 TEST(TrianglesIntersect, NotIfTheyAreParallel)
 {
-    expectInAllOrders(false, kFloor, {{{0.0F, 0.0F, 0.5F}, {4.0F, 0.0F, 0.5F}, {0.0F, 4.0F, 0.5F}}});
+    expectInAllOrders(false, kFloor,
+                      {{{0.0F, 0.0F, 0.5F}, {4.0F, 0.0F, 0.5F}, {0.0F, 4.0F, 0.5F}}});
 }
 
 // ---- in one plane
@@ -119,7 +127,8 @@ void expectInOnePlane(bool expected, const TestTriangle& v, const TestTriangle& 
 
 TEST(CoplanarTriangles, IntersectIfTheirEdgesCross)
 {
-    expectInOnePlane(true, kFloor, {{{1.0F, -1.0F, 0.0F}, {2.0F, 3.0F, 0.0F}, {3.0F, -1.0F, 0.0F}}});
+    expectInOnePlane(true, kFloor,
+                     {{{1.0F, -1.0F, 0.0F}, {2.0F, 3.0F, 0.0F}, {3.0F, -1.0F, 0.0F}}});
 }
 
 TEST(CoplanarTriangles, IntersectIfOneLiesInTheOther)
@@ -140,12 +149,13 @@ TEST(CoplanarTriangles, IntersectIfTheyAreTheSame)
 TEST(CoplanarTriangles, DoNotIntersectIfTheyAreApart)
 {
     expectInOnePlane(false, kFloor, {{{5.0F, 5.0F, 0.0F}, {6.0F, 5.0F, 0.0F}, {5.0F, 6.0F, 0.0F}}});
-    expectInOnePlane(false, kFloor, {{{4.5F, 0.0F, 0.0F}, {6.0F, 1.0F, 0.0F}, {6.0F, -1.0F, 0.0F}}});
+    expectInOnePlane(false, kFloor,
+                     {{{4.5F, 0.0F, 0.0F}, {6.0F, 1.0F, 0.0F}, {6.0F, -1.0F, 0.0F}}});
 }
 
-// The coordinate along which the normal is longest is dropped; of equal ones z before y before x, unless x exceeds y
-// alone. With the normal (1, 1, 0) the coordinate y goes: seen along it the triangles are apart, along z they would
-// be lines.
+// The coordinate along which the normal is longest is dropped; of equal ones z before y before x,
+// unless x exceeds y alone. With the normal (1, 1, 0) the coordinate y goes: seen along it the
+// triangles are apart, along z they would be lines.
 TEST(CoplanarTriangles, AreSeenAlongYIfTheNormalIsAsLongAlongXAndY)
 {
     const TestTriangle v{{{0.0F, 0.0F, 0.0F}, {2.0F, -2.0F, 0.0F}, {0.0F, 0.0F, 2.0F}}};
@@ -155,13 +165,14 @@ TEST(CoplanarTriangles, AreSeenAlongYIfTheNormalIsAsLongAlongXAndY)
     expectInAllOrders(true, v, meeting);
 }
 
-// ---- degenerate triangles, with which no intervals can be formed: all distances from their plane are zero
+// ---- degenerate triangles, with which no intervals can be formed: all distances from their plane
+// are zero
 
 TEST(DegenerateTriangles, AreSeenInThePlaneOfTheFirst)
 {
     const TestTriangle needle{{{1.0F, 1.0F, -1.0F}, {1.0F, 1.0F, 1.0F}, {1.0F, 1.0F, 1.0F}}};
-    // Its two distinct ends lie on either side of kFloor, its plane has no normal. In the plane z = 0 of kFloor the
-    // needle is the point (1, 1), inside.
+    // Its two distinct ends lie on either side of kFloor, its plane has no normal. In the plane z =
+    // 0 of kFloor the needle is the point (1, 1), inside.
     EXPECT_TRUE(intersect(kFloor, needle));
     const TestTriangle beside{{{3.0F, 3.0F, -1.0F}, {3.0F, 3.0F, 1.0F}, {3.0F, 3.0F, 1.0F}}};
     EXPECT_FALSE(intersect(kFloor, beside));
@@ -174,8 +185,9 @@ TEST(DegenerateTriangles, ThatArePointsMeetNothingTheyDoNotTouch)
     EXPECT_FALSE(intersect(point, kFloor));
 }
 
-// The plane of the first passes half of the largest float above the floor, but its normal overflows: distances that are
-// no numbers rule nothing out. The plane of the second can still tell that all of the first is above it.
+// The plane of the first passes half of the largest float above the floor, but its normal
+// overflows: distances that are no numbers rule nothing out. The plane of the second can still tell
+// that all of the first is above it.
 TEST(DegenerateTriangles, OfTheLargestFloatsAreReportedUnlessTheOthersPlaneRulesThemOut)
 {
     const float huge = std::numeric_limits<float>::max();
@@ -186,7 +198,8 @@ TEST(DegenerateTriangles, OfTheLargestFloatsAreReportedUnlessTheOthersPlaneRules
     expectInAllOrders(false, wide, below);
 }
 
-// Where all products underflow, a triangle has neither a plane nor edges, and does not even meet itself.
+// Where all products underflow, a triangle has neither a plane nor edges, and does not even meet
+// itself.
 TEST(DegenerateTriangles, OfTheSmallestFloatsDoNotMeetThemselves)
 {
     const auto atTheCorner = [](float size) {
@@ -199,8 +212,9 @@ TEST(DegenerateTriangles, OfTheSmallestFloatsDoNotMeetThemselves)
 
 // ---- what rounding does
 
-// Two triangles that were drawn in one tilted plane, their vertices rounded: the distances from each other's planes are
-// rounding noise. Their nearest points are 1.03 mm apart, as exact arithmetic finds.
+// Two triangles that were drawn in one tilted plane, their vertices rounded: the distances from
+// each other's planes are rounding noise. Their nearest points are 1.03 mm apart, as exact
+// arithmetic finds.
 TEST(TrianglesIntersect, KnownLimitNearlyCoplanarTrianglesApartMayBeReported)
 {
     const TestTriangle v{{{0x1.cc153ap+4F, -0x1.10eadp+5F, 0x1.66cd6ep+4F},

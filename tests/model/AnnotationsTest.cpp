@@ -50,7 +50,8 @@ TEST(LineAnnotation, ChangesOnePositionOfThoseItHas)
     annotation.changePosition(1, {0.0F, 5.0F, 0.0F});
     annotation.changePosition(-1, {9.0F, 9.0F, 9.0F});
     annotation.changePosition(2, {9.0F, 9.0F, 9.0F});
-    EXPECT_EQ(annotation.getPositions(), QList<QVector3D>({{1.0F, 0.0F, 0.0F}, {0.0F, 5.0F, 0.0F}}));
+    EXPECT_EQ(annotation.getPositions(),
+              QList<QVector3D>({{1.0F, 0.0F, 0.0F}, {0.0F, 5.0F, 0.0F}}));
     EXPECT_EQ(counter.changes, 1);
 }
 

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/math/BoundingBox.h>
 
-// primitives::BoundingBox: null and valid, closed containment and intersection, growth, placement, extents.
+// primitives::BoundingBox: null and valid, closed containment and intersection, growth, placement,
+// extents.
 
 #include <gtest/gtest.h>
 
@@ -42,7 +43,8 @@ TEST(BoundingBox, WithAnyBoundThatIsNotZeroIsNotNull)
     for (int bound = 0; bound < 6; ++bound) {
         float bounds[6] = {};
         bounds[bound] = std::numeric_limits<float>::denorm_min();
-        EXPECT_FALSE(BoundingBox(bounds[0], bounds[1], bounds[2], bounds[3], bounds[4], bounds[5]).isNull())
+        EXPECT_FALSE(
+            BoundingBox(bounds[0], bounds[1], bounds[2], bounds[3], bounds[4], bounds[5]).isNull())
             << bound;
     }
 }
@@ -75,7 +77,8 @@ TEST(BoundingBox, WithABoundThatIsNotFiniteIsNotValid)
             float bounds[6] = {-1.0F, -1.0F, -1.0F, 1.0F, 1.0F, 1.0F};
             bounds[bound] = bad;
             EXPECT_FALSE(
-                BoundingBox(bounds[0], bounds[1], bounds[2], bounds[3], bounds[4], bounds[5]).isValid())
+                BoundingBox(bounds[0], bounds[1], bounds[2], bounds[3], bounds[4], bounds[5])
+                    .isValid())
                 << bad << " at " << bound;
         }
     }
@@ -197,7 +200,8 @@ TEST(BoundingBox, TouchingBoxesIntersect)
 {
     EXPECT_TRUE(kBox.intersects(BoundingBox(4.0F, 2.0F, 3.0F, 5.0F, 6.0F, 8.0F))) << "at a face";
     EXPECT_TRUE(kBox.intersects(BoundingBox(4.0F, 6.0F, 8.0F, 5.0F, 7.0F, 9.0F))) << "at a corner";
-    EXPECT_TRUE(kBox.intersects(BoundingBox(0.0F, 0.0F, 0.0F, 1.0F, 2.0F, 3.0F))) << "at the other corner";
+    EXPECT_TRUE(kBox.intersects(BoundingBox(0.0F, 0.0F, 0.0F, 1.0F, 2.0F, 3.0F)))
+        << "at the other corner";
 }
 
 TEST(BoundingBox, BoxesApartAlongOneAxisDoNotIntersect)
@@ -235,7 +239,8 @@ TEST(BoundingBox, WithNanBoundsIntersectsNothing)
 
 TEST(BoundingBox, UnboundedBoxIntersectsEveryValidBox)
 {
-    const BoundingBox everything(-kInfinity, -kInfinity, -kInfinity, kInfinity, kInfinity, kInfinity);
+    const BoundingBox everything(-kInfinity, -kInfinity, -kInfinity, kInfinity, kInfinity,
+                                 kInfinity);
     EXPECT_TRUE(everything.intersects(kBox));
     EXPECT_TRUE(kBox.intersects(everything));
 }
@@ -341,8 +346,8 @@ TEST(BoundingBox, QuarterTurnExchangesTheExtents)
 
 TEST(BoundingBox, TransformedLooksAtAllEightCorners)
 {
-    // x' = x - y + z: the smallest is at minimum x, maximum y, minimum z: 1 - 6 + 3 = -2; the largest 4 - 2 +
-    // 8 = 10.
+    // x' = x - y + z: the smallest is at minimum x, maximum y, minimum z: 1 - 6 + 3 = -2; the
+    // largest 4 - 2 + 8 = 10.
     const QMatrix4x4 matrix(1.0F, -1.0F, 1.0F, 0.0F, //
                             0.0F, 1.0F, 0.0F, 0.0F,  //
                             0.0F, 0.0F, 1.0F, 0.0F,  //

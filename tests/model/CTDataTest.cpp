@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
 
-// Covered: landmarks, image volumes and CT data: values of new ones, extents, selection by type, notification.
+// Covered: landmarks, image volumes and CT data: values of new ones, extents, selection by type,
+// notification.
 
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 
@@ -47,7 +48,8 @@ TEST(LandmarkAnnotation, HasAPositionInEachContextByItself)
     landmark.setPosition(NaturalHeadPositionContext, {4.0F, 5.0F, 6.0F});
     landmark.clearPosition(VolumeContext);
     EXPECT_FALSE(landmark.getPosition(VolumeContext));
-    EXPECT_EQ(landmark.getPosition(NaturalHeadPositionContext).value(), QVector3D(4.0F, 5.0F, 6.0F));
+    EXPECT_EQ(landmark.getPosition(NaturalHeadPositionContext).value(),
+              QVector3D(4.0F, 5.0F, 6.0F));
 }
 
 TEST(ImageVolume, HasAnImageWithoutVoxelsUntilOneIsSet)
@@ -62,8 +64,8 @@ TEST(ImageVolume, HasAnImageWithoutVoxelsUntilOneIsSet)
 
 TEST(ImageVolume, SharesItsImage)
 {
-    const auto image =
-        std::make_shared<const VexelImage3D>(math::Ivec3{2, 2, 2}, QVector3D(1.0F, 1.0F, 1.0F), image::UInt8);
+    const auto image = std::make_shared<const VexelImage3D>(
+        math::Ivec3{2, 2, 2}, QVector3D(1.0F, 1.0F, 1.0F), image::UInt8);
     ImageVolume volume;
     volume.setImage(image);
     EXPECT_EQ(&volume.getImage(), image.get());
@@ -86,7 +88,8 @@ TEST(CTData, ReachesHalfAVoxelBeyondTheOutermostCentres)
 {
     CTData ct;
     ct.setImageVolume(volumeOf({100, 80, 60}, {0.5F, 0.25F, 2.0F}));
-    EXPECT_EQ(ct.getBoundingBox(), primitives::BoundingBox(-0.25F, -0.125F, -1.0F, 49.75F, 19.875F, 119.0F));
+    EXPECT_EQ(ct.getBoundingBox(),
+              primitives::BoundingBox(-0.25F, -0.125F, -1.0F, 49.75F, 19.875F, 119.0F));
     ct.setImageVolume(std::make_shared<ImageVolume>());
     EXPECT_TRUE(ct.getBoundingBox().isNull());
 }
@@ -95,8 +98,9 @@ TEST(CTData, HasItsExtentInNaturalHeadPositionToo)
 {
     CTData ct;
     ct.setImageVolume(volumeOf({10, 20, 30}, {1.0F, 1.0F, 1.0F}));
-    ct.setTotalResampleNHPTransformation(QMatrix4x4(0.0F, -1.0F, 0.0F, 5.0F, 1.0F, 0.0F, 0.0F, 0.0F, 0.0F,
-                                                    0.0F, 1.0F, 7.0F, 0.0F, 0.0F, 0.0F, 1.0F));
+    ct.setTotalResampleNHPTransformation(QMatrix4x4(0.0F, -1.0F, 0.0F, 5.0F, 1.0F, 0.0F, 0.0F, 0.0F,
+                                                    0.0F, 0.0F, 1.0F, 7.0F, 0.0F, 0.0F, 0.0F,
+                                                    1.0F));
     EXPECT_EQ(ct.getTotalResampleTransformedBoundingBox(),
               primitives::BoundingBox(-14.5F, -0.5F, 6.5F, 5.5F, 9.5F, 36.5F));
 }
@@ -138,9 +142,13 @@ TEST(CTData, EverySetterTellsTheObserversOnce)
         std::function<void()> set;
     } setters[] = {
         {"setImageVolume", &ct, [&] { ct.setImageVolume(nullptr); }},
-        {"setTotalResampleNHPTransformation", &ct, [&] { ct.setTotalResampleNHPTransformation({}); }},
+        {"setTotalResampleNHPTransformation", &ct,
+         [&] { ct.setTotalResampleNHPTransformation({}); }},
         {"addLandmarkAnnotation", &ct,
-         [&] { ct.addLandmarkAnnotation(std::make_shared<LandmarkAnnotation>(landmarkDetection::Nasion)); }},
+         [&] {
+             ct.addLandmarkAnnotation(
+                 std::make_shared<LandmarkAnnotation>(landmarkDetection::Nasion));
+         }},
         {"setOcclusalPlaneDefinition", &ct,
          [&] { ct.setOcclusalPlaneDefinition(CTData::OcclusalPlaneBelowCentre); }},
         {"setImage", &volume, [&] { volume.setImage(nullptr); }},

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/DataObject.h>
 
-// PropertyObject, DataObject and EditLocker: types, sharing, undo flag, editing brackets and suppressed
-// notification.
+// PropertyObject, DataObject and EditLocker: types, sharing, undo flag, editing brackets and
+// suppressed notification.
 
 #include <gtest/gtest.h>
 

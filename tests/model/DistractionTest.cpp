@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/Distraction.h>
 
-// Distractors and shells; and the small classes beside them: jaw joints, apices, root canals, original models, the
-// line of a nerve.
+// Distractors and shells; and the small classes beside them: jaw joints, apices, root canals,
+// original models, the line of a nerve.
 
 #include <CoreAlgorithms/model/dataobjects/Endodontics.h>
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>

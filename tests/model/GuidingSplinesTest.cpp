@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 
-// Points, directions along a line, and the splines: control points, curve, sampling, tags, notification.
+// Points, directions along a line, and the splines: control points, curve, sampling, tags,
+// notification.
 
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 
@@ -30,7 +31,10 @@ public:
     std::vector<GuidingLineEvent::Type> types;
 
 private:
-    void changedEvent(GuidingLine*, GuidingLineEvent* event) override { types.push_back(event->type); }
+    void changedEvent(GuidingLine*, GuidingLineEvent* event) override
+    {
+        types.push_back(event->type);
+    }
 };
 
 class ObjectRecorder : public patterns::Observer<DataObject, std::nullptr_t>
@@ -88,7 +92,8 @@ TEST(Point, GivesItsPositionAndTellsAChange)
 TEST(GuidingLine, DirectionRunsFromTheSampleBeforeToTheOneBehind)
 {
     GuidingLine line;
-    line.setOriginalPath({{0.0F, 0.0F, 0.0F}, {2.0F, 0.0F, 0.0F}, {2.0F, 2.0F, 0.0F}, {2.0F, 2.0F, 8.0F}});
+    line.setOriginalPath(
+        {{0.0F, 0.0F, 0.0F}, {2.0F, 0.0F, 0.0F}, {2.0F, 2.0F, 0.0F}, {2.0F, 2.0F, 8.0F}});
     EXPECT_EQ(line.getDirection(0), QVector3D(1.0F, 0.0F, 0.0F));
     EXPECT_FLOAT_EQ(line.getDirection(1).x(), 0.70710678F); // halves of a right angle are rounded
     EXPECT_FLOAT_EQ(line.getDirection(1).y(), 0.70710678F);
@@ -111,7 +116,8 @@ TEST(GuidingLine, HasNoDirectionOutsideThePathOrWhereSamplesCoincide)
     GuidingLine line;
     EXPECT_EQ(line.getDirection(0), kNull);
     line.setOriginalPath({{1.0F, 0.0F, 0.0F}, {2.0F, 0.0F, 0.0F}});
-    for (const int outside : {-1, 2, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+    for (const int outside :
+         {-1, 2, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
         EXPECT_EQ(line.getDirection(outside), kNull) << outside;
         EXPECT_EQ(line.getPerpendicularDirection(outside), kNull) << outside;
     }
@@ -143,8 +149,9 @@ TEST(GuidingLine, IsMovedSampleBySample)
 TEST(GuidingSplines, AreOfTheirTypesAndOfThoseOfTheirBases)
 {
     const PlanarDentalSpline spline;
-    for (const QString& type : {PlanarDentalSpline::getClassTypeId(), PlanarGuidingSpline::getClassTypeId(),
-                                GuidingSpline::getClassTypeId(), GuidingLine::getClassTypeId()})
+    for (const QString& type :
+         {PlanarDentalSpline::getClassTypeId(), PlanarGuidingSpline::getClassTypeId(),
+          GuidingSpline::getClassTypeId(), GuidingLine::getClassTypeId()})
         EXPECT_TRUE(spline.isOfType(type)) << type.toStdString();
     EXPECT_FALSE(GuidingSpline().isOfType(PlanarGuidingSpline::getClassTypeId()));
     EXPECT_FALSE(PlanarGuidingSpline().isOfType(PlanarDentalSpline::getClassTypeId()));
@@ -269,7 +276,8 @@ TEST_F(SplineTest, IsMovedByNewPointsThatCarryTheTags)
     ASSERT_EQ(points.size(), 2);
     EXPECT_EQ(points[0]->getPosition(), QVector3D(0.0F, 0.0F, 5.0F));
     EXPECT_EQ(points[1]->getPosition(), QVector3D(2.0F, 0.0F, 5.0F));
-    EXPECT_EQ(spline.getObjects(), (QMap<ToothChart::Tooth, std::shared_ptr<Point>>{{tooth(20), points[1]}}));
+    EXPECT_EQ(spline.getObjects(),
+              (QMap<ToothChart::Tooth, std::shared_ptr<Point>>{{tooth(20), points[1]}}));
     EXPECT_EQ(spline.getOriginalPath().first(), QVector3D(0.0F, 0.0F, 5.0F));
     EXPECT_EQ(ofLine.types, std::vector{GuidingLineEvent::PathChanged});
     EXPECT_EQ(ofObject.changes, 1);

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/Implants.h>
 
-// Implants, anchor pins and nerves: types, storage, notification, and shared pointers to them as keys.
+// Implants, anchor pins and nerves: types, storage, notification, and shared pointers to them as
+// keys.
 
 #include <tests/support/Matrices.h>
 #include <tests/support/ModelRecorders.h>
@@ -47,7 +48,8 @@ TEST(Implant3D, PlacementIsReplacedNotComposed)
 {
     Implant3D implant;
     implant.setObjectTransform(test::translation(1.0F, 0.0F, 0.0F));
-    implant.setObjectTransform(test::translation(5.0F, 0.0F, 0.0F), TransformManipulationType::Translation);
+    implant.setObjectTransform(test::translation(5.0F, 0.0F, 0.0F),
+                               TransformManipulationType::Translation);
     EXPECT_EQ(implant.getObjectTransform(), test::translation(5.0F, 0.0F, 0.0F));
     EXPECT_EQ(implant.getLastManipulation(), TransformManipulationType::Translation);
 }

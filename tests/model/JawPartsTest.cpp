@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/JawParts.h>
 
-// Parts that a surgery moves: what turns, and what a lower jaw knows of its joints and its occlusal plane.
+// Parts that a surgery moves: what turns, and what a lower jaw knows of its joints and its occlusal
+// plane.
 
 #include <tests/support/ModelRecorders.h>
 
@@ -15,7 +16,8 @@ using test::expectVector;
 
 TEST(JawParts, AllTurn)
 {
-    const QStringList bases = {Surface3DModel::getClassTypeId(), SurgeryPlanningPart::getClassTypeId(),
+    const QStringList bases = {Surface3DModel::getClassTypeId(),
+                               SurgeryPlanningPart::getClassTypeId(),
                                RotatableSurgeryPlanningPart::getClassTypeId()};
     expectTypes(Maxilla(), bases);
     expectTypes(Mandibula(), bases);

@@ -32,7 +32,8 @@ TEST(PointSet, MovesEveryVertex)
     matrix.translate(10.0F, 20.0F, 30.0F);
     matrix.scale(2.0F);
     points.applyTransformation(matrix);
-    EXPECT_EQ(points.getVertices(), (QList<QVector3D>{{12.0F, 20.0F, 30.0F}, {10.0F, 24.0F, 38.0F}}));
+    EXPECT_EQ(points.getVertices(),
+              (QList<QVector3D>{{12.0F, 20.0F, 30.0F}, {10.0F, 24.0F, 38.0F}}));
 }
 
 TEST(PointSet, CopiesAreIndependent)
@@ -54,7 +55,8 @@ TEST(PointSet, BoxHoldsTheOriginAlsoIfItComesFirst)
 TEST(PointSet, BoxIsSmallest)
 {
     const geometry::PointSet points({{1.0F, -2.0F, 5.0F}, {-1.0F, 3.0F, 4.0F}, {0.0F, 0.0F, 6.0F}});
-    EXPECT_EQ(points.getBoundingBox(), primitives::BoundingBox(-1.0F, -2.0F, 4.0F, 1.0F, 3.0F, 6.0F));
+    EXPECT_EQ(points.getBoundingBox(),
+              primitives::BoundingBox(-1.0F, -2.0F, 4.0F, 1.0F, 3.0F, 6.0F));
 }
 
 TEST(PointSet, VerticesWithNanExtendNothing)
@@ -101,10 +103,11 @@ TEST(BoundedTriangles, IsAnEmptyCellAtFirst)
 TEST(PointSet, TransformationHasTheBitsOfTheMatrixsOwnMap)
 {
     constexpr float infinity = std::numeric_limits<float>::infinity();
-    QList<QVector3D> points{{0.0F, 0.0F, 0.0F},       {-0.0F, -0.0F, -0.0F},      {1.0F, -2.0F, 3.0F},
-                            {kNan, 1.0F, 1.0F},       {1.0F, infinity, 1.0F},     {1.0F, 1.0F, -infinity},
-                            {3e38F, -3e38F, 3e38F},   {1e-40F, -1e-45F, 1e-38F},  {infinity, kNan, -infinity},
-                            {123.456F, 0.1F, -77.7F}, {-0.33333F, 1e10F, -1e-10F}};
+    QList<QVector3D> points{
+        {0.0F, 0.0F, 0.0F},       {-0.0F, -0.0F, -0.0F},      {1.0F, -2.0F, 3.0F},
+        {kNan, 1.0F, 1.0F},       {1.0F, infinity, 1.0F},     {1.0F, 1.0F, -infinity},
+        {3e38F, -3e38F, 3e38F},   {1e-40F, -1e-45F, 1e-38F},  {infinity, kNan, -infinity},
+        {123.456F, 0.1F, -77.7F}, {-0.33333F, 1e10F, -1e-10F}};
     QMatrix4x4 shift;
     shift.translate(1.5F, -2.25F, 1e-3F);
     QMatrix4x4 flatTurn;
@@ -126,8 +129,9 @@ TEST(PointSet, TransformationHasTheBitsOfTheMatrixsOwnMap)
         return (std::isnan(a) && std::isnan(b)) ||
                std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b);
     };
-    for (const QMatrix4x4& matrix : {QMatrix4x4(), shift, flatTurn, rigid, scaled, perspective,
-                                     identityOfUnknownContents, odd, halved, rigid * rigid.inverted()}) {
+    for (const QMatrix4x4& matrix :
+         {QMatrix4x4(), shift, flatTurn, rigid, scaled, perspective, identityOfUnknownContents, odd,
+          halved, rigid * rigid.inverted()}) {
         geometry::PointSet set(points);
         set.applyTransformation(matrix);
         for (int i = 0; i < points.size(); ++i) {

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/Movements.h>
 
-// Movements of a surgery: types, modes, transformations by mode, ownership, the lock of undo and redo.
+// Movements of a surgery: types, modes, transformations by mode, ownership, the lock of undo and
+// redo.
 
 #include <tests/support/ModelRecorders.h>
 
@@ -46,7 +47,8 @@ TEST(MovementTypes, AreFourAndItsGettersTellThem)
 {
     const MovementTypes types(nullptr);
     EXPECT_EQ(types.getMaxillaryOcclusionMovement(), MovementTypes::m_maxillary_occlusion_movement);
-    EXPECT_EQ(types.getMandibularOcclusionMovement(), MovementTypes::m_mandibular_occlusion_movement);
+    EXPECT_EQ(types.getMandibularOcclusionMovement(),
+              MovementTypes::m_mandibular_occlusion_movement);
     EXPECT_EQ(types.getMaxillarySegmentalOcclusionMovement(),
               MovementTypes::m_maxillary_segmental_occlusion_movement);
     EXPECT_EQ(types.getMandibularSegmentalOcclusionMovement(),
@@ -154,7 +156,8 @@ TEST(OcclusionMovement, KeepsOneTransformationForEachMode)
     movement.removeOcclusionModeTransformation(QStringLiteral("a"));
     EXPECT_FALSE(movement.getOcclusionModeTransformation(QStringLiteral("a")));
     EXPECT_TRUE(movement.getOcclusionModeTransformation(QStringLiteral("b")).hasValue());
-    EXPECT_EQ(movement.getMovementModes(), QStringList()) << "modes are set and removed on their own";
+    EXPECT_EQ(movement.getMovementModes(), QStringList())
+        << "modes are set and removed on their own";
 }
 
 TEST(OcclusionMovement, KeepsTheTreatedJaw)

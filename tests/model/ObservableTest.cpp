@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/patterns/Observable.h>
 
-// Both sides of the observer pattern: links, notification, re-entrancy, destruction, copies, layout and slot
-// order.
+// Both sides of the observer pattern: links, notification, re-entrancy, destruction, copies, layout
+// and slot order.
 
 #include <gtest/gtest.h>
 
@@ -49,7 +49,8 @@ std::uintptr_t addressOf(const void* subject)
     return reinterpret_cast<std::uintptr_t>(subject);
 }
 
-// Records what it is told and then reacts as the test wants. As in real listeners, the reactions are private.
+// Records what it is told and then reacts as the test wants. As in real listeners, the reactions
+// are private.
 class PlainRecorder : public patterns::Observer<PlainSubject, std::nullptr_t>
 {
 public:
@@ -81,7 +82,10 @@ public:
     std::vector<std::uintptr_t> destructions;
 
 private:
-    void changedEvent(EventSubject* subject, Change* event) override { changes.emplace_back(subject, event); }
+    void changedEvent(EventSubject* subject, Change* event) override
+    {
+        changes.emplace_back(subject, event);
+    }
     void destroyed(EventSubject* subject) override { destructions.push_back(addressOf(subject)); }
 };
 
@@ -100,7 +104,8 @@ using EventObserver = patterns::Observer<EventSubject, Change>;
 using EventObserverBase = patterns::ObserverBase<EventSubject, Change>;
 
 template <typename Type>
-constexpr bool kIsPolymorphicBase = std::is_polymorphic_v<Type>&& std::has_virtual_destructor_v<Type>;
+constexpr bool kIsPolymorphicBase =
+    std::is_polymorphic_v<Type>&& std::has_virtual_destructor_v<Type>;
 
 static_assert(kIsPolymorphicBase<PlainObservableBase> && kIsPolymorphicBase<EventObservableBase>);
 static_assert(kIsPolymorphicBase<PlainObservable> && kIsPolymorphicBase<EventObservable>);
@@ -113,8 +118,10 @@ static_assert(std::is_abstract_v<PlainObserver> && std::is_abstract_v<EventObser
 
 static_assert(std::is_default_constructible_v<PlainObservable> &&
               std::is_default_constructible_v<EventObservable>);
-static_assert(std::is_copy_constructible_v<PlainObservable> && std::is_copy_assignable_v<PlainObservable>);
-static_assert(std::is_copy_constructible_v<PlainRecorder> && std::is_copy_assignable_v<PlainRecorder>);
+static_assert(std::is_copy_constructible_v<PlainObservable> &&
+              std::is_copy_assignable_v<PlainObservable>);
+static_assert(std::is_copy_constructible_v<PlainRecorder> &&
+              std::is_copy_assignable_v<PlainRecorder>);
 
 static_assert(std::is_base_of_v<PlainObservableBase, PlainObservable>);
 static_assert(std::is_base_of_v<PlainObserverBase, PlainObserver>);
@@ -154,8 +161,9 @@ TEST(Observer, HoldsTheTablePointerAndTheObservableSetOnly)
 
 #if defined(__GNUC__)
 
-// In the Itanium C++ ABI a pointer to a virtual member function holds 1 + the byte offset of its slot; on ARM
-// the 1 stands in the second word instead. The destructor takes slots 0 (complete) and 1 (deleting).
+// In the Itanium C++ ABI a pointer to a virtual member function holds 1 + the byte offset of its
+// slot; on ARM the 1 stands in the second word instead. The destructor takes slots 0 (complete) and
+// 1 (deleting).
 template <typename MemberFunction>
 std::size_t slotOf(MemberFunction function)
 {
@@ -506,8 +514,8 @@ TEST(Observable, SubjectReachesItsObserversThroughASecondBaseClass)
     EXPECT_EQ(recorder.told, (std::vector<Late*>{address, address}));
 }
 
-// ---- changes of the links while a notification runs; the order of the calls is open, so the tests are
-// symmetric
+// ---- changes of the links while a notification runs; the order of the calls is open, so the tests
+// are symmetric
 
 TEST(Observable, ObserverMayDetachItselfInItsReaction)
 {
@@ -606,7 +614,8 @@ TEST(Observable, ObserverAttachedDuringANotificationIsToldFromTheNextOneOn)
 {
     PlainSubject subject;
     PlainRecorder host;
-    std::array<PlainRecorder, 32> guests; // many, so that the set must grow while it is being walked
+    std::array<PlainRecorder, 32>
+        guests; // many, so that the set must grow while it is being walked
     host.onChange = [&] {
         for (PlainRecorder& guest : guests)
             subject.attach(&guest);
@@ -744,8 +753,8 @@ TEST(Observable, DestructionUnlinksEachObserverBeforeItTellsTheNext)
 
 TEST(Observable, DestructionTellsAlsoAnObserverThatAnEarlierOneHasDetached)
 {
-    // Intended: unlike notify(), destruction does not look whether an observer is still attached. Whichever
-    // of the two is told first detaches the other, which is told all the same.
+    // Intended: unlike notify(), destruction does not look whether an observer is still attached.
+    // Whichever of the two is told first detaches the other, which is told all the same.
     PlainRecorder first;
     PlainRecorder second;
     std::optional<PlainSubject> subject(std::in_place);
@@ -918,7 +927,9 @@ TEST(Observable, LinksOfBothSidesAgreeThroughAnySequenceOfOperations)
     constexpr std::size_t kCount = 6;
     SCOPED_TRACE(::testing::Message() << "seed " << kSeed);
     std::mt19937 random(kSeed);
-    const auto upTo = [&random](std::size_t count) { return static_cast<std::size_t>(random() % count); };
+    const auto upTo = [&random](std::size_t count) {
+        return static_cast<std::size_t>(random() % count);
+    };
 
     std::array<std::unique_ptr<PlainSubject>, kCount> subjects;
     std::array<std::unique_ptr<PlainRecorder>, kCount> recorders;

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/math/Operations.h>
 
-// math::Operations::getRotationTo: the shortest rotation, opposite directions, vectors without a direction.
+// math::Operations::getRotationTo: the shortest rotation, opposite directions, vectors without a
+// direction.
 
 #include <gtest/gtest.h>
 
@@ -76,13 +77,16 @@ TEST(GetRotationTo, AxisOfAHalfTurnNeedNotHaveUnitLength)
 
 TEST(GetRotationTo, OppositeObliqueDirectionsAreTurnedAboutTheAxis)
 {
-    EXPECT_EQ(rotationTo({1.0F, 2.0F, 0.0F}, {-1.0F, -2.0F, 0.0F}, kZ), QQuaternion(0.0F, 0.0F, 0.0F, 1.0F));
-    EXPECT_EQ(rotationTo({1.0F, 2.0F, 0.0F}, {-3.0F, -6.0F, 0.0F}, kZ), QQuaternion(0.0F, 0.0F, 0.0F, 1.0F));
+    EXPECT_EQ(rotationTo({1.0F, 2.0F, 0.0F}, {-1.0F, -2.0F, 0.0F}, kZ),
+              QQuaternion(0.0F, 0.0F, 0.0F, 1.0F));
+    EXPECT_EQ(rotationTo({1.0F, 2.0F, 0.0F}, {-3.0F, -6.0F, 0.0F}, kZ),
+              QQuaternion(0.0F, 0.0F, 0.0F, 1.0F));
 }
 
 TEST(GetRotationTo, OppositeDirectionsOfAlmostUnitLengthAreTurnedToo)
 {
-    // Unit vectors written with four digits: QVector3D::normalized() keeps lengths so near to 1 as they are.
+    // Unit vectors written with four digits: QVector3D::normalized() keeps lengths so near to 1 as
+    // they are.
     EXPECT_EQ(rotationTo({0.7071F, 0.7071F, 0.0F}, {-0.7071F, -0.7071F, 0.0F}, kZ),
               QQuaternion(0.0F, 0.0F, 0.0F, 1.0F));
 }
@@ -96,9 +100,10 @@ TEST(GetRotationTo, DirectionsAFewHundredthsOfADegreeFromOppositeAreStillTakenOn
 
 TEST(GetRotationTo, VectorWithoutADirectionGivesTheIdentity)
 {
-    const QVector3D bad[] = {{0.0F, 0.0F, 0.0F},   {0.0F, 0.0F, 1e-6F}, // as zero for QVector3D::normalized()
-                             {kNan, 0.0F, 0.0F},   {0.0F, kInfinity, 0.0F}, {-kInfinity, kInfinity, 1.0F},
-                             {3e38F, 3e38F, 3e38F}}; // its length overflows
+    const QVector3D bad[] = {
+        {0.0F, 0.0F, 0.0F},   {0.0F, 0.0F, 1e-6F}, // as zero for QVector3D::normalized()
+        {kNan, 0.0F, 0.0F},   {0.0F, kInfinity, 0.0F}, {-kInfinity, kInfinity, 1.0F},
+        {3e38F, 3e38F, 3e38F}}; // its length overflows
     for (const QVector3D& vector : bad) {
         EXPECT_EQ(rotationTo(vector, kY, kZ), kIdentity);
         EXPECT_EQ(rotationTo(kY, vector, kZ), kIdentity);
@@ -125,8 +130,8 @@ TEST(GetRotationTo, TakesTheFirstDirectionOntoTheSecondTheShortWay)
         const QVector3D to = direction();
         const QQuaternion rotation = rotationTo(from * 3.0F, to * 0.2F, kZ);
         SCOPED_TRACE(round);
-        // Near half a turn the sine of the half angle is lost in rounding, by up to 1e-7 over the angle that
-        // is left.
+        // Near half a turn the sine of the half angle is lost in rounding, by up to 1e-7 over the
+        // angle that is left.
         expectNear(rotation.rotatedVector(from), to, 5e-5F);
         EXPECT_GE(rotation.scalar(), 0.0F) << "at most half a turn";
         EXPECT_NEAR(rotation.length(), 1.0F, 1e-6F);

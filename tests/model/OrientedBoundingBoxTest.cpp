@@ -16,7 +16,8 @@ using primitives::OrientedBoundingBox;
 
 const BoundingBox kBox(1.0F, 2.0F, 3.0F, 4.0F, 6.0F, 8.0F);
 
-// (x, y, z) -> (10 - y, 20 + x, 30 + z): a quarter turn about z, then a shift. Exact in single precision.
+// (x, y, z) -> (10 - y, 20 + x, 30 + z): a quarter turn about z, then a shift. Exact in single
+// precision.
 const QMatrix4x4 kTurnedAndShifted(0.0F, -1.0F, 0.0F, 10.0F, //
                                    1.0F, 0.0F, 0.0F, 20.0F,  //
                                    0.0F, 0.0F, 1.0F, 30.0F,  //
@@ -34,16 +35,17 @@ TEST(OrientedBoundingBox, IsPlacedByTheIdentityAtFirst)
 
 TEST(OrientedBoundingBox, CornersAreThePlacedOnesWithABitForEachLocalAxis)
 {
-    const QList<QVector3D> expected{{8.0F, 21.0F, 33.0F}, {8.0F, 24.0F, 33.0F}, {4.0F, 21.0F, 33.0F},
-                                    {4.0F, 24.0F, 33.0F}, {8.0F, 21.0F, 38.0F}, {8.0F, 24.0F, 38.0F},
-                                    {4.0F, 21.0F, 38.0F}, {4.0F, 24.0F, 38.0F}};
+    const QList<QVector3D> expected{
+        {8.0F, 21.0F, 33.0F}, {8.0F, 24.0F, 33.0F}, {4.0F, 21.0F, 33.0F}, {4.0F, 24.0F, 33.0F},
+        {8.0F, 21.0F, 38.0F}, {8.0F, 24.0F, 38.0F}, {4.0F, 21.0F, 38.0F}, {4.0F, 24.0F, 38.0F}};
     EXPECT_EQ(OrientedBoundingBox(kBox).transformed(kTurnedAndShifted).getCornerPoints(), expected);
 }
 
 TEST(OrientedBoundingBox, EnclosingBoxIsRoundThePlacedCorners)
 {
-    EXPECT_EQ(OrientedBoundingBox(kBox).transformed(kTurnedAndShifted).getAABBOfTransformedBoundingBox(),
-              BoundingBox(4.0F, 21.0F, 33.0F, 8.0F, 24.0F, 38.0F));
+    EXPECT_EQ(
+        OrientedBoundingBox(kBox).transformed(kTurnedAndShifted).getAABBOfTransformedBoundingBox(),
+        BoundingBox(4.0F, 21.0F, 33.0F, 8.0F, 24.0F, 38.0F));
 }
 
 TEST(OrientedBoundingBox, IsClosed)
@@ -60,13 +62,14 @@ TEST(OrientedBoundingBox, IsClosed)
 
 TEST(OrientedBoundingBox, PointWhereTheBoxWasBeforeItsPlacementIsOutside)
 {
-    EXPECT_FALSE(OrientedBoundingBox(kBox).transformed(kTurnedAndShifted).isInside({2.0F, 3.0F, 4.0F}));
+    EXPECT_FALSE(
+        OrientedBoundingBox(kBox).transformed(kTurnedAndShifted).isInside({2.0F, 3.0F, 4.0F}));
 }
 
 TEST(OrientedBoundingBox, InsideIsNarrowerThanTheEnclosingBox)
 {
-    // A square of half side 1 turned by 45 degrees: its enclosing box has half side sqrt(2), whose corners it
-    // leaves.
+    // A square of half side 1 turned by 45 degrees: its enclosing box has half side sqrt(2), whose
+    // corners it leaves.
     QMatrix4x4 matrix;
     matrix.rotate(45.0F, 0.0F, 0.0F, 1.0F);
     const OrientedBoundingBox box =
@@ -100,7 +103,8 @@ TEST(OrientedBoundingBox, TransformedLeavesTheBoxItselfAlone)
 
 TEST(OrientedBoundingBox, NullBoxContainsNothingAndEnclosesNothing)
 {
-    const OrientedBoundingBox box = OrientedBoundingBox(BoundingBox()).transformed(kTurnedAndShifted);
+    const OrientedBoundingBox box =
+        OrientedBoundingBox(BoundingBox()).transformed(kTurnedAndShifted);
     EXPECT_FALSE(box.isInside({10.0F, 20.0F, 30.0F})) << "where its origin is placed";
     EXPECT_FALSE(box.isInside({0.0F, 0.0F, 0.0F}));
     EXPECT_TRUE(box.getAABBOfTransformedBoundingBox().isNull());

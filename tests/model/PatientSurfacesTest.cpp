@@ -41,7 +41,8 @@ TEST(PatientSurfaces, AreMovedRelatively)
 
 TEST(PlacedSurfaces, AreSurfaceModels)
 {
-    const QStringList bases = {Surface3DModel::getClassTypeId(), PlacedSurfaceModel::getClassTypeId()};
+    const QStringList bases = {Surface3DModel::getClassTypeId(),
+                               PlacedSurfaceModel::getClassTypeId()};
     expectTypes(VirtualTooth(), bases);
     expectTypes(dataobject::SurgicalTemplate3D(), bases);
     expectTypes(dataobject::PreviewSurgicalTemplate(), bases);

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/linearalgebra/PlaneFit.h>
 
-// algebra::fitPlane: the plane of least squares, the sign of its normal, and points that span no plane.
+// algebra::fitPlane: the plane of least squares, the sign of its normal, and points that span no
+// plane.
 
 #include <gtest/gtest.h>
 
@@ -23,9 +24,11 @@ constexpr double kRounding = 1e-12;
 
 static_assert(std::is_aggregate_v<algebra::Plane>);
 
-void expectNear(const Eigen::Vector3d& actual, const Eigen::Vector3d& expected, double tolerance = kRounding)
+void expectNear(const Eigen::Vector3d& actual, const Eigen::Vector3d& expected,
+                double tolerance = kRounding)
 {
-    EXPECT_LE((actual - expected).norm(), tolerance) << actual.transpose() << " for " << expected.transpose();
+    EXPECT_LE((actual - expected).norm(), tolerance)
+        << actual.transpose() << " for " << expected.transpose();
 }
 
 TEST(AlgebraPlane, HoldsTheNormalFirst)
@@ -62,9 +65,10 @@ TEST(FitPlane, PointIsTheCentroid)
 
 TEST(FitPlane, LeavesTheLeastSquaredDistances)
 {
-    // Two points 1/4 above and two below z = 3, balanced along x and y: only z = 3 halves them, by symmetry.
-    const auto plane =
-        algebra::fitPlane({{1.0, 1.0, 3.25}, {-1.0, -1.0, 3.25}, {1.0, -1.0, 2.75}, {-1.0, 1.0, 2.75}});
+    // Two points 1/4 above and two below z = 3, balanced along x and y: only z = 3 halves them, by
+    // symmetry.
+    const auto plane = algebra::fitPlane(
+        {{1.0, 1.0, 3.25}, {-1.0, -1.0, 3.25}, {1.0, -1.0, 2.75}, {-1.0, 1.0, 2.75}});
     ASSERT_TRUE(plane);
     expectNear(plane.value().normal, {0.0, 0.0, 1.0});
     expectNear(plane.value().point, {0.0, 0.0, 3.0});
@@ -146,8 +150,8 @@ TEST(FitPlane, PointThatIsNotFiniteSpansNone)
 TEST(FitPlane, WorksFromVerySmallToVeryLargeCoordinates)
 {
     for (const double unit : {1e-300, 1e-100, 1.0, 1e100, 1e300}) {
-        const auto plane =
-            algebra::fitPlane({{9.0 * unit, 0.0, 0.0}, {0.0, 4.5 * unit, 0.0}, {0.0, 0.0, 4.5 * unit}});
+        const auto plane = algebra::fitPlane(
+            {{9.0 * unit, 0.0, 0.0}, {0.0, 4.5 * unit, 0.0}, {0.0, 0.0, 4.5 * unit}});
         ASSERT_TRUE(plane) << unit;
         expectNear(plane.value().normal, {1.0 / 3.0, 2.0 / 3.0, 2.0 / 3.0});
     }
@@ -166,7 +170,8 @@ TEST(FitPlane, FindsAPlaneWhereverItLiesAndInWhateverOrderThePointsCome)
         const Eigen::Vector3d shift = 200.0 * vector();
         Points points;
         for (int i = 0; i < 20; ++i)
-            points.push_back(turn * Eigen::Vector3d(30.0 * unit(random), 30.0 * unit(random), 0.0) + shift);
+            points.push_back(turn * Eigen::Vector3d(30.0 * unit(random), 30.0 * unit(random), 0.0) +
+                             shift);
         const auto plane = algebra::fitPlane(points);
         ASSERT_TRUE(plane);
         Eigen::Vector3d normal = turn * Eigen::Vector3d::UnitZ();

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/math/Plane.h>
 
-// primitives::Plane (and primitives::QRay3D, which it meets): normals, distances, intersection, projection,
-// transforms.
+// primitives::Plane (and primitives::QRay3D, which it meets): normals, distances, intersection,
+// projection, transforms.
 
 #include <CoreAlgorithms/model/math/QRay3D.h>
 
@@ -23,7 +23,8 @@ using primitives::QRay3D;
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-const Plane kLevelFive(QVector3D(1.0F, 2.0F, 5.0F), QVector3D(0.0F, 0.0F, 1.0F)); // z = 5, looking up
+const Plane kLevelFive(QVector3D(1.0F, 2.0F, 5.0F),
+                       QVector3D(0.0F, 0.0F, 1.0F)); // z = 5, looking up
 const QVector3D kUntouched(-1.0F, -2.0F, -3.0F);
 
 // ---- construction
@@ -53,29 +54,35 @@ TEST(Plane, NormalAlmostOfUnitLengthIsKept)
 {
     EXPECT_EQ(Plane(QVector3D(), QVector3D(0.0F, 0.0F, 1.000008F)).getNormal(),
               QVector3D(0.0F, 0.0F, 1.000008F));
-    EXPECT_EQ(Plane(QVector3D(), QVector3D(0.0F, 0.0F, 1.00002F)).getNormal(), QVector3D(0.0F, 0.0F, 1.0F));
+    EXPECT_EQ(Plane(QVector3D(), QVector3D(0.0F, 0.0F, 1.00002F)).getNormal(),
+              QVector3D(0.0F, 0.0F, 1.0F));
 }
 
 TEST(Plane, NormalAlmostOfNoLengthIsZero)
 {
     EXPECT_EQ(Plane(QVector3D(), QVector3D(0.0F, 0.0F, 0.9e-5F)).getNormal(), QVector3D());
-    EXPECT_EQ(Plane(QVector3D(), QVector3D(0.0F, 0.0F, 1.1e-5F)).getNormal(), QVector3D(0.0F, 0.0F, 1.0F));
+    EXPECT_EQ(Plane(QVector3D(), QVector3D(0.0F, 0.0F, 1.1e-5F)).getNormal(),
+              QVector3D(0.0F, 0.0F, 1.0F));
 }
 
 TEST(Plane, TriangleOfThreeMicrometresIsDegenerate)
 {
-    // Legs of 0.003 mm: the cross product has the length 9e-6, which counts as zero; with 0.004 mm it
-    // is 1.6e-5.
-    EXPECT_EQ(Plane(QVector3D(), QVector3D(0.003F, 0.0F, 0.0F), QVector3D(0.0F, 0.003F, 0.0F)).getNormal(),
+    // Legs of 0.003 mm: the cross product has the length 9e-6, which counts as zero; with 0.004 mm
+    // it is 1.6e-5.
+    EXPECT_EQ(Plane(QVector3D(), QVector3D(0.003F, 0.0F, 0.0F), QVector3D(0.0F, 0.003F, 0.0F))
+                  .getNormal(),
               QVector3D());
-    EXPECT_EQ(Plane(QVector3D(), QVector3D(0.004F, 0.0F, 0.0F), QVector3D(0.0F, 0.004F, 0.0F)).getNormal(),
+    EXPECT_EQ(Plane(QVector3D(), QVector3D(0.004F, 0.0F, 0.0F), QVector3D(0.0F, 0.004F, 0.0F))
+                  .getNormal(),
               QVector3D(0.0F, 0.0F, 1.0F));
 }
 
 TEST(Plane, ThroughPointsInALineIsDegenerate)
 {
-    EXPECT_EQ(Plane({0.0F, 0.0F, 0.0F}, {1.0F, 2.0F, 3.0F}, {2.0F, 4.0F, 6.0F}).getNormal(), QVector3D());
-    EXPECT_EQ(Plane({1.0F, 2.0F, 3.0F}, {1.0F, 2.0F, 3.0F}, {1.0F, 2.0F, 3.0F}).getNormal(), QVector3D());
+    EXPECT_EQ(Plane({0.0F, 0.0F, 0.0F}, {1.0F, 2.0F, 3.0F}, {2.0F, 4.0F, 6.0F}).getNormal(),
+              QVector3D());
+    EXPECT_EQ(Plane({1.0F, 2.0F, 3.0F}, {1.0F, 2.0F, 3.0F}, {1.0F, 2.0F, 3.0F}).getNormal(),
+              QVector3D());
 }
 
 TEST(Plane, CopyIsIndependentOfTheOriginal)
@@ -102,8 +109,8 @@ TEST(Plane, DistanceIsPositiveOnTheSideOfTheNormal)
 
 TEST(Plane, DistanceIsTakenFromTheDifferenceOfThePoints)
 {
-    // Far out, single precision counts in steps of 2; the difference of the points is exactly 2, the distance
-    // 2 * 0.6.
+    // Far out, single precision counts in steps of 2; the difference of the points is exactly 2,
+    // the distance 2 * 0.6.
     const Plane plane(QVector3D(16777216.0F, 0.0F, 0.0F), QVector3D(3.0F, 4.0F, 0.0F));
     EXPECT_EQ(plane.getSignedDistance({16777218.0F, 0.0F, 0.0F}), 0x1.333334p+0F);
 }
@@ -153,7 +160,8 @@ TEST(Plane, MeetsTheRayFromEitherSideInTheSamePoint)
 {
     const Plane lookingDown(kLevelFive.getPoint(), -kLevelFive.getNormal());
     QVector3D meetingPoint;
-    EXPECT_TRUE(lookingDown.intersect(QRay3D({0.0F, 0.0F, 0.0F}, {1.0F, 2.0F, 0.5F}), meetingPoint));
+    EXPECT_TRUE(
+        lookingDown.intersect(QRay3D({0.0F, 0.0F, 0.0F}, {1.0F, 2.0F, 0.5F}), meetingPoint));
     EXPECT_EQ(meetingPoint, QVector3D(10.0F, 20.0F, 5.0F));
 }
 
@@ -186,7 +194,8 @@ TEST(Plane, InfiniteDirectionMeetsItNowhere)
 {
     // The way is 5 / infinity = 0, but infinity times 0 is no coordinate.
     QVector3D meetingPoint = kUntouched;
-    EXPECT_FALSE(kLevelFive.intersect(QRay3D({0.0F, 0.0F, 0.0F}, {0.0F, 0.0F, kInfinity}), meetingPoint));
+    EXPECT_FALSE(
+        kLevelFive.intersect(QRay3D({0.0F, 0.0F, 0.0F}, {0.0F, 0.0F, kInfinity}), meetingPoint));
     EXPECT_EQ(meetingPoint, kUntouched);
 }
 
@@ -194,7 +203,8 @@ TEST(Plane, DegeneratePlaneMeetsNothing)
 {
     const Plane degenerate(QVector3D(0.0F, 0.0F, 5.0F), QVector3D());
     QVector3D meetingPoint = kUntouched;
-    EXPECT_FALSE(degenerate.intersect(QRay3D({0.0F, 0.0F, 0.0F}, {0.0F, 0.0F, 1.0F}), meetingPoint));
+    EXPECT_FALSE(
+        degenerate.intersect(QRay3D({0.0F, 0.0F, 0.0F}, {0.0F, 0.0F, 1.0F}), meetingPoint));
     EXPECT_EQ(meetingPoint, kUntouched);
 }
 
@@ -210,9 +220,12 @@ TEST(Plane, PlaneOfNansMeetsNothing)
 
 TEST(Plane, ProjectsAlongTheDirectionEitherWay)
 {
-    EXPECT_EQ(kLevelFive.project({3.0F, 4.0F, 9.0F}, {0.0F, 0.0F, 1.0F}), QVector3D(3.0F, 4.0F, 5.0F));
-    EXPECT_EQ(kLevelFive.project({0.0F, 0.0F, 0.0F}, {1.0F, 0.0F, 1.0F}), QVector3D(5.0F, 0.0F, 5.0F));
-    EXPECT_EQ(kLevelFive.project({0.0F, 0.0F, 0.0F}, {-2.0F, 0.0F, -2.0F}), QVector3D(5.0F, 0.0F, 5.0F));
+    EXPECT_EQ(kLevelFive.project({3.0F, 4.0F, 9.0F}, {0.0F, 0.0F, 1.0F}),
+              QVector3D(3.0F, 4.0F, 5.0F));
+    EXPECT_EQ(kLevelFive.project({0.0F, 0.0F, 0.0F}, {1.0F, 0.0F, 1.0F}),
+              QVector3D(5.0F, 0.0F, 5.0F));
+    EXPECT_EQ(kLevelFive.project({0.0F, 0.0F, 0.0F}, {-2.0F, 0.0F, -2.0F}),
+              QVector3D(5.0F, 0.0F, 5.0F));
 }
 
 TEST(Plane, ProjectionWithoutAMeetingPointIsThePositionItself)
@@ -250,7 +263,8 @@ TEST(Plane, QuarterTurnTurnsPointAndNormal)
 
 TEST(Plane, UnevenScaleTurnsTheNormalAgainstTheStretch)
 {
-    // x + y = 1 becomes x / 2 + y = 1: the normal goes from (1, 1, 0) to (1, 2, 0), not to (2, 1, 0).
+    // x + y = 1 becomes x / 2 + y = 1: the normal goes from (1, 1, 0) to (1, 2, 0), not to (2, 1,
+    // 0).
     Plane plane(QVector3D(1.0F, 0.0F, 0.0F), QVector3D(1.0F, 1.0F, 0.0F));
     QMatrix4x4 matrix;
     matrix.scale(2.0F, 1.0F, 1.0F);
@@ -260,7 +274,8 @@ TEST(Plane, UnevenScaleTurnsTheNormalAgainstTheStretch)
     EXPECT_NEAR(plane.getNormal().x(), 0.4472136F, 2e-7F);
     EXPECT_NEAR(plane.getNormal().y(), 0.8944272F, 2e-7F);
     EXPECT_EQ(plane.getNormal().z(), 0.0F);
-    EXPECT_NEAR(plane.getSignedDistance({0.0F, 1.0F, 0.0F}), 0.0F, 5e-7F) << "a point of the new plane";
+    EXPECT_NEAR(plane.getSignedDistance({0.0F, 1.0F, 0.0F}), 0.0F, 5e-7F)
+        << "a point of the new plane";
 }
 
 TEST(Plane, ShearTurnsTheNormalWithThePlane)
@@ -311,7 +326,8 @@ TEST(Plane, RigidMotionOfPlaneAndPositionKeepsTheDistance)
         motion.rotate(180.0F * unit(random), vector());
         plane.transform(motion);
         // Coordinates up to about 140 mm in single precision: a few steps of 1.5e-5 mm.
-        ASSERT_NEAR(plane.getSignedDistance(motion.map(position)), before, 1e-4F) << "round " << round;
+        ASSERT_NEAR(plane.getSignedDistance(motion.map(position)), before, 1e-4F)
+            << "round " << round;
     }
 }
 
@@ -321,7 +337,9 @@ TEST(Plane, PointsGivenToItLieOnIt)
     SCOPED_TRACE(::testing::Message() << "seed " << kSeed);
     std::mt19937 random(kSeed);
     std::uniform_real_distribution<float> coordinate(-50.0F, 50.0F);
-    const auto point = [&] { return QVector3D(coordinate(random), coordinate(random), coordinate(random)); };
+    const auto point = [&] {
+        return QVector3D(coordinate(random), coordinate(random), coordinate(random));
+    };
     for (int round = 0; round < 200; ++round) {
         const QVector3D a = point();
         const QVector3D b = point();

@@ -61,7 +61,8 @@ TEST(PlannedToPostOpCollection, ListsThePartsThatHaveATransformation)
     EXPECT_EQ(collection.getTransformationSurgeryPartTypes(), QStringList({"a", "b"}));
     EXPECT_EQ(collection.getComparedSurgeryPartTypes(), QStringList({"z"}));
     EXPECT_FALSE(collection.getFromPreOpToPlannedTransformation(QStringLiteral("a")));
-    EXPECT_EQ(collection.getFromPreOpToPostOpTransformation(QStringLiteral("a")).value(), shift(2.0F));
+    EXPECT_EQ(collection.getFromPreOpToPostOpTransformation(QStringLiteral("a")).value(),
+              shift(2.0F));
 }
 
 TEST(PlannedToPostOpCollection, AddsOrReplacesWhatIsNamedAndTellsItOnce)
@@ -74,9 +75,12 @@ TEST(PlannedToPostOpCollection, AddsOrReplacesWhatIsNamedAndTellsItOnce)
     collection.setFromPreOpToPlannedAndPostOpTransformations({{QStringLiteral("b"), shift(3.0F)}},
                                                              {{QStringLiteral("b"), shift(4.0F)}});
     EXPECT_EQ(counter.changes, 1);
-    EXPECT_EQ(collection.getFromPreOpToPlannedTransformation(QStringLiteral("a")).value(), shift(1.0F));
-    EXPECT_EQ(collection.getFromPreOpToPlannedTransformation(QStringLiteral("b")).value(), shift(3.0F));
-    EXPECT_EQ(collection.getFromPreOpToPostOpTransformation(QStringLiteral("b")).value(), shift(4.0F));
+    EXPECT_EQ(collection.getFromPreOpToPlannedTransformation(QStringLiteral("a")).value(),
+              shift(1.0F));
+    EXPECT_EQ(collection.getFromPreOpToPlannedTransformation(QStringLiteral("b")).value(),
+              shift(3.0F));
+    EXPECT_EQ(collection.getFromPreOpToPostOpTransformation(QStringLiteral("b")).value(),
+              shift(4.0F));
 }
 
 TEST(PlannedToPostOpCollection, KeepsARotationPointForEachPart)

@@ -58,7 +58,8 @@ protected:
     }
 
     std::shared_ptr<AttachablePoint> object = std::make_shared<AttachablePoint>();
-    std::shared_ptr<PointUnlinkedMultiPositions> many = std::make_shared<PointUnlinkedMultiPositions>();
+    std::shared_ptr<PointUnlinkedMultiPositions> many =
+        std::make_shared<PointUnlinkedMultiPositions>();
     test::ChangeCounter counter;
     PolyLine line;
 };

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 
-// The reslices: types along their hierarchy, values of a new one, extents, directions, and notification by
-// setters.
+// The reslices: types along their hierarchy, values of a new one, extents, directions, and
+// notification by setters.
 
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 
@@ -27,9 +27,10 @@ static_assert(meta::FromLeft == 1, "the point of view that turns the x axis roun
 const std::vector<QString>& allTypeIds()
 {
     static const std::vector<QString> ids{
-        CoreObject::getClassTypeId(),  PropertyObject::getClassTypeId(), DataObject::getClassTypeId(),
-        Reslice::getClassTypeId(),     PlanarReslice::getClassTypeId(),  PanoramicReslice::getClassTypeId(),
-        CephReslice::getClassTypeId(), GuidingLine::getClassTypeId(),
+        CoreObject::getClassTypeId(),    PropertyObject::getClassTypeId(),
+        DataObject::getClassTypeId(),    Reslice::getClassTypeId(),
+        PlanarReslice::getClassTypeId(), PanoramicReslice::getClassTypeId(),
+        CephReslice::getClassTypeId(),   GuidingLine::getClassTypeId(),
     };
     return ids;
 }
@@ -64,7 +65,8 @@ TEST(TypeIds, OfAnObjectAreItsOwnAndThoseOfItsBases)
               Ids({core, property, data, reslice, PlanarReslice::getClassTypeId()}));
     EXPECT_EQ(typesOf(PanoramicReslice()),
               Ids({core, property, data, reslice, PanoramicReslice::getClassTypeId()}));
-    EXPECT_EQ(typesOf(CephReslice()), Ids({core, property, data, reslice, CephReslice::getClassTypeId()}));
+    EXPECT_EQ(typesOf(CephReslice()),
+              Ids({core, property, data, reslice, CephReslice::getClassTypeId()}));
     EXPECT_EQ(typesOf(GuidingLine()), Ids({core, property, data, GuidingLine::getClassTypeId()}));
 }
 
@@ -106,8 +108,9 @@ TEST(Reslice, ExtentIsDimensionsTimesSampleSize)
 
 TEST(Reslice, ExtentIsComputedInDoublePrecision)
 {
-    // 16777217 does not fit single precision: narrowed first it would be 16777216, and the product with it.
-    // 16777217 * 3 = 50331651, nearest float 50331652; narrowed first, 16777216 * 3 = 50331648.
+    // 16777217 does not fit single precision: narrowed first it would be 16777216, and the product
+    // with it. 16777217 * 3 = 50331651, nearest float 50331652; narrowed first, 16777216 * 3 =
+    // 50331648.
     Reslice reslice;
     reslice.setDimensions({16777217.0, 16777217.0});
     reslice.setSampleSize({3.0F, 3.0F, 1.0F});
@@ -289,7 +292,8 @@ TEST(Reslices, EverySetterTellsTheObserversOnce)
          [&] {
              panoramic.setPath({{1.0F, 2.0F, 3.0F}});
          }},
-        {"setGuidingLine", &panoramic, [&] { panoramic.setGuidingLine(std::make_shared<GuidingLine>()); }},
+        {"setGuidingLine", &panoramic,
+         [&] { panoramic.setGuidingLine(std::make_shared<GuidingLine>()); }},
         {"setVerticalRange", &panoramic,
          [&] {
              panoramic.setVerticalRange({1.0F, 2.0F});

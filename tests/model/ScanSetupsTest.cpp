@@ -82,7 +82,8 @@ TEST(OcclusionScan, IsCalculatedOnceItHasTransformationsAndUntilTheyAreReset)
     EXPECT_TRUE(scan.getUpperTransformation().isIdentity());
     test::ChangeCounter counter;
     scan.attach(&counter);
-    scan.setTransformations(test::translation(1.0F, 0.0F, 0.0F), test::translation(2.0F, 0.0F, 0.0F),
+    scan.setTransformations(test::translation(1.0F, 0.0F, 0.0F),
+                            test::translation(2.0F, 0.0F, 0.0F),
                             test::translation(3.0F, 0.0F, 0.0F));
     EXPECT_TRUE(scan.isCalculated());
     EXPECT_EQ(scan.getUpperTransformation(), test::translation(1.0F, 0.0F, 0.0F));
@@ -125,7 +126,8 @@ TEST(ScanSetup, LeavesOutRawScanDataWithoutASurfaceUnlessAskedForThem)
         setup.addQuarnRawScanData(data);
     EXPECT_EQ(setup.getQuarnRawScanData(true),
               QList<QuarnRawScanData*>({empty.get(), meshed.get(), intermediate.get()}));
-    EXPECT_EQ(setup.getQuarnRawScanData(false), QList<QuarnRawScanData*>({meshed.get(), intermediate.get()}));
+    EXPECT_EQ(setup.getQuarnRawScanData(false),
+              QList<QuarnRawScanData*>({meshed.get(), intermediate.get()}));
 }
 
 TEST(SurfaceTree, MovesRelativelyAndItsBoxFollows)
@@ -143,7 +145,8 @@ TEST(SurfaceTree, MovesRelativelyAndItsBoxFollows)
     tree.setObjectTransform(test::translation(1.0F, 0.0F, 0.0F));
     tree.setObjectTransform(doubling);
     // (1, 1, 1) goes to (1, 1, 101), (2, 1, 101), (4, 2, 202)
-    EXPECT_EQ(tree.getSceneBoundingBox(), primitives::BoundingBox(4.0F, 2.0F, 202.0F, 6.0F, 4.0F, 204.0F));
+    EXPECT_EQ(tree.getSceneBoundingBox(),
+              primitives::BoundingBox(4.0F, 2.0F, 202.0F, 6.0F, 4.0F, 204.0F));
 }
 
 TEST(SurfaceObjectHelper, CombinesTheBoxesInTheSceneAndPassesOverNothing)

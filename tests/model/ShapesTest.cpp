@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/data/Shapes.h>
 
-// Trees of shapes: ownership, the walk over nodes with a shape, boxes; the factory's solids and the loader.
+// Trees of shapes: ownership, the walk over nodes with a shape, boxes; the factory's solids and the
+// loader.
 
 #include <tests/support/Matrices.h>
 
@@ -181,7 +182,8 @@ TEST(ShapeNode, ADeepTreeIsWalkedAndDestroyed)
 
 // ---- the factory
 
-// Six times the volume that the triangles enclose, positive if they are counter-clockwise seen from outside.
+// Six times the volume that the triangles enclose, positive if they are counter-clockwise seen from
+// outside.
 double sixfoldVolume(const geometry::Mesh& mesh)
 {
     double sum = 0.0;
@@ -233,7 +235,8 @@ constexpr double kPolygonArea = 3.1214451522580524;
 TEST_F(ShapeFactoryTest, CylinderIsCentredOnItsOriginAlongZ)
 {
     const geometry::Mesh& cylinder = mesh(factory.generateCylinder(3.5F, 10.0F, false, false));
-    EXPECT_EQ(cylinder.getBoundingBox(), primitives::BoundingBox(-3.5F, -3.5F, -5.0F, 3.5F, 3.5F, 5.0F));
+    EXPECT_EQ(cylinder.getBoundingBox(),
+              primitives::BoundingBox(-3.5F, -3.5F, -5.0F, 3.5F, 3.5F, 5.0F));
     EXPECT_EQ(node->getName(), QStringLiteral("Cylinder"));
     EXPECT_TRUE(node->getTransform().isIdentity());
 }
@@ -250,7 +253,8 @@ TEST_F(ShapeFactoryTest, CylinderLeavesOutTheLidsOfOpenEnds)
 {
     const auto lids = [this](bool openTop, bool openBottom) {
         std::set<float> levels; // at which a lid has its centre
-        const geometry::Mesh& cylinder = mesh(factory.generateCylinder(2.0F, 10.0F, openTop, openBottom));
+        const geometry::Mesh& cylinder =
+            mesh(factory.generateCylinder(2.0F, 10.0F, openTop, openBottom));
         for (int i = 0; i < cylinder.getNumIndices(); ++i) {
             const int number = cylinder.getIndices()[i];
             if (number >= 0 && cylinder.getVertices()[number].x() == 0.0F &&

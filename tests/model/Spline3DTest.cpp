@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/math/Spline3D.h>
 
-// The curve models: sampling at equal steps, the two kinds of curves, their clones, and input that is no
-// curve.
+// The curve models: sampling at equal steps, the two kinds of curves, their clones, and input that
+// is no curve.
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,8 @@ using math::Spline3DInterface;
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-static_assert(std::is_abstract_v<Spline3DInterface> && std::has_virtual_destructor_v<Spline3DInterface>);
+static_assert(std::is_abstract_v<Spline3DInterface> &&
+              std::has_virtual_destructor_v<Spline3DInterface>);
 
 using Path = QList<QVector3D>;
 
@@ -60,7 +61,8 @@ TEST(Spline3D, SamplesAtEqualStepsFromTheFirstControlPointToTheLast)
 
 TEST(Spline3D, AppendsTheLastControlPointIfTheLastStepFallsShortOfIt)
 {
-    EXPECT_EQ(PolylineSpline3D().sample(alongX({0.0F, 10.0F}), 4.0F), alongX({0.0F, 4.0F, 8.0F, 10.0F}));
+    EXPECT_EQ(PolylineSpline3D().sample(alongX({0.0F, 10.0F}), 4.0F),
+              alongX({0.0F, 4.0F, 8.0F, 10.0F}));
 }
 
 TEST(Spline3D, StepLongerThanTheCurveGivesItsEnds)
@@ -73,8 +75,11 @@ TEST(Spline3D, StepsRunRoundCornersByArcLength)
 {
     // Legs of 3 and 4 mm, steps of 2 mm: 1 mm is left over at the corner.
     const Path corner{{0.0F, 0.0F, 0.0F}, {3.0F, 0.0F, 0.0F}, {3.0F, 4.0F, 0.0F}};
-    const Path expected{
-        {0.0F, 0.0F, 0.0F}, {2.0F, 0.0F, 0.0F}, {3.0F, 1.0F, 0.0F}, {3.0F, 3.0F, 0.0F}, {3.0F, 4.0F, 0.0F}};
+    const Path expected{{0.0F, 0.0F, 0.0F},
+                        {2.0F, 0.0F, 0.0F},
+                        {3.0F, 1.0F, 0.0F},
+                        {3.0F, 3.0F, 0.0F},
+                        {3.0F, 4.0F, 0.0F}};
     EXPECT_EQ(PolylineSpline3D().sample(corner, 2.0F), expected);
 }
 
@@ -133,7 +138,8 @@ TEST(Spline3D, GivesUpToAMillionSamples)
 {
     EXPECT_EQ(Spline3DInterface::maximumSampleCount(), 1'000'000);
     EXPECT_EQ(PolylineSpline3D().sample(alongX({0.0F, 999998.0F}), 1.0F).size(), 999'999);
-    EXPECT_EQ(PolylineSpline3D().sample(alongX({0.0F, 999998.5F}), 1.0F).size(), 1'000'000) << "with the end";
+    EXPECT_EQ(PolylineSpline3D().sample(alongX({0.0F, 999998.5F}), 1.0F).size(), 1'000'000)
+        << "with the end";
 }
 
 TEST(Spline3D, GivesExactlyAMillionSamplesWhenTheLastStepReachesTheEnd)
@@ -145,8 +151,9 @@ TEST(Spline3D, MoreThanAMillionSamplesAreNone)
 {
     EXPECT_TRUE(PolylineSpline3D().sample(alongX({0.0F, 999999.5F}), 1.0F).isEmpty());
     EXPECT_TRUE(PolylineSpline3D().sample(alongX({0.0F, 1000000.0F}), 1.0F).isEmpty());
-    EXPECT_TRUE(
-        PolylineSpline3D().sample(alongX({0.0F, 1.0F}), std::numeric_limits<float>::denorm_min()).isEmpty());
+    EXPECT_TRUE(PolylineSpline3D()
+                    .sample(alongX({0.0F, 1.0F}), std::numeric_limits<float>::denorm_min())
+                    .isEmpty());
     EXPECT_TRUE(CatmullRomSpline3D().sample(alongX({0.0F, 1e30F}), 1.0F).isEmpty());
 }
 
@@ -168,7 +175,8 @@ TEST(Spline3D, ControlPointsTheSmallestFloatApartAreACurve)
 
 TEST(CatmullRomSpline3D, PassesThroughItsControlPoints)
 {
-    const Path points{{0.0F, 0.0F, 0.0F}, {5.0F, 1.0F, 2.0F}, {6.0F, 9.0F, 2.5F}, {-3.0F, 9.0F, 0.0F}};
+    const Path points{
+        {0.0F, 0.0F, 0.0F}, {5.0F, 1.0F, 2.0F}, {6.0F, 9.0F, 2.5F}, {-3.0F, 9.0F, 0.0F}};
     const Path chain = OpenCatmullRom(8).flatten(points);
     ASSERT_EQ(chain.size(), 25);
     for (qsizetype i = 0; i < 4; ++i)
@@ -177,8 +185,8 @@ TEST(CatmullRomSpline3D, PassesThroughItsControlPoints)
 
 TEST(CatmullRomSpline3D, HalfWayBetweenEvenlySpacedPointsIsTheClassicalWeighting)
 {
-    // Evenly spaced, every parameterisation agrees: half way is (-p0 + 9 p1 + 9 p2 - p3) / 16. The neighbours
-    // beyond the ends are (-1, 0, 0) and (1, 2, 0), the mirror images.
+    // Evenly spaced, every parameterisation agrees: half way is (-p0 + 9 p1 + 9 p2 - p3) / 16. The
+    // neighbours beyond the ends are (-1, 0, 0) and (1, 2, 0), the mirror images.
     const Path chain =
         OpenCatmullRom(2).flatten({{0.0F, 0.0F, 0.0F}, {1.0F, 0.0F, 0.0F}, {1.0F, 1.0F, 0.0F}});
     const Path expected{{0.0F, 0.0F, 0.0F},
@@ -191,8 +199,9 @@ TEST(CatmullRomSpline3D, HalfWayBetweenEvenlySpacedPointsIsTheClassicalWeighting
 
 TEST(CatmullRomSpline3D, IsCentripetal)
 {
-    // Distances 4 (mirrored), 4, 1 give the knots 0, 2, 4, 5. Half way through the first segment, at knot 3,
-    // the pyramid is 2, 2, 3, then 2, 7/3, then 13/6. Uniform knots would give 35/16, chordal ones 2.
+    // Distances 4 (mirrored), 4, 1 give the knots 0, 2, 4, 5. Half way through the first segment,
+    // at knot 3, the pyramid is 2, 2, 3, then 2, 7/3, then 13/6. Uniform knots would give 35/16,
+    // chordal ones 2.
     const Path chain = OpenCatmullRom(2).flatten(alongX({0.0F, 4.0F, 5.0F}));
     ASSERT_EQ(chain.size(), 5);
     EXPECT_FLOAT_EQ(chain[1].x(), 2.1666667F); // thirds are rounded
@@ -200,7 +209,8 @@ TEST(CatmullRomSpline3D, IsCentripetal)
 
 TEST(CatmullRomSpline3D, BetweenTwoPointsIsStraightAndEven)
 {
-    EXPECT_EQ(OpenCatmullRom(4).flatten(alongX({0.0F, 4.0F})), alongX({0.0F, 1.0F, 2.0F, 3.0F, 4.0F}));
+    EXPECT_EQ(OpenCatmullRom(4).flatten(alongX({0.0F, 4.0F})),
+              alongX({0.0F, 1.0F, 2.0F, 3.0F, 4.0F}));
 }
 
 TEST(CatmullRomSpline3D, OfOneChordPerSegmentIsThePolyline)
@@ -231,16 +241,18 @@ TEST(CatmullRomSpline3D, SamplesOfAnArchAreEvenlySpacedAndLieOnIt)
                                 static_cast<float>(25.0 * std::sin(angle)), 0.0F));
     }
     const Path samples = CatmullRomSpline3D().sample(points, 1.0F);
-    // The arc is 78.54 mm long, the curve through it at most 0.1 mm different: steps 0 to 78 and the end.
+    // The arc is 78.54 mm long, the curve through it at most 0.1 mm different: steps 0 to 78 and
+    // the end.
     ASSERT_EQ(samples.size(), 80);
     EXPECT_EQ(samples.first(), points.first());
     EXPECT_EQ(samples.last(), points.last());
     for (qsizetype i = 1; i + 1 < samples.size(); ++i) {
-        // The straight way across an arc of 1 mm is 50 sin(1/50) = 0.99993 mm; more where the curve is
-        // flatter.
+        // The straight way across an arc of 1 mm is 50 sin(1/50) = 0.99993 mm; more where the curve
+        // is flatter.
         ASSERT_NEAR(samples[i].distanceToPoint(samples[i - 1]), 0.99995F, 1e-3F) << i;
-        // Half way between control points the weighting gives 25 (9 cos 5 - cos 15) / 8 = 24.9994 mm; in the
-        // first and the last segment, with the mirrored neighbour, 25 (17 cos 5 - cos 15) / 16 = 24.952 mm.
+        // Half way between control points the weighting gives 25 (9 cos 5 - cos 15) / 8 = 24.9994
+        // mm; in the first and the last segment, with the mirrored neighbour, 25 (17 cos 5 - cos
+        // 15) / 16 = 24.952 mm.
         const bool inEndSegment = i < 6 || i > 72;
         ASSERT_NEAR(samples[i].length(), 25.0F, inEndSegment ? 0.06F : 2e-3F) << i;
     }

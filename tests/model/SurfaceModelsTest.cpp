@@ -14,7 +14,10 @@ namespace {
 class Surface3DModelTest : public testing::Test
 {
 protected:
-    Surface3DModelTest() { surface.setMesh(geometry::Mesh({{0.0F, 0.0F, 0.0F}, {2.0F, 4.0F, 6.0F}}, {})); }
+    Surface3DModelTest()
+    {
+        surface.setMesh(geometry::Mesh({{0.0F, 0.0F, 0.0F}, {2.0F, 4.0F, 6.0F}}, {}));
+    }
 
     Surface3DModel surface;
 };
@@ -42,7 +45,8 @@ TEST_F(Surface3DModelTest, MovesAreComposedOntoThePlacement)
     doubling.scale(2.0F);
     surface.setObjectTransform(test::translation(1.0F, 0.0F, 0.0F));
     surface.setObjectTransform(doubling);
-    EXPECT_EQ(surface.getObjectTransform().map(QVector3D(0.0F, 0.0F, 0.0F)), QVector3D(2.0F, 0.0F, 0.0F));
+    EXPECT_EQ(surface.getObjectTransform().map(QVector3D(0.0F, 0.0F, 0.0F)),
+              QVector3D(2.0F, 0.0F, 0.0F));
     EXPECT_EQ(surface.getMesh().getVertices().last(), QVector3D(2.0F, 4.0F, 6.0F));
 }
 

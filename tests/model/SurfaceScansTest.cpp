@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
 
-// Surface scans: types, values of a new one, the alignment record beside the single operations, notification.
+// Surface scans: types, values of a new one, the alignment record beside the single operations,
+// notification.
 
 #include <tests/support/Matrices.h>
 #include <tests/support/ModelRecorders.h>
@@ -13,7 +14,8 @@
 
 namespace {
 
-static_assert(std::has_virtual_destructor_v<AlignableSurface> && std::is_abstract_v<AlignableSurface>);
+static_assert(std::has_virtual_destructor_v<AlignableSurface> &&
+              std::is_abstract_v<AlignableSurface>);
 static_assert(NoJaw == 0 && LowerJaw == 1 && UpperJaw == 2, "values that callers store");
 
 SurfaceScanAlignment anAlignment()

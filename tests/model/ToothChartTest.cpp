@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/fundamentals/ToothChart.h>
 
-// ToothChart: kinds of teeth, arches and jaws, opposites, regions, and every number that is no tooth.
+// ToothChart: kinds of teeth, arches and jaws, opposites, regions, and every number that is no
+// tooth.
 
 #include <gtest/gtest.h>
 
@@ -55,7 +56,8 @@ TEST(ToothChart, HasThirtyTwoTeeth)
 
 TEST(ToothChart, MolarsAreTheLastThreeTeethAtEitherEndOfAnArch)
 {
-    EXPECT_EQ(teethThat(&ToothChart::isMolar), (std::set<int>{1, 2, 3, 14, 15, 16, 17, 18, 19, 30, 31, 32}));
+    EXPECT_EQ(teethThat(&ToothChart::isMolar),
+              (std::set<int>{1, 2, 3, 14, 15, 16, 17, 18, 19, 30, 31, 32}));
 }
 
 TEST(ToothChart, PremolarsAreTheTwoTeethInFrontOfTheMolars)
@@ -106,7 +108,8 @@ TEST(ToothChart, OppositeToothStandsInTheOtherArchAndHasTheToothAsItsOpposite)
     for (int number = 1; number <= 32; ++number) {
         const Tooth opposite = ToothChart::getOppositeTooth(Tooth(number));
         EXPECT_EQ(ToothChart::getOppositeTooth(opposite), number);
-        EXPECT_NE(ToothChart::getArchTypeOfTooth(opposite), ToothChart::getArchTypeOfTooth(Tooth(number)))
+        EXPECT_NE(ToothChart::getArchTypeOfTooth(opposite),
+                  ToothChart::getArchTypeOfTooth(Tooth(number)))
             << number;
         EXPECT_EQ(ToothChart::isMolar(opposite), ToothChart::isMolar(Tooth(number))) << number;
     }
@@ -131,9 +134,11 @@ TEST(ToothChart, OppositeOfNoJawIsNoJaw)
 
 TEST(ToothChart, OppositeOfANumberThatIsNoJawIsNoJaw)
 {
-    // Needs an enumeration of fixed underlying type: without, JawType(7) is undefined behaviour already.
+    // Needs an enumeration of fixed underlying type: without, JawType(7) is undefined behaviour
+    // already.
     EXPECT_TRUE((std::is_same_v<std::underlying_type_t<JawType>, int>));
-    for (const int number : {std::numeric_limits<int>::min(), -1, 3, 7, std::numeric_limits<int>::max()})
+    for (const int number :
+         {std::numeric_limits<int>::min(), -1, 3, 7, std::numeric_limits<int>::max()})
         EXPECT_EQ(ToothChart::getOppositeJaw(static_cast<JawType>(number)), NoJaw) << number;
 }
 
@@ -141,7 +146,8 @@ TEST(ToothChart, OppositeArchOfAnythingButTheUpperIsTheUpper)
 {
     EXPECT_EQ(ToothChart::getOppositeJaw(ToothChart::UpperArch), ToothChart::LowerArch);
     EXPECT_EQ(ToothChart::getOppositeJaw(ToothChart::LowerArch), ToothChart::UpperArch);
-    for (const int number : {std::numeric_limits<int>::min(), -1, 2, std::numeric_limits<int>::max()})
+    for (const int number :
+         {std::numeric_limits<int>::min(), -1, 2, std::numeric_limits<int>::max()})
         EXPECT_EQ(ToothChart::getOppositeJaw(static_cast<ToothChart::ArchType>(number)),
                   ToothChart::UpperArch)
             << number;
@@ -178,17 +184,22 @@ TEST(ToothChart, RegionOverBothArchesHoldsEveryTooth)
 TEST(ToothChart, RegionWithAnEndThatIsNoToothIsEmpty)
 {
     for (const int number : kNoTeeth) {
-        EXPECT_TRUE(ToothChart::createContinuousRegion(Tooth(number), Tooth(5)).isEmpty()) << number;
-        EXPECT_TRUE(ToothChart::createContinuousRegion(Tooth(5), Tooth(number)).isEmpty()) << number;
-        EXPECT_TRUE(ToothChart::createContinuousRegion(Tooth(number), Tooth(number)).isEmpty()) << number;
+        EXPECT_TRUE(ToothChart::createContinuousRegion(Tooth(number), Tooth(5)).isEmpty())
+            << number;
+        EXPECT_TRUE(ToothChart::createContinuousRegion(Tooth(5), Tooth(number)).isEmpty())
+            << number;
+        EXPECT_TRUE(ToothChart::createContinuousRegion(Tooth(number), Tooth(number)).isEmpty())
+            << number;
     }
 }
 
 TEST(ToothChart, FilterKeepsTheTeethOfTheArchInTheOrderOfTheList)
 {
     const QList<Tooth> mixed = teeth({20, 3, 16, 17, 32, 1, 3});
-    EXPECT_EQ(ToothChart::filterTeethForArchType(mixed, ToothChart::UpperArch), teeth({3, 16, 1, 3}));
-    EXPECT_EQ(ToothChart::filterTeethForArchType(mixed, ToothChart::LowerArch), teeth({20, 17, 32}));
+    EXPECT_EQ(ToothChart::filterTeethForArchType(mixed, ToothChart::UpperArch),
+              teeth({3, 16, 1, 3}));
+    EXPECT_EQ(ToothChart::filterTeethForArchType(mixed, ToothChart::LowerArch),
+              teeth({20, 17, 32}));
 }
 
 TEST(ToothChart, FilterLeavesOutWhatIsNoTooth)
@@ -204,7 +215,8 @@ TEST(ToothChart, FilterOfNothingAndForNoArchIsEmpty)
 {
     EXPECT_TRUE(ToothChart::filterTeethForArchType({}, ToothChart::UpperArch).isEmpty());
     for (const int arch : {-1, 2, std::numeric_limits<int>::max()})
-        EXPECT_TRUE(ToothChart::filterTeethForArchType(teeth({5, 20}), ToothChart::ArchType(arch)).isEmpty())
+        EXPECT_TRUE(ToothChart::filterTeethForArchType(teeth({5, 20}), ToothChart::ArchType(arch))
+                        .isEmpty())
             << arch;
 }
 

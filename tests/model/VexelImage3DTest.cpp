@@ -22,7 +22,8 @@
 #endif
 
 #if defined(COREALGORITHMS_TEST_WITH_ASAN)
-// The address sanitizer takes a failing `new (std::nothrow)` for an error unless it is told otherwise.
+// The address sanitizer takes a failing `new (std::nothrow)` for an error unless it is told
+// otherwise.
 extern "C" __attribute__((visibility("default"), used)) const char* __asan_default_options();
 extern "C" const char* __asan_default_options()
 {
@@ -40,10 +41,12 @@ constexpr int kIntMax = std::numeric_limits<int>::max();
 
 const QVector3D kSpacing(0.25F, 0.5F, 1.0F);
 
-static_assert(!std::is_copy_constructible_v<VexelImage3D> && !std::is_copy_assignable_v<VexelImage3D>);
+static_assert(!std::is_copy_constructible_v<VexelImage3D> &&
+              !std::is_copy_assignable_v<VexelImage3D>);
 static_assert(std::is_nothrow_move_constructible_v<VexelImage3D> &&
               std::is_nothrow_move_assignable_v<VexelImage3D>);
-static_assert(image::UInt16 == 0 && image::Int16 == 1 && image::UInt8 == 2, "what scanners deliver");
+static_assert(image::UInt16 == 0 && image::Int16 == 1 && image::UInt8 == 2,
+              "what scanners deliver");
 
 template <typename Element>
 Element* elementsOf(VexelImage3D& image)
@@ -183,26 +186,31 @@ TEST(VexelImage3D, ValueRangeIsFromTheSmallestToTheLargestElement)
 
 TEST(VexelImage3D, ValueRangeOfOneVoxelIsItsValueTwice)
 {
-    EXPECT_EQ(rowOf<std::int8_t>(image::Int8, {-7}).getValueRange(), (math::Range<float>{-7.0F, -7.0F}));
+    EXPECT_EQ(rowOf<std::int8_t>(image::Int8, {-7}).getValueRange(),
+              (math::Range<float>{-7.0F, -7.0F}));
 }
 
 TEST(VexelImage3D, ValueRangeDoesNotReachToZeroByItself)
 {
-    EXPECT_EQ(rowOf<std::uint8_t>(image::UInt8, {7, 9}).getValueRange(), (math::Range<float>{7.0F, 9.0F}));
-    EXPECT_EQ(rowOf<std::int8_t>(image::Int8, {-9, -7}).getValueRange(), (math::Range<float>{-9.0F, -7.0F}));
+    EXPECT_EQ(rowOf<std::uint8_t>(image::UInt8, {7, 9}).getValueRange(),
+              (math::Range<float>{7.0F, 9.0F}));
+    EXPECT_EQ(rowOf<std::int8_t>(image::Int8, {-9, -7}).getValueRange(),
+              (math::Range<float>{-9.0F, -7.0F}));
 }
 
 TEST(VexelImage3D, ValueRangeLeavesNanOut)
 {
     EXPECT_EQ(rowOf<float>(image::Float32, {kNan, 2.0F, kNan, -3.0F, kNan}).getValueRange(),
               (math::Range<float>{-3.0F, 2.0F}));
-    EXPECT_EQ(rowOf<double>(image::Float64, {std::numeric_limits<double>::quiet_NaN(), 1.0}).getValueRange(),
+    EXPECT_EQ(rowOf<double>(image::Float64, {std::numeric_limits<double>::quiet_NaN(), 1.0})
+                  .getValueRange(),
               (math::Range<float>{1.0F, 1.0F}));
 }
 
 TEST(VexelImage3D, ValueRangeOfNothingButNanIsZero)
 {
-    EXPECT_EQ(rowOf<float>(image::Float32, {kNan, kNan}).getValueRange(), (math::Range<float>{0.0F, 0.0F}));
+    EXPECT_EQ(rowOf<float>(image::Float32, {kNan, kNan}).getValueRange(),
+              (math::Range<float>{0.0F, 0.0F}));
 }
 
 TEST(VexelImage3D, ValueRangeCountsInfinity)
@@ -288,14 +296,17 @@ TEST(VexelImage3D, MoreBytesThanANumberCanCountGiveNoVoxels)
     expectWithoutVoxels(VexelImage3D({kIntMax, kIntMax, 2}, kSpacing, image::Float64));
     // 2^30 * 2^30 * 2 * 8 = 2^64 bytes would wrap round to none.
     expectWithoutVoxels(VexelImage3D({1 << 30, 1 << 30, 2}, kSpacing, image::Float64));
-    // 2^48 + 1 = 193 * 65537 * 22253377, so this is 2^64 + 2^16 bytes, which would wrap round to 2^16.
+    // 2^48 + 1 = 193 * 65537 * 22253377, so this is 2^64 + 2^16 bytes, which would wrap round to
+    // 2^16.
     expectWithoutVoxels(VexelImage3D({22253377, 193 * 65537, 65536}, kSpacing, image::UInt8));
 }
 
 TEST(VexelImage3D, MoreBytesThanMemoryHoldsGiveNoVoxels)
 {
-    expectWithoutVoxels(VexelImage3D({kIntMax, kIntMax, 1}, kSpacing, image::UInt8));        // 4.6e18 bytes
-    expectWithoutVoxels(VexelImage3D({1 << 20, 1 << 20, 1 << 10}, kSpacing, image::UInt16)); // 2.3e15 bytes
+    expectWithoutVoxels(
+        VexelImage3D({kIntMax, kIntMax, 1}, kSpacing, image::UInt8)); // 4.6e18 bytes
+    expectWithoutVoxels(
+        VexelImage3D({1 << 20, 1 << 20, 1 << 10}, kSpacing, image::UInt16)); // 2.3e15 bytes
 }
 
 } // namespace

@@ -21,8 +21,8 @@ namespace {
 
 std::shared_ptr<const VexelImage3D> someImage(int size)
 {
-    return std::make_shared<const VexelImage3D>(math::Ivec3{size, 1, 1}, QVector3D(1.0F, 1.0F, 1.0F),
-                                                image::UInt8);
+    return std::make_shared<const VexelImage3D>(math::Ivec3{size, 1, 1},
+                                                QVector3D(1.0F, 1.0F, 1.0F), image::UInt8);
 }
 
 QList<float> greyValuesOf(const colormap::TransferFunction& function)
@@ -56,9 +56,10 @@ TEST(ColormapFunctions, AreOfTheirOwnKindAndThoseOfTheirBases)
     const colormap::PulpFunction pulp;
     const colormap::TransferFunction transfer;
     const colormap::ColormapFunction* functions[] = {&levelWindow, &threshold, &pulp, &transfer};
-    const QString ids[] = {
-        colormap::LevelWindowFunction::getClassTypeId(), colormap::ThresholdFunction::getClassTypeId(),
-        colormap::PulpFunction::getClassTypeId(), colormap::TransferFunction::getClassTypeId()};
+    const QString ids[] = {colormap::LevelWindowFunction::getClassTypeId(),
+                           colormap::ThresholdFunction::getClassTypeId(),
+                           colormap::PulpFunction::getClassTypeId(),
+                           colormap::TransferFunction::getClassTypeId()};
     for (int i = 0; i < 4; ++i) {
         EXPECT_TRUE(functions[i]->isOfType(colormap::ColormapFunction::getClassTypeId()));
         EXPECT_TRUE(functions[i]->isOfType(DataObject::getClassTypeId()));
@@ -204,11 +205,13 @@ TEST(VolumeObject, EverySetterTellsTheObserversOnce)
         {"setImage", &volume, [&] { volume.setImage(nullptr); }},
         {"setMIPLevelWindow", &volume, [&] { volume.setMIPLevelWindow(1.0F, 2.0F); }},
         {"setThreshold", &volume, [&] { volume.setThreshold(QUuid(), 2); }},
-        {"setActiveVisualizationFunction", &volume, [&] { volume.setActiveVisualizationFunction(nullptr); }},
+        {"setActiveVisualizationFunction", &volume,
+         [&] { volume.setActiveVisualizationFunction(nullptr); }},
         {"setAllVisualizationFunctions", &volume, [&] { volume.setAllVisualizationFunctions({}); }},
         {"setCTData", &volume, [&] { volume.setCTData(nullptr); }},
         {"visualizationChanged to be redrawn", &volume, [&] { volume.visualizationChanged(true); }},
-        {"visualizationChanged not to be redrawn", &volume, [&] { volume.visualizationChanged(false); }, 0},
+        {"visualizationChanged not to be redrawn", &volume,
+         [&] { volume.visualizationChanged(false); }, 0},
         {"setNormalizedPulpThreshold", &pulp, [&] { pulp.setNormalizedPulpThreshold(0.5F); }},
         {"setNormalizedRestorationMaterialThreshold", &pulp,
          [&] { pulp.setNormalizedRestorationMaterialThreshold(0.5F); }},

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/Case.h>
 
-// Covered: openCase() with the built-in patient: its landmarks and its frame; with a landmark file: what it warns of.
+// Covered: openCase() with the built-in patient: its landmarks and its frame; with a landmark file:
+// what it warns of.
 
 #include <planner/CommandLine.h>
 #include <planner/Failure.h>
@@ -145,7 +146,8 @@ TEST_F(OpenedCase, CarriesTheWarningsOfItsLandmarkFile)
 
 TEST(OpenCase, RefusesAFileThatIsNotThere)
 {
-    EXPECT_THROW(opened({QStringLiteral("/nowhere/ct.nii"), {}, {}, kVoxelSizeMm}), planner::Failure);
+    EXPECT_THROW(opened({QStringLiteral("/nowhere/ct.nii"), {}, {}, kVoxelSizeMm}),
+                 planner::Failure);
 }
 
 } // namespace

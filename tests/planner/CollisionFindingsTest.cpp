@@ -69,9 +69,9 @@ TEST(Findings, InTheBuiltInPatientAreOneOfEachKind)
 {
     phantom::Settings settings;
     settings.voxelSizeMm = 0.0F;
-    EXPECT_EQ(
-        collisions(planner::createPlan(phantom::Patient(settings))),
-        QStringList({QStringLiteral("32+pin 3"), QStringLiteral("33+34"), QStringLiteral("36+left nerve")}));
+    EXPECT_EQ(collisions(planner::createPlan(phantom::Patient(settings))),
+              QStringList({QStringLiteral("32+pin 3"), QStringLiteral("33+34"),
+                           QStringLiteral("36+left nerve")}));
 }
 
 class Drag : public testing::Test

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/CollisionSection.h>
 
-// Covered: createCollisionSection(): table, pictures and text of the built-in patient, and of a CT whose canals are
-// known, known in part, or not known.
+// Covered: createCollisionSection(): table, pictures and text of the built-in patient, and of a CT
+// whose canals are known, known in part, or not known.
 
 #include <planner/CommandLine.h>
 #include <tests/planner/GuiTest.h>
@@ -46,7 +46,8 @@ TEST_F(CollisionSection, OfTheBuiltInPatientShowsTheJawTheCutsAndTheDrag)
     EXPECT_EQ(builtIn().pictures[2].fileName, QStringLiteral("collisions-drag.png"));
     for (const auto& picture : builtIn().pictures)
         EXPECT_FALSE(picture.image.isNull());
-    EXPECT_GT(builtIn().pictures[2].image.width(), 3 * builtIn().pictures[2].image.height()); // a strip
+    EXPECT_GT(builtIn().pictures[2].image.width(),
+              3 * builtIn().pictures[2].image.height()); // a strip
 }
 
 TEST_F(CollisionSection, OfTheBuiltInPatientPaintsCollidingObjectsRed)
@@ -72,10 +73,12 @@ TEST_F(CollisionSection, OfTheBuiltInPatientHasAVerdictForEachOf76Pairs)
 
 TEST_F(CollisionSection, OfTheBuiltInPatientSaysWhatCollides)
 {
-    EXPECT_TRUE(builtIn().plainText.startsWith(QStringLiteral(
-        "8 implants, 2 nerves and 4 anchor pins: 3 of 76 pairs collide (32 and pin 3; 33 and 34; 36 and "
-        "left nerve).\nImplant 46, pushed deeper in steps of 0.8 mm, collides with the right nerve from 3.2 "
-        "mm on")));
+    EXPECT_TRUE(builtIn().plainText.startsWith(
+        QStringLiteral("8 implants, 2 nerves and 4 anchor pins: 3 of 76 pairs collide (32 and pin "
+                       "3; 33 and 34; 36 and "
+                       "left nerve).\nImplant 46, pushed deeper in steps of 0.8 mm, collides with "
+                       "the right nerve from 3.2 "
+                       "mm on")));
     EXPECT_TRUE(builtIn().plainText.endsWith(
         QStringLiteral("In 6 steps the detector notified its observer of a change once.\n")));
 }
@@ -98,7 +101,8 @@ TEST_F(CollisionSection, OfACtWithoutKnownNervesSaysSo)
     planned.canals.clear();
     const planner::Section section = sectionOf(planned);
     EXPECT_TRUE(section.pictures.isEmpty());
-    EXPECT_TRUE(section.introductionHtml.contains(QStringLiteral("the course of the nerves is not known")));
+    EXPECT_TRUE(
+        section.introductionHtml.contains(QStringLiteral("the course of the nerves is not known")));
     EXPECT_EQ(section.plainText,
               QStringLiteral("No collisions are tested: the course of the nerves is not known.\n"));
 }
@@ -106,11 +110,13 @@ TEST_F(CollisionSection, OfACtWithoutKnownNervesSaysSo)
 TEST_F(CollisionSection, OfACtWithoutAToothToReplaceSaysSo)
 {
     planner::Case planned = readCt();
-    planned.landmarks.removeIf(
-        [](const planner::Landmark& landmark) { return landmark.kind == planner::LandmarkKind::Apex; });
+    planned.landmarks.removeIf([](const planner::Landmark& landmark) {
+        return landmark.kind == planner::LandmarkKind::Apex;
+    });
     const planner::Section section = sectionOf(planned);
     EXPECT_TRUE(section.pictures.isEmpty());
-    EXPECT_TRUE(section.plainText.contains(QStringLiteral("of neither are crown and apex both known")));
+    EXPECT_TRUE(
+        section.plainText.contains(QStringLiteral("of neither are crown and apex both known")));
 }
 
 TEST_F(CollisionSection, OfACtWithKnownCanalsTestsImplantsAgainstThem)
@@ -136,8 +142,8 @@ TEST_F(CollisionSection, OfACtSaysWhichCanalAndWhichRadiusIsNotKnown)
     planned.canals.first().radiusMm.reset();
     const planner::Section section = sectionOf(planned);
     EXPECT_TRUE(section.plainText.startsWith(QStringLiteral("2 implants and 1 nerve: ")));
-    EXPECT_TRUE(section.introductionHtml.contains(
-        QStringLiteral("The course of the right nerve is not known: nothing is tested against it.")));
+    EXPECT_TRUE(section.introductionHtml.contains(QStringLiteral(
+        "The course of the right nerve is not known: nothing is tested against it.")));
     EXPECT_TRUE(section.introductionHtml.contains(
         QStringLiteral("The radius of the left canal is not known: 1.2 mm are assumed.")));
 }
@@ -149,9 +155,11 @@ TEST_F(CollisionSection, OfACtShowsTheBoneWhereTheValuesTellIt)
         *static_cast<std::int16_t*>(planned.volume.image.dataPtr()) = value;
         return sectionOf(planned).pictures.first().captionHtml;
     };
-    EXPECT_TRUE(captionWithValue(-1000).contains(QStringLiteral("the bone as glass"))) << "Hounsfield units";
+    EXPECT_TRUE(captionWithValue(-1000).contains(QStringLiteral("the bone as glass")))
+        << "Hounsfield units";
     EXPECT_TRUE(captionWithValue(5).contains(QStringLiteral("the bone as glass"))) << "labels";
-    EXPECT_TRUE(captionWithValue(2000).contains(QStringLiteral("without the bone"))) << "a scanner's own";
+    EXPECT_TRUE(captionWithValue(2000).contains(QStringLiteral("without the bone")))
+        << "a scanner's own";
 }
 
 // The canals are moved up to the implants, or far below them.
@@ -167,8 +175,8 @@ TEST_F(CollisionSection, OfACtTellsWhereTheDragCollides)
     };
     EXPECT_TRUE(textWithCanalsRaisedBy(8.0F).contains(
         QStringLiteral("Implant 46 collides with the right nerve already where it is planned")));
-    EXPECT_TRUE(textWithCanalsRaisedBy(-20.0F).contains(
-        QStringLiteral("Implant 46, pushed deeper in steps of 0.8 mm, stays clear of the right nerve")));
+    EXPECT_TRUE(textWithCanalsRaisedBy(-20.0F).contains(QStringLiteral(
+        "Implant 46, pushed deeper in steps of 0.8 mm, stays clear of the right nerve")));
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/CommandLine.h>
 
-// Covered: parseCommandLine(): what the arguments say; how bad ones are refused is tested by runs of the
-// program.
+// Covered: parseCommandLine(): what the arguments say; how bad ones are refused is tested by runs
+// of the program.
 
 #include <planner/Failure.h>
 
@@ -41,7 +41,8 @@ TEST(CommandLine, NamesCtAndLandmarks)
 
 TEST(CommandLine, TakesASeriesForACtOnly)
 {
-    EXPECT_EQ(parse({"--report", "out", "--ct", "disc", "--series", "2"})->series, QStringLiteral("2"));
+    EXPECT_EQ(parse({"--report", "out", "--ct", "disc", "--series", "2"})->series,
+              QStringLiteral("2"));
     EXPECT_TRUE(parse({"--report", "out", "--ct", "disc"})->series.isEmpty());
     EXPECT_THROW(parse({"--report", "out", "--series", "2"}), planner::Failure);
 }
@@ -56,7 +57,8 @@ TEST(CommandLine, KeepsPathsWithSpacesAndUmlauts)
 TEST(CommandLine, TakesAVoxelSizeForTheBuiltInPatientOnly)
 {
     EXPECT_EQ(parse({"--report", "out", "--voxel-size", "2"})->voxelSizeMm, 2.0F);
-    EXPECT_THROW(parse({"--report", "out", "--voxel-size", "2", "--ct", "ct.nii"}), planner::Failure);
+    EXPECT_THROW(parse({"--report", "out", "--voxel-size", "2", "--ct", "ct.nii"}),
+                 planner::Failure);
 }
 
 std::string refusal(const std::vector<const char*>& arguments)
@@ -71,13 +73,15 @@ std::string refusal(const std::vector<const char*>& arguments)
 
 TEST(CommandLine, RefusesInOneLine)
 {
-    EXPECT_THAT(refusal({"--no\nsuch", "--option"}),
-                testing::AllOf(testing::HasSubstr("--no such"), testing::Not(testing::HasSubstr("\n"))));
+    EXPECT_THAT(
+        refusal({"--no\nsuch", "--option"}),
+        testing::AllOf(testing::HasSubstr("--no such"), testing::Not(testing::HasSubstr("\n"))));
 }
 
 TEST(CommandLine, NamesAnUnknownOptionBeforeAMissingOne)
 {
-    EXPECT_THAT(refusal({"--reprot", "out"}), testing::HasSubstr("no option or argument \"--reprot\""));
+    EXPECT_THAT(refusal({"--reprot", "out"}),
+                testing::HasSubstr("no option or argument \"--reprot\""));
     EXPECT_THAT(refusal({"--report", "out", "--landmarks", "l.json", "--tc", "ct.nii"}),
                 testing::HasSubstr("no option or argument \"--tc\""));
     EXPECT_THAT(refusal({}), testing::HasSubstr("--report is required"));
@@ -86,8 +90,10 @@ TEST(CommandLine, NamesAnUnknownOptionBeforeAMissingOne)
 
 TEST(CommandLine, RefusesEmptyNames)
 {
-    EXPECT_THAT(refusal({"--report", ""}), testing::HasSubstr("--report needs the name of a folder"));
-    EXPECT_THAT(refusal({"--report", "out", "--ct", ""}), testing::HasSubstr("--ct needs the name"));
+    EXPECT_THAT(refusal({"--report", ""}),
+                testing::HasSubstr("--report needs the name of a folder"));
+    EXPECT_THAT(refusal({"--report", "out", "--ct", ""}),
+                testing::HasSubstr("--ct needs the name"));
     EXPECT_THAT(refusal({"--report", "out", "--ct", "ct.nii", "--landmarks", ""}),
                 testing::HasSubstr("--landmarks needs the name of a file"));
 }

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
 
-// Covered: all readers of volumes on small files that are damaged at random: each of them is loaded, within the limits
-// for volumes, or refused with a sentence, and memory stays bounded. The seed that a failure names makes the same file
-// on every machine.
+// Covered: all readers of volumes on small files that are damaged at random: each of them is
+// loaded, within the limits for volumes, or refused with a sentence, and memory stays bounded. The
+// seed that a failure names makes the same file on every machine.
 
 #include <planner/DicomReader.h>
 #include <planner/Failure.h>
@@ -141,7 +141,8 @@ protected:
             EXPECT_LE(voxelMm * count, planner::kLargestExtentMm);
         }
         EXPECT_LE(static_cast<qint64>(volume.image.voxelCount()), planner::kFreeVoxelBytes);
-        EXPECT_TRUE(volume.worldFromVoxel.isIdentity() || volume.worldFromVoxel.inverted() != QMatrix4x4());
+        EXPECT_TRUE(volume.worldFromVoxel.isIdentity() ||
+                    volume.worldFromVoxel.inverted() != QMatrix4x4());
     }
 };
 
@@ -151,11 +152,13 @@ TEST_F(DamagedFiles, OfNiftiAreLoadedOrRefused)
     readAll("a.nii", good, 1200, [this] { return planner::readNifti(path("a.nii")); });
     niftifiles::File scaled = niftifiles::countingVolume();
     scaled.header.scl_slope = 0.5F;
-    readAll("b.nii", niftifiles::bytesOf(scaled), 400, [this] { return planner::readNifti(path("b.nii")); });
+    readAll("b.nii", niftifiles::bytesOf(scaled), 400,
+            [this] { return planner::readNifti(path("b.nii")); });
     ASSERT_TRUE(niftifiles::writeCompressed(path("c.nii.gz"), good));
     QFile file(path("c.nii.gz"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    readAll("c.nii.gz", file.readAll(), 400, [this] { return planner::readNifti(path("c.nii.gz")); });
+    readAll("c.nii.gz", file.readAll(), 400,
+            [this] { return planner::readNifti(path("c.nii.gz")); });
 }
 
 TEST_F(DamagedFiles, OfMetaImageAndNrrdAreLoadedOrRefused)
@@ -164,7 +167,8 @@ TEST_F(DamagedFiles, OfMetaImageAndNrrdAreLoadedOrRefused)
     readAll("a.mha", textvolumes::metaHeader({}) + countingVoxels(), 600,
             [this] { return planner::readMetaImage(path("a.mha")); });
     readAll("b.mha",
-            textvolumes::metaHeader({{"CompressedData", "True"}}) + textvolumes::deflated(countingVoxels()),
+            textvolumes::metaHeader({{"CompressedData", "True"}}) +
+                textvolumes::deflated(countingVoxels()),
             400, [this] { return planner::readMetaImage(path("b.mha")); });
     readAll("c.nrrd", textvolumes::nrrdHeader({}) + countingVoxels(), 600,
             [this] { return planner::readNrrd(path("c.nrrd")); });

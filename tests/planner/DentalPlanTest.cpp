@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/DentalPlan.h>
 
-// Covered: arches drawn through tooth landmarks, the tooth that is left out and created, proposed nerves, distances.
+// Covered: arches drawn through tooth landmarks, the tooth that is left out and created, proposed
+// nerves, distances.
 
 #include <phantom/Phantom.h>
 
@@ -29,7 +30,8 @@ Case builtInPatient()
 
 void addTooth(Case& planned, int fdi, const QVector3D& position)
 {
-    planned.landmarks.append({QStringLiteral("tooth"), QString::number(fdi), LandmarkKind::Tooth, position});
+    planned.landmarks.append(
+        {QStringLiteral("tooth"), QString::number(fdi), LandmarkKind::Tooth, position});
 }
 
 TEST(DentalPlan, ArchesRunThroughTheTeethAtTheirMeanHeight)

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/DentalPlan.h>
 
-// Covered, on the landmarks of a segmented cone-beam CT of a full dentition: teeth in order along their arches, every
-// tooth nearest to itself, proposed nerves beside the segmented canals.
+// Covered, on the landmarks of a segmented cone-beam CT of a full dentition: teeth in order along
+// their arches, every tooth nearest to itself, proposed nerves beside the segmented canals.
 
 #include <CoreAlgorithms/dental/ComputeIndexOnGuidingLine.h>
 #include <CoreAlgorithms/dental/PlanarDentalSplineUpdater.h>
@@ -24,7 +24,8 @@ class ConeBeamCt : public testing::Test
 protected:
     ConeBeamCt()
     {
-        const auto file = planner::readLandmarks(QStringLiteral(REAL_DATA "/cbct-labels/landmarks.json"), {});
+        const auto file =
+            planner::readLandmarks(QStringLiteral(REAL_DATA "/cbct-labels/landmarks.json"), {});
         EXPECT_TRUE(file.warnings.isEmpty());
         planned.landmarks = file.landmarks;
         planned.canals = file.canals;
@@ -41,12 +42,13 @@ protected:
         return teeth;
     }
 
-    std::unique_ptr<PlanarDentalSpline> archThrough(const QMap<ToothChart::Tooth, QVector3D>& teeth) const
+    std::unique_ptr<PlanarDentalSpline>
+    archThrough(const QMap<ToothChart::Tooth, QVector3D>& teeth) const
     {
         auto spline = std::make_unique<PlanarDentalSpline>();
-        PlanarDentalSplineUpdater::update(*spline, {teeth.cbegin(), teeth.cend()}, teeth, 0,
-                                          ToothChart::UpperArch, std::make_unique<math::CatmullRomSpline3D>(),
-                                          ManuallyCreated);
+        PlanarDentalSplineUpdater::update(
+            *spline, {teeth.cbegin(), teeth.cend()}, teeth, 0, ToothChart::UpperArch,
+            std::make_unique<math::CatmullRomSpline3D>(), ManuallyCreated);
         return spline;
     }
 
@@ -64,7 +66,8 @@ TEST_F(ConeBeamCt, TeethOfBothJawsComeInOrderAlongTheirArches)
         ASSERT_EQ(indices.size(), 14);
         EXPECT_EQ(indices.first(), 0);
         EXPECT_EQ(indices.last(), spline->getOriginalPath().size() - 1);
-        EXPECT_EQ(std::adjacent_find(indices.begin(), indices.end(), std::greater_equal<>()), indices.end())
+        EXPECT_EQ(std::adjacent_find(indices.begin(), indices.end(), std::greater_equal<>()),
+                  indices.end())
             << "ascending";
     }
 }
@@ -107,13 +110,14 @@ TEST_F(ConeBeamCt, ProposedNervesRunWithinTwoMillimetresOfTheCanalsSeenFromAbove
         const auto& path = nerve->spline->getOriginalPath();
         const planner::Distances apart = planner::distances(canal.points, path);
         const planner::Distances above = planner::horizontalDistances(canal.points, path);
-        std::printf("%s nerve: mean %.2f mm, largest %.2f mm from the canal; from above %.2f and %.2f mm\n",
-                    canal.right ? "right" : "left", apart.mean, apart.largest, above.mean, above.largest);
+        std::printf(
+            "%s nerve: mean %.2f mm, largest %.2f mm from the canal; from above %.2f and %.2f mm\n",
+            canal.right ? "right" : "left", apart.mean, apart.largest, above.mean, above.largest);
         EXPECT_LT(above.mean, canal.right ? 1.05 : 1.41) << "nearer than the straight line";
         EXPECT_LT(above.mean, 0.8);
         EXPECT_LT(above.largest, 2.0);
-        // Level at the mean height of the foramina, which lie 32 mm above each other: half of that at the ends, and
-        // more where the canal sags below the mental foramen.
+        // Level at the mean height of the foramina, which lie 32 mm above each other: half of that
+        // at the ends, and more where the canal sags below the mental foramen.
         EXPECT_LT(apart.largest, 20.5);
         EXPECT_LT(apart.mean, 12.5);
     }

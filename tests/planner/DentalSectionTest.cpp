@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/DentalSection.h>
 
-// Covered: which pictures the section holds and what it says, with and without landmarks and known canals.
+// Covered: which pictures the section holds and what it says, with and without landmarks and known
+// canals.
 
 #include <tests/planner/GuiTest.h>
 #include <tests/planner/SilentProgress.h>
@@ -67,7 +68,8 @@ TEST_F(DentalSection, ListsEveryToothInBothNumberings)
     const auto made = section(patient());
     EXPECT_TRUE(made.detailsHtml.contains(QStringLiteral("<td>30</td><td>46</td>")));
     EXPECT_TRUE(made.detailsHtml.contains(QStringLiteral("<td>2</td><td>17</td>")));
-    EXPECT_EQ(made.detailsHtml.count(QStringLiteral("<tr>")), 1 + 28 + 1 + 2) << "two tables with headings";
+    EXPECT_EQ(made.detailsHtml.count(QStringLiteral("<tr>")), 1 + 28 + 1 + 2)
+        << "two tables with headings";
 }
 
 TEST_F(DentalSection, SaysThatTheCanalsAreNotKnownWhereTheyAreNot)
@@ -76,11 +78,12 @@ TEST_F(DentalSection, SaysThatTheCanalsAreNotKnownWhereTheyAreNot)
     planned.canals.clear();
     const auto made = section(planned);
     EXPECT_EQ(made.pictures.size(), 5);
-    EXPECT_TRUE(made.plainText.contains(
-        QStringLiteral("Nerves proposed from the foramina. The course of the canals is not known.\n")));
+    EXPECT_TRUE(made.plainText.contains(QStringLiteral(
+        "Nerves proposed from the foramina. The course of the canals is not known.\n")));
     EXPECT_FALSE(made.detailsHtml.contains(QStringLiteral("mean mm")));
     for (const auto& picture : made.pictures) {
-        EXPECT_FALSE(picture.captionHtml.contains(QStringLiteral("otted"))) << "nothing dotted is drawn";
+        EXPECT_FALSE(picture.captionHtml.contains(QStringLiteral("otted")))
+            << "nothing dotted is drawn";
         EXPECT_FALSE(picture.captionHtml.contains(QStringLiteral("sags")));
     }
 }
@@ -91,17 +94,21 @@ TEST_F(DentalSection, SaysOfEachSideWhetherItsCanalIsKnown)
     planned.canals.removeIf([](const planner::CanalLine& canal) { return canal.right; });
     const auto made = section(planned);
     EXPECT_TRUE(made.plainText.contains(QStringLiteral("Proposed left nerve: mean")));
-    EXPECT_TRUE(made.plainText.contains(QStringLiteral("The course of the right canal is not known.\n")));
+    EXPECT_TRUE(
+        made.plainText.contains(QStringLiteral("The course of the right canal is not known.\n")));
     const auto caption = [&made](const char* fileName) {
-        return std::find_if(
-                   made.pictures.cbegin(), made.pictures.cend(),
-                   [fileName](const auto& picture) { return picture.fileName == QLatin1String(fileName); })
+        return std::find_if(made.pictures.cbegin(), made.pictures.cend(),
+                            [fileName](const auto& picture) {
+                                return picture.fileName == QLatin1String(fileName);
+                            })
             ->captionHtml;
     };
+    EXPECT_TRUE(caption("nerves-axial.png")
+                    .contains(QStringLiteral("known center line. The course of the right")));
+    EXPECT_TRUE(caption("nerve-right.png")
+                    .contains(QStringLiteral("The course of the canal is not known.")));
     EXPECT_TRUE(
-        caption("nerves-axial.png").contains(QStringLiteral("known center line. The course of the right")));
-    EXPECT_TRUE(caption("nerve-right.png").contains(QStringLiteral("The course of the canal is not known.")));
-    EXPECT_TRUE(caption("nerve-left.png").contains(QStringLiteral("The canal (dotted) sags up to")));
+        caption("nerve-left.png").contains(QStringLiteral("The canal (dotted) sags up to")));
 }
 
 TEST_F(DentalSection, NeverSaysOfKnownCanalsThatTheyAreNot)
@@ -120,8 +127,9 @@ TEST_F(DentalSection, SaysWhatIsNeededWhereThereIsNothingToDraw)
     const auto made = section(planned);
     EXPECT_TRUE(made.pictures.isEmpty());
     EXPECT_TRUE(made.detailsHtml.isEmpty());
-    EXPECT_EQ(made.plainText, QStringLiteral("No arch is drawn: four tooth landmarks of one jaw are needed.\n"
-                                             "No nerve is proposed: both foramina of a side are needed.\n"));
+    EXPECT_EQ(made.plainText,
+              QStringLiteral("No arch is drawn: four tooth landmarks of one jaw are needed.\n"
+                             "No nerve is proposed: both foramina of a side are needed.\n"));
 }
 
 TEST_F(DentalSection, ShowsTheNerveOfOneSideAlone)

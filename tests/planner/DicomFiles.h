@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// Writes DICOM files byte by byte, good ones and bad ones: little-endian, with the type of each element.
+// Writes DICOM files byte by byte, good ones and bad ones: little-endian, with the type of each
+// element.
 #pragma once
 
 #include <QByteArray>
@@ -55,8 +56,8 @@ inline QByteArray sequence(std::uint32_t tag, const QList<QByteArray>& items)
 {
     QByteArray bytes;
     for (const QByteArray& item : items)
-        bytes +=
-            QByteArray("\xfe\xff\x00\xe0", 4) + littleEndian(static_cast<std::uint32_t>(item.size())) + item;
+        bytes += QByteArray("\xfe\xff\x00\xe0", 4) +
+                 littleEndian(static_cast<std::uint32_t>(item.size())) + item;
     return element(tag, "SQ", bytes);
 }
 
@@ -67,7 +68,8 @@ inline QByteArray sequenceWithMarks(std::uint32_t tag, const QList<QByteArray>& 
     for (const QByteArray& item : items)
         bytes += QByteArray("\xfe\xff\x00\xe0\xff\xff\xff\xff", 8) + item +
                  QByteArray("\xfe\xff\x0d\xe0\x00\x00\x00\x00", 8);
-    return element(tag, "SQ", bytes + QByteArray("\xfe\xff\xdd\xe0\x00\x00\x00\x00", 8), 0xffffffff);
+    return element(tag, "SQ", bytes + QByteArray("\xfe\xff\xdd\xe0\x00\x00\x00\x00", 8),
+                   0xffffffff);
 }
 
 template <std::size_t count>
@@ -85,9 +87,11 @@ inline QByteArray wholeFile(const QByteArray& dataSet,
 {
     const QByteArray meta = element(0x00020001, "OB", QByteArray("\0\1", 2)) +
                             text(0x00020002, "UI", "1.2.840.10008.5.1.4.1.1.2") +
-                            text(0x00020003, "UI", "1.2.3.4.5") + text(0x00020010, "UI", transferSyntax);
+                            text(0x00020003, "UI", "1.2.3.4.5") +
+                            text(0x00020010, "UI", transferSyntax);
     return QByteArray(128, '\0') + "DICM" +
-           element(0x00020000, "UL", littleEndian(static_cast<std::uint32_t>(meta.size()))) + meta + dataSet;
+           element(0x00020000, "UL", littleEndian(static_cast<std::uint32_t>(meta.size()))) + meta +
+           dataSet;
 }
 
 /// The elements of a data set without sequences, written without their types.
@@ -98,15 +102,17 @@ inline QByteArray withoutTypes(const QByteArray& dataSet)
         const QByteArray type = dataSet.sliced(at + 4, 2);
         const bool isLong = type == "OW" || type == "OB" || type == "UN";
         const qsizetype value = at + (isLong ? 12 : 8);
-        const std::uint32_t length = isLong ? qFromLittleEndian<std::uint32_t>(dataSet.constData() + at + 8)
-                                            : qFromLittleEndian<std::uint16_t>(dataSet.constData() + at + 6);
+        const std::uint32_t length =
+            isLong ? qFromLittleEndian<std::uint32_t>(dataSet.constData() + at + 8)
+                   : qFromLittleEndian<std::uint16_t>(dataSet.constData() + at + 6);
         bytes += dataSet.sliced(at, 4) + littleEndian(length) + dataSet.sliced(value, length);
         at = value + length;
     }
     return bytes;
 }
 
-/// Pixels of 16 bits, compressed run by run: one fragment, in which each byte of the pixels is a run of its own.
+/// Pixels of 16 bits, compressed run by run: one fragment, in which each byte of the pixels is a
+/// run of its own.
 inline QByteArray inRuns(const QByteArray& pixels)
 {
     QByteArray segments[2]; // upper bytes, lower bytes
@@ -123,7 +129,8 @@ inline QByteArray inRuns(const QByteArray& pixels)
                    0xffffffff);
 }
 
-/// 2 rows of `columns` pixels, 12 bits stored; columns 0.5 mm and rows 0.25 mm apart. What is empty is not written.
+/// 2 rows of `columns` pixels, 12 bits stored; columns 0.5 mm and rows 0.25 mm apart. What is empty
+/// is not written.
 struct Slice
 {
     std::string series = "1.2.3.4";
@@ -150,7 +157,8 @@ inline QByteArray pixels(int count, std::uint16_t firstValue)
     return bytes;
 }
 
-/// From the number of samples a pixel to the representation of pixels, without the number of frames.
+/// From the number of samples a pixel to the representation of pixels, without the number of
+/// frames.
 inline QByteArray pixelTags(std::uint16_t columns)
 {
     return number(0x00280010, 2) + number(0x00280011, columns);
@@ -158,7 +166,8 @@ inline QByteArray pixelTags(std::uint16_t columns)
 
 inline QByteArray pixelTypeTags()
 {
-    return number(0x00280100, 16) + number(0x00280101, 12) + number(0x00280102, 11) + number(0x00280103, 0);
+    return number(0x00280100, 16) + number(0x00280101, 12) + number(0x00280102, 11) +
+           number(0x00280103, 0);
 }
 
 inline QByteArray bytesOf(const Slice& slice)
@@ -182,14 +191,14 @@ inline QByteArray bytesOf(const Slice& slice)
         data += text(0x00280030, "DS", slice.spacing);
     data += pixelTypeTags() + text(0x00281052, "DS", decimals(std::array{slice.intercept})) +
             text(0x00281053, "DS", decimals(std::array{slice.slope}));
-    return wholeFile(
-        data +
-        element(0x7fe00010, "OW", pixels(2 * slice.columns, slice.firstValue), slice.statedPixelBytes) +
-        slice.behindPixels);
+    return wholeFile(data +
+                     element(0x7fe00010, "OW", pixels(2 * slice.columns, slice.firstValue),
+                             slice.statedPixelBytes) +
+                     slice.behindPixels);
 }
 
-/// A file of several slices, as scanners write it since 2003: each frame says where it is, one item says the rest for
-/// all. 2 rows of 3 pixels, counted on from 100 times the number of the frame.
+/// A file of several slices, as scanners write it since 2003: each frame says where it is, one item
+/// says the rest for all. 2 rows of 3 pixels, counted on from 100 times the number of the frame.
 struct Frames
 {
     QList<std::array<double, 3>> positions = {{0, 0, 0}, {0, 0, 1}, {0, 0, 2}};
@@ -212,16 +221,19 @@ inline QByteArray bytesOf(const Frames& frames)
     for (qsizetype i = 0; i < frames.positions.size(); ++i) {
         QByteArray own = group(0x00209113, {text(0x00200032, "DS", decimals(frames.positions[i]))});
         if (i < frames.intercepts.size())
-            own += group(0x00289145, {text(0x00281052, "DS", decimals(std::array{frames.intercepts[i]})) +
-                                      text(0x00281053, "DS", "1")});
+            own += group(0x00289145,
+                         {text(0x00281052, "DS", decimals(std::array{frames.intercepts[i]})) +
+                          text(0x00281053, "DS", "1")});
         perFrame.append(own);
         voxels += pixels(6, static_cast<std::uint16_t>(100 * i));
     }
-    const QByteArray data =
-        text(0x00080016, "UI", "1.2.840.10008.5.1.4.1.1.2.1") + text(0x00080018, "UI", "1.2.3.4.5") +
-        text(0x0020000e, "UI", "1.2.3.4") + number(0x00280002, 1) + text(0x00280004, "CS", "MONOCHROME2") +
-        text(0x00280008, "IS", frames.stated) + pixelTags(3) + pixelTypeTags() +
-        group(0x52009229, {allFrames}) + group(0x52009230, perFrame) + element(0x7fe00010, "OW", voxels);
+    const QByteArray data = text(0x00080016, "UI", "1.2.840.10008.5.1.4.1.1.2.1") +
+                            text(0x00080018, "UI", "1.2.3.4.5") +
+                            text(0x0020000e, "UI", "1.2.3.4") + number(0x00280002, 1) +
+                            text(0x00280004, "CS", "MONOCHROME2") +
+                            text(0x00280008, "IS", frames.stated) + pixelTags(3) + pixelTypeTags() +
+                            group(0x52009229, {allFrames}) + group(0x52009230, perFrame) +
+                            element(0x7fe00010, "OW", voxels);
     return wholeFile(data);
 }
 

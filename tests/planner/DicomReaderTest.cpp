@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/DicomReader.h>
 
-// Covered: readDicom(): order of slices, geometry, rescaling, frames of one file, the choice of a series, and files that
-// make no volume.
+// Covered: readDicom(): order of slices, geometry, rescaling, frames of one file, the choice of a
+// series, and files that make no volume.
 
 #include <planner/Failure.h>
 #include <tests/planner/DicomFiles.h>
@@ -28,7 +28,10 @@ namespace {
 class DicomReader : public testing::Test
 {
 protected:
-    QString path(const std::string& name) const { return folder.filePath(QString::fromStdString(name)); }
+    QString path(const std::string& name) const
+    {
+        return folder.filePath(QString::fromStdString(name));
+    }
 
     void put(const std::string& name, const QByteArray& bytes) const
     {
@@ -169,7 +172,8 @@ TEST_F(DicomReader, RefusesASeriesThatIsNotThere)
 {
     writeTwoSeries();
     for (const char* series : {"0", "3", "-1", "1.2", "Soft tissue"})
-        EXPECT_THAT(refusal(QString::fromLatin1(series)), testing::HasSubstr("--series takes one of: 1 = "));
+        EXPECT_THAT(refusal(QString::fromLatin1(series)),
+                    testing::HasSubstr("--series takes one of: 1 = "));
 }
 
 TEST_F(DicomReader, ReadsSubfolders)
@@ -284,7 +288,8 @@ TEST_F(DicomReader, NamesWhatASliceLacks)
     const Row rows[] = {
         {"b: it states no usable position", {.position = std::nullopt}},
         {"b: it states no usable orientation", {.orientation = std::nullopt}},
-        {"b: its orientation (0020,0037) is not two directions", {.orientation = {{1, 0, 0, 1, 0, 0}}}},
+        {"b: its orientation (0020,0037) is not two directions",
+         {.orientation = {{1, 0, 0, 1, 0, 0}}}},
         {"b: it states no usable pixel spacing", {.spacing = ""}},
         {"b: it states no usable pixel spacing", {.spacing = "0.5"}},
         {"b: it states no usable pixel spacing", {.spacing = "1e300\\1"}},
@@ -311,9 +316,10 @@ TEST_F(DicomReader, RefusesASliceWhosePixelLengthIsDamaged)
 {
     write("a", {.position = {{0, 0, 0}}});
     write("b", {.position = {{0, 0, 1}}, .statedPixelBytes = 0x7ffffffe});
-    EXPECT_THAT(refusal(), testing::HasSubstr(
-                               "b: the file is damaged or cut off: its element (7fe0,0010) states 2147483646 "
-                               "bytes, 12 are left"));
+    EXPECT_THAT(refusal(),
+                testing::HasSubstr(
+                    "b: the file is damaged or cut off: its element (7fe0,0010) states 2147483646 "
+                    "bytes, 12 are left"));
     write("b", {.position = {{0, 0, 1}}, .statedPixelBytes = 10});
     EXPECT_THAT(refusal(), testing::HasSubstr("its pixels should take 12 bytes and take 10"));
 }
@@ -323,17 +329,19 @@ TEST_F(DicomReader, RefusesALengthBeyondTheEndInASequence)
     // Behind the pixels, where nothing is needed of it.
     const QByteArray nested = dicomfiles::element(0x00081150, "UN", {}, 0x40000000);
     write("a", {.position = {{0, 0, 0}}});
-    for (const QByteArray& sequence :
-         {dicomfiles::sequence(0xfffc0010, {nested}), dicomfiles::sequenceWithMarks(0xfffc0010, {nested})}) {
+    for (const QByteArray& sequence : {dicomfiles::sequence(0xfffc0010, {nested}),
+                                       dicomfiles::sequenceWithMarks(0xfffc0010, {nested})}) {
         write("b", {.position = {{0, 0, 1}}, .behindPixels = sequence});
-        EXPECT_THAT(refusal(), testing::HasSubstr("its element (0008,1150) states 1073741824 bytes"));
+        EXPECT_THAT(refusal(),
+                    testing::HasSubstr("its element (0008,1150) states 1073741824 bytes"));
     }
 }
 
 TEST_F(DicomReader, IgnoresPaddingBehindThePixels)
 {
     write("a", {.position = {{0, 0, 0}}, .behindPixels = QByteArray(64, '\0')});
-    write("b", {.position = {{0, 0, 1}}, .behindPixels = dicomfiles::element(0xfffcfffc, "OB", "1234")});
+    write("b",
+          {.position = {{0, 0, 1}}, .behindPixels = dicomfiles::element(0xfffcfffc, "OB", "1234")});
     EXPECT_EQ(read().image.imageSize().z, 2);
 }
 
@@ -366,7 +374,8 @@ protected:
 TEST_F(DicomFrames, OfAFileAreItsSlices)
 {
     for (const bool marks : {false, true}) {
-        const Volume volume = readFrames({.positions = {{5, 6, 12}, {5, 6, 10}, {5, 6, 8}}, .marks = marks});
+        const Volume volume =
+            readFrames({.positions = {{5, 6, 12}, {5, 6, 10}, {5, 6, 8}}, .marks = marks});
         EXPECT_EQ(volume.image.imageSize().z, 3);
         EXPECT_EQ(volume.image.voxelSize(), QVector3D(0.5F, 0.25F, 2));
         EXPECT_EQ(volume.worldFromVoxel.map(QVector3D(0, 0, 0)), QVector3D(5, 6, 8));

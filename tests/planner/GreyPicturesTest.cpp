@@ -19,7 +19,8 @@ using planner::GreyCut;
 using planner::Sampler;
 using planner::Volume;
 
-// 10 x 8 x 6 voxels of 1 mm; the value is 100 z + 10 y + x. The faces of the volume lie half a voxel further out.
+// 10 x 8 x 6 voxels of 1 mm; the value is 100 z + 10 y + x. The faces of the volume lie half a
+// voxel further out.
 Volume numbered()
 {
     Volume volume;
@@ -76,7 +77,8 @@ TEST_F(GreyPictures, ProjectionTakesTheLargestValueFromAnteriorToPosterior)
 TEST_F(GreyPictures, CropShowsTheBoxAndNoMoreThanThereIs)
 {
     const GreyCut cut = planner::cutAcross(volume, sampler, 2, 3.0F, 1.0F);
-    const GreyCut part = planner::cropped(cut, {QVector3D(1.5F, 2.5F, 0.0F), QVector3D(4.5F, 4.5F, 0.0F)});
+    const GreyCut part =
+        planner::cropped(cut, {QVector3D(1.5F, 2.5F, 0.0F), QVector3D(4.5F, 4.5F, 0.0F)});
     ASSERT_EQ(part.columns, 3);
     ASSERT_EQ(part.rows, 2);
     EXPECT_EQ(part.values, QList<float>({332, 333, 334, 342, 343, 344}));
@@ -97,7 +99,8 @@ TEST_F(GreyPictures, ShadeIsLinearFromBlackToWhiteAndBlackOutside)
     EXPECT_EQ(qRed(image.pixel(2, 0)), 128);
     EXPECT_EQ(qRed(image.pixel(3, 0)), 255);
     EXPECT_EQ(qRed(image.pixel(4, 0)), 0);
-    EXPECT_EQ(qRed(planner::shade(cut, {200.0F, 200.0F}).pixel(3, 0)), 0) << "a window without width";
+    EXPECT_EQ(qRed(planner::shade(cut, {200.0F, 200.0F}).pixel(3, 0)), 0)
+        << "a window without width";
 }
 
 TEST_F(GreyPictures, BoxesAreOutlinedWhereTheCutMeetsThem)
@@ -122,8 +125,8 @@ TEST_F(GreyPictures, TilesStandInRowsScaledToOneWidth)
 {
     QImage white(10, 20, QImage::Format_RGB32);
     white.fill(Qt::white);
-    const QImage image =
-        planner::montage({{QStringLiteral("a"), white}, {QStringLiteral("b"), white}, {{}, white}}, 2, 50);
+    const QImage image = planner::montage(
+        {{QStringLiteral("a"), white}, {QStringLiteral("b"), white}, {{}, white}}, 2, 50);
     EXPECT_EQ(image.width(), 18 + 2 * (50 + 18));
     EXPECT_EQ(image.height(), 18 + 2 * (34 + 100 + 18));
     EXPECT_EQ(image.pixelColor(18 + 25, 18 + 34 + 50), QColor(Qt::white));

@@ -24,7 +24,8 @@ Case turned()
 {
     Case planned;
     planned.volume.image = VexelImage3D({20, 20, 40}, {2, 2, 1}, image::Int16);
-    planned.volume.worldFromVoxel = QMatrix4x4(-2, 0, 0, 100, 0, -2, 0, 200, 0, 0, 1, 300, 0, 0, 0, 1);
+    planned.volume.worldFromVoxel =
+        QMatrix4x4(-2, 0, 0, 100, 0, -2, 0, 200, 0, 0, 1, 300, 0, 0, 0, 1);
     planned.landmarks = {
         {QStringLiteral("tooth 46"), QStringLiteral("46"), LandmarkKind::Tooth, {80, 180, 320}},
         {QStringLiteral("apex 46"), QStringLiteral("46"), LandmarkKind::Apex, {80, 180, 300}},
@@ -119,7 +120,8 @@ TEST(Miscalibrated, TakesGainAndOffsetRoundsAndStaysInSixteenBits)
 
 TEST(Miscalibrated, IsNothingForOtherElementsAndWithoutVoxels)
 {
-    EXPECT_FALSE(planner::miscalibrated(VexelImage3D({2, 2, 2}, {1, 1, 1}, image::UInt8), 1.0F, 0.0F));
+    EXPECT_FALSE(
+        planner::miscalibrated(VexelImage3D({2, 2, 2}, {1, 1, 1}, image::UInt8), 1.0F, 0.0F));
     EXPECT_FALSE(planner::miscalibrated(VexelImage3D(), 1.0F, 0.0F));
 }
 

@@ -69,7 +69,8 @@ TEST(GreyScale, WeakensNothingInAirAndMoreInBoneThanInWater)
 
 TEST(GreyScale, StaysFiniteForValuesThatAreNot)
 {
-    const GreyScale scale(imageFrom<float>(-1000.0F, std::numeric_limits<float>::infinity(), image::Float32));
+    const GreyScale scale(
+        imageFrom<float>(-1000.0F, std::numeric_limits<float>::infinity(), image::Float32));
     EXPECT_EQ(scale.brightness(std::numeric_limits<double>::infinity()), 255);
     EXPECT_TRUE(std::isfinite(scale.attenuation(std::numeric_limits<double>::infinity())));
 }

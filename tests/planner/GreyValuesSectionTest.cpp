@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/GreyValuesSection.h>
 
-// Covered: what the section shows of the built-in patient, of a CT with teeth alone, and what it says of others.
+// Covered: what the section shows of the built-in patient, of a CT with teeth alone, and what it
+// says of others.
 
 #include <tests/planner/GuiTest.h>
 #include <tests/planner/SilentProgress.h>
@@ -60,8 +61,9 @@ TEST_F(GreyValuesSection, OfTheBuiltInPatientShowsAllRegionsAndTheTruth)
     EXPECT_EQ(
         files(section),
         QStringList({QStringLiteral("grey-regions.png"), QStringLiteral("grey-histogram-face.png"),
-                     QStringLiteral("grey-histogram-skull.png"), QStringLiteral("grey-histogram-teeth.png"),
-                     QStringLiteral("grey-windows.png"), QStringLiteral("grey-drags.png")}));
+                     QStringLiteral("grey-histogram-skull.png"),
+                     QStringLiteral("grey-histogram-teeth.png"), QStringLiteral("grey-windows.png"),
+                     QStringLiteral("grey-drags.png")}));
     EXPECT_TRUE(section.detailsHtml.contains(u"from landmarks"));
     EXPECT_TRUE(section.detailsHtml.contains(u"<td>air -1000</td>"));
     EXPECT_TRUE(section.detailsHtml.contains(u"<td>cortical bone, for the landmarks 1300</td>"));
@@ -74,9 +76,10 @@ TEST_F(GreyValuesSection, OfACtWithTeethAloneEstimatesFromThem)
     Case planned = builtIn(0.8F);
     planned.patient.reset();
     const Section section = create(planned);
-    EXPECT_EQ(files(section),
-              QStringList({QStringLiteral("grey-regions.png"), QStringLiteral("grey-histogram-teeth.png"),
-                           QStringLiteral("grey-windows.png"), QStringLiteral("grey-drags.png")}));
+    EXPECT_EQ(
+        files(section),
+        QStringList({QStringLiteral("grey-regions.png"), QStringLiteral("grey-histogram-teeth.png"),
+                     QStringLiteral("grey-windows.png"), QStringLiteral("grey-drags.png")}));
     EXPECT_FALSE(section.detailsHtml.contains(u"from landmarks"));
     EXPECT_FALSE(section.detailsHtml.contains(u"painted"));
     EXPECT_TRUE(section.pictures.first().captionHtml.contains(u"which this CT comes without"));
@@ -90,7 +93,8 @@ TEST_F(GreyValuesSection, OfACtWithoutLandmarksSaysThatThereIsNoEstimate)
     const Section section = create(planned);
     EXPECT_EQ(files(section),
               QStringList({QStringLiteral("grey-windows.png"), QStringLiteral("grey-drags.png")}));
-    EXPECT_TRUE(section.introductionHtml.contains(u"without landmarks of the skull and without teeth"));
+    EXPECT_TRUE(
+        section.introductionHtml.contains(u"without landmarks of the skull and without teeth"));
     EXPECT_TRUE(section.plainText.contains(u"there is no estimate"));
 }
 

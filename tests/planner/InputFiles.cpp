@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// Writes the files that the planner's runs read, good and damaged ones, into the folder that it is given.
+// Writes the files that the planner's runs read, good and damaged ones, into the folder that it is
+// given.
 #include <tests/planner/DicomFiles.h>
 #include <tests/planner/NiftiFiles.h>
 
@@ -13,7 +14,8 @@ int main(int argc, char** argv)
     const QDir folder(QFile::decodeName(argv[1]));
     bool written = folder.mkpath(QStringLiteral("."));
     const auto write = [&folder, &written](const QByteArray& name, const QByteArray& bytes) {
-        written = niftifiles::writeBytes(folder.filePath(QString::fromLatin1(name)), bytes) && written;
+        written =
+            niftifiles::writeBytes(folder.filePath(QString::fromLatin1(name)), bytes) && written;
     };
 
     // A cube of 16 mm, bone within soft tissue, around the world's origin.
@@ -28,15 +30,18 @@ int main(int argc, char** argv)
     write("good.nii", niftifiles::bytesOf(good));
     write("good.json", R"({"mandibularForamen": {"right": [-12, -4, 6], "left": [-3, -4, 6]},
                            "mentalForamen": {"right": [-11, -12, 2], "left": [-4, -12, 2]}})");
-    write("exchanged.json", R"({"mandibularForamen": {"right": [-3, -4, 6], "left": [-12, -4, 6]}})");
+    write("exchanged.json",
+          R"({"mandibularForamen": {"right": [-3, -4, 6], "left": [-12, -4, 6]}})");
     write("tooth99.json", R"({"lowerTeeth": {"41": [-8, -8, 6], "99": [-8, -9, 6]}})");
     write("othergrid.json", R"({"lowerTeeth": {"41": [-8, -8, 6]},
         "mandibleBodyMidline": {"voxel": [[2, 24, 4], [8, 10, 4], [16, 6, 4], [24, 10, 4], [30, 24, 4]]}})");
-    write("coinciding.json", R"({"lowerTeeth": {"35": [-8, -8, 6], "36": [-8, -8, 6], "37": [-8, -8, 6]}})");
-    write("crowded.json",
-          "{\"mandibleBodyMidline\": [" + QByteArray("[-8, -8, 6],").repeated(99999) + "[-8, -8, 6]]}");
+    write("coinciding.json",
+          R"({"lowerTeeth": {"35": [-8, -8, 6], "36": [-8, -8, 6], "37": [-8, -8, 6]}})");
+    write("crowded.json", "{\"mandibleBodyMidline\": [" +
+                              QByteArray("[-8, -8, 6],").repeated(99999) + "[-8, -8, 6]]}");
     write("zigzag.json", "{\"mandibleBodyMidline\": [" +
-                             QByteArray("[-14, -8, 6], [-1, -8, 6],").repeated(499) + "[-8, -8, 6]]}");
+                             QByteArray("[-14, -8, 6], [-1, -8, 6],").repeated(499) +
+                             "[-8, -8, 6]]}");
     write("elsewhere.json", "{\"mentalForamen\": {\"right\": [500, 0, 0], \"left\": [510, 0, 0]}}");
 
     const niftifiles::File counting = niftifiles::countingVolume();
@@ -60,7 +65,8 @@ int main(int argc, char** argv)
     frames.voxels = counting.voxels.repeated(3);
     write("frames.nii", niftifiles::bytesOf(frames));
 
-    write("colour.nii", niftifiles::bytesOf(niftifiles::volumeOf(DT_RGB24, 24, QByteArray(24, '\1'))));
+    write("colour.nii",
+          niftifiles::bytesOf(niftifiles::volumeOf(DT_RGB24, 24, QByteArray(24, '\1'))));
 
     // Two series in subfolders, and one of them as frames of a file.
     for (const char* name : {"plain", "dicom/head", "dicom/jaw", "damaged"})

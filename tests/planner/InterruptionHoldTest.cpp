@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/InterruptionHold.h>
 
-// Covered: InterruptionHold: when a signal ends the process, with and without holds, from any thread. Each case runs in
-// a child process.
+// Covered: InterruptionHold: when a signal ends the process, with and without holds, from any
+// thread. Each case runs in a child process.
 
 #include <gtest/gtest.h>
 
@@ -39,7 +39,8 @@ void raiseWithinTwoHolds(int number)
 TEST(InterruptionHold, LetsASignalEndTheProcessWhenTheLastHoldIsGone)
 {
     for (const int number : {SIGINT, SIGTERM, SIGHUP})
-        EXPECT_EXIT(raiseWithinTwoHolds(number), testing::KilledBySignal(number), "^inner requested $");
+        EXPECT_EXIT(raiseWithinTwoHolds(number), testing::KilledBySignal(number),
+                    "^inner requested $");
 }
 
 void raiseAfterAHold(int number)

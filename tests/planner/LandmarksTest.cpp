@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/Landmarks.h>
 
-// Covered: readLandmarks() and landmarksOf(): both ways to write a position, canals, damaged files, tooth numbers,
-// warnings; the example in docs.
+// Covered: readLandmarks() and landmarksOf(): both ways to write a position, canals, damaged files,
+// tooth numbers, warnings; the example in docs.
 
 #include <planner/Failure.h>
 
@@ -35,7 +35,8 @@ protected:
         return path;
     }
 
-    planner::LandmarkFile readFile(const QByteArray& json, const QMatrix4x4& worldFromVoxel = {}) const
+    planner::LandmarkFile readFile(const QByteArray& json,
+                                   const QMatrix4x4& worldFromVoxel = {}) const
     {
         return planner::readLandmarks(write(json), worldFromVoxel);
     }
@@ -72,8 +73,10 @@ TEST_F(Landmarks, ReadsPositionsInTheWorld)
     EXPECT_EQ(landmarks[0].name, QStringLiteral("mandibular foramen, right"));
     EXPECT_EQ(landmarks[0].position, QVector3D(1, 2, 3));
     EXPECT_EQ(landmarks[1].position, QVector3D(4, 5, 6));
-    EXPECT_EQ(landmarks[2],
-              (Landmark{QStringLiteral("tooth 36"), QStringLiteral("36"), LandmarkKind::Tooth, {7, 8, 9}}));
+    EXPECT_EQ(
+        landmarks[2],
+        (Landmark{
+            QStringLiteral("tooth 36"), QStringLiteral("36"), LandmarkKind::Tooth, {7, 8, 9}}));
     EXPECT_EQ(landmarks[3],
               (Landmark{QStringLiteral("tooth 36, apex"), {}, LandmarkKind::Apex, {10, 11, 12}}));
 }
@@ -110,16 +113,20 @@ TEST_F(Landmarks, AreRefusedInASentence)
                 testing::HasSubstr("\"mental foramen, left\" is not three numbers"));
     EXPECT_THAT(refusal(R"({"mentalForamen": {"left": ["a", 2, 3]}})"),
                 testing::HasSubstr("not three numbers"));
-    EXPECT_THAT(refusal(R"({"mentalForamen": {"left": null}})"), testing::HasSubstr("not three numbers"));
-    EXPECT_THAT(refusal(R"({"mentalForamen": {"left": {}}})"), testing::HasSubstr("not three numbers"));
+    EXPECT_THAT(refusal(R"({"mentalForamen": {"left": null}})"),
+                testing::HasSubstr("not three numbers"));
+    EXPECT_THAT(refusal(R"({"mentalForamen": {"left": {}}})"),
+                testing::HasSubstr("not three numbers"));
     EXPECT_THAT(refusal(R"({"mentalForamen": {"left": [1e300, 2, 3]}})"),
                 testing::HasSubstr("not three numbers"));
-    EXPECT_THAT(refusal(R"({"teeth": {"36": {"occlusal": 7}}})"), testing::HasSubstr("\"tooth 36\""));
+    EXPECT_THAT(refusal(R"({"teeth": {"36": {"occlusal": 7}}})"),
+                testing::HasSubstr("\"tooth 36\""));
 }
 
 TEST_F(Landmarks, PassOverEntriesOfAnotherShape)
 {
-    const auto landmarks = read(R"({"teeth": [1], "mandibularForamen": 3, "upperTeeth": {"11": [1, 2, 3]}})");
+    const auto landmarks =
+        read(R"({"teeth": [1], "mandibularForamen": 3, "upperTeeth": {"11": [1, 2, 3]}})");
     ASSERT_EQ(landmarks.size(), 1);
     EXPECT_EQ(landmarks[0].name, QStringLiteral("tooth 11"));
 }
@@ -202,10 +209,12 @@ TEST_F(Landmarks, FileWithoutCanalsHasNone)
 
 TEST_F(Landmarks, CanalOfASinglePointIsLeftOutWithAWarning)
 {
-    const auto file = readFile(withTooth(R"("canal": {"right": {"points": [[1, 2, 3], [1, 2, 3]]}})"));
+    const auto file =
+        readFile(withTooth(R"("canal": {"right": {"points": [[1, 2, 3], [1, 2, 3]]}})"));
     EXPECT_TRUE(file.canals.isEmpty());
     ASSERT_EQ(file.warnings.size(), 1);
-    EXPECT_THAT(file.warnings.first().toStdString(), testing::HasSubstr("right canal has a single point"));
+    EXPECT_THAT(file.warnings.first().toStdString(),
+                testing::HasSubstr("right canal has a single point"));
 }
 
 TEST_F(Landmarks, CanalsThatCannotBeAreRefused)
@@ -216,17 +225,19 @@ TEST_F(Landmarks, CanalsThatCannotBeAreRefused)
                 testing::HasSubstr("the left canal is 301 mm long"));
     for (const char* radius : {"0", "-1", "5.1", "\"1\"", "null"})
         EXPECT_THAT(refusal(withLeftCanal(
-                        QByteArray(R"({"points": [[0, 0, 0], [0, 0, 1]], "meanRadiusMm": )") + radius + "}")),
+                        QByteArray(R"({"points": [[0, 0, 0], [0, 0, 1]], "meanRadiusMm": )") +
+                        radius + "}")),
                     testing::HasSubstr("radius of the left canal"))
             << radius;
-    EXPECT_THAT(
-        refusal(withLeftCanal("{\"points\": [" + QByteArray("[1,2,3],").repeated(10000) + "[1,2,3]]}")),
-        testing::HasSubstr("the left canal has 10001 points"));
+    EXPECT_THAT(refusal(withLeftCanal("{\"points\": [" + QByteArray("[1,2,3],").repeated(10000) +
+                                      "[1,2,3]]}")),
+                testing::HasSubstr("the left canal has 10001 points"));
 }
 
 TEST_F(Landmarks, MoreArchPointsThanAnArchHasAreRefused)
 {
-    EXPECT_THAT(refusal("{\"mandibleBodyMidline\": [" + QByteArray("[1,2,3],").repeated(99999) + "[1,2,3]]}"),
+    EXPECT_THAT(refusal("{\"mandibleBodyMidline\": [" + QByteArray("[1,2,3],").repeated(99999) +
+                        "[1,2,3]]}"),
                 testing::HasSubstr("the arch has 100000 points, and at most 1000 are read"));
 }
 
@@ -236,22 +247,26 @@ TEST_F(Landmarks, TeethAtOnePointAreRefused)
                 testing::HasSubstr("\"tooth 35\" and \"tooth 37\" are at the same point"));
     EXPECT_THAT(refusal(R"({"teeth": {"35": {"occlusal": [1, 2, 3], "apex": [1, 2, 3]}}})"),
                 testing::HasSubstr("\"tooth 35\" and \"tooth 35, apex\""));
-    EXPECT_EQ(read(R"({"lowerTeeth": {"35": [1, 2, 3]}, "teeth": {"35": {"occlusal": [1, 2, 3]}}})").size(),
+    EXPECT_EQ(read(R"({"lowerTeeth": {"35": [1, 2, 3]}, "teeth": {"35": {"occlusal": [1, 2, 3]}}})")
+                  .size(),
               2)
         << "one tooth, given twice";
 }
 
 TEST_F(Landmarks, ToothNumbersThatDoNotExistAreLeftOutWithAWarning)
 {
-    for (const char* number : {"19", "99", "10", "0", "3", "51", "036", "+36", " 36", "36.0", "x", ""}) {
-        const auto file = readFile(withTooth(QByteArray("\"lowerTeeth\": {\"") + number + "\": [1, 2, 3]}"));
+    for (const char* number :
+         {"19", "99", "10", "0", "3", "51", "036", "+36", " 36", "36.0", "x", ""}) {
+        const auto file =
+            readFile(withTooth(QByteArray("\"lowerTeeth\": {\"") + number + "\": [1, 2, 3]}"));
         EXPECT_EQ(file.landmarks.size(), 1) << number;
         ASSERT_EQ(file.warnings.size(), 1) << number;
         EXPECT_TRUE(file.warnings.first().contains(
             QStringLiteral("There is no tooth \"%1\"").arg(QLatin1String(number))));
     }
-    EXPECT_THAT(warnings(R"({"mentalForamen": {"left": [1, 2, 3]}, "teeth": {"49": {"apex": [1, 2, 3]}}})"),
-                testing::HasSubstr("There is no tooth \"49\""));
+    EXPECT_THAT(
+        warnings(R"({"mentalForamen": {"left": [1, 2, 3]}, "teeth": {"49": {"apex": [1, 2, 3]}}})"),
+        testing::HasSubstr("There is no tooth \"49\""));
 }
 
 TEST_F(Landmarks, WithLeftAndRightExchangedGetAWarning)
@@ -261,11 +276,13 @@ TEST_F(Landmarks, WithLeftAndRightExchangedGetAWarning)
     EXPECT_THAT(warnings(R"({"mentalForamen": {"right": [90, 0, 0], "left": [10, 0, 0]}})"),
                 testing::HasSubstr("exchanged (mental foramina)"));
     EXPECT_THAT(
-        warnings(R"({"upperTeeth": {"16": [90, 0, 0], "26": [10, 0, 0], "11": [40, 0, 0], "21": [60, 0, 0]},
+        warnings(
+            R"({"upperTeeth": {"16": [90, 0, 0], "26": [10, 0, 0], "11": [40, 0, 0], "21": [60, 0, 0]},
                              "lowerTeeth": {"47": [90, 0, 9], "37": [10, 0, 9]}})"),
         testing::HasSubstr("exchanged (teeth 16 and 26, teeth 47 and 37)"));
     EXPECT_THAT(
-        warnings(R"({"lowerTeeth": {"41": [90, 0, 0], "42": [80, 0, 0], "43": [70, 0, 0], "44": [60, 0, 0],
+        warnings(
+            R"({"lowerTeeth": {"41": [90, 0, 0], "42": [80, 0, 0], "43": [70, 0, 0], "44": [60, 0, 0],
                              "31": [9, 0, 0], "32": [8, 0, 0], "33": [7, 0, 0], "34": [6, 0, 0]}})"),
         testing::HasSubstr("exchanged (4 pairs of teeth)"));
     EXPECT_THAT(warnings(withTooth(R"("canal": {"right": {"points": [[90, 0, 0], [90, 9, 0]]},
@@ -286,10 +303,13 @@ TEST_F(Landmarks, WithACanalAwayFromItsForaminaGetAWarning)
     };
     EXPECT_EQ(warnings(canal("[[0, 69, 0], [0, -9, 0]]")), "");
     EXPECT_EQ(warnings(canal("[[0, 71, 0], [0, -9, 0]]")),
-              "The right canal starts 11 mm from the \"mandibular foramen, right\", where it should start.");
-    EXPECT_EQ(warnings(canal("[[0, 69, 0], [0, -11, 0]]")),
-              "The right canal ends 11 mm from the \"mental foramen, right\", where it should end.");
-    EXPECT_THAT(warnings(canal("[[0, 0, 0], [0, 60, 0]]")), testing::HasSubstr("starts 60 mm")) << "reversed";
+              "The right canal starts 11 mm from the \"mandibular foramen, right\", where it "
+              "should start.");
+    EXPECT_EQ(
+        warnings(canal("[[0, 69, 0], [0, -11, 0]]")),
+        "The right canal ends 11 mm from the \"mental foramen, right\", where it should end.");
+    EXPECT_THAT(warnings(canal("[[0, 0, 0], [0, 60, 0]]")), testing::HasSubstr("starts 60 mm"))
+        << "reversed";
 }
 
 // An arch of 80 by 40 mm and the lower teeth and foramina outside it, all in voxels of 1 mm.
@@ -329,7 +349,8 @@ TEST(LandmarkExample, DescribesTheBuiltInPatient)
 {
     QMatrix4x4 halfMillimeters;
     halfMillimeters.scale(0.5F);
-    const auto file = planner::readLandmarks(QStringLiteral(DOCS "/landmarks.json"), halfMillimeters);
+    const auto file =
+        planner::readLandmarks(QStringLiteral(DOCS "/landmarks.json"), halfMillimeters);
     EXPECT_TRUE(file.warnings.isEmpty());
 
     const phantom::Patient patient;
@@ -339,14 +360,17 @@ TEST(LandmarkExample, DescribesTheBuiltInPatient)
     for (const Landmark& landmark : file.landmarks) {
         if (landmark.kind == LandmarkKind::Arch) {
             ++archPoints;
-            EXPECT_TRUE(std::any_of(neckLine.cbegin(), neckLine.cend(), [&landmark](const QVector3D& sample) {
-                return (sample - landmark.position).length() < 0.6F;
-            })) << landmark.name.toStdString();
+            EXPECT_TRUE(std::any_of(neckLine.cbegin(), neckLine.cend(),
+                                    [&landmark](const QVector3D& sample) {
+                                        return (sample - landmark.position).length() < 0.6F;
+                                    }))
+                << landmark.name.toStdString();
             continue;
         }
         const Landmark* truth = findLandmark(known, landmark.name);
         ASSERT_TRUE(truth) << landmark.name.toStdString();
-        EXPECT_LT((truth->position - landmark.position).length(), 0.1F) << landmark.name.toStdString();
+        EXPECT_LT((truth->position - landmark.position).length(), 0.1F)
+            << landmark.name.toStdString();
     }
     EXPECT_EQ(archPoints, 7);
     EXPECT_EQ(file.landmarks.size(), 4 + 8 + 7) << "foramina, crowns and apices, arch";
@@ -356,8 +380,9 @@ TEST(LandmarkExample, DescribesTheBuiltInPatient)
         const phantom::NerveCanal& truth = canal.right ? patient.rightCanal() : patient.leftCanal();
         EXPECT_EQ(canal.radiusMm, truth.radiusMm);
         for (const QVector3D& point : canal.points)
-            EXPECT_TRUE(std::any_of(truth.centreLine.cbegin(), truth.centreLine.cend(),
-                                    [&point](const QVector3D& s) { return (s - point).length() < 0.1F; }));
+            EXPECT_TRUE(
+                std::any_of(truth.centreLine.cbegin(), truth.centreLine.cend(),
+                            [&point](const QVector3D& s) { return (s - point).length() < 0.1F; }));
     }
 }
 
@@ -365,7 +390,8 @@ TEST(LandmarkExample, IsTheOneThatTheDocumentShows)
 {
     const QByteArray example = contentOf(QStringLiteral(DOCS "/landmarks.json"));
     EXPECT_FALSE(example.isEmpty());
-    EXPECT_TRUE(contentOf(QStringLiteral(DOCS "/landmarks.md")).contains("```json\n" + example + "```\n"));
+    EXPECT_TRUE(
+        contentOf(QStringLiteral(DOCS "/landmarks.md")).contains("```json\n" + example + "```\n"));
 }
 
 TEST_F(Landmarks, CanalsOfTheBuiltInPatientRunFromForamenToForamen)

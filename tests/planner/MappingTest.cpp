@@ -32,7 +32,8 @@ TEST(Mapping, OntoAPlanarViewGivesViewPointPixelAndFoot)
 {
     PlanarReslice reslice;
     set(reslice);
-    const auto mapped = planner::mapOntoPlanar(landmarkAt({15.25F, 22.25F, 31.5F}), reslice).first();
+    const auto mapped =
+        planner::mapOntoPlanar(landmarkAt({15.25F, 22.25F, 31.5F}), reslice).first();
     EXPECT_EQ(mapped.inView, QPointF(5.25, 37.75)); // y counts down from 40 mm
     EXPECT_EQ(mapped.pixel, QPoint(10, 75));
     EXPECT_EQ(mapped.back, QVector3D(15.25F, 22.25F, 30));
@@ -70,8 +71,8 @@ TEST(Mapping, OfAClickIsAtMostHalfADiagonalAway)
 {
     PlanarReslice reslice;
     set(reslice);
-    const auto mapped =
-        planner::mapOntoPlanar(landmarkAt({15, 22, 30}), reslice).first(); // a corner of four pixels
+    const auto mapped = planner::mapOntoPlanar(landmarkAt({15, 22, 30}), reslice)
+                            .first(); // a corner of four pixels
     EXPECT_NEAR(mapped.clickErrorMm, 0.353553, 1e-6);
     EXPECT_EQ(mapped.errorMm, 0.0);
 }
@@ -99,12 +100,14 @@ TEST(Mapping, ClipsASegmentToTheSlab)
 {
     PlanarReslice reslice;
     set(reslice);
-    const auto segment = planner::mapSegment(QStringLiteral("s"), {10, 20, 30}, {30, 20, 40}, reslice);
+    const auto segment =
+        planner::mapSegment(QStringLiteral("s"), {10, 20, 30}, {30, 20, 40}, reslice);
     EXPECT_TRUE(segment.inPlane);
     EXPECT_EQ(segment.whole, QLineF(0, 40, 20, 40));
     EXPECT_NEAR(segment.clipped.x1(), 0.0, 1e-5);
     EXPECT_NEAR(segment.clipped.x2(), 4.0, 1e-5); // the slab ends at z = 32, a fifth of the way
-    EXPECT_FALSE(planner::mapSegment(QStringLiteral("s"), {10, 20, 33}, {30, 20, 40}, reslice).inPlane);
+    EXPECT_FALSE(
+        planner::mapSegment(QStringLiteral("s"), {10, 20, 33}, {30, 20, 40}, reslice).inPlane);
 }
 
 } // namespace

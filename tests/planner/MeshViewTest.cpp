@@ -102,9 +102,10 @@ TEST(Scene, LeavesOutTrianglesWithACornerThatIsNotFinite)
     oblique.direction = {0.4F, 0.8F, -0.3F};
     for (const planner::Camera& from : {camera(), oblique}) {
         const QImage empty = paintScene(from, {});
-        for (const QVector3D& odd : {QVector3D(nan, 20, 30), QVector3D(10, nan, 30),
-                                     QVector3D(infinity, 20, 30), QVector3D(10, infinity, 30),
-                                     QVector3D(10, 20, -infinity), QVector3D(infinity, infinity, infinity)}) {
+        for (const QVector3D& odd :
+             {QVector3D(nan, 20, 30), QVector3D(10, nan, 30), QVector3D(infinity, 20, 30),
+              QVector3D(10, infinity, 30), QVector3D(10, 20, -infinity),
+              QVector3D(infinity, infinity, infinity)}) {
             const geometry::Mesh mesh({{5, 20, 25}, {15, 20, 25}, odd}, {0, 1, 2, -1, 0, 0, 1, -1});
             EXPECT_EQ(paintScene(from, {{mesh, Qt::red}}), empty)
                 << odd.x() << ' ' << odd.y() << ' ' << odd.z();
@@ -114,7 +115,8 @@ TEST(Scene, LeavesOutTrianglesWithACornerThatIsNotFinite)
 
 TEST(Scene, ShowsBoneWhereItIsNotCutAway)
 {
-    // 20 mm of bone, 1 mm a voxel, from x = -0.5; the picture shows x from -5 to 25 and z from 20 to 40.
+    // 20 mm of bone, 1 mm a voxel, from x = -0.5; the picture shows x from -5 to 25 and z from 20
+    // to 40.
     planner::Volume volume;
     volume.image = VexelImage3D({20, 20, 20}, {1, 1, 1}, image::Int16);
     auto* voxels = static_cast<std::int16_t*>(volume.image.dataPtr());
@@ -130,7 +132,8 @@ TEST(Scene, ShowsBoneWhereItIsNotCutAway)
     bone.high = {25, 40, 45};
     bone.colour = Qt::white;
     QList<double> told;
-    const QImage image = paintScene(camera(), {}, bone, [&told](double done) { told.append(done); });
+    const QImage image =
+        paintScene(camera(), {}, bone, [&told](double done) { told.append(done); });
     const QRgb background = image.pixel(0, 20);
     EXPECT_NE(image.pixel(15, 20), background); // x = 2.75
     EXPECT_NE(image.pixel(28, 20), background); // x = 9.25

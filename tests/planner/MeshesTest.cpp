@@ -38,9 +38,9 @@ double signedVolume(const geometry::Mesh& mesh)
     double volume = 0.0;
     const auto corner = [&mesh](qsizetype i) { return mesh.getVertices()[mesh.getIndices()[i]]; };
     for (qsizetype i = 0; i < mesh.getNumIndices(); i += 4)
-        volume +=
-            double(QVector3D::dotProduct(corner(i), QVector3D::crossProduct(corner(i + 1), corner(i + 2)))) /
-            6.0;
+        volume += double(QVector3D::dotProduct(
+                      corner(i), QVector3D::crossProduct(corner(i + 1), corner(i + 2)))) /
+                  6.0;
     return volume;
 }
 
@@ -101,7 +101,8 @@ TEST(PlacedMesh, JoinsTheShapesOfATree)
     QMatrix4x4 up;
     up.translate(0.0F, 0.0F, 7.0F);
     const geometry::Mesh mesh = planner::placedMesh(root, up);
-    const QList<QVector3D> vertices = {{0, 0, 7}, {1, 0, 7}, {0, 1, 7}, {5, 0, 7}, {6, 0, 7}, {5, 1, 7}};
+    const QList<QVector3D> vertices = {{0, 0, 7}, {1, 0, 7}, {0, 1, 7},
+                                       {5, 0, 7}, {6, 0, 7}, {5, 1, 7}};
     EXPECT_EQ(mesh.getVertices(), vertices);
     EXPECT_EQ(mesh.getIndices(), QList<int>({0, 1, 2, -1, 3, 4, 5, -1}));
 }
@@ -118,7 +119,8 @@ TEST(PlacedMesh, OfASurfaceStandsInTheScene)
 
 TEST(CutMesh, AlongTheAxisOfATubeIsARectangle)
 {
-    // 0.01 mm beside the axis, so that no vertex lies in the plane. The view's origin is (-20, 25) and its y down.
+    // 0.01 mm beside the axis, so that no vertex lies in the plane. The view's origin is (-20, 25)
+    // and its y down.
     const auto reslice = plane({0.0F, 0.01F, 5.0F}, {1, 0, 0}, {0, 0, 1});
     const QList<QPolygonF> outlines = planner::cutMesh(planner::tubeMesh(kUpright, 2.0F), *reslice);
     ASSERT_EQ(outlines.size(), 1);
@@ -136,7 +138,8 @@ TEST(CutMesh, AcrossATubeIsItsRing)
     const QList<QPolygonF> outlines = planner::cutMesh(planner::tubeMesh(kUpright, 2.0F), *reslice);
     ASSERT_EQ(outlines.size(), 1);
     EXPECT_TRUE(outlines.first().isClosed());
-    EXPECT_EQ(outlines.first().size(), 2 * 24 + 1); // a side has two triangles: its edges and its diagonals
+    EXPECT_EQ(outlines.first().size(),
+              2 * 24 + 1); // a side has two triangles: its edges and its diagonals
     for (const QPointF& point : outlines.first()) {
         const double radius = std::hypot(point.x() - 20.0, point.y() - 20.0);
         EXPECT_LE(radius, 2.0 + 1e-5);
@@ -155,7 +158,8 @@ TEST(CutMesh, ThroughVerticesIsClosedToo)
 TEST(CutMesh, OfATubeThatComesBackIsTwoOutlines)
 {
     const auto reslice = plane({0, 0, 2}, {1, 0, 0}, {0, 1, 0});
-    const geometry::Mesh bow = planner::tubeMesh({{0, 0, 0}, {0, 0, 8}, {8, 0, 8}, {8, 0, 0}}, 1.0F);
+    const geometry::Mesh bow =
+        planner::tubeMesh({{0, 0, 0}, {0, 0, 8}, {8, 0, 8}, {8, 0, 0}}, 1.0F);
     EXPECT_EQ(planner::cutMesh(bow, *reslice).size(), 2);
 }
 

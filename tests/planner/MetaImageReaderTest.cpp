@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/MetaImageReader.h>
 
-// Covered: readMetaImage(): positions, element types, where the voxels may be, and files that are no volume.
+// Covered: readMetaImage(): positions, element types, where the voxels may be, and files that are
+// no volume.
 
 #include <planner/Failure.h>
 #include <tests/planner/TextVolumes.h>
@@ -34,8 +35,9 @@ protected:
 
 TEST_F(MetaImageReader, TakesDirectionsOfTheAxesOneAfterTheOther)
 {
-    const Volume volume = read(metaHeader(
-        {{"TransformMatrix", "0 1 0 0 0 1 1 0 0"}, {"ElementSpacing", "0.5 2 3"}, {"Offset", "10 20 30"}}));
+    const Volume volume = read(metaHeader({{"TransformMatrix", "0 1 0 0 0 1 1 0 0"},
+                                           {"ElementSpacing", "0.5 2 3"},
+                                           {"Offset", "10 20 30"}}));
     EXPECT_EQ(volume.worldFromVoxel.map(QVector3D(0, 0, 0)), QVector3D(10, 20, 30));
     EXPECT_EQ(volume.worldFromVoxel.map(QVector3D(1, 0, 0)), QVector3D(10, 20.5F, 30));
     EXPECT_EQ(volume.worldFromVoxel.map(QVector3D(0, 1, 0)), QVector3D(10, 20, 32));
@@ -57,7 +59,8 @@ TEST_F(MetaImageReader, SaysWhenTheOrientationIsUnknown)
 TEST_F(MetaImageReader, ReadsElementTypesOfEitherByteOrder)
 {
     using niftifiles::bytesOf;
-    EXPECT_EQ(read(metaHeader({{"ElementType", "MET_UCHAR"}}), QByteArray(8, '\xff')).image.value(0, 0, 0),
+    EXPECT_EQ(read(metaHeader({{"ElementType", "MET_UCHAR"}}), QByteArray(8, '\xff'))
+                  .image.value(0, 0, 0),
               255.0);
     EXPECT_EQ(read(metaHeader({{"ElementType", "MET_USHORT"}, {"ElementByteOrderMSB", "True"}}),
                    QByteArray("\x12\x34", 2).repeated(8))
@@ -67,7 +70,8 @@ TEST_F(MetaImageReader, ReadsElementTypesOfEitherByteOrder)
                    QByteArray("\xbf\x00\x00\x00", 4).repeated(8))
                   .image.value(1, 1, 1),
               -0.5);
-    EXPECT_EQ(read(metaHeader({{"ElementType", "MET_DOUBLE"}}), bytesOf<double>({0, 1, 2, 3, 4, 5, 6, 1e-9}))
+    EXPECT_EQ(read(metaHeader({{"ElementType", "MET_DOUBLE"}}),
+                   bytesOf<double>({0, 1, 2, 3, 4, 5, 6, 1e-9}))
                   .image.value(1, 1, 1),
               1e-9);
 }
@@ -92,7 +96,8 @@ TEST_F(MetaImageReader, ReadsVoxelsFromAFileBesideOrBelowTheHeader)
         EXPECT_EQ(readMetaImage(path("volume.mhd")).image.value(1, 1, 1), 7.0) << name;
     }
     ASSERT_TRUE(niftifiles::writeCompressed(path("volume.raw.gz"), countingVoxels()));
-    put("volume.mhd", metaHeader({{"CompressedData", "True"}, {"ElementDataFile", "volume.raw.gz"}}));
+    put("volume.mhd",
+        metaHeader({{"CompressedData", "True"}, {"ElementDataFile", "volume.raw.gz"}}));
     EXPECT_EQ(readMetaImage(path("volume.mhd")).image.value(1, 1, 1), 7.0);
 }
 
@@ -118,9 +123,11 @@ TEST_F(MetaImageReader, RefusesVoxelsInAnotherFolder)
     const QString outside = path("volume.raw");
     put("below/volume.mhd", {});
     ASSERT_TRUE(QFile::link(outside, path("below/link.raw")));
-    for (const QString& name : {QStringLiteral("../volume.raw"), outside, QStringLiteral("link.raw")}) {
+    for (const QString& name :
+         {QStringLiteral("../volume.raw"), outside, QStringLiteral("link.raw")}) {
         put("below/volume.mhd", metaHeader({{"ElementDataFile", name.toUtf8()}}));
-        EXPECT_THAT(refusalBy(readMetaImage, "below/volume.mhd"), testing::HasSubstr("in another folder"))
+        EXPECT_THAT(refusalBy(readMetaImage, "below/volume.mhd"),
+                    testing::HasSubstr("in another folder"))
             << name.toStdString();
     }
     put("below/volume.mhd", metaHeader({{"ElementDataFile", "volume.raw"}}));
@@ -168,9 +175,11 @@ TEST_F(MetaImageReader, RefusesWhatIsNoVolumeOfNumbers)
     for (const Row& row : rows)
         EXPECT_THAT(refusal(metaHeader({{row.field, row.value}})), testing::HasSubstr(row.sentence))
             << row.field << " = " << row.value;
-    EXPECT_THAT(refusal(metaHeader({}), countingVoxels().chopped(1)), testing::HasSubstr("cut off"));
+    EXPECT_THAT(refusal(metaHeader({}), countingVoxels().chopped(1)),
+                testing::HasSubstr("cut off"));
     EXPECT_THAT(refusal(metaHeader({}), countingVoxels() + 'x'), testing::HasSubstr("longer"));
-    EXPECT_THAT(refusal("Comment = " + QByteArray(70'000, 'x')), testing::HasSubstr("does not end within"));
+    EXPECT_THAT(refusal("Comment = " + QByteArray(70'000, 'x')),
+                testing::HasSubstr("does not end within"));
 }
 
 } // namespace

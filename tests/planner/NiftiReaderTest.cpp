@@ -72,10 +72,13 @@ TEST_F(NiftiReader, ReadsEveryElementTypeAsItIs)
     const Row rows[] = {
         {bytesOf<unsigned char>({0, 1, 2, 3, 4, 5, 6, 255}), 255.0, image::UInt8, DT_UINT8, 8},
         {bytesOf<signed char>({0, 1, 2, 3, 4, 5, 6, -128}), -128.0, image::Int8, DT_INT8, 8},
-        {bytesOf<unsigned short>({0, 1, 2, 3, 4, 5, 6, 65535}), 65535.0, image::UInt16, DT_UINT16, 16},
+        {bytesOf<unsigned short>({0, 1, 2, 3, 4, 5, 6, 65535}), 65535.0, image::UInt16, DT_UINT16,
+         16},
         {bytesOf<short>({0, 1, 2, 3, 4, 5, 6, -32768}), -32768.0, image::Int16, DT_INT16, 16},
-        {bytesOf<unsigned>({0, 1, 2, 3, 4, 5, 6, 4294967295U}), 4294967295.0, image::UInt32, DT_UINT32, 32},
-        {bytesOf<int>({0, 1, 2, 3, 4, 5, 6, -2147483647}), -2147483647.0, image::Int32, DT_INT32, 32},
+        {bytesOf<unsigned>({0, 1, 2, 3, 4, 5, 6, 4294967295U}), 4294967295.0, image::UInt32,
+         DT_UINT32, 32},
+        {bytesOf<int>({0, 1, 2, 3, 4, 5, 6, -2147483647}), -2147483647.0, image::Int32, DT_INT32,
+         32},
         {bytesOf<float>({0, 1, 2, 3, 4, 5, 6, -0.5F}), -0.5, image::Float32, DT_FLOAT32, 32},
         {bytesOf<double>({0, 1, 2, 3, 4, 5, 6, 1e-9}), 1e-9, image::Float64, DT_FLOAT64, 64},
     };
@@ -139,8 +142,10 @@ TEST_F(NiftiReader, TurnsRightToLeftAndAnteriorToPosterior)
 TEST_F(NiftiReader, FollowsAnObliqueSform)
 {
     niftifiles::File file = countingVolume();
-    // Columns: 5 mm along (0.6, 0.8, 0), 2 mm along (0, 0, 1), 10 mm along (0.8, -0.6, 0); origin (1, 2, 3).
-    const float rows[3][4] = {{3.0F, 0.0F, 8.0F, 1.0F}, {4.0F, 0.0F, -6.0F, 2.0F}, {0.0F, 2.0F, 0.0F, 3.0F}};
+    // Columns: 5 mm along (0.6, 0.8, 0), 2 mm along (0, 0, 1), 10 mm along (0.8, -0.6, 0); origin
+    // (1, 2, 3).
+    const float rows[3][4] = {
+        {3.0F, 0.0F, 8.0F, 1.0F}, {4.0F, 0.0F, -6.0F, 2.0F}, {0.0F, 2.0F, 0.0F, 3.0F}};
     std::memcpy(file.header.srow_x, rows[0], sizeof rows[0]);
     std::memcpy(file.header.srow_y, rows[1], sizeof rows[1]);
     std::memcpy(file.header.srow_z, rows[2], sizeof rows[2]);
@@ -201,7 +206,8 @@ TEST_F(NiftiReader, ConvertsMicrometersToMillimeters)
 
 TEST_F(NiftiReader, ScalesToIntegersIfTheseHoldEveryValue)
 {
-    niftifiles::File file = volumeOf(DT_UINT16, 16, bytesOf<unsigned short>({0, 1, 2, 3, 4, 5, 6, 4095}));
+    niftifiles::File file =
+        volumeOf(DT_UINT16, 16, bytesOf<unsigned short>({0, 1, 2, 3, 4, 5, 6, 4095}));
     file.header.scl_slope = 1.0F;
     file.header.scl_inter = -1024.0F;
     const Volume volume = read(file);
@@ -343,8 +349,10 @@ TEST_F(NiftiReader, RefusesWhatIsNoVolumeOfNumbers)
         {"64-bit integers", [](nifti_1_header& h) { h.datatype = DT_INT64; }, "INT64"},
         {"no type at all", [](nifti_1_header& h) { h.datatype = 12345; }, "not supported"},
         {"singular matrix", [](nifti_1_header& h) { h.srow_z[2] = 0.0F; }, "orientation matrix"},
-        {"matrix of NaN", [](nifti_1_header& h) { h.srow_x[3] = std::nanf(""); }, "orientation matrix"},
-        {"axes in one plane", [](nifti_1_header& h) { h.srow_x[2] = 200.0F; }, "a voxel edge of 200.0"},
+        {"matrix of NaN", [](nifti_1_header& h) { h.srow_x[3] = std::nanf(""); },
+         "orientation matrix"},
+        {"axes in one plane", [](nifti_1_header& h) { h.srow_x[2] = 200.0F; },
+         "a voxel edge of 200.0"},
         {"axes nearly in one plane",
          [](nifti_1_header& h) {
              h.srow_x[2] = 9.0F;
@@ -353,10 +361,13 @@ TEST_F(NiftiReader, RefusesWhatIsNoVolumeOfNumbers)
          "orientation matrix"},
         {"no offset", [](nifti_1_header& h) { h.vox_offset = std::nanf(""); }, "offset"},
         {"offset behind every file", [](nifti_1_header& h) { h.vox_offset = 2e7F; }, "offset"},
-        {"an axis that is too long", [](nifti_1_header& h) { h.dim[1] = 4097; }, "up to 4096 along"},
-        {"too many voxels", [](nifti_1_header& h) { h.dim[1] = h.dim[2] = h.dim[3] = 1025; }, "too large"},
+        {"an axis that is too long", [](nifti_1_header& h) { h.dim[1] = 4097; },
+         "up to 4096 along"},
+        {"too many voxels", [](nifti_1_header& h) { h.dim[1] = h.dim[2] = h.dim[3] = 1025; },
+         "too large"},
         {"far more than there is", [](nifti_1_header& h) { h.dim[1] = h.dim[2] = 400; }, "cut off"},
-        {"meters", [](nifti_1_header& h) { h.xyzt_units = NIFTI_UNITS_METER; }, "a voxel edge of 1000 mm"},
+        {"meters", [](nifti_1_header& h) { h.xyzt_units = NIFTI_UNITS_METER; },
+         "a voxel edge of 1000 mm"},
         {"micrometers", [](nifti_1_header& h) { h.xyzt_units = NIFTI_UNITS_MICRON; },
          "a voxel edge of 0.001 mm"},
         {"a giant",

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/NrrdReader.h>
 
-// Covered: readNrrd(): spaces and positions, element types, where the voxels may be, and files that are no volume.
+// Covered: readNrrd(): spaces and positions, element types, where the voxels may be, and files that
+// are no volume.
 
 #include <planner/Failure.h>
 #include <tests/planner/TextVolumes.h>
@@ -41,8 +42,10 @@ TEST_F(NrrdReader, TakesDirectionsAndOriginOfItsSpaceToLps)
         QVector3D second; ///< a step along the second axis
     };
     const Row rows[] = {
-        {"left-posterior-superior", {10, 20, 30}, {1, 2, 3}},     {"LPS", {10, 20, 30}, {1, 2, 3}},
-        {"right-anterior-superior", {-10, -20, 30}, {-1, -2, 3}}, {"RAS", {-10, -20, 30}, {-1, -2, 3}},
+        {"left-posterior-superior", {10, 20, 30}, {1, 2, 3}},
+        {"LPS", {10, 20, 30}, {1, 2, 3}},
+        {"right-anterior-superior", {-10, -20, 30}, {-1, -2, 3}},
+        {"RAS", {-10, -20, 30}, {-1, -2, 3}},
         {"left-anterior-superior", {10, -20, 30}, {1, -2, 3}},
     };
     for (const Row& row : rows) {
@@ -50,7 +53,8 @@ TEST_F(NrrdReader, TakesDirectionsAndOriginOfItsSpaceToLps)
                                                {"space directions", "(0,0,2) (1, 2, 3) (3,0,0)"},
                                                {"space origin", "(10,20,30)"}}));
         EXPECT_EQ(volume.worldFromVoxel.map(QVector3D(0, 0, 0)), row.origin) << row.space;
-        EXPECT_EQ(volume.worldFromVoxel.map(QVector3D(0, 1, 0)), row.origin + row.second) << row.space;
+        EXPECT_EQ(volume.worldFromVoxel.map(QVector3D(0, 1, 0)), row.origin + row.second)
+            << row.space;
         EXPECT_TRUE(volume.orientationKnown) << row.space;
         EXPECT_EQ(volume.image.value(1, 1, 1), 7.0);
     }
@@ -73,10 +77,12 @@ TEST_F(NrrdReader, ReadsElementTypesOfEitherByteOrder)
     EXPECT_EQ(read(nrrdHeader({{"type", "unsigned char"}, {"endian", ""}}), QByteArray(8, '\xff'))
                   .image.value(0, 0, 0),
               255.0);
-    EXPECT_EQ(read(nrrdHeader({{"type", "uint16"}, {"endian", "big"}}), QByteArray("\x12\x34", 2).repeated(8))
+    EXPECT_EQ(read(nrrdHeader({{"type", "uint16"}, {"endian", "big"}}),
+                   QByteArray("\x12\x34", 2).repeated(8))
                   .image.value(1, 1, 1),
               double{0x1234});
-    EXPECT_EQ(read(nrrdHeader({{"type", "float"}}), niftifiles::bytesOf<float>({0, 1, 2, 3, 4, 5, 6, -0.5F}))
+    EXPECT_EQ(read(nrrdHeader({{"type", "float"}}),
+                   niftifiles::bytesOf<float>({0, 1, 2, 3, 4, 5, 6, -0.5F}))
                   .image.value(1, 1, 1),
               -0.5);
 }
@@ -110,17 +116,23 @@ TEST_F(NrrdReader, ReadsVoxelsFromAFileBesideOrBelowTheHeader)
 
 TEST_F(NrrdReader, SkipsBytesBeforeTheVoxels)
 {
-    EXPECT_EQ(read(nrrdHeader({{"byte skip", "4"}}), "head" + countingVoxels()).image.value(1, 1, 1), 7.0);
-    EXPECT_EQ(read(nrrdHeader({{"byte skip", "-1"}}), "head" + countingVoxels()).image.value(1, 1, 1), 7.0);
+    EXPECT_EQ(
+        read(nrrdHeader({{"byte skip", "4"}}), "head" + countingVoxels()).image.value(1, 1, 1),
+        7.0);
+    EXPECT_EQ(
+        read(nrrdHeader({{"byte skip", "-1"}}), "head" + countingVoxels()).image.value(1, 1, 1),
+        7.0);
     for (const char* bytes : {"-2", "9223372036854775807"})
-        EXPECT_THAT(refusal(nrrdHeader({{"byte skip", bytes}})), testing::HasSubstr("offset")) << bytes;
+        EXPECT_THAT(refusal(nrrdHeader({{"byte skip", bytes}})), testing::HasSubstr("offset"))
+            << bytes;
     EXPECT_THAT(refusal(nrrdHeader({{"byte skip", "4"}, {"encoding", "gzip"}})),
                 testing::HasSubstr("before the voxels"));
 }
 
 TEST_F(NrrdReader, IgnoresCommentsAndKeys)
 {
-    EXPECT_EQ(read(nrrdHeader({{"content", "a head\n# type: nothing\nsizes:=9 9 9"}})).image.value(1, 1, 1),
+    EXPECT_EQ(read(nrrdHeader({{"content", "a head\n# type: nothing\nsizes:=9 9 9"}}))
+                  .image.value(1, 1, 1),
               7.0);
 }
 
@@ -164,7 +176,8 @@ TEST_F(NrrdReader, RefusesWhatIsNoVolumeOfNumbers)
         EXPECT_THAT(refusal(nrrdHeader({{row.field, row.value}})), testing::HasSubstr(row.sentence))
             << row.field << ": " << row.value;
     EXPECT_THAT(refusal("NRRX0004\n\n"), testing::HasSubstr("not an NRRD file"));
-    EXPECT_THAT(refusal(nrrdHeader({}), countingVoxels().chopped(1)), testing::HasSubstr("cut off"));
+    EXPECT_THAT(refusal(nrrdHeader({}), countingVoxels().chopped(1)),
+                testing::HasSubstr("cut off"));
     EXPECT_THAT(refusal(nrrdHeader({}), countingVoxels() + 'x'), testing::HasSubstr("longer"));
 }
 

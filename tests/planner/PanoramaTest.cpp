@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/Panorama.h>
 
-// Covered: panorama(): its path, what it shows, when there is none; wide columns; implants and their turning; landmarks
-// mapped into a panoramic view; unroll().
+// Covered: panorama(): its path, what it shows, when there is none; wide columns; implants and
+// their turning; landmarks mapped into a panoramic view; unroll().
 
 #include <planner/GreyScale.h>
 #include <planner/Mapping.h>
@@ -40,7 +40,8 @@ Case builtInPatient()
 Case withArchPoints(bool rightFirst)
 {
     Case planned;
-    const QList<QVector3D> places = {{30, 60, 30}, {38, 44, 30}, {50, 40, 30}, {62, 44, 30}, {70, 60, 30}};
+    const QList<QVector3D> places = {
+        {30, 60, 30}, {38, 44, 30}, {50, 40, 30}, {62, 44, 30}, {70, 60, 30}};
     for (const QVector3D& place : places) {
         const Landmark point{QStringLiteral("arch point"), {}, LandmarkKind::Arch, place};
         rightFirst ? planned.landmarks.append(point) : planned.landmarks.prepend(point);
@@ -78,16 +79,17 @@ TEST(Panorama, FollowsTheLowerTeethAndTheForaminaOfTheBuiltInPatient)
     const auto view = planner::panorama(planned);
     ASSERT_TRUE(view);
     const QList<QVector3D> path = view->reslice->getPath();
-    EXPECT_TRUE(std::all_of(path.cbegin(), path.cend(),
-                            [&path](const QVector3D& sample) { return sample.z() == path.first().z(); }));
+    EXPECT_TRUE(std::all_of(path.cbegin(), path.cend(), [&path](const QVector3D& sample) {
+        return sample.z() == path.first().z();
+    }));
     for (const QString& name :
          {QStringLiteral("tooth 47"), QStringLiteral("tooth 41"), QStringLiteral("tooth 37"),
           QString::fromUtf16(planner::kRightMandibularForamen),
           QString::fromUtf16(planner::kLeftMandibularForamen)}) {
         const Landmark* landmark = planner::findLandmark(planned.landmarks, name);
         ASSERT_TRUE(landmark);
-        const auto nearest =
-            std::min_element(path.cbegin(), path.cend(), [&](const QVector3D& a, const QVector3D& b) {
+        const auto nearest = std::min_element(
+            path.cbegin(), path.cend(), [&](const QVector3D& a, const QVector3D& b) {
                 return QVector2D(a - landmark->position).length() <
                        QVector2D(b - landmark->position).length();
             });
@@ -136,7 +138,9 @@ TEST(Panorama, EveryLandmarkOfTheBuiltInPatientComesBackToItsFoot)
     // Right is on the left.
     const auto x = [&mapped](const char* label) {
         return std::find_if(mapped.cbegin(), mapped.cend(),
-                            [label](const auto& mark) { return mark.landmark.label == QLatin1String(label); })
+                            [label](const auto& mark) {
+                                return mark.landmark.label == QLatin1String(label);
+                            })
             ->inView.x();
     };
     EXPECT_LT(x("47"), x("43"));
@@ -164,13 +168,15 @@ TEST(Panorama, ImplantStandsInTheAxisOfItsToothAboveTheApex)
     const auto implant = planner::implantAt(planned, QStringLiteral("36"));
     ASSERT_TRUE(implant);
     const Landmark* crown = planner::findLandmark(planned.landmarks, QStringLiteral("tooth 36"));
-    const Landmark* apex = planner::findLandmark(planned.landmarks, QStringLiteral("tooth 36, apex"));
+    const Landmark* apex =
+        planner::findLandmark(planned.landmarks, QStringLiteral("tooth 36, apex"));
     const QVector3D along = (crown->position - apex->position).normalized();
     const QMatrix4x4 placement = implant->getObjectTransform();
     const QVector3D tip = placement.map(QVector3D(0.0F, 0.0F, -implant->getDimensions().length));
     EXPECT_LT((placement.mapVector({0, 0, 1}) - along).length(), 1e-5F);
-    EXPECT_LT((tip - (apex->position + along)).length(), 1e-4F);     // 1 mm above it
-    EXPECT_FALSE(planner::implantAt(planned, QStringLiteral("38"))); // the patient has no third molars
+    EXPECT_LT((tip - (apex->position + along)).length(), 1e-4F); // 1 mm above it
+    EXPECT_FALSE(
+        planner::implantAt(planned, QStringLiteral("38"))); // the patient has no third molars
     EXPECT_FALSE(planner::implantAt(Case(), QStringLiteral("36")));
 }
 
@@ -181,7 +187,8 @@ TEST(Panorama, TurnedImplantFacesAcrossTheArch)
     for (const char* fdi : {"36", "46"}) {
         const auto implant = planner::implantAt(planned, QLatin1String(fdi));
         const QVector3D platform = implant->getObjectTransform().column(3).toVector3D();
-        EXPECT_GT(std::abs(planner::turnSquare(*implant, *view->arch)), 45.0); // it faced along the arch
+        EXPECT_GT(std::abs(planner::turnSquare(*implant, *view->arch)),
+                  45.0); // it faced along the arch
         EXPECT_EQ(implant->getObjectTransform().column(3).toVector3D(), platform);
         EXPECT_EQ(implant->getLastManipulation(), TransformManipulationType::Rotation);
         // Outwards: to the patient's left on the left.
@@ -191,7 +198,8 @@ TEST(Panorama, TurnedImplantFacesAcrossTheArch)
     }
 }
 
-// A bone plate 4 mm thick at y = 40 to 43, air elsewhere, voxels of 1 mm; the path runs along y = 36 in front of it.
+// A bone plate 4 mm thick at y = 40 to 43, air elsewhere, voxels of 1 mm; the path runs along y =
+// 36 in front of it.
 TEST(Unroll, ShowsWhatLiesWithinTheDepthAndIsTransparentOutsideTheVolume)
 {
     planner::Volume volume;
@@ -200,7 +208,8 @@ TEST(Unroll, ShowsWhatLiesWithinTheDepthAndIsTransparentOutsideTheVolume)
     for (int z = 0; z < 20; ++z) {
         for (int y = 0; y < 60; ++y) {
             for (int x = 0; x < 60; ++x)
-                *voxel++ = static_cast<std::int16_t>(x >= 20 && x < 40 && y >= 40 && y < 44 ? 1300 : -1000);
+                *voxel++ = static_cast<std::int16_t>(
+                    x >= 20 && x < 40 && y >= 40 && y < 44 ? 1300 : -1000);
         }
     }
     PanoramicReslice reslice;

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/PanoramicSection.h>
 
-// Covered: createPanoramicSection(): which nerves the view shows and what the section says of them and of implants, as
-// far as the case knows them.
+// Covered: createPanoramicSection(): which nerves the view shows and what the section says of them
+// and of implants, as far as the case knows them.
 
 #include <tests/planner/GuiTest.h>
 #include <tests/planner/SilentProgress.h>
@@ -32,7 +32,8 @@ protected:
         Case planned;
         planned.volume.image = VexelImage3D({32, 32, 32}, {5, 5, 5}, image::Int16);
         auto* voxels = static_cast<std::int16_t*>(planned.volume.image.dataPtr());
-        std::fill(voxels, voxels + std::ptrdiff_t{32} * 32 * 16, std::int16_t{1000}); // the lower half
+        std::fill(voxels, voxels + std::ptrdiff_t{32} * 32 * 16,
+                  std::int16_t{1000}); // the lower half
         planned.volume.worldFromVoxel.scale(5);
         planned.landmarks = planner::landmarksOf(known);
         planned.canals = planner::canalsOf(known);
@@ -82,18 +83,19 @@ TEST_F(PanoramicSection, SaysOfEachNerveWhetherItsCourseIsKnown)
     EXPECT_GT(right, 500);
     EXPECT_LT(left, 100);
     EXPECT_TRUE(made.plainText.contains(QStringLiteral("The right mandibular nerve is ")));
-    EXPECT_TRUE(made.plainText.contains(
-        QStringLiteral("The course of the left mandibular nerve is not known, so it is not drawn.")));
+    EXPECT_TRUE(made.plainText.contains(QStringLiteral(
+        "The course of the left mandibular nerve is not known, so it is not drawn.")));
 }
 
 TEST_F(PanoramicSection, SaysOfEachSiteWhyNoImplantIsPlaced)
 {
     Case planned = readCt();
-    planned.landmarks.removeIf(
-        [](const planner::Landmark& landmark) { return landmark.name == QStringLiteral("tooth 46"); });
+    planned.landmarks.removeIf([](const planner::Landmark& landmark) {
+        return landmark.name == QStringLiteral("tooth 46");
+    });
     const planner::Section made = section(planned);
-    EXPECT_TRUE(made.plainText.contains(
-        QStringLiteral("Of tooth 46, crown and apex are not both known, so no implant takes its place.")));
+    EXPECT_TRUE(made.plainText.contains(QStringLiteral(
+        "Of tooth 46, crown and apex are not both known, so no implant takes its place.")));
     EXPECT_FALSE(made.plainText.contains(QStringLiteral("Of tooth 36")));
     EXPECT_TRUE(made.plainText.contains(QStringLiteral("The implant at 36 turns by")));
 }

@@ -51,7 +51,8 @@ TEST_F(Picture, LeavesMarksOutsideTheSlabHollow)
 
 TEST_F(Picture, FillsMarksOfAProjection)
 {
-    EXPECT_EQ(QColor(paint(std::nullopt).pixel(390, 100)), planner::markColour(LandmarkKind::Tooth));
+    EXPECT_EQ(QColor(paint(std::nullopt).pixel(390, 100)),
+              planner::markColour(LandmarkKind::Tooth));
 }
 
 TEST_F(Picture, EnlargesFewSamplesByAWholeNumber)

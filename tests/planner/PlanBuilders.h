@@ -12,7 +12,8 @@ namespace test {
 /// An upright implant of 4 by 10 mm.
 inline planner::PlannedImplant implantAt(const QVector3D& platform)
 {
-    planner::PlannedImplant planned{QStringLiteral("implant"), std::make_shared<dataobject::Implant3D>()};
+    planner::PlannedImplant planned{QStringLiteral("implant"),
+                                    std::make_shared<dataobject::Implant3D>()};
     planned.object->setDimensions({4.0F, 10.0F});
     QMatrix4x4 placement;
     placement.translate(platform);
@@ -31,8 +32,8 @@ inline planner::PlannedNerve nerveAlong(const QVector3D& from, const QVector3D& 
 /// A pin of radius 0.75 and 16 mm whose head is at larger x than its tip.
 inline planner::PlannedPin pinAlongX(const QVector3D& tip)
 {
-    planner::PlannedPin planned{QStringLiteral("pin"), std::make_shared<dataobject::AnchorPin3D>(), 0.75F,
-                                16.0F};
+    planner::PlannedPin planned{QStringLiteral("pin"), std::make_shared<dataobject::AnchorPin3D>(),
+                                0.75F, 16.0F};
     geometry::ShapeLoader loader;
     const geometry::ShapeFactory factory(loader);
     auto root = std::make_unique<geometry::ShapeNode>(planned.name);

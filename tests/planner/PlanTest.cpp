@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/Plan.h>
 
-// Covered: createPlan() on the built-in patient and on a CT that was read, clearances and nearest points.
+// Covered: createPlan() on the built-in patient and on a CT that was read, clearances and nearest
+// points.
 
 #include <planner/Case.h>
 #include <planner/Meshes.h>
@@ -53,8 +54,9 @@ TEST(PlanOfTheBuiltInPatient, HasEightImplantsTwoNervesAndFourPinsFromRightToLef
         names.append(nerve.name);
     for (const auto& pin : plan.pins)
         names.append(pin.name);
-    EXPECT_EQ(names.join(u','),
-              QStringLiteral("46,44,43,42,32,33,34,36,right nerve,left nerve,pin 1,pin 2,pin 3,pin 4"));
+    EXPECT_EQ(
+        names.join(u','),
+        QStringLiteral("46,44,43,42,32,33,34,36,right nerve,left nerve,pin 1,pin 2,pin 3,pin 4"));
     for (qsizetype i = 1; i < plan.implants.size(); ++i)
         EXPECT_GT(plan.implants[i].object->getObjectTransform()(0, 3),
                   plan.implants[i - 1].object->getObjectTransform()(0, 3));
@@ -90,7 +92,8 @@ TEST(PlanOfTheBuiltInPatient, HasPinsWithTheTipInTheJawAndTheHeadOutside)
     for (const auto& pin : planner::createPlan(patient()).pins) {
         const QMatrix4x4& placed = pin.object->getObjectTransform();
         EXPECT_TRUE(isInJaw(placed.column(3).toVector3D()));
-        const phantom::Tissue atHead = patient().tissueAt(placed.map(QVector3D(0, 0, pin.lengthMm)));
+        const phantom::Tissue atHead =
+            patient().tissueAt(placed.map(QVector3D(0, 0, pin.lengthMm)));
         EXPECT_TRUE(atHead == phantom::Tissue::SoftTissue || atHead == phantom::Tissue::Air);
     }
 }
@@ -137,8 +140,9 @@ TEST(NearestPoint, LiesOnTheLineOfTheOtherObject)
         nearestPoint(implantAt({0, 0, 0}), nerveAlong({-20, 0, -15}, {20, 7, -15}, 1.0F));
     EXPECT_NEAR(onNerve.z(), -15.0F, 1e-5F);
     EXPECT_NEAR((onNerve.x() + 20.0F) * 7.0F / 40.0F, onNerve.y(), 1e-4F);
-    EXPECT_LT((nearestPoint(implantAt({0, 0, 0}), pinAlongX({5, 0, -4})) - QVector3D(5, 0, -4)).length(),
-              1e-5F);
+    EXPECT_LT(
+        (nearestPoint(implantAt({0, 0, 0}), pinAlongX({5, 0, -4})) - QVector3D(5, 0, -4)).length(),
+        1e-5F);
     const QVector3D onAxis = nearestPoint(implantAt({0, 0, 0}), implantAt({9, 0, 13}));
     EXPECT_LT((onAxis - QVector3D(9, 0, 3)).length(), 1e-5F);
 }
@@ -165,7 +169,8 @@ TEST(PlanOfACt, HasImplantsAtFirstMolarsAndTubesOfTheCanalsRadius)
 TEST(ZoneMesh, StandsInTheScene)
 {
     // D = 4 and L = 10 with margin 3: radius 3.5, from the platform to 3 mm below the apex.
-    const primitives::BoundingBox box = planner::zoneMesh(implantAt({100, 0, 0}), 3.0F).getBoundingBox();
+    const primitives::BoundingBox box =
+        planner::zoneMesh(implantAt({100, 0, 0}), 3.0F).getBoundingBox();
     EXPECT_EQ(box.min(), QVector3D(96.5F, -3.5F, -13.0F));
     EXPECT_EQ(box.max(), QVector3D(103.5F, 3.5F, 0.0F));
 }

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
 
-// Covered: the program itself, run with a standard output that cannot be written, and with signals at different steps.
+// Covered: the program itself, run with a standard output that cannot be written, and with signals
+// at different steps.
 
 #include <gmock/gmock.h>
 
@@ -31,7 +32,8 @@ protected:
         const QByteArray errorPath = QFile::encodeName(errorFile());
         process = fork();
         if (process == 0) {
-            const int errorDescriptor = open(errorPath.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+            const int errorDescriptor =
+                open(errorPath.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
             dup2(errorDescriptor, STDERR_FILENO);
             close(errorDescriptor);
             output < 0 ? close(STDOUT_FILENO) : dup2(output, STDOUT_FILENO);
@@ -39,7 +41,8 @@ protected:
                 close(output);
             if (lines >= 0)
                 close(lines);
-            execl(PLANNER, PLANNER, "--report", report.constData(), argument, static_cast<char*>(nullptr));
+            execl(PLANNER, PLANNER, "--report", report.constData(), argument,
+                  static_cast<char*>(nullptr));
             _exit(127);
         }
         if (output >= 0)
@@ -59,7 +62,8 @@ protected:
     bool waitFor(const std::string& beginning)
     {
         char next = 0;
-        for (std::string line; line != beginning; line = next == '\n' ? std::string() : line + next) {
+        for (std::string line; line != beginning;
+             line = next == '\n' ? std::string() : line + next) {
             if (read(lines, &next, 1) != 1)
                 return false;
         }
@@ -90,7 +94,8 @@ protected:
     // What it has left where the report would be, and next to it.
     QStringList left() const
     {
-        return QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        return QDir(folder.path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
 
     void expectRefusal(const char* sentence)
@@ -125,7 +130,8 @@ TEST_F(Program, RefusesAFullStandardOutput)
         start(full, argument);
         const int status = waitStatus();
         EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 2) << argument << ": " << status;
-        EXPECT_THAT(errorText(), testing::MatchesRegex("planner: Standard output cannot be written.*\n"));
+        EXPECT_THAT(errorText(),
+                    testing::MatchesRegex("planner: Standard output cannot be written.*\n"));
         EXPECT_TRUE(left().isEmpty());
     }
 }

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/Progress.h>
 
-// Covered: Progress: what it prints on a terminal and elsewhere, and that a stream that fails is a failure.
+// Covered: Progress: what it prints on a terminal and elsewhere, and that a stream that fails is a
+// failure.
 
 #include <planner/Failure.h>
 

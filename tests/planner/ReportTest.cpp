@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/Report.h>
 
-// Covered: Report: a whole folder or nothing, also after a signal, and no file that is not its own is touched.
+// Covered: Report: a whole folder or nothing, also after a signal, and no file that is not its own
+// is touched.
 
 #include <planner/Failure.h>
 #include <tests/planner/SilentProgress.h>
@@ -51,8 +52,8 @@ protected:
         section.title = QStringLiteral("Views");
         QImage image(2, 2, QImage::Format_Grayscale8);
         image.fill(0);
-        section.pictures.append(
-            {QStringLiteral("a.png"), QStringLiteral("A"), QStringLiteral("<p>caption</p>"), image});
+        section.pictures.append({QStringLiteral("a.png"), QStringLiteral("A"),
+                                 QStringLiteral("<p>caption</p>"), image});
         Report whole(planned);
         whole.add(section);
         return whole;
@@ -68,7 +69,8 @@ protected:
 
     QStringList entries(const QString& of) const
     {
-        return QDir(of).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+        return QDir(of).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                                  QDir::Name);
     }
 
     static QByteArray contentOf(const QString& file)
@@ -91,7 +93,8 @@ protected:
 TEST_F(ReportFolder, IsMadeWithPageAndPictures)
 {
     EXPECT_EQ(write(path("new")), path("new/index.html"));
-    EXPECT_EQ(entries(path("new")), QStringList({QStringLiteral("a.png"), QStringLiteral("index.html")}));
+    EXPECT_EQ(entries(path("new")),
+              QStringList({QStringLiteral("a.png"), QStringLiteral("index.html")}));
     EXPECT_EQ(entries(folder.path()), QStringList({QStringLiteral("new")}));
 }
 
@@ -99,7 +102,8 @@ TEST_F(ReportFolder, CanBeEnteredByOthers)
 {
     const MaskSetter mask(022);
     write(path("new"));
-    EXPECT_TRUE(QFile::permissions(path("new")).testFlags(QFileDevice::ReadOther | QFileDevice::ExeOther));
+    EXPECT_TRUE(
+        QFile::permissions(path("new")).testFlags(QFileDevice::ReadOther | QFileDevice::ExeOther));
 }
 
 TEST_F(ReportFolder, CannotBeChangedByOthersWhoMayChangeItsParent)
@@ -120,8 +124,9 @@ TEST_F(ReportFolder, KeepsTheFilesOfOthers)
     write(path("old"));
     EXPECT_EQ(contentOf(path("old/notes.txt")), "mine");
     EXPECT_TRUE(contentOf(path("old/index.html")).contains("Views"));
-    EXPECT_EQ(entries(path("old")), QStringList({QStringLiteral("a.png"), QStringLiteral("index.html"),
-                                                 QStringLiteral("notes.txt")}));
+    EXPECT_EQ(entries(path("old")),
+              QStringList({QStringLiteral("a.png"), QStringLiteral("index.html"),
+                           QStringLiteral("notes.txt")}));
 }
 
 TEST_F(ReportFolder, StaysAsItWasIfAFolderStandsWhereAFileBelongs)
@@ -146,7 +151,8 @@ TEST_F(ReportFolder, IsOnlyProbedByTheCheck)
     EXPECT_TRUE(entries(folder.path()).isEmpty());
 }
 
-// Limits the size of files that the process writes for as long as it lives; more is an error as on a full disk.
+// Limits the size of files that the process writes for as long as it lives; more is an error as on
+// a full disk.
 class FileSizeLimit
 {
 public:
@@ -192,7 +198,8 @@ TEST_F(ReportFolder, ThatCannotHoldAPictureIsAFailureWithItsReasonAndNothingIsLe
         }
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "the codec says nothing of its own";
-    EXPECT_THAT(sentence, testing::HasSubstr("the report cannot be written to this folder: File too large"));
+    EXPECT_THAT(sentence,
+                testing::HasSubstr("the report cannot be written to this folder: File too large"));
     EXPECT_TRUE(entries(folder.path()).isEmpty());
 }
 
@@ -219,7 +226,8 @@ void writeInterrupted(const Report& report, const QString& folder, int signal)
 TEST_F(ReportFolder, IsNotLeftHalfWrittenByASignal)
 {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        EXPECT_EXIT(writeInterrupted(report(), path("new"), signal), testing::KilledBySignal(signal), "");
+        EXPECT_EXIT(writeInterrupted(report(), path("new"), signal),
+                    testing::KilledBySignal(signal), "");
         EXPECT_TRUE(entries(folder.path()).isEmpty()) << signal;
     }
 }
@@ -228,7 +236,8 @@ TEST_F(ReportFolder, ThatIsThereIsAsItWasAfterASignal)
 {
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("old")));
     put(path("old/index.html"), "an older report");
-    EXPECT_EXIT(writeInterrupted(report(), path("old"), SIGTERM), testing::KilledBySignal(SIGTERM), "");
+    EXPECT_EXIT(writeInterrupted(report(), path("old"), SIGTERM), testing::KilledBySignal(SIGTERM),
+                "");
     EXPECT_EQ(entries(path("old")), QStringList({QStringLiteral("index.html")}));
     EXPECT_EQ(contentOf(path("old/index.html")), "an older report");
 }

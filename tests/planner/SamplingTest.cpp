@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/Sampling.h>
 
-// Covered: Sampler, cutOut() and project(): trilinear values, the pixel rule, the faces of the volume.
+// Covered: Sampler, cutOut() and project(): trilinear values, the pixel rule, the faces of the
+// volume.
 
 #include <planner/Failure.h>
 #include <planner/GreyScale.h>
@@ -112,7 +113,8 @@ TEST(Sampler, SkipsNoVoxelAlongARayUnlessThereAreTooManySteps)
     EXPECT_DOUBLE_EQ(sampler.rayStepMm({0, 1, 0}, 100'000), 0.5);
 }
 
-// Four voxels of 1 mm in a row along x, seen as 4 x 1 samples of 1 mm whose centres are those of the voxels.
+// Four voxels of 1 mm in a row along x, seen as 4 x 1 samples of 1 mm whose centres are those of
+// the voxels.
 struct RowOfVoxels
 {
     RowOfVoxels()
@@ -209,13 +211,16 @@ TEST(Project, AddsUpAlongTheNormal)
     reslice.setTransformation(matrix);
     reslice.setDimensions({2, 2});
     reslice.setSampleSize({10, 10, 1});
-    const QImage picture = planner::project(Sampler(volume), planner::GreyScale(volume.image), reslice);
-    EXPECT_EQ(qGray(picture.pixel(0, 1)), 0);   // local y grows upwards
-    EXPECT_EQ(qGray(picture.pixel(1, 1)), 255); // 40 mm: of the two dense pixels the lower rank is white
+    const QImage picture =
+        planner::project(Sampler(volume), planner::GreyScale(volume.image), reslice);
+    EXPECT_EQ(qGray(picture.pixel(0, 1)), 0); // local y grows upwards
+    EXPECT_EQ(qGray(picture.pixel(1, 1)),
+              255); // 40 mm: of the two dense pixels the lower rank is white
     EXPECT_EQ(qGray(picture.pixel(0, 0)), 255); // 80 mm
     EXPECT_EQ(qGray(picture.pixel(1, 0)), 0);
     reslice.setPointOfView(meta::FromLeft);
-    const QImage fromLeft = planner::project(Sampler(volume), planner::GreyScale(volume.image), reslice);
+    const QImage fromLeft =
+        planner::project(Sampler(volume), planner::GreyScale(volume.image), reslice);
     EXPECT_EQ(qGray(fromLeft.pixel(1, 0)), 255);
     EXPECT_EQ(qGray(fromLeft.pixel(0, 0)), 0);
 }

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/ScansSection.h>
 
-// Covered: the section on jaw scans, with the built-in patient and without, and the surface of the crowns.
+// Covered: the section on jaw scans, with the built-in patient and without, and the surface of the
+// crowns.
 
 #include <planner/CrownScan.h>
 #include <tests/planner/GuiTest.h>
@@ -24,10 +25,12 @@ TEST_F(ScansSection, WithoutThePatientSaysThatThereAreNoScansAndShowsNothing)
 {
     test::SilentProgress progress;
     const planner::Section section = planner::createScansSection(planner::Case(), progress);
-    EXPECT_TRUE(section.introductionHtml.contains(QStringLiteral("The planner reads no surface scans")));
+    EXPECT_TRUE(
+        section.introductionHtml.contains(QStringLiteral("The planner reads no surface scans")));
     EXPECT_TRUE(section.pictures.isEmpty());
     EXPECT_TRUE(section.detailsHtml.isEmpty());
-    EXPECT_EQ(section.plainText, QStringLiteral("The planner reads no surface scans: none was aligned.\n"));
+    EXPECT_EQ(section.plainText,
+              QStringLiteral("The planner reads no surface scans: none was aligned.\n"));
 }
 
 TEST_F(ScansSection, TakesTheScanThroughAllPlacementsAndIntoTheBite)
@@ -51,9 +54,9 @@ TEST_F(ScansSection, TakesTheScanThroughAllPlacementsAndIntoTheBite)
         const bool atHome = match.captured(1).startsWith(QStringLiteral("registration"));
         EXPECT_EQ(match.captured(3).toDouble() < 0.005, atHome) << text.toStdString();
     }
-    EXPECT_EQ(placements,
-              QStringList({"as scanned", "imported", "freehand", "registration", "freehand again", "initial",
-                           "registration again", "as scanned again", "registration, at last"}));
+    EXPECT_EQ(placements, QStringList({"as scanned", "imported", "freehand", "registration",
+                                       "freehand again", "initial", "registration again",
+                                       "as scanned again", "registration, at last"}));
     EXPECT_TRUE(section.pictures[2].captionHtml.contains(QStringLiteral("20.000 mm")));
 }
 
@@ -81,7 +84,8 @@ TEST(CrownScan, LiesOnTheBorderOfItsOwnTeethAndFacesOutwards)
             const QVector3D middle = (a + b + c) / 3.0F;
             ++triangles;
             facingOutwards +=
-                toothOf(middle - normal * 0.8F, arch) && !toothOf(middle + normal * 0.8F, arch) ? 1 : 0;
+                toothOf(middle - normal * 0.8F, arch) && !toothOf(middle + normal * 0.8F, arch) ? 1
+                                                                                                : 0;
         }
         // Fissures and the gaps between neighbours are narrower than the probe.
         EXPECT_GT(facingOutwards, triangles * 4 / 5) << "arch " << arch;

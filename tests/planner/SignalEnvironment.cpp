@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
 
-// Lets SIGINT, SIGTERM and SIGHUP end the tests and the programs that they start, also if the tests themselves were
-// started with these signals ignored, as in the background of a script: several tests send them.
+// Lets SIGINT, SIGTERM and SIGHUP end the tests and the programs that they start, also if the tests
+// themselves were started with these signals ignored, as in the background of a script: several
+// tests send them.
 
 #include <gtest/gtest.h>
 

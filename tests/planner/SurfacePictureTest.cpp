@@ -27,12 +27,14 @@ TEST_F(SurfacePicture, CameraFromTheFrontHasSuperiorUpAndThePatientsRightOnTheLe
 TEST_F(SurfacePicture, NearerSurfacesHideFartherOnes)
 {
     const auto square = [](float y, float half) {
-        return geometry::Mesh({{-half, y, -half}, {half, y, -half}, {half, y, half}, {-half, y, half}},
-                              {0, 1, 2, -1, 0, 2, 3, -1});
+        return geometry::Mesh(
+            {{-half, y, -half}, {half, y, -half}, {half, y, half}, {-half, y, half}},
+            {0, 1, 2, -1, 0, 2, 3, -1});
     };
     const planner::Camera camera{{}, {0, 1, 0}, {0, 0, 1}, 0.5, {200, 200}};
     for (const bool redFirst : {true, false}) {
-        QList<planner::ShownMesh> surfaces{{square(-5.0F, 10.0F), Qt::red}, {square(5.0F, 20.0F), Qt::blue}};
+        QList<planner::ShownMesh> surfaces{{square(-5.0F, 10.0F), Qt::red},
+                                           {square(5.0F, 20.0F), Qt::blue}};
         if (!redFirst)
             surfaces.swapItemsAt(0, 1);
         const QImage image = planner::paintSurfaces(camera, surfaces, {});
@@ -40,7 +42,8 @@ TEST_F(SurfacePicture, NearerSurfacesHideFartherOnes)
         EXPECT_GT(middle.red(), middle.blue() + 100);
         const QColor beside = image.pixelColor(130, 100); // 15 mm to the right
         EXPECT_GT(beside.blue(), beside.red() + 100);
-        EXPECT_EQ(image.pixelColor(150, 100), planner::kGroundColour) << "25 mm to the right is nothing";
+        EXPECT_EQ(image.pixelColor(150, 100), planner::kGroundColour)
+            << "25 mm to the right is nothing";
     }
 }
 
@@ -51,7 +54,8 @@ TEST_F(SurfacePicture, HasABarOfTwentyMillimetres)
     const QImage image = planner::paintSurfaces(camera, {}, {});
     for (int x = 0; x < image.width(); ++x) {
         const bool onBar = x >= 10 && x < 90;
-        ASSERT_EQ(image.pixelColor(x, 87), onBar ? planner::kTextColour : planner::kGroundColour) << x;
+        ASSERT_EQ(image.pixelColor(x, 87), onBar ? planner::kTextColour : planner::kGroundColour)
+            << x;
     }
 }
 

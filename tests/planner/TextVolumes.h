@@ -35,7 +35,8 @@ inline QByteArray deflated(const QByteArray& bytes)
     return qCompress(bytes).sliced(4);
 }
 
-/// The fields with some of them changed, or added before the last, or left out if their values are empty.
+/// The fields with some of them changed, or added before the last, or left out if their values are
+/// empty.
 inline Fields with(Fields fields, const Fields& changes)
 {
     for (const auto& [name, value] : changes) {

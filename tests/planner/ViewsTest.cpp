@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/Views.h>
 
-// Covered: axialView(), obliqueView(), lateralView(): where the views lie and which way they are seen.
+// Covered: axialView(), obliqueView(), lateralView(): where the views lie and which way they are
+// seen.
 
 #include <CoreAlgorithms/reslice/CoordinateMapper.h>
 
@@ -16,7 +17,8 @@ using planner::LandmarkKind;
 
 namespace {
 
-// An empty head of 200 mm, voxels of 2 mm, with foramina in the plane z = 20 + y and teeth at two heights.
+// An empty head of 200 mm, voxels of 2 mm, with foramina in the plane z = 20 + y and teeth at two
+// heights.
 Case head()
 {
     Case planned;
@@ -46,9 +48,12 @@ TEST(AxialView, LiesWhereMostTeethAre)
 TEST(AxialView, ShowsAnteriorUpAndThePatientsRightOnTheLeft)
 {
     const auto view = planner::axialView(head());
-    const QPointF middle = CoordinateMapper::_3D_To_2D_PlanarPoint(view.reslice.get(), {100, 70, 80});
-    EXPECT_LT(CoordinateMapper::_3D_To_2D_PlanarPoint(view.reslice.get(), {90, 70, 80}).x(), middle.x());
-    EXPECT_LT(CoordinateMapper::_3D_To_2D_PlanarPoint(view.reslice.get(), {100, 60, 80}).y(), middle.y());
+    const QPointF middle =
+        CoordinateMapper::_3D_To_2D_PlanarPoint(view.reslice.get(), {100, 70, 80});
+    EXPECT_LT(CoordinateMapper::_3D_To_2D_PlanarPoint(view.reslice.get(), {90, 70, 80}).x(),
+              middle.x());
+    EXPECT_LT(CoordinateMapper::_3D_To_2D_PlanarPoint(view.reslice.get(), {100, 60, 80}).y(),
+              middle.y());
 }
 
 TEST(AxialView, HasAMarginOf25MillimetresAroundTheLandmarks)
@@ -77,7 +82,8 @@ TEST(ObliqueView, PassesThroughTheForamina)
             CoordinateMapper::_3D_To_2D_Planar(view.reslice.get(), landmark.position);
         EXPECT_EQ(inSlice == PointInSlice::InSlice, landmark.kind == LandmarkKind::Foramen);
     }
-    const QVector3D normal = view.reslice->getTransformationFromResliceToWorld().column(2).toVector3D();
+    const QVector3D normal =
+        view.reslice->getTransformationFromResliceToWorld().column(2).toVector3D();
     EXPECT_NEAR(std::abs(normal.y()), std::sqrt(0.5), 1e-5); // tilted by 45 degrees
     EXPECT_NEAR(std::abs(normal.z()), std::sqrt(0.5), 1e-5);
 }
@@ -91,7 +97,8 @@ TEST(ObliqueView, ShowsAnteriorUpAndThePatientsRightOnTheLeft)
         const auto view = planner::obliqueView(planned);
         EXPECT_GT(view.reslice->getDirection0(false).x(), 0.9F);
         EXPECT_LT(view.reslice->getDirection1(false).y(), -0.5F);
-        EXPECT_FALSE(view.reslice->isMirroredHorizontallyIn2D() || view.reslice->isMirroredVerticallyIn2D());
+        EXPECT_FALSE(view.reslice->isMirroredHorizontallyIn2D() ||
+                     view.reslice->isMirroredVerticallyIn2D());
     }
 }
 
@@ -100,7 +107,8 @@ TEST(LateralView, ShowsTheFaceOnTheRightAndTheCrownUp)
     const auto view = planner::lateralView(head());
     const QPointF middle = CoordinateMapper::_3D_To_2D_Ceph(view.reslice.get(), {100, 100, 100});
     EXPECT_GT(CoordinateMapper::_3D_To_2D_Ceph(view.reslice.get(), {100, 50, 100}).x(), middle.x());
-    EXPECT_LT(CoordinateMapper::_3D_To_2D_Ceph(view.reslice.get(), {100, 100, 150}).y(), middle.y());
+    EXPECT_LT(CoordinateMapper::_3D_To_2D_Ceph(view.reslice.get(), {100, 100, 150}).y(),
+              middle.y());
 }
 
 TEST(LateralView, LiesMidwayBetweenTheForaminaAndShowsTheWholeVolume)

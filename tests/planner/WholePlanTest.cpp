@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <planner/WholePlan.h>
 
-// The whole plan on the built-in patient, its way into a new frame and back, and the section that shows it.
+// The whole plan on the built-in patient, its way into a new frame and back, and the section that
+// shows it.
 
 #include <planner/PlanSection.h>
 #include <tests/planner/GuiTest.h>
@@ -25,8 +26,8 @@ using namespace planner;
 // One triangle is scan enough where crowns are not looked at.
 WholePlan makePlan()
 {
-    const geometry::Mesh crown({{70.0F, 40.0F, 50.0F}, {80.0F, 40.0F, 50.0F}, {75.0F, 45.0F, 55.0F}},
-                               {0, 1, 2, -1});
+    const geometry::Mesh crown(
+        {{70.0F, 40.0F, 50.0F}, {80.0F, 40.0F, 50.0F}, {75.0F, 45.0F, 55.0F}}, {0, 1, 2, -1});
     return planEverything(phantom::Patient(), crown, crown);
 }
 
@@ -61,7 +62,8 @@ TEST(WholePlan, EveryObjectMovesAndAllButPlanesAndSurgeryAreReturned)
     for (qsizetype i = 0; i < plan.objects.size(); ++i) {
         const PlannedObject& object = plan.objects[i];
         EXPECT_NE(object.coordinates(), before[i]) << object.kind.toStdString();
-        EXPECT_EQ(changed.count(object.object.get()), object.step == 23 || object.step == 29 ? 0 : 1)
+        EXPECT_EQ(changed.count(object.object.get()),
+                  object.step == 23 || object.step == 29 ? 0 : 1)
             << object.kind.toStdString();
     }
 }
@@ -86,7 +88,8 @@ TEST_F(PlanSection, SaysThatItIsLeftOutForAnotherCt)
     test::SilentProgress progress;
     const Section section = createPlanSection(Case(), progress);
     EXPECT_EQ(section.id, QStringLiteral("plan"));
-    EXPECT_TRUE(section.introductionHtml.contains(QStringLiteral("exists for the built-in patient only")));
+    EXPECT_TRUE(
+        section.introductionHtml.contains(QStringLiteral("exists for the built-in patient only")));
     EXPECT_TRUE(section.pictures.isEmpty());
     EXPECT_TRUE(section.plainText.contains(QStringLiteral("none was moved")));
 }

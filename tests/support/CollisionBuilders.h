@@ -53,11 +53,13 @@ inline geometry::Mesh makeTube(const QList<QVector3D>& axis, float radiusMm, int
     QList<QVector3D> vertices;
     for (qsizetype i = 0; i < axis.size(); ++i) {
         const QVector3D along =
-            (axis[std::min(i + 1, axis.size() - 1)] - axis[std::max<qsizetype>(i - 1, 0)]).normalized();
+            (axis[std::min(i + 1, axis.size() - 1)] - axis[std::max<qsizetype>(i - 1, 0)])
+                .normalized();
         const QVector3D side = QVector3D::crossProduct(along, {0.1F, 0.2F, 1.0F}).normalized();
         const QVector3D up = QVector3D::crossProduct(along, side);
         for (int segment = 0; segment < segments; ++segment) {
-            const float angle = 6.2831853F * static_cast<float>(segment) / static_cast<float>(segments);
+            const float angle =
+                6.2831853F * static_cast<float>(segment) / static_cast<float>(segments);
             vertices.append(axis[i] + radiusMm * (std::cos(angle) * side + std::sin(angle) * up));
         }
     }
@@ -76,13 +78,14 @@ inline geometry::Mesh makeTube(const QList<QVector3D>& axis, float radiusMm, int
 /// A canal of 60 mm that bends like that of the lower jaw, of about that many triangles.
 inline geometry::Mesh makeCanal(int numTriangles, float radiusMm = 1.25F)
 {
-    const int segments =
-        std::max(6, static_cast<int>(std::sqrt(static_cast<float>(numTriangles) / 2.0F / (60.0F / 7.85F))));
+    const int segments = std::max(
+        6, static_cast<int>(std::sqrt(static_cast<float>(numTriangles) / 2.0F / (60.0F / 7.85F))));
     const int steps = std::max(2, numTriangles / (2 * segments));
     QList<QVector3D> axis;
     for (int i = 0; i <= steps; ++i) {
         const float t = static_cast<float>(i) / static_cast<float>(steps);
-        axis.append({42.0F - 4.0F * t - 18.0F * t * t, -45.0F * t, -14.0F + 10.0F * (1.0F - t) * (1.0F - t)});
+        axis.append({42.0F - 4.0F * t - 18.0F * t * t, -45.0F * t,
+                     -14.0F + 10.0F * (1.0F - t) * (1.0F - t)});
     }
     return makeTube(axis, radiusMm, segments);
 }

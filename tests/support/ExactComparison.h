@@ -43,8 +43,8 @@ inline void expectPoint(const QPointF& point, double x, double y)
 inline void expectPoint(const QVector3D& point, float x, float y, float z)
 {
     EXPECT_TRUE(point.x() == x && point.y() == y && point.z() == z)
-        << "(" << point.x() << ", " << point.y() << ", " << point.z() << ") is not (" << x << ", " << y
-        << ", " << z << ")";
+        << "(" << point.x() << ", " << point.y() << ", " << point.z() << ") is not (" << x << ", "
+        << y << ", " << z << ")";
 }
 
 inline void expectLine(const QLineF& line, double x1, double y1, double x2, double y2)
@@ -54,8 +54,8 @@ inline void expectLine(const QLineF& line, double x1, double y1, double x2, doub
 }
 
 /// Column by column, the first three components of each; the fourths must be 0, 0, 0, 1.
-inline void expectFrame(const QMatrix4x4& matrix, const QVector3D& x, const QVector3D& y, const QVector3D& z,
-                        const QVector3D& origin)
+inline void expectFrame(const QMatrix4x4& matrix, const QVector3D& x, const QVector3D& y,
+                        const QVector3D& z, const QVector3D& origin)
 {
     const QVector3D columns[4] = {x, y, z, origin};
     for (int i = 0; i < 4; ++i) {

@@ -24,7 +24,8 @@ private:
     void changedEvent(DataObject* /*subject*/) override { ++changes; }
 };
 
-/// Passes if the object is of its own type and of each of the bases, and these have identifiers of their own.
+/// Passes if the object is of its own type and of each of the bases, and these have identifiers of
+/// their own.
 template <typename Object>
 void expectTypes(const Object& object, const QStringList& bases)
 {
@@ -53,8 +54,8 @@ inline QMatrix4x4 quarterTurnAndShift()
 inline void expectVector(const QVector3D& vector, float x, float y, float z)
 {
     EXPECT_TRUE(vector.x() == x && vector.y() == y && vector.z() == z)
-        << "(" << vector.x() << ", " << vector.y() << ", " << vector.z() << ") is not (" << x << ", " << y
-        << ", " << z << ")";
+        << "(" << vector.x() << ", " << vector.y() << ", " << vector.z() << ") is not (" << x
+        << ", " << y << ", " << z << ")";
 }
 
 } // namespace test

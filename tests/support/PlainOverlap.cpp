@@ -94,8 +94,8 @@ bool computeInterval(float p0, float p1, float p2, float d0, float d1, float d2,
 }
 
 // The edge from v to v + (ax, ay) against the edge from u0 to u1, in the coordinates i and j.
-bool edgeAgainstEdge(const QVector3D& v, float ax, float ay, const QVector3D& u0, const QVector3D& u1, int i,
-                     int j)
+bool edgeAgainstEdge(const QVector3D& v, float ax, float ay, const QVector3D& u0,
+                     const QVector3D& u1, int i, int j)
 {
     const float bx = u0[i] - u1[i];
     const float by = u0[j] - u1[j];
@@ -120,7 +120,8 @@ bool edgeAgainstTriangle(const QVector3D& v0, const QVector3D& v1, const Corners
 {
     const float ax = v1[i] - v0[i];
     const float ay = v1[j] - v0[j];
-    return edgeAgainstEdge(v0, ax, ay, u.p0, u.p1, i, j) || edgeAgainstEdge(v0, ax, ay, u.p1, u.p2, i, j) ||
+    return edgeAgainstEdge(v0, ax, ay, u.p0, u.p1, i, j) ||
+           edgeAgainstEdge(v0, ax, ay, u.p1, u.p2, i, j) ||
            edgeAgainstEdge(v0, ax, ay, u.p2, u.p0, i, j);
 }
 
@@ -171,8 +172,8 @@ bool coplanarIntersect(const QVector3D& n, const Corners& v, const Corners& u)
 
 } // namespace
 
-bool trianglesIntersect(const QVector3D& V0, const QVector3D& V1, const QVector3D& V2, const QVector3D& U0,
-                        const QVector3D& U1, const QVector3D& U2)
+bool trianglesIntersect(const QVector3D& V0, const QVector3D& V1, const QVector3D& V2,
+                        const QVector3D& U0, const QVector3D& U1, const QVector3D& U2)
 {
     const QVector3D n2 = QVector3D::crossProduct(U1 - U0, U2 - U0);
     const float d2 = -QVector3D::dotProduct(n2, U0);
@@ -209,8 +210,8 @@ bool trianglesIntersect(const QVector3D& V0, const QVector3D& V1, const QVector3
     return !(first.high < second.low || second.high < first.low);
 }
 
-QList<geometry::BoundedTriangles> makeBoundedTriangles(const geometry::Mesh& mesh,
-                                                       const primitives::BoundingBox& box, float cellSize)
+QList<geometry::BoundedTriangles>
+makeBoundedTriangles(const geometry::Mesh& mesh, const primitives::BoundingBox& box, float cellSize)
 {
     const int nx = cellsAlong(box.deltaX(), cellSize);
     const int ny = cellsAlong(box.deltaY(), cellSize);
@@ -252,14 +253,16 @@ QList<geometry::BoundedTriangles> makeBoundedTriangles(const geometry::Mesh& mes
                 const QVector3D corner(low.x() + static_cast<float>(x) * dx,
                                        low.y() + static_cast<float>(y) * dy,
                                        low.z() + static_cast<float>(z) * dz);
-                cells.append({primitives::BoundingBox(corner, corner + QVector3D(dx, dy, dz)), list});
+                cells.append(
+                    {primitives::BoundingBox(corner, corner + QVector3D(dx, dy, dz)), list});
             }
         }
     }
     return cells;
 }
 
-BoundedObject makeBoundedObject(const geometry::ShapeNode& root, const QMatrix4x4& transform, float cellSize)
+BoundedObject makeBoundedObject(const geometry::ShapeNode& root, const QMatrix4x4& transform,
+                                float cellSize)
 {
     BoundedObject object;
     object.box = root.getBoundingBox().transformed(transform);

@@ -15,9 +15,11 @@ public:
     WarningLog()
     {
         messages().clear();
-        before = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
-            messages().append(type == QtWarningMsg ? text : QStringLiteral("not a warning: ") + text);
-        });
+        before = qInstallMessageHandler(
+            [](QtMsgType type, const QMessageLogContext&, const QString& text) {
+                messages().append(type == QtWarningMsg ? text
+                                                       : QStringLiteral("not a warning: ") + text);
+            });
     }
     WarningLog(const WarningLog&) = delete;
     WarningLog& operator=(const WarningLog&) = delete;

@@ -10,12 +10,13 @@
 namespace geometry {
 namespace {
 
-// QMatrix4x4::map for many points, with the bits of that operation, for matrices whose flags say no less than rotation
-// and whose last row is (0, 0, 0, 1).
+// QMatrix4x4::map for many points, with the bits of that operation, for matrices whose flags say no
+// less than rotation and whose last row is (0, 0, 0, 1).
 //
-// Qt works out a fourth coordinate w and divides by it unless it is 1. Here it is 1 for a finite point and NaN (0 times
-// infinity) for any other, so that a product with w gives what the division would. No branch and nothing that could
-// alias the points stands in the loop then, which takes a third of the time of a loop over map().
+// Qt works out a fourth coordinate w and divides by it unless it is 1. Here it is 1 for a finite
+// point and NaN (0 times infinity) for any other, so that a product with w gives what the division
+// would. No branch and nothing that could alias the points stands in the loop then, which takes a
+// third of the time of a loop over map().
 class AffineMapping
 {
 public:

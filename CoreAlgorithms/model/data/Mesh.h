@@ -26,17 +26,17 @@ public:
     /// Replaces every vertex by its image.
     void applyTransformation(const QMatrix4x4& matrix);
 
-    /// The smallest box round the vertices, linear in their number; null for none. Vertices with NaN extend
-    /// nothing.
+    /// The smallest box round the vertices, linear in their number; null for none. Vertices with
+    /// NaN extend nothing.
     primitives::BoundingBox getBoundingBox() const;
 
 private:
     QList<QVector3D> vertices;
 };
 
-/// Triangles over points. The index list holds four entries a triangle: triangle t has the vertices whose
-/// numbers stand at 4t, 4t + 1 and 4t + 2; the fourth ends the triangle and names no vertex (-1 in meshes
-/// made here). There are getNumIndices() / 4 triangles.
+/// Triangles over points. The index list holds four entries a triangle: triangle t has the vertices
+/// whose numbers stand at 4t, 4t + 1 and 4t + 2; the fourth ends the triangle and names no vertex
+/// (-1 in meshes made here). There are getNumIndices() / 4 triangles.
 ///
 /// The entries are kept as given, also those that name no vertex.
 class COREALGORITHMS_MODEL_EXPORT Mesh : public PointSet
@@ -56,7 +56,8 @@ private:
     QList<int> indices;
 };
 
-/// One cell of a grid laid over a mesh: its box, and the ascending numbers of the triangles that touch it.
+/// One cell of a grid laid over a mesh: its box, and the ascending numbers of the triangles that
+/// touch it.
 struct BoundedTriangles
 {
     primitives::BoundingBox box;

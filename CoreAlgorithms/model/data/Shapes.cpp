@@ -11,8 +11,8 @@ namespace {
 constexpr int kSegments = 32;
 constexpr int kSegmentsPerQuadrant = kSegments / 4;
 
-// cos(i * 11.25 degrees). A table, since the cosines of two standard libraries may differ in the last bit; and
-// the four quadrants are exactly alike.
+// cos(i * 11.25 degrees). A table, since the cosines of two standard libraries may differ in the
+// last bit; and the four quadrants are exactly alike.
 constexpr float kCosines[kSegmentsPerQuadrant + 1] = {
     1.0F,        0.980785251F, 0.923879504F, 0.831469595F, 0.707106769F,
     0.55557023F, 0.382683426F, 0.195090324F, 0.0F,
@@ -53,7 +53,8 @@ struct Triangles
     QList<int> indices;
 };
 
-// The fan between a ring and a vertex on the axis; seen from above (+z) counter-clockwise, or clockwise.
+// The fan between a ring and a vertex on the axis; seen from above (+z) counter-clockwise, or
+// clockwise.
 void addFan(Triangles& triangles, int firstOfRing, int centre, bool fromAbove)
 {
     for (int segment = 0; segment < kSegments; ++segment) {
@@ -66,7 +67,8 @@ void addFan(Triangles& triangles, int firstOfRing, int centre, bool fromAbove)
     }
 }
 
-ShapeNode* makeNode(const QString& name, const QList<QVector3D>& vertices, const Triangles& triangles)
+ShapeNode* makeNode(const QString& name, const QList<QVector3D>& vertices,
+                    const Triangles& triangles)
 {
     auto node = std::make_unique<ShapeNode>(name);
     node->setShape(Shape(Mesh(vertices, triangles.indices)));
@@ -128,8 +130,9 @@ void ShapeNode::addChild(ShapeNode* child)
 
 ShapeNode* ShapeNode::getChild(int number) const
 {
-    return number >= 0 && number < getNumChildren() ? children[static_cast<std::size_t>(number)].get()
-                                                    : nullptr;
+    return number >= 0 && number < getNumChildren()
+               ? children[static_cast<std::size_t>(number)].get()
+               : nullptr;
 }
 
 primitives::BoundingBox ShapeNode::getBoundingBox() const
@@ -214,7 +217,8 @@ ShapeFactory::ShapeFactory(ShapeLoader& shapeLoader) : loader(shapeLoader) {}
 
 ShapeFactory::~ShapeFactory() = default;
 
-ShapeNode* ShapeFactory::generateCylinder(float radius, float height, bool openTop, bool openBottom) const
+ShapeNode* ShapeFactory::generateCylinder(float radius, float height, bool openTop,
+                                          bool openBottom) const
 {
     const float top = height * 0.5F;
     QList<QVector3D> vertices;

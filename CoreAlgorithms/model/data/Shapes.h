@@ -33,8 +33,8 @@ private:
     primitives::BoundingBox box;
 };
 
-/// A named node of a tree of shapes. A node may carry a shape; its transform maps its own frame into that of
-/// its parent. A node owns its children.
+/// A named node of a tree of shapes. A node may carry a shape; its transform maps its own frame
+/// into that of its parent. A node owns its children.
 class COREALGORITHMS_MODEL_EXPORT ShapeNode
 {
 public:
@@ -52,20 +52,21 @@ public:
     const Shape* getShape() const { return shape ? &*shape : nullptr; }
     void setShape(const Shape& carried);
 
-    /// Takes ownership, also of a node that is another's child by now. A null child, and one that this node
-    /// stands below, are ignored and stay with the caller.
+    /// Takes ownership, also of a node that is another's child by now. A null child, and one that
+    /// this node stands below, are ignored and stay with the caller.
     void addChild(ShapeNode* child);
     int getNumChildren() const { return static_cast<int>(children.size()); }
     /// Null if there is no child of that number.
     ShapeNode* getChild(int number) const;
     ShapeNode* getParent() const { return parent; }
 
-    /// In the node's own frame, its transform left out: of a child with a shape, the box of its shape; of a
-    /// root, and of a child without a shape, the box round the placed boxes of all shapes below and of its
-    /// own. Null if there is none.
+    /// In the node's own frame, its transform left out: of a child with a shape, the box of its
+    /// shape; of a root, and of a child without a shape, the box round the placed boxes of all
+    /// shapes below and of its own. Null if there is none.
     primitives::BoundingBox getBoundingBox() const;
 
-    /// The nodes that have a shape, from this node downwards: a node before its children, children in order.
+    /// The nodes that have a shape, from this node downwards: a node before its children, children
+    /// in order.
     ConstShapeNodeIteratorBase cbeginNodesWithShape() const;
     ConstShapeNodeIteratorBase cend() const;
 
@@ -87,8 +88,9 @@ public:
     ShapeNodeIteratorBase& operator++();
     bool operator!=(const ShapeNodeIteratorBase& other) const;
 
-    /// The product of the transforms from the children of the node where the walk began down to this node,
-    /// outermost left; the transform of the node where the walk began is left out. Identity at the end.
+    /// The product of the transforms from the children of the node where the walk began down to
+    /// this node, outermost left; the transform of the node where the walk began is left out.
+    /// Identity at the end.
     QMatrix4x4 getCumulativeTransform() const;
 
 protected:
@@ -121,8 +123,8 @@ private:
     using ShapeNodeIteratorBase::ShapeNodeIteratorBase;
 };
 
-/// Where shapes come from that are not built from numbers, for instance a catalogue of implants. This one
-/// keeps what it is given.
+/// Where shapes come from that are not built from numbers, for instance a catalogue of implants.
+/// This one keeps what it is given.
 class COREALGORITHMS_MODEL_EXPORT ShapeLoader
 {
 public:
@@ -139,11 +141,11 @@ private:
     QHash<QString, Shape> shapes;
 };
 
-/// Makes nodes with shapes; the caller owns them. Round shapes have 32 segments, the first vertex of every
-/// ring on the x axis, and triangles that are counter-clockwise seen from outside.
+/// Makes nodes with shapes; the caller owns them. Round shapes have 32 segments, the first vertex
+/// of every ring on the x axis, and triangles that are counter-clockwise seen from outside.
 ///
-/// Lengths are taken as they are: a radius of 0 gives a needle, a negative height turns the shape over, NaN
-/// gives vertices of NaN.
+/// Lengths are taken as they are: a radius of 0 gives a needle, a negative height turns the shape
+/// over, NaN gives vertices of NaN.
 class COREALGORITHMS_MODEL_EXPORT ShapeFactory
 {
 public:
@@ -153,7 +155,8 @@ public:
     virtual ~ShapeFactory();
 
     /// Centred on its own origin along z. The open ends are left without a lid.
-    virtual ShapeNode* generateCylinder(float radius, float height, bool openTop, bool openBottom) const;
+    virtual ShapeNode* generateCylinder(float radius, float height, bool openTop,
+                                        bool openBottom) const;
     /// Stands on its own origin with the tip at z = height; of height 0, a flat disc.
     virtual ShapeNode* generateCone(float radius, float height, bool openBase) const;
     /// A shape of the loader; a node without a shape if the loader does not know the name.

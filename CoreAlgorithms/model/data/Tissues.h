@@ -6,7 +6,8 @@
 
 namespace colormap {
 
-/// The grey values at which a colour map places its tissues, in ascending order where they come from a scan.
+/// The grey values at which a colour map places its tissues, in ascending order where they come
+/// from a scan.
 struct Tissues
 {
     int air = 0;

@@ -46,7 +46,8 @@ std::size_t byteCount(const math::Ivec3& size, const QVector3D& voxelSizeMm, ima
 {
     if (size.x <= 0 || size.y <= 0 || size.z <= 0)
         return 0;
-    if (!isPositive(voxelSizeMm.x()) || !isPositive(voxelSizeMm.y()) || !isPositive(voxelSizeMm.z()))
+    if (!isPositive(voxelSizeMm.x()) || !isPositive(voxelSizeMm.y()) ||
+        !isPositive(voxelSizeMm.z()))
         return 0;
     constexpr std::size_t largest = std::numeric_limits<std::ptrdiff_t>::max();
     std::size_t bytes = image::elementSize(type);
@@ -79,7 +80,8 @@ std::size_t image::elementSize(DataType type)
     return 0;
 }
 
-VexelImage3D::VexelImage3D(const math::Ivec3& imageSize, const QVector3D& voxelSize, image::DataType dataType)
+VexelImage3D::VexelImage3D(const math::Ivec3& imageSize, const QVector3D& voxelSize,
+                           image::DataType dataType)
 {
     const std::size_t bytes = byteCount(imageSize, voxelSize, dataType);
     if (bytes == 0)
@@ -116,12 +118,13 @@ double VexelImage3D::value(int x, int y, int z) const
 {
     if (x < 0 || y < 0 || z < 0 || x >= size.x || y >= size.y || z >= size.z)
         return 0.0;
-    const std::size_t index =
-        (static_cast<std::size_t>(z) * static_cast<std::size_t>(size.y) + static_cast<std::size_t>(y)) *
-            static_cast<std::size_t>(size.x) +
-        static_cast<std::size_t>(x);
-    return visitElements(type, elements.get(),
-                         [index](const auto* values) { return static_cast<double>(values[index]); });
+    const std::size_t index = (static_cast<std::size_t>(z) * static_cast<std::size_t>(size.y) +
+                               static_cast<std::size_t>(y)) *
+                                  static_cast<std::size_t>(size.x) +
+                              static_cast<std::size_t>(x);
+    return visitElements(type, elements.get(), [index](const auto* values) {
+        return static_cast<double>(values[index]);
+    });
 }
 
 math::Range<float> VexelImage3D::getValueRange() const

@@ -32,17 +32,19 @@ COREALGORITHMS_MODEL_EXPORT std::size_t elementSize(DataType type);
 
 /// A voxel image that owns its memory.
 ///
-/// value(x, y, z) = data[(z * sizeY + y) * sizeX + x]: x fastest, no gaps. Voxel indices name voxel centres;
-/// the centre of voxel (x, y, z) lies at (x * voxelSize.x, y * voxelSize.y, z * voxelSize.z) of the volume
-/// frame, in mm.
+/// value(x, y, z) = data[(z * sizeY + y) * sizeX + x]: x fastest, no gaps. Voxel indices name voxel
+/// centres; the centre of voxel (x, y, z) lies at (x * voxelSize.x, y * voxelSize.y, z *
+/// voxelSize.z) of the volume frame, in mm.
 class COREALGORITHMS_MODEL_EXPORT VexelImage3D
 {
 public:
     /// No voxels.
     VexelImage3D() = default;
-    /// All voxels zero. A size that is not positive, a voxel size that is not positive and finite, an unknown
-    /// type, or more voxels than memory can hold give the image without voxels; ask isEmpty().
-    VexelImage3D(const math::Ivec3& imageSize, const QVector3D& voxelSize, image::DataType dataType);
+    /// All voxels zero. A size that is not positive, a voxel size that is not positive and finite,
+    /// an unknown type, or more voxels than memory can hold give the image without voxels; ask
+    /// isEmpty().
+    VexelImage3D(const math::Ivec3& imageSize, const QVector3D& voxelSize,
+                 image::DataType dataType);
     /// Leaves the other image without voxels.
     VexelImage3D(VexelImage3D&& other) noexcept;
     VexelImage3D& operator=(VexelImage3D&& other) noexcept;
@@ -62,8 +64,8 @@ public:
 
     /// One voxel, widened to double; 0 outside the image.
     double value(int x, int y, int z) const;
-    /// Smallest and largest element, narrowed to float, NaN left out; (0, 0) for an image without voxels or
-    /// of nothing but NaN. Visits every voxel.
+    /// Smallest and largest element, narrowed to float, NaN left out; (0, 0) for an image without
+    /// voxels or of nothing but NaN. Visits every voxel.
     math::Range<float> getValueRange() const;
 
 private:

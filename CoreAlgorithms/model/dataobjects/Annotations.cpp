@@ -182,7 +182,8 @@ float CircleAnnotation3D::getRadius() const
     return radius;
 }
 
-void CircleAnnotation3D::setCircle(const QVector3D& centreMm, const QVector3D& direction, float radiusMm)
+void CircleAnnotation3D::setCircle(const QVector3D& centreMm, const QVector3D& direction,
+                                   float radiusMm)
 {
     centre = centreMm;
     normal = direction.normalized();

@@ -11,11 +11,11 @@
 #include <QString>
 #include <QVector3D>
 
-// What users draw and write into the scene; positions are world mm. The kinds do not derive from each other: whoever
-// moves one kind after the other moves no annotation twice.
+// What users draw and write into the scene; positions are world mm. The kinds do not derive from
+// each other: whoever moves one kind after the other moves no annotation twice.
 //
-// applyTransform() moves an annotation by a matrix, directions by its upper left 3 x 3 part. It takes rigid motions:
-// radii stay, and unit vectors are made unit vectors again.
+// applyTransform() moves an annotation by a matrix, directions by its upper left 3 x 3 part. It
+// takes rigid motions: radii stay, and unit vectors are made unit vectors again.
 
 /// A marked position.
 class COREALGORITHMS_MODEL_EXPORT PointAnnotation : public DataObject
@@ -152,7 +152,8 @@ private:
     QMatrix4x4 resliceTransform;
 };
 
-/// A plane of the cephalometric analysis. It follows from landmarks, so that moving it is no change of the plan.
+/// A plane of the cephalometric analysis. It follows from landmarks, so that moving it is no change
+/// of the plan.
 class COREALGORITHMS_MODEL_EXPORT CephPlaneBase : public DataObject
 {
 public:

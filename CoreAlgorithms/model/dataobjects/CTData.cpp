@@ -37,7 +37,9 @@ void LandmarkBase::clearPosition(Context context)
 
 namespace dataobject {
 
-LandmarkAnnotation::LandmarkAnnotation(landmarkDetection::LandmarkType landmarkType) : type(landmarkType) {}
+LandmarkAnnotation::LandmarkAnnotation(landmarkDetection::LandmarkType landmarkType)
+    : type(landmarkType)
+{}
 
 QString LandmarkAnnotation::getClassTypeId()
 {

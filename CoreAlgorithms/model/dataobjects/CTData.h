@@ -17,8 +17,8 @@
 
 namespace landmarkDetection {
 
-/// Anatomical points of the skull that are found in a scan. The values are fixed, and those without a name
-/// are valid too.
+/// Anatomical points of the skull that are found in a scan. The values are fixed, and those without
+/// a name are valid too.
 enum LandmarkType : int {
     SubspinalePoint = 0,
     SupramentalePoint = 4,
@@ -89,14 +89,15 @@ private:
     std::shared_ptr<const VexelImage3D> image;
 };
 
-/// A patient's CT scan: its voxels, how they lie in natural head position, and the landmarks found in it.
+/// A patient's CT scan: its voxels, how they lie in natural head position, and the landmarks found
+/// in it.
 ///
 /// Volume frame: mm, the origin at the centre of voxel (0, 0, 0), see VexelImage3D.
 class COREALGORITHMS_MODEL_EXPORT CTData : public DataObject
 {
 public:
-    /// Where the occlusal plane is assumed before anyone has placed it: at the height of the scan's centre, or
-    /// at six tenths of it.
+    /// Where the occlusal plane is assumed before anyone has placed it: at the height of the scan's
+    /// centre, or at six tenths of it.
     enum OcclusalPlaneDefinition : int { OcclusalPlaneAtCentre = 0, OcclusalPlaneBelowCentre = 1 };
 
     static QString getClassTypeId();
@@ -106,7 +107,8 @@ public:
     virtual std::shared_ptr<ImageVolume> getImageVolume() const;
     virtual void setImageVolume(std::shared_ptr<ImageVolume> volume);
 
-    /// Extent of the voxels, faces and not centres, in the volume frame: -0.5 * voxelSize to (imageSize - 0.5)
+    /// Extent of the voxels, faces and not centres, in the volume frame: -0.5 * voxelSize to
+    /// (imageSize - 0.5)
     /// * voxelSize. The null box without voxels.
     virtual primitives::BoundingBox getBoundingBox() const;
     /// The box round getBoundingBox() in natural head position.
@@ -116,7 +118,8 @@ public:
     virtual QMatrix4x4 getTotalResampleNHPTransformation() const;
     virtual void setTotalResampleNHPTransformation(const QMatrix4x4& naturalHeadPositionFromVolume);
 
-    /// Those of one of the types, in the order in which they were added; an empty list asks for all.
+    /// Those of one of the types, in the order in which they were added; an empty list asks for
+    /// all.
     virtual std::vector<std::shared_ptr<dataobject::LandmarkAnnotation>>
     getLandmarkAnnotations(const std::vector<landmarkDetection::LandmarkType>& types) const;
     /// Null is ignored.

@@ -11,7 +11,8 @@
 
 namespace colormap {
 
-/// How grey values become colours in a view of a volume. What kind of function it is, isOfType() tells.
+/// How grey values become colours in a view of a volume. What kind of function it is, isOfType()
+/// tells.
 class COREALGORITHMS_MODEL_EXPORT ColormapFunction : public DataObject
 {
 public:
@@ -21,8 +22,8 @@ public:
     /// Its own from birth, never that of another function.
     virtual QUuid getUUID() const;
 
-    /// While enabled, views show changes of the function in their coarse preview only. With `tellObservers`
-    /// the observers are told, if the state is another than before.
+    /// While enabled, views show changes of the function in their coarse preview only. With
+    /// `tellObservers` the observers are told, if the state is another than before.
     virtual void setPreviewUpdateEnabledState(bool enabled, bool tellObservers);
     virtual bool isPreviewUpdateEnabled() const;
 
@@ -47,8 +48,8 @@ public:
     bool isOfType(const QString& classTypeId) const override;
 };
 
-/// Shows pulp below one threshold and restoration material above another. Both are normalised: 0 is the
-/// smallest grey value of the image, 1 the largest. Stored as set.
+/// Shows pulp below one threshold and restoration material above another. Both are normalised: 0 is
+/// the smallest grey value of the image, 1 the largest. Stored as set.
 class COREALGORITHMS_MODEL_EXPORT PulpFunction : public ColormapFunction
 {
 public:
@@ -85,8 +86,9 @@ public:
 
     /// Moves every control point by as many grey values.
     virtual void panFunction(float greyValues);
-    /// Lengthens the distance from the first to the last control point by as many grey values, round their
-    /// middle. It never becomes shorter than 1; where it is zero or not finite, nothing happens.
+    /// Lengthens the distance from the first to the last control point by as many grey values,
+    /// round their middle. It never becomes shorter than 1; where it is zero or not finite, nothing
+    /// happens.
     virtual void stretchFunction(float greyValues);
 
 private:

@@ -26,12 +26,14 @@ private:
 
 /// An object of the plan: shared, edited in brackets, observed.
 ///
-/// Changes are announced by changed(). Inside startEditing() .. stopEditing(), which nest, any number of
-/// changes ends in one notification when the outermost bracket closes, and none if nothing changed. While
-/// notification is switched off (setNotifyObservers), changes are told to nobody, also not later.
-class COREALGORITHMS_MODEL_EXPORT DataObject : public PropertyObject,
-                                               public std::enable_shared_from_this<DataObject>,
-                                               public patterns::Observable<DataObject, std::nullptr_t>
+/// Changes are announced by changed(). Inside startEditing() .. stopEditing(), which nest, any
+/// number of changes ends in one notification when the outermost bracket closes, and none if
+/// nothing changed. While notification is switched off (setNotifyObservers), changes are told to
+/// nobody, also not later.
+class COREALGORITHMS_MODEL_EXPORT DataObject
+    : public PropertyObject,
+      public std::enable_shared_from_this<DataObject>,
+      public patterns::Observable<DataObject, std::nullptr_t>
 {
 public:
     static QString getClassTypeId();
@@ -54,8 +56,8 @@ private:
     bool notifyObservers = true;
 };
 
-/// The editing bracket of a scope. A null object is allowed and does nothing; the object must outlive the
-/// lock.
+/// The editing bracket of a scope. A null object is allowed and does nothing; the object must
+/// outlive the lock.
 class COREALGORITHMS_MODEL_EXPORT EditLocker
 {
 public:

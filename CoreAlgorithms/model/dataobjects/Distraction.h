@@ -11,7 +11,8 @@
 
 #include <memory>
 
-/// A shell that is made to be worn for a while, as a tree of shapes. Moved relatively, as SurfaceTree says.
+/// A shell that is made to be worn for a while, as a tree of shapes. Moved relatively, as
+/// SurfaceTree says.
 class COREALGORITHMS_MODEL_EXPORT TempShell : public SurfaceTree
 {
 public:
@@ -19,7 +20,8 @@ public:
     bool isOfType(const QString& classTypeId) const override;
 };
 
-/// A device that pulls two pieces of bone apart: where it is mounted, and its shapes, which are moved on their own.
+/// A device that pulls two pieces of bone apart: where it is mounted, and its shapes, which are
+/// moved on their own.
 class COREALGORITHMS_MODEL_EXPORT Distractor : public DataObject
 {
 public:

@@ -25,7 +25,12 @@ namespace events {
 /// What happened to a guiding line.
 struct GuidingLineEvent
 {
-    enum Type : int { PathChanged = 0, PointAdded = 1, PointRemoved = 2, NumberOfPointsUpdated = 3 };
+    enum Type : int {
+        PathChanged = 0,
+        PointAdded = 1,
+        PointRemoved = 2,
+        NumberOfPointsUpdated = 3
+    };
 
     Type type = PathChanged;
 };
@@ -51,7 +56,8 @@ private:
 
 /// A path that other objects are laid along, for instance the dental arch, as samples in world mm.
 ///
-/// Two kinds of observers may attach: those of any data object, and those of guiding lines with their events.
+/// Two kinds of observers may attach: those of any data object, and those of guiding lines with
+/// their events.
 class COREALGORITHMS_MODEL_EXPORT GuidingLine
     : public DataObject,
       public patterns::Observable<GuidingLine, events::GuidingLineEvent>
@@ -72,7 +78,8 @@ public:
     /// Tells both kinds of observers; those of the line at once, also inside an editing bracket.
     virtual void setOriginalPath(const QList<QVector3D>& samples);
 
-    /// The points that the path is drawn through, in order; a line that is nothing but a path has none.
+    /// The points that the path is drawn through, in order; a line that is nothing but a path has
+    /// none.
     virtual QList<std::shared_ptr<Point>> getControlPoints() const;
 
     /// The direction that counts as up along the whole line; as set, (0, 0, 1) for a new line.
@@ -80,15 +87,17 @@ public:
     /// Tells the observers of data objects; the path stays as it is.
     virtual void setUpperDirection(const QVector3D& direction);
 
-    /// The unit vector along the path at a sample: from the sample before to the one behind, at the ends from
-    /// or to the sample itself. (0, 0, 0) for an index outside the path, and where these coincide.
+    /// The unit vector along the path at a sample: from the sample before to the one behind, at the
+    /// ends from or to the sample itself. (0, 0, 0) for an index outside the path, and where these
+    /// coincide.
     virtual QVector3D getDirection(int pathIndex) const;
-    /// The unit vector along direction x upper direction at a sample. With z up, that is outwards for an arch
-    /// that runs from the patient's right to the left. (0, 0, 0) where the product vanishes.
+    /// The unit vector along direction x upper direction at a sample. With z up, that is outwards
+    /// for an arch that runs from the patient's right to the left. (0, 0, 0) where the product
+    /// vanishes.
     virtual QVector3D getPerpendicularDirection(int pathIndex) const;
 
-    /// Moves the line. Control points are replaced by new ones, so that whoever holds the former ones keeps
-    /// them unmoved. Tells both kinds of observers once.
+    /// Moves the line. Control points are replaced by new ones, so that whoever holds the former
+    /// ones keeps them unmoved. Tells both kinds of observers once.
     virtual void transformAndCreateNewPoints(const QMatrix4x4& matrix);
 
     /// Tells the line's observers once that its path has changed.
@@ -102,11 +111,13 @@ private:
     QVector3D upperDirection{0.0F, 0.0F, 1.0F};
 };
 
-/// A guiding line that is drawn through control points by a curve model, a CatmullRomSpline3D at first.
+/// A guiding line that is drawn through control points by a curve model, a CatmullRomSpline3D at
+/// first.
 ///
-/// The path is sampled when it is next asked for after a change. A change in the number of points is told to
-/// both kinds of observers, those of the line by NumberOfPointsUpdated. The curve and the distance of the
-/// samples are set quietly: whoever sets them announces it by notifyGuidingLineObservers().
+/// The path is sampled when it is next asked for after a change. A change in the number of points
+/// is told to both kinds of observers, those of the line by NumberOfPointsUpdated. The curve and
+/// the distance of the samples are set quietly: whoever sets them announces it by
+/// notifyGuidingLineObservers().
 class COREALGORITHMS_MODEL_EXPORT GuidingSpline : public GuidingLine
 {
 public:
@@ -125,13 +136,14 @@ public:
     virtual const math::Spline3DInterface* getSpline() const;
     virtual void setSpline(std::unique_ptr<math::Spline3DInterface> curve);
 
-    /// Distance of the samples along the path in mm, 0.1 at first; sampling says what a bad one gets.
+    /// Distance of the samples along the path in mm, 0.1 at first; sampling says what a bad one
+    /// gets.
     virtual float getSampleDistance() const;
     virtual void setSampleDistance(float distanceMm);
 
     virtual std::shared_ptr<Point> appendControlPoint(const QVector3D& position);
-    /// Appends the point that ends the drawing of the spline. Every other change of the number of points
-    /// opens it again.
+    /// Appends the point that ends the drawing of the spline. Every other change of the number of
+    /// points opens it again.
     virtual std::shared_ptr<Point> appendLastControlPoint(const QVector3D& position);
     virtual bool isFinished() const;
     /// Does nothing for a point that is none of the spline's.
@@ -139,12 +151,14 @@ public:
     /// Removes all control points.
     virtual void clear();
 
-    /// To be called after positions of control points have changed: the path is sampled anew, and the
-    /// observers of data objects are told. Those of the line are told by notifyGuidingLineObservers().
+    /// To be called after positions of control points have changed: the path is sampled anew, and
+    /// the observers of data objects are told. Those of the line are told by
+    /// notifyGuidingLineObservers().
     virtual void pointsChanged();
 
 protected:
-    /// Takes as many new points as there are control points in the place of these, and tells nobody.
+    /// Takes as many new points as there are control points in the place of these, and tells
+    /// nobody.
     virtual void replaceControlPoints(const QList<std::shared_ptr<Point>>& replacements);
 
 private:
@@ -186,9 +200,9 @@ public:
 
     /// The points that are tagged, by ascending tooth.
     virtual QMap<ToothChart::Tooth, std::shared_ptr<Point>> getObjects() const;
-    /// Tags a control point with the tooth. A tooth has one point and a point one tooth: former tags of either
-    /// are taken away. A null point only takes the tooth's tag away; a point that is none of the spline's
-    /// changes nothing. Tells the observers of data objects.
+    /// Tags a control point with the tooth. A tooth has one point and a point one tooth: former
+    /// tags of either are taken away. A null point only takes the tooth's tag away; a point that is
+    /// none of the spline's changes nothing. Tells the observers of data objects.
     virtual void setTooth(ToothChart::Tooth tooth, const std::shared_ptr<Point>& point);
 
     /// Removes all control points and tags.

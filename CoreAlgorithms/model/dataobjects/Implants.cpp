@@ -34,7 +34,8 @@ const QMatrix4x4& Implant3D::getObjectTransform() const
     return objectTransform;
 }
 
-void Implant3D::setObjectTransform(const QMatrix4x4& sceneFromImplant, TransformManipulationType manipulation)
+void Implant3D::setObjectTransform(const QMatrix4x4& sceneFromImplant,
+                                   TransformManipulationType manipulation)
 {
     objectTransform = sceneFromImplant;
     lastManipulation = manipulation;
@@ -67,7 +68,8 @@ const QMatrix4x4& AnchorPin3D::getObjectTransform() const
     return objectTransform;
 }
 
-void AnchorPin3D::setObjectTransform(const QMatrix4x4& sceneFromPin, TransformManipulationType manipulation)
+void AnchorPin3D::setObjectTransform(const QMatrix4x4& sceneFromPin,
+                                     TransformManipulationType manipulation)
 {
     objectTransform = sceneFromPin;
     lastManipulation = manipulation;

@@ -47,9 +47,9 @@ public:
     /// From the implant's own frame into the scene.
     virtual const QMatrix4x4& getObjectTransform() const;
     /// Replaces the placement.
-    virtual void
-    setObjectTransform(const QMatrix4x4& sceneFromImplant,
-                       TransformManipulationType manipulation = TransformManipulationType::Unspecified);
+    virtual void setObjectTransform(
+        const QMatrix4x4& sceneFromImplant,
+        TransformManipulationType manipulation = TransformManipulationType::Unspecified);
     /// The kind of the last setObjectTransform().
     TransformManipulationType getLastManipulation() const { return lastManipulation; }
 
@@ -73,9 +73,9 @@ public:
     /// From the pin's own frame into the scene.
     virtual const QMatrix4x4& getObjectTransform() const;
     /// Replaces the placement.
-    virtual void
-    setObjectTransform(const QMatrix4x4& sceneFromPin,
-                       TransformManipulationType manipulation = TransformManipulationType::Unspecified);
+    virtual void setObjectTransform(
+        const QMatrix4x4& sceneFromPin,
+        TransformManipulationType manipulation = TransformManipulationType::Unspecified);
     /// The kind of the last setObjectTransform().
     TransformManipulationType getLastManipulation() const { return lastManipulation; }
 
@@ -100,15 +100,17 @@ private:
     std::shared_ptr<GuidingSpline> line;
 };
 
-// Hashing by address, for sets and hashes of shared objects and of pairs of them. Qt 6.4 hashes neither. These are
-// no templates: should a later Qt bring a template for every shared pointer, the compiler still prefers these.
+// Hashing by address, for sets and hashes of shared objects and of pairs of them. Qt 6.4 hashes
+// neither. These are no templates: should a later Qt bring a template for every shared pointer, the
+// compiler still prefers these.
 
 inline std::size_t qHash(const std::shared_ptr<Implant3D>& object, std::size_t seed = 0) noexcept
 {
     return ::qHash(object.get(), seed);
 }
 
-inline std::size_t qHash(const std::shared_ptr<const Implant3D>& object, std::size_t seed = 0) noexcept
+inline std::size_t qHash(const std::shared_ptr<const Implant3D>& object,
+                         std::size_t seed = 0) noexcept
 {
     return ::qHash(object.get(), seed);
 }

@@ -12,8 +12,8 @@
 #include <memory>
 #include <utility>
 
-/// A part of the skull that a surgery moves, as a surface. The class type identifiers of the jaw parts below
-/// are the keys of every map of occlusion matrices.
+/// A part of the skull that a surgery moves, as a surface. The class type identifiers of the jaw
+/// parts below are the keys of every map of occlusion matrices.
 class COREALGORITHMS_MODEL_EXPORT SurgeryPlanningPart : public Surface3DModel
 {
 public:

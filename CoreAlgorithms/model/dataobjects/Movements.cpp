@@ -32,8 +32,10 @@ bool adopt(Movements& movements, Movement* movement)
 
 } // namespace
 
-const QString MovementTypes::m_maxillary_occlusion_movement = QStringLiteral("MaxillaryOcclusionMovement");
-const QString MovementTypes::m_mandibular_occlusion_movement = QStringLiteral("MandibularOcclusionMovement");
+const QString MovementTypes::m_maxillary_occlusion_movement =
+    QStringLiteral("MaxillaryOcclusionMovement");
+const QString MovementTypes::m_mandibular_occlusion_movement =
+    QStringLiteral("MandibularOcclusionMovement");
 const QString MovementTypes::m_maxillary_segmental_occlusion_movement =
     QStringLiteral("MaxillarySegmentalOcclusionMovement");
 const QString MovementTypes::m_mandibular_segmental_occlusion_movement =
@@ -149,7 +151,8 @@ bool OcclusionMovement::isOfType(const QString& classTypeId) const
     return classTypeId == getClassTypeId() || Movement::isOfType(classTypeId);
 }
 
-utility::Optional<QMatrix4x4> OcclusionMovement::getOcclusionModeTransformation(const QString& mode) const
+utility::Optional<QMatrix4x4>
+OcclusionMovement::getOcclusionModeTransformation(const QString& mode) const
 {
     const auto found = transformations.find(mode);
     if (found == transformations.end())
@@ -157,7 +160,8 @@ utility::Optional<QMatrix4x4> OcclusionMovement::getOcclusionModeTransformation(
     return found->second;
 }
 
-void OcclusionMovement::addOcclusionModeTransformation(const QString& mode, const QMatrix4x4& transformation)
+void OcclusionMovement::addOcclusionModeTransformation(const QString& mode,
+                                                       const QMatrix4x4& transformation)
 {
     transformations.insert_or_assign(mode, transformation);
     changed();

@@ -16,7 +16,8 @@
 #include <map>
 #include <memory>
 
-/// Which movement of a surgery a Movement is. The constants serve C++, the getters whoever holds an object.
+/// Which movement of a surgery a Movement is. The constants serve C++, the getters whoever holds an
+/// object.
 class COREALGORITHMS_MODEL_EXPORT MovementTypes : public QObject
 {
 public:
@@ -67,11 +68,12 @@ public:
     /// All modes that were set and not removed, each once, the one in force last.
     virtual QStringList getMovementModes() const;
     virtual void setMovementMode(const QString& mode);
-    /// Drops the mode; the one that was in force before it is in force again. Nothing for a mode not set.
+    /// Drops the mode; the one that was in force before it is in force again. Nothing for a mode
+    /// not set.
     virtual void removeMovementMode(const QString& mode);
 
-    /// Between the two, which nest, changes are those of undo or redo, not of the user. An end without a
-    /// beginning does nothing.
+    /// Between the two, which nest, changes are those of undo or redo, not of the user. An end
+    /// without a beginning does nothing.
     virtual void beginUndoRedo();
     virtual void endUndoRedo();
     bool isChangedByUndoRedo() const { return undoRedoDepth > 0; }
@@ -83,8 +85,8 @@ private:
     int undoRedoDepth = 0;
 };
 
-/// Marks a movement as being changed by undo or redo, for a scope. A null movement is allowed and does nothing; the
-/// movement must outlive the lock.
+/// Marks a movement as being changed by undo or redo, for a scope. A null movement is allowed and
+/// does nothing; the movement must outlive the lock.
 class COREALGORITHMS_MODEL_EXPORT MovementUndoLock
 {
 public:
@@ -109,7 +111,8 @@ public:
     /// Of planning space onto itself; empty if the mode has none.
     virtual utility::Optional<QMatrix4x4> getOcclusionModeTransformation(const QString& mode) const;
     /// Adds or replaces.
-    virtual void addOcclusionModeTransformation(const QString& mode, const QMatrix4x4& transformation);
+    virtual void addOcclusionModeTransformation(const QString& mode,
+                                                const QMatrix4x4& transformation);
     virtual void removeOcclusionModeTransformation(const QString& mode);
 
     /// The jaw that is treated; NoJaw for a new movement.
@@ -132,8 +135,8 @@ public:
 
     /// In the order in which they were added.
     virtual QList<Movement*> getMovements() const;
-    /// Takes ownership; of a movement that is shared already, a share. Null, itself and one that is here already
-    /// are ignored.
+    /// Takes ownership; of a movement that is shared already, a share. Null, itself and one that is
+    /// here already are ignored.
     virtual void addMovement(Movement* movement);
 
 private:

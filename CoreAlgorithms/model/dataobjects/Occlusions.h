@@ -10,8 +10,8 @@
 
 #include <map>
 
-/// What a bite records: for each jaw part, by its class type identifier, the matrix that places it in the
-/// bite. In a segmental bite the upper jaw is cut into segments with a matrix each.
+/// What a bite records: for each jaw part, by its class type identifier, the matrix that places it
+/// in the bite. In a segmental bite the upper jaw is cut into segments with a matrix each.
 class COREALGORITHMS_MODEL_EXPORT OcclusionBase : public DataObject
 {
 public:

@@ -5,8 +5,8 @@
 #include <CoreAlgorithms/model/Export.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
 
-// Surfaces of the patient and of what is made for him. None derives from another: whoever moves one kind after the
-// other moves no surface twice. All are moved relatively, as Surface3DModel says.
+// Surfaces of the patient and of what is made for him. None derives from another: whoever moves one
+// kind after the other moves no surface twice. All are moved relatively, as Surface3DModel says.
 
 /// The soft tissue of the face, which follows the planned movements of the bone.
 class COREALGORITHMS_MODEL_EXPORT SoftTissueModel : public Surface3DModel

@@ -5,8 +5,9 @@
 #include <CoreAlgorithms/model/Export.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
 
-/// A surface with a placement of its own, which is replaced instead of composed: unlike that of Surface3DModel,
-/// setObjectTransform() is absolute here. Whoever moves such a surface by a matrix M sets M * getObjectTransform().
+/// A surface with a placement of its own, which is replaced instead of composed: unlike that of
+/// Surface3DModel, setObjectTransform() is absolute here. Whoever moves such a surface by a matrix
+/// M sets M * getObjectTransform().
 class COREALGORITHMS_MODEL_EXPORT PlacedSurfaceModel : public Surface3DModel
 {
 public:

@@ -10,7 +10,8 @@ template <typename Value>
 utility::Optional<Value> lookUp(const std::map<QString, Value>& values, const QString& key)
 {
     const auto found = values.find(key);
-    return found == values.end() ? utility::Optional<Value>() : utility::Optional<Value>(found->second);
+    return found == values.end() ? utility::Optional<Value>()
+                                 : utility::Optional<Value>(found->second);
 }
 
 } // namespace
@@ -103,12 +104,14 @@ void PlannedToPostOpCollection::setFromPreOpToPlannedAndPostOpTransformations(
     changed();
 }
 
-utility::Optional<QVector3D> PlannedToPostOpCollection::getPreOpRotationPoint(const QString& partType) const
+utility::Optional<QVector3D>
+PlannedToPostOpCollection::getPreOpRotationPoint(const QString& partType) const
 {
     return lookUp(rotationPoints, partType);
 }
 
-void PlannedToPostOpCollection::setPreOpRotationPoint(const QString& partType, const QVector3D& pointMm)
+void PlannedToPostOpCollection::setPreOpRotationPoint(const QString& partType,
+                                                      const QVector3D& pointMm)
 {
     rotationPoints.insert_or_assign(partType, pointMm);
     changed();

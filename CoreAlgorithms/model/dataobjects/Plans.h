@@ -16,8 +16,8 @@
 
 namespace dataobject {
 
-/// The placements of implants at the moment when the plan was locked. They are kept as they were, in the frame of that
-/// moment; the scanner orientation carries them into today's.
+/// The placements of implants at the moment when the plan was locked. They are kept as they were,
+/// in the frame of that moment; the scanner orientation carries them into today's.
 class COREALGORITHMS_MODEL_EXPORT LockedImplantPlan : public DataObject
 {
 public:
@@ -30,7 +30,8 @@ public:
 
     /// From the frame of the moment of locking into today's.
     virtual QMatrix4x4 getScannerOrientation() const;
-    /// The world has moved by the matrix: the scanner orientation becomes matrix * scanner orientation.
+    /// The world has moved by the matrix: the scanner orientation becomes matrix * scanner
+    /// orientation.
     virtual void updateScannerOrientation(const QMatrix4x4& matrix);
 
 private:
@@ -38,8 +39,8 @@ private:
     QMatrix4x4 scannerOrientation;
 };
 
-/// How the parts of a surgery moved from before the operation to the plan and to the state after it. A part is known
-/// by its class type identifier. All matrices move the world onto itself.
+/// How the parts of a surgery moved from before the operation to the plan and to the state after
+/// it. A part is known by its class type identifier. All matrices move the world onto itself.
 class COREALGORITHMS_MODEL_EXPORT PlannedToPostOpCollection : public DataObject
 {
 public:
@@ -55,8 +56,10 @@ public:
     virtual void setComparedSurgeryPartTypes(const QStringList& partTypes);
 
     /// Empty if none is stored.
-    virtual utility::Optional<QMatrix4x4> getFromPreOpToPlannedTransformation(const QString& partType) const;
-    virtual utility::Optional<QMatrix4x4> getFromPreOpToPostOpTransformation(const QString& partType) const;
+    virtual utility::Optional<QMatrix4x4>
+    getFromPreOpToPlannedTransformation(const QString& partType) const;
+    virtual utility::Optional<QMatrix4x4>
+    getFromPreOpToPostOpTransformation(const QString& partType) const;
     /// Adds or replaces those of the parts that the maps name; all others stay.
     virtual void setFromPreOpToPlannedAndPostOpTransformations(const Transformations& toPlanned,
                                                                const Transformations& toPostOp);

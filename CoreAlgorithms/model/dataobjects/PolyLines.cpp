@@ -32,7 +32,8 @@ std::shared_ptr<DataObject> PointLinked::getLinkedObject() const
 
 utility::Optional<QVector3D> PointLinked::getPosition(Context /*context*/) const
 {
-    return point ? utility::Optional<QVector3D>(point->getPosition()) : utility::Optional<QVector3D>();
+    return point ? utility::Optional<QVector3D>(point->getPosition())
+                 : utility::Optional<QVector3D>();
 }
 
 namespace dataobject {
@@ -45,7 +46,8 @@ std::shared_ptr<DataObject> PointUnlinkedMultiPositions::getLinkedObject() const
 utility::Optional<QVector3D> PointUnlinkedMultiPositions::getPosition(Context context) const
 {
     const auto found = positions.find(context);
-    return found == positions.end() ? utility::Optional<QVector3D>() : utility::Optional<QVector3D>(*found);
+    return found == positions.end() ? utility::Optional<QVector3D>()
+                                    : utility::Optional<QVector3D>(*found);
 }
 
 void PointUnlinkedMultiPositions::setPosition(Context context, const QVector3D& positionMm)
@@ -60,7 +62,8 @@ PointEditor::PointEditor(PolyLine& lineToEdit) : line(lineToEdit) {}
 PointEditor::~PointEditor() = default;
 
 void PointEditor::changePoint(int index, const QVector3D& positionMm,
-                              const std::shared_ptr<dataobject::AttachablePoint>& object, int /*place*/)
+                              const std::shared_ptr<dataobject::AttachablePoint>& object,
+                              int /*place*/)
 {
     if (object)
         line.replacePoint(index, std::make_shared<PointLinked>(object));

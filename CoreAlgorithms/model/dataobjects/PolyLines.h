@@ -16,8 +16,8 @@
 
 class PolyLine;
 
-/// A point of a poly-line: where it is in each frame, and what it is tied to. A tied point moves with its object and
-/// has no position of its own to change.
+/// A point of a poly-line: where it is in each frame, and what it is tied to. A tied point moves
+/// with its object and has no position of its own to change.
 class COREALGORITHMS_MODEL_EXPORT PointInterface
 {
 public:
@@ -76,7 +76,8 @@ private:
 
 } // namespace dataobject
 
-/// Changes points of a poly-line, which owns it. Points out of range stay out of reach: nothing happens.
+/// Changes points of a poly-line, which owns it. Points out of range stay out of reach: nothing
+/// happens.
 class COREALGORITHMS_MODEL_EXPORT PointEditor
 {
 public:
@@ -85,11 +86,13 @@ public:
     PointEditor& operator=(const PointEditor&) = delete;
     virtual ~PointEditor();
 
-    /// Ties the point to an attachable point; with null, sets it free at the position. `place` counts the places of the
-    /// object that a point may be tied to, -1 for none; the objects of this model have one, and it plays no part.
+    /// Ties the point to an attachable point; with null, sets it free at the position. `place`
+    /// counts the places of the object that a point may be tied to, -1 for none; the objects of
+    /// this model have one, and it plays no part.
     virtual void changePoint(int index, const QVector3D& positionMm,
                              const std::shared_ptr<dataobject::AttachablePoint>& object, int place);
-    /// Sets the position of a point with a position for each frame in one of them. Other points stay.
+    /// Sets the position of a point with a position for each frame in one of them. Other points
+    /// stay.
     virtual void changePointInContext(int index, const QVector3D& positionMm, Context context);
 
 private:
@@ -108,7 +111,8 @@ public:
     virtual int getNumPositions() const;
     /// Null for an index out of range.
     virtual std::shared_ptr<PointInterface> getPoint(int index) const;
-    /// Of the point in a frame, in mm; empty for an index out of range and for a point that has none there.
+    /// Of the point in a frame, in mm; empty for an index out of range and for a point that has
+    /// none there.
     virtual utility::Optional<QVector3D> getPosition(int index, Context context) const;
     /// The frames that the line is shown in, VolumeContext alone at first.
     virtual QList<Context> getSupportedContexts() const;

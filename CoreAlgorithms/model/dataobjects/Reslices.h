@@ -26,7 +26,8 @@ enum PointOfView : int { FromRight = 0, FromLeft = 1, FromFront = 2 };
 /// How thick a reslice is shown: one sample, or a slab of Reslice::getThickness().
 enum ResliceType : int { SingleSlice = 0, ThickSlab = 1 };
 
-/// A cut through the CT that is shown in a 2-D view: a raster of samples, and how the view mirrors it.
+/// A cut through the CT that is shown in a 2-D view: a raster of samples, and how the view mirrors
+/// it.
 class COREALGORITHMS_MODEL_EXPORT Reslice : public DataObject
 {
 public:
@@ -37,8 +38,8 @@ public:
     virtual QSizeF getDimensions() const;
     virtual void setDimensions(const QSizeF& samples);
 
-    /// Spacing of the samples in mm along the view's x and y; z is the thickness of the slab that a slice
-    /// stands for.
+    /// Spacing of the samples in mm along the view's x and y; z is the thickness of the slab that a
+    /// slice stands for.
     virtual const QVector3D& getSampleSize() const;
     virtual void setSampleSize(const QVector3D& sizeMm);
 
@@ -70,9 +71,9 @@ private:
     std::shared_ptr<CTData> ctData;
 };
 
-/// A flat reslice. In its local frame the plane is z = 0 and the rectangle is 0 <= x <= width, 0 <= y <=
-/// height, in mm; the columns of the transformation to the world are direction 0, direction 1, the normal and
-/// the origin.
+/// A flat reslice. In its local frame the plane is z = 0 and the rectangle is 0 <= x <= width, 0 <=
+/// y <= height, in mm; the columns of the transformation to the world are direction 0, direction 1,
+/// the normal and the origin.
 class COREALGORITHMS_MODEL_EXPORT PlanarReslice : public Reslice
 {
 public:
@@ -84,8 +85,8 @@ public:
 
     /// World position of the local origin, a corner of the rectangle.
     virtual QVector3D getOrigin() const;
-    /// World direction of the local x axis as it stands in the transformation; with `perSample`, one sample's
-    /// step.
+    /// World direction of the local x axis as it stands in the transformation; with `perSample`,
+    /// one sample's step.
     virtual QVector3D getDirection0(bool perSample) const;
     /// The same for the local y axis.
     virtual QVector3D getDirection1(bool perSample) const;
@@ -94,8 +95,8 @@ private:
     QMatrix4x4 transformation;
 };
 
-/// A reslice that unrolls the surface above and below a guiding line: x runs along the line, y against its
-/// upper direction.
+/// A reslice that unrolls the surface above and below a guiding line: x runs along the line, y
+/// against its upper direction.
 class COREALGORITHMS_MODEL_EXPORT PanoramicReslice : public Reslice
 {
 public:
@@ -120,8 +121,8 @@ private:
     math::Range<float> verticalRange;
 };
 
-/// A projection through the whole head, as in a cephalogram. The transformation maps the local (x, y, 0) into
-/// the world.
+/// A projection through the whole head, as in a cephalogram. The transformation maps the local (x,
+/// y, 0) into the world.
 class COREALGORITHMS_MODEL_EXPORT CephReslice : public Reslice
 {
 public:

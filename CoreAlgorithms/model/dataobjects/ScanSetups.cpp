@@ -175,7 +175,8 @@ SurfaceObjectHelper::getCombinedBoundingBox(const QList<const dataobject::Surfac
     primitives::BoundingBox combined;
     for (const dataobject::SurfaceObject* surface : surfaces) {
         if (surface)
-            combined = primitives::BoundingBox::createUnionOf(combined, surface->getSceneBoundingBox());
+            combined =
+                primitives::BoundingBox::createUnionOf(combined, surface->getSceneBoundingBox());
     }
     return combined;
 }

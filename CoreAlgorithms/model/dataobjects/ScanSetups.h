@@ -29,8 +29,8 @@ private:
     ToothChart::Tooth regionEnd = ToothChart::NoTooth;
 };
 
-/// What the intra-oral scanner has delivered in one go: its mesh or, while that is still to be computed, an
-/// intermediate surface.
+/// What the intra-oral scanner has delivered in one go: its mesh or, while that is still to be
+/// computed, an intermediate surface.
 class COREALGORITHMS_MODEL_EXPORT QuarnRawScanData : public Surface3DModel
 {
 public:
@@ -52,7 +52,8 @@ private:
     std::shared_ptr<SurfaceTree> intermediateSurface;
 };
 
-/// The registration of a bite: where the scans of both jaws and the vestibular scan stand in occlusion.
+/// The registration of a bite: where the scans of both jaws and the vestibular scan stand in
+/// occlusion.
 class COREALGORITHMS_MODEL_EXPORT OcclusionScan : public DataObject
 {
 public:
@@ -90,8 +91,8 @@ public:
     virtual QList<ScannableRegion*> getScannableRegions() const;
     virtual void addScannableRegion(std::shared_ptr<ScannableRegion> region);
 
-    /// In the order of scanning. Without `includeEmpty`, only those that have a mesh or an intermediate
-    /// surface.
+    /// In the order of scanning. Without `includeEmpty`, only those that have a mesh or an
+    /// intermediate surface.
     virtual QList<QuarnRawScanData*> getQuarnRawScanData(bool includeEmpty) const;
     virtual void addQuarnRawScanData(std::shared_ptr<QuarnRawScanData> data);
 
@@ -105,8 +106,8 @@ private:
 class COREALGORITHMS_MODEL_EXPORT SurfaceObjectHelper
 {
 public:
-    /// The smallest box round the boxes of the surfaces in the scene; null for none. Null pointers and null
-    /// boxes add nothing.
+    /// The smallest box round the boxes of the surfaces in the scene; null for none. Null pointers
+    /// and null boxes add nothing.
     static primitives::BoundingBox
     getCombinedBoundingBox(const QList<const dataobject::SurfaceObject*>& surfaces);
 };

@@ -70,7 +70,8 @@ QVector3D Surface3DModel::getCenterOfMass() const
         z += double(vertex.z());
     }
     const auto count = static_cast<double>(vertices.size());
-    return {static_cast<float>(x / count), static_cast<float>(y / count), static_cast<float>(z / count)};
+    return {static_cast<float>(x / count), static_cast<float>(y / count),
+            static_cast<float>(z / count)};
 }
 
 primitives::BoundingBox Surface3DModel::getSceneBoundingBox() const

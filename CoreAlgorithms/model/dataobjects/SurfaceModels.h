@@ -27,9 +27,10 @@ public:
 
 /// A surface of the scene, for instance a nerve or a scan.
 ///
-/// Surfaces are moved relatively: setObjectTransform() composes a matrix onto the placement, and refresh()
-/// commits it, moving the vertices. Between the two the object transform tells what is not committed yet, so
-/// that the surface in the scene is getObjectTransform() of getMesh() at any time.
+/// Surfaces are moved relatively: setObjectTransform() composes a matrix onto the placement, and
+/// refresh() commits it, moving the vertices. Between the two the object transform tells what is
+/// not committed yet, so that the surface in the scene is getObjectTransform() of getMesh() at any
+/// time.
 class COREALGORITHMS_MODEL_EXPORT Surface3DModel : public dataobject::SurfaceObject
 {
 public:
@@ -42,14 +43,17 @@ public:
 
     /// From the frame of the mesh into the scene: the moves that refresh() has not committed.
     virtual const QMatrix4x4& getObjectTransform() const;
-    /// Moves the surface relative to where it stands: the object transform becomes matrix * object transform.
+    /// Moves the surface relative to where it stands: the object transform becomes matrix * object
+    /// transform.
     virtual void setObjectTransform(const QMatrix4x4& matrix);
     /// Moves the vertices by the object transform, which becomes the identity.
     virtual void refresh();
 
-    /// The mean of the mesh's vertices, in the frame of the mesh; (0, 0, 0) for none. Linear in their number.
+    /// The mean of the mesh's vertices, in the frame of the mesh; (0, 0, 0) for none. Linear in
+    /// their number.
     virtual QVector3D getCenterOfMass() const;
-    /// The smallest box round the vertices as they stand in the scene; null for none. Linear in their number.
+    /// The smallest box round the vertices as they stand in the scene; null for none. Linear in
+    /// their number.
     primitives::BoundingBox getSceneBoundingBox() const override;
 
 private:

@@ -8,21 +8,24 @@
 
 #include <QMatrix4x4>
 
-/// Where a surface scan was put, step by step. Each matrix moves the scan on from where the one before left it.
+/// Where a surface scan was put, step by step. Each matrix moves the scan on from where the one
+/// before left it.
 struct SurfaceScanAlignment
 {
     QMatrix4x4 initialTransform;      ///< the placement given at import
     QMatrix4x4 freehandTransform;     ///< the user's alignment by hand, after the initial one
     QMatrix4x4 registrationTransform; ///< the result of the automatic registration
-    QMatrix4x4 referenceTransform;    ///< the planning transform in force when the alignment was stored
-    bool freehandAligned = false;     ///< the freehand result is in force; else that of the registration
+    QMatrix4x4
+        referenceTransform; ///< the planning transform in force when the alignment was stored
+    bool freehandAligned =
+        false; ///< the freehand result is in force; else that of the registration
 
     /// All fields compare exactly.
     friend bool operator==(const SurfaceScanAlignment&, const SurfaceScanAlignment&) = default;
 };
 
-/// A surface with an alignment. The mesh of its model always stands where the alignment in force has put it;
-/// whoever changes a matrix here moves the model too.
+/// A surface with an alignment. The mesh of its model always stands where the alignment in force
+/// has put it; whoever changes a matrix here moves the model too.
 class COREALGORITHMS_MODEL_EXPORT AlignableSurface
 {
 public:
@@ -49,8 +52,8 @@ public:
     virtual JawType getJawType() const = 0;
 };
 
-/// A scan of a surface, for instance of a jaw with its teeth or of a plaster cast: model and alignment in one.
-/// A new one has identity matrices, the registration in force and no jaw.
+/// A scan of a surface, for instance of a jaw with its teeth or of a plaster cast: model and
+/// alignment in one. A new one has identity matrices, the registration in force and no jaw.
 class COREALGORITHMS_MODEL_EXPORT SurfaceScan : public Surface3DModel, public AlignableSurface
 {
 public:

@@ -12,8 +12,8 @@
 
 /// A surface that is made of several shapes, each with a place of its own in a tree.
 ///
-/// Trees are moved as surface models are, relatively, but nothing is left to commit: the meshes stay as they
-/// are, the placement alone changes.
+/// Trees are moved as surface models are, relatively, but nothing is left to commit: the meshes
+/// stay as they are, the placement alone changes.
 class COREALGORITHMS_MODEL_EXPORT SurfaceTree : public dataobject::SurfaceObject
 {
 public:
@@ -26,7 +26,8 @@ public:
 
     /// From the frame of the root into the scene.
     virtual const QMatrix4x4& getObjectTransform() const;
-    /// Moves the tree relative to where it stands: the object transform becomes matrix * object transform.
+    /// Moves the tree relative to where it stands: the object transform becomes matrix * object
+    /// transform.
     virtual void setObjectTransform(const QMatrix4x4& matrix);
 
     /// Round the placed box of the root; null for a tree without shapes.

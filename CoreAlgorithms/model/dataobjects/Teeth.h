@@ -109,8 +109,8 @@ public:
     static QString getClassTypeId();
     bool isOfType(const QString& classTypeId) const override;
 
-    /// Of the linked tooth; without one, the number that was set last or that the last linked tooth had.
-    /// NoTooth for a new label.
+    /// Of the linked tooth; without one, the number that was set last or that the last linked tooth
+    /// had. NoTooth for a new label.
     virtual ToothChart::Tooth getToothType() const;
     /// The number of a label that has no tooth yet; a linked tooth goes before it.
     virtual void setToothType(ToothChart::Tooth toothType);

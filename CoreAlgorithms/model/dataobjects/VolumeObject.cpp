@@ -62,13 +62,15 @@ std::shared_ptr<colormap::ColormapFunction> VolumeObject::getActiveVisualization
     return activeFunction;
 }
 
-void VolumeObject::setActiveVisualizationFunction(std::shared_ptr<colormap::ColormapFunction> function)
+void VolumeObject::setActiveVisualizationFunction(
+    std::shared_ptr<colormap::ColormapFunction> function)
 {
     activeFunction = std::move(function);
     changed();
 }
 
-QList<std::shared_ptr<colormap::ColormapFunction>> VolumeObject::getAllVisualizationFunctions() const
+QList<std::shared_ptr<colormap::ColormapFunction>>
+VolumeObject::getAllVisualizationFunctions() const
 {
     return allFunctions;
 }

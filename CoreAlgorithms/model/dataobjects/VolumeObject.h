@@ -18,8 +18,8 @@ namespace colormap {
 class ColormapFunction;
 } // namespace colormap
 
-/// A volume as it is shown: its voxels, the colour-map functions among which the user chooses, and their
-/// parameters.
+/// A volume as it is shown: its voxels, the colour-map functions among which the user chooses, and
+/// their parameters.
 class COREALGORITHMS_MODEL_EXPORT VolumeObject : public DataObject
 {
 public:
@@ -31,7 +31,8 @@ public:
     /// Null sets the image without voxels.
     virtual void setImage(std::shared_ptr<const VexelImage3D> voxels);
 
-    /// Level and window of the maximum-intensity projection, grey values: its middle and its width. 0 at first.
+    /// Level and window of the maximum-intensity projection, grey values: its middle and its width.
+    /// 0 at first.
     virtual float getMIPLevel() const;
     virtual float getMIPWindow() const;
     virtual void setMIPLevelWindow(float level, float window);
@@ -42,13 +43,14 @@ public:
 
     /// Null until one is set.
     virtual std::shared_ptr<colormap::ColormapFunction> getActiveVisualizationFunction() const;
-    virtual void setActiveVisualizationFunction(std::shared_ptr<colormap::ColormapFunction> function);
-    virtual QList<std::shared_ptr<colormap::ColormapFunction>> getAllVisualizationFunctions() const;
     virtual void
-    setAllVisualizationFunctions(const QList<std::shared_ptr<colormap::ColormapFunction>>& functions);
+    setActiveVisualizationFunction(std::shared_ptr<colormap::ColormapFunction> function);
+    virtual QList<std::shared_ptr<colormap::ColormapFunction>> getAllVisualizationFunctions() const;
+    virtual void setAllVisualizationFunctions(
+        const QList<std::shared_ptr<colormap::ColormapFunction>>& functions);
 
-    /// Tells the observers that the volume looks different, if `redraw`; with false, views are left as they
-    /// are.
+    /// Tells the observers that the volume looks different, if `redraw`; with false, views are left
+    /// as they are.
     virtual void visualizationChanged(bool redraw);
 
 private:

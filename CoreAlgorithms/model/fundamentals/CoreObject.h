@@ -6,9 +6,9 @@
 
 #include <QString>
 
-/// Root of every object of the model. Each class publishes an identifier through its static getClassTypeId()
-/// and answers isOfType() for its own identifier and for those of its bases. Objects have identity and are
-/// not copied.
+/// Root of every object of the model. Each class publishes an identifier through its static
+/// getClassTypeId() and answers isOfType() for its own identifier and for those of its bases.
+/// Objects have identity and are not copied.
 class COREALGORITHMS_MODEL_EXPORT CoreObject
 {
 public:

@@ -7,13 +7,15 @@
 
 namespace utility {
 
-/// An engaged value or nothing. Unlike std::optional it never throws: value() of an empty one is T{}.
+/// An engaged value or nothing. Unlike std::optional it never throws: value() of an empty one is
+/// T{}.
 template <typename T>
 class Optional
 {
 public:
     Optional() = default;
-    // Implicit, so that a function may return the value itself. NOLINTNEXTLINE(google-explicit-constructor)
+    // Implicit, so that a function may return the value itself.
+    // NOLINTNEXTLINE(google-explicit-constructor)
     Optional(T engagedValue) : content(std::move(engagedValue)) {}
 
     explicit operator bool() const { return content.has_value(); }

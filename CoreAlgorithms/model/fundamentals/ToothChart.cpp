@@ -13,7 +13,8 @@ int placeFromMidline(ToothChart::Tooth tooth)
 {
     if (!ToothChart::isTooth(tooth))
         return 0;
-    const int place = (tooth - 1) % kTeethPerArch; // 0 to 15 along the arch, midline between 7 and 8
+    const int place =
+        (tooth - 1) % kTeethPerArch; // 0 to 15 along the arch, midline between 7 and 8
     return place < kTeethPerArch / 2 ? kTeethPerArch / 2 - place : place - kTeethPerArch / 2 + 1;
 }
 
@@ -80,7 +81,8 @@ QList<ToothChart::Tooth> ToothChart::createContinuousRegion(Tooth from, Tooth to
     return region;
 }
 
-QList<ToothChart::Tooth> ToothChart::filterTeethForArchType(const QList<Tooth>& teeth, ArchType archType)
+QList<ToothChart::Tooth> ToothChart::filterTeethForArchType(const QList<Tooth>& teeth,
+                                                            ArchType archType)
 {
     QList<Tooth> filtered;
     for (const Tooth tooth : teeth) {

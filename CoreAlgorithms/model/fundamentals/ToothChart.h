@@ -8,12 +8,13 @@
 
 enum JawType : int { NoJaw = 0, LowerJaw = 1, UpperJaw = 2 };
 
-/// Teeth in the Universal numbering: 1 to 16 along the upper arch from the patient's right to the left, 17 to
-/// 32 along the lower arch from left to right, so that tooth t stands opposite 33 - t and (t - 1) % 16 is its
-/// place in its arch.
+/// Teeth in the Universal numbering: 1 to 16 along the upper arch from the patient's right to the
+/// left, 17 to 32 along the lower arch from left to right, so that tooth t stands opposite 33 - t
+/// and (t - 1) % 16 is its place in its arch.
 ///
-/// Numbers outside 1 to 32 are no teeth: predicates answer false, operations that return a tooth or a list
-/// return NoTooth or an empty list, and getArchTypeOfTooth() and getOppositeJaw() say below what they return.
+/// Numbers outside 1 to 32 are no teeth: predicates answer false, operations that return a tooth or
+/// a list return NoTooth or an empty list, and getArchTypeOfTooth() and getOppositeJaw() say below
+/// what they return.
 class COREALGORITHMS_MODEL_EXPORT ToothChart
 {
 public:
@@ -43,10 +44,10 @@ public:
     /// LowerArch for UpperArch; UpperArch for anything else.
     static ArchType getOppositeJaw(ArchType archType);
 
-    /// All teeth from one to the other, both inclusive, in ascending order whichever of the two is smaller.
-    /// Empty if either is no tooth.
+    /// All teeth from one to the other, both inclusive, in ascending order whichever of the two is
+    /// smaller. Empty if either is no tooth.
     static QList<Tooth> createContinuousRegion(Tooth from, Tooth to);
-    /// Those teeth of the list that stand in the arch, in the order of the list; numbers that are no teeth
-    /// are left out.
+    /// Those teeth of the list that stand in the arch, in the order of the list; numbers that are
+    /// no teeth are left out.
     static QList<Tooth> filterTeethForArchType(const QList<Tooth>& teeth, ArchType archType);
 };

@@ -7,8 +7,8 @@
 namespace algebra {
 namespace {
 
-// Second singular value over the first, below which the points count as lying in a line: rounding of the
-// centroid alone leaves about 1e-16, and control points are single precision, about 1e-7.
+// Second singular value over the first, below which the points count as lying in a line: rounding
+// of the centroid alone leaves about 1e-16, and control points are single precision, about 1e-7.
 constexpr double kLineTolerance = 1e-9;
 
 } // namespace
@@ -26,7 +26,8 @@ utility::Optional<Plane> fitPlane(const std::vector<Eigen::Vector3d>& points)
 
     Eigen::MatrixX3d spread(count, 3);
     for (Eigen::Index i = 0; i < count; ++i)
-        spread.row(i) = (points[static_cast<std::size_t>(i)] - points.front() - centroid).transpose();
+        spread.row(i) =
+            (points[static_cast<std::size_t>(i)] - points.front() - centroid).transpose();
     if (!spread.allFinite())
         return {};
 

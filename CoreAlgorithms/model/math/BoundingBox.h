@@ -10,12 +10,13 @@ class QMatrix4x4;
 
 namespace primitives {
 
-/// Axis-aligned box from a minimum to a maximum corner, single precision, frame and unit of whoever fills it.
+/// Axis-aligned box from a minimum to a maximum corner, single precision, frame and unit of whoever
+/// fills it.
 ///
-/// The box of six zeros is the null box: it stands for "nothing", is what default construction gives, and is
-/// replaced, not extended, by the first point or box that is added. A point box elsewhere is not null. The
-/// null box is valid: its corners are in order. It follows that a box that holds the origin alone cannot be
-/// told from nothing.
+/// The box of six zeros is the null box: it stands for "nothing", is what default construction
+/// gives, and is replaced, not extended, by the first point or box that is added. A point box
+/// elsewhere is not null. The null box is valid: its corners are in order. It follows that a box
+/// that holds the origin alone cannot be told from nothing.
 class COREALGORITHMS_MODEL_EXPORT BoundingBox
 {
 public:
@@ -25,7 +26,8 @@ public:
 
     /// True if all six bounds are exactly zero.
     bool isNull() const;
-    /// True if no bound is NaN or infinite and no minimum exceeds its maximum; the null box is valid.
+    /// True if no bound is NaN or infinite and no minimum exceeds its maximum; the null box is
+    /// valid.
     bool isValid() const;
 
     /// Closed: points on a face are inside. The null box contains nothing.
@@ -43,8 +45,8 @@ public:
 
     QVector3D min() const { return minimumCorner; }
     QVector3D max() const { return maximumCorner; }
-    /// Corner 0 to 7: the maximum along x, y, z where bit 0, 1, 2 of the number is set. Higher bits are
-    /// ignored.
+    /// Corner 0 to 7: the maximum along x, y, z where bit 0, 1, 2 of the number is set. Higher bits
+    /// are ignored.
     QVector3D corner(int number) const;
     QVector3D center() const;
     float centerZ() const;

@@ -11,8 +11,8 @@
 namespace math {
 namespace {
 
-// Sine of the angle below which two directions count as opposite, in rad: directions that a caller computed
-// in single precision are off by about 1e-7.
+// Sine of the angle below which two directions count as opposite, in rad: directions that a caller
+// computed in single precision are off by about 1e-7.
 constexpr double kOppositeTolerance = 1e-6;
 
 bool hasDirection(const QVector3D& vector)
@@ -29,7 +29,8 @@ Eigen::Vector3d unitVector(const QVector3D& vector)
 
 } // namespace
 
-QQuaternion Operations::getRotationTo(const QVector3D& from, const QVector3D& to, const QVector3D& axis)
+QQuaternion Operations::getRotationTo(const QVector3D& from, const QVector3D& to,
+                                      const QVector3D& axis)
 {
     if (!hasDirection(from) || !hasDirection(to))
         return {};
@@ -45,8 +46,8 @@ QQuaternion Operations::getRotationTo(const QVector3D& from, const QVector3D& to
     const double halfCosine = 0.5 * (end + start).norm();
     const Eigen::Vector3d vector =
         sine > 0.0 ? Eigen::Vector3d(normal * (halfSine / sine)) : Eigen::Vector3d::Zero();
-    return {static_cast<float>(halfCosine), static_cast<float>(vector.x()), static_cast<float>(vector.y()),
-            static_cast<float>(vector.z())};
+    return {static_cast<float>(halfCosine), static_cast<float>(vector.x()),
+            static_cast<float>(vector.y()), static_cast<float>(vector.z())};
 }
 
 } // namespace math

@@ -14,12 +14,12 @@ namespace math {
 class COREALGORITHMS_MODEL_EXPORT Operations
 {
 public:
-    /// The shortest rotation that takes the direction `from` onto the direction `to`; lengths play no part.
-    /// Opposite directions (within 1e-6 rad) are turned by exactly 180 degrees about `axis`, which should
-    /// stand square to them.
-    /// The identity if a vector that is needed has no direction (Qt's normalized() gives zero) or is not
-    /// finite.
-    static QQuaternion getRotationTo(const QVector3D& from, const QVector3D& to, const QVector3D& axis);
+    /// The shortest rotation that takes the direction `from` onto the direction `to`; lengths play
+    /// no part. Opposite directions (within 1e-6 rad) are turned by exactly 180 degrees about
+    /// `axis`, which should stand square to them. The identity if a vector that is needed has no
+    /// direction (Qt's normalized() gives zero) or is not finite.
+    static QQuaternion getRotationTo(const QVector3D& from, const QVector3D& to,
+                                     const QVector3D& axis);
 };
 
 } // namespace math

@@ -10,7 +10,8 @@
 
 namespace primitives {
 
-/// A box with a placement: the axis-aligned box of a local frame, and the matrix that maps that frame out.
+/// A box with a placement: the axis-aligned box of a local frame, and the matrix that maps that
+/// frame out.
 class COREALGORITHMS_MODEL_EXPORT OrientedBoundingBox
 {
 public:
@@ -25,7 +26,8 @@ public:
     bool isInside(const QVector3D& point) const;
     /// The axis-aligned box round the placed corners; of a null box, the null box.
     BoundingBox getAABBOfTransformedBoundingBox() const;
-    /// The eight placed corners; corner i has the local maximum along x, y, z where bit 0, 1, 2 of i is set.
+    /// The eight placed corners; corner i has the local maximum along x, y, z where bit 0, 1, 2 of
+    /// i is set.
     QList<QVector3D> getCornerPoints() const;
 
 private:

@@ -10,7 +10,8 @@ namespace primitives {
 class QRay3D
 {
 public:
-    QRay3D(const QVector3D& rayOrigin, const QVector3D& rayDirection) : start(rayOrigin), along(rayDirection)
+    QRay3D(const QVector3D& rayOrigin, const QVector3D& rayDirection)
+        : start(rayOrigin), along(rayDirection)
     {}
 
     QVector3D origin() const { return start; }

@@ -62,11 +62,13 @@ QList<QVector3D> walk(const QList<QVector3D>& chain, double step)
     return samples;
 }
 
-// One segment of the spline, from p1 to p2, by the pyramid of Barry and Goldman on centripetal knots.
+// One segment of the spline, from p1 to p2, by the pyramid of Barry and Goldman on centripetal
+// knots.
 class CentripetalSegment
 {
 public:
-    CentripetalSegment(const QVector3D& p0, const QVector3D& p1, const QVector3D& p2, const QVector3D& p3)
+    CentripetalSegment(const QVector3D& p0, const QVector3D& p1, const QVector3D& p2,
+                       const QVector3D& p3)
         : points{p0, p1, p2, p3}
     {
         for (int i = 1; i < 4; ++i)
@@ -86,7 +88,8 @@ public:
     }
 
 private:
-    static QVector3D onKnots(const QVector3D& a, const QVector3D& b, double knotA, double knotB, double t)
+    static QVector3D onKnots(const QVector3D& a, const QVector3D& b, double knotA, double knotB,
+                             double t)
     {
         if (knotA == knotB) // the two are too close to be told apart beside the length so far
             return b;
@@ -101,7 +104,8 @@ private:
 
 Spline3DInterface::~Spline3DInterface() = default;
 
-QList<QVector3D> Spline3DInterface::sample(const QList<QVector3D>& controlPoints, float stepMm) const
+QList<QVector3D> Spline3DInterface::sample(const QList<QVector3D>& controlPoints,
+                                           float stepMm) const
 {
     const auto isFinite = [](const QVector3D& point) { return finiteness::isFinite(point); };
     if (!std::isfinite(stepMm) || stepMm <= 0.0F ||
@@ -126,7 +130,8 @@ QList<QVector3D> PolylineSpline3D::flatten(const QList<QVector3D>& controlPoints
     return controlPoints;
 }
 
-CatmullRomSpline3D::CatmullRomSpline3D(int chordsPerSegment) : chords(std::clamp(chordsPerSegment, 1, 1000))
+CatmullRomSpline3D::CatmullRomSpline3D(int chordsPerSegment)
+    : chords(std::clamp(chordsPerSegment, 1, 1000))
 {}
 
 std::unique_ptr<Spline3DInterface> CatmullRomSpline3D::clone() const
@@ -144,7 +149,8 @@ QList<QVector3D> CatmullRomSpline3D::flatten(const QList<QVector3D>& controlPoin
     chain.reserve(last * chords + 1);
     for (qsizetype i = 0; i < last; ++i) {
         const CentripetalSegment segment(i == 0 ? before : controlPoints[i - 1], controlPoints[i],
-                                         controlPoints[i + 1], i + 2 > last ? behind : controlPoints[i + 2]);
+                                         controlPoints[i + 1],
+                                         i + 2 > last ? behind : controlPoints[i + 2]);
         chain.append(controlPoints[i]);
         for (int chord = 1; chord < chords; ++chord)
             chain.append(segment.at(static_cast<double>(chord) / chords));

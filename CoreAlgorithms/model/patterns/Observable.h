@@ -7,8 +7,9 @@
 #include <cstddef>
 #include <type_traits>
 
-// A subject is destroyed before its Observable base, whose destructor still hands out the subject's address.
-// That address is never followed there, but the run-time type check of the sanitizers would follow it.
+// A subject is destroyed before its Observable base, whose destructor still hands out the subject's
+// address. That address is never followed there, but the run-time type check of the sanitizers
+// would follow it.
 #if defined(__GNUC__)
 #define COREALGORITHMS_NO_DYNAMIC_TYPE_CHECK __attribute__((no_sanitize("vptr")))
 #else
@@ -20,27 +21,29 @@ namespace patterns {
 template <typename Subject, typename Event>
 class Observer;
 
-/// The observer set of a subject and the telling of changes. Derive subjects from Observable, not from this
-/// class.
+/// The observer set of a subject and the telling of changes. Derive subjects from Observable, not
+/// from this class.
 ///
-/// Virtual slots, in this order: destructor, notify(), canNotifyObservers(). Data: the observer set alone.
-/// Single-threaded; an observer's reaction may attach and detach observers, but must not destroy the subject.
+/// Virtual slots, in this order: destructor, notify(), canNotifyObservers(). Data: the observer set
+/// alone. Single-threaded; an observer's reaction may attach and detach observers, but must not
+/// destroy the subject.
 template <typename Subject, typename Event>
 class ObservableBase
 {
 public:
     ObservableBase() = default;
-    /// Intended: a copy takes over the observer set without registering with those observers. The copied
-    /// subject reaches them by notify(), but they do not know of it; it must not outlive them.
+    /// Intended: a copy takes over the observer set without registering with those observers. The
+    /// copied subject reaches them by notify(), but they do not know of it; it must not outlive
+    /// them.
     ObservableBase(const ObservableBase&) = default;
-    /// Intended: as for the copy constructor; the former observers of the target keep their link back to
-    /// it, and must detach or be destroyed before it is.
+    /// Intended: as for the copy constructor; the former observers of the target keep their link
+    /// back to it, and must detach or be destroyed before it is.
     ObservableBase& operator=(const ObservableBase&) = default;
     virtual ~ObservableBase() = default;
 
-    /// Tells every attached observer that the subject has changed, in no particular order. Observers attached
-    /// meanwhile are not told; those detached meanwhile are passed over. With an event type, the event is
-    /// null.
+    /// Tells every attached observer that the subject has changed, in no particular order.
+    /// Observers attached meanwhile are not told; those detached meanwhile are passed over. With an
+    /// event type, the event is null.
     virtual void notify()
     {
         tellObservers([](Observer<Subject, Event>& observer, Subject* subject) {
@@ -86,8 +89,9 @@ private:
 
 /// Base of a subject: `class Detector : public patterns::Observable<Detector, std::nullptr_t>`.
 ///
-/// Subject and observers hold raw pointers to each other, kept consistent by both sides: observer o is in the
-/// set of subject s exactly when s is in the set of o (copied subjects excepted, see ObservableBase).
+/// Subject and observers hold raw pointers to each other, kept consistent by both sides: observer o
+/// is in the set of subject s exactly when s is in the set of o (copied subjects excepted, see
+/// ObservableBase).
 template <typename Subject, typename Event>
 class Observable : public ObservableBase<Subject, Event>
 {
@@ -96,14 +100,14 @@ public:
     Observable(const Observable&) = default;
     Observable& operator=(const Observable&) = default;
 
-    /// Tells every observer of the destruction and unlinks it. An observer's destroyed() must not destroy
-    /// any observer of this subject, itself included: unlike notify(), this loop does not ask the live set
-    /// again.
+    /// Tells every observer of the destruction and unlinks it. An observer's destroyed() must not
+    /// destroy any observer of this subject, itself included: unlike notify(), this loop does not
+    /// ask the live set again.
     COREALGORITHMS_NO_DYNAMIC_TYPE_CHECK ~Observable() override
     {
         auto* subject = static_cast<Subject*>(this);
-        // Intended: everyone of the copy is told, also one that an earlier observer has just detached; listeners
-        // rely on exactly one destroyed().
+        // Intended: everyone of the copy is told, also one that an earlier observer has just
+        // detached; listeners rely on exactly one destroyed().
         const auto observersAtStart = this->observers;
         for (Observer<Subject, Event>* observer : observersAtStart) {
             observer->destroyed(subject);
@@ -122,7 +126,8 @@ public:
         observer->addObservable(this);
     }
 
-    /// Unlinks both sides. Detaching an observer that is not attached changes nothing; null is ignored.
+    /// Unlinks both sides. Detaching an observer that is not attached changes nothing; null is
+    /// ignored.
     void detach(Observer<Subject, Event>* observer)
     {
         if (!observer)

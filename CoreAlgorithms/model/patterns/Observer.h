@@ -37,10 +37,11 @@ public:
     virtual void changedEvent(Subject* subject) = 0;
 };
 
-/// Base of a listener to subjects of one kind. Virtual slots, in this order: destructor, changedEvent(),
-/// destroyed().
+/// Base of a listener to subjects of one kind. Virtual slots, in this order: destructor,
+/// changedEvent(), destroyed().
 ///
-/// A copy of a listener is attached to nothing; assignment leaves the links of both sides as they are.
+/// A copy of a listener is attached to nothing; assignment leaves the links of both sides as they
+/// are.
 template <typename Subject, typename Event>
 class Observer : public ObserverBase<Subject, Event>
 {
@@ -50,8 +51,8 @@ public:
     Observer& operator=(const Observer&) { return *this; }
     ~Observer() override { detachAll(); }
 
-    /// Called once by a subject that is being destroyed. The subject's derived parts are gone: only its
-    /// address may be used.
+    /// Called once by a subject that is being destroyed. The subject's derived parts are gone: only
+    /// its address may be used.
     virtual void destroyed(Subject* /*subject*/) {}
 
     /// Detaches this listener from every subject.
@@ -68,7 +69,10 @@ private:
     friend class Observable<Subject, Event>;
 
     void addObservable(Observable<Subject, Event>* observable) { observables.insert(observable); }
-    void removeObservable(Observable<Subject, Event>* observable) { observables.remove(observable); }
+    void removeObservable(Observable<Subject, Event>* observable)
+    {
+        observables.remove(observable);
+    }
 
     QSet<Observable<Subject, Event>*> observables; // not owned
 };
