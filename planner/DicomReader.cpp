@@ -415,7 +415,9 @@ Volume readDicom(const QString& path, const QString& series,
     gdcm::Trace::DebugOff(); // its complaints are replaced by sentences
     gdcm::Trace::WarningOff();
     gdcm::Trace::ErrorOff();
-    const Failure damaged(path, QStringLiteral("the DICOM files are damaged"));
+    const Failure damaged(
+        path, QStringLiteral("the DICOM files are damaged, or take far more memory than "
+                             "their size allows"));
     // GDCM as packaged checks assertions, and some damaged files fail them, which ends the program.
     rehearse([&] { readSeries(path, series, {}); }, damaged);
     try {

@@ -21,6 +21,7 @@ namespace planner {
 namespace {
 
 constexpr float kMostPixels = 1000.0F; // along a side of a cut
+constexpr float kMostRays = 400.0F;    // along a side of a projection
 constexpr int kTallestTile = 2;        // times its width
 constexpr int kGap = 18;               // pixels between tiles
 constexpr int kCaptionHeight = 34;
@@ -38,8 +39,9 @@ primitives::BoundingBox extentOf(const Volume& volume)
 }
 
 // An empty raster over the extent, seen along the axis; its spacing is wider than asked if it would
-// have more than kMostPixels along a side.
-GreyCut rasterAcross(const primitives::BoundingBox& extent, int axis, float at, float spacingMm)
+// have more pixels along a side than the last argument.
+GreyCut rasterAcross(const primitives::BoundingBox& extent, int axis, float at, float spacingMm,
+                     float mostPixels)
 {
     GreyCut cut;
     cut.axis = axis;
@@ -63,7 +65,7 @@ GreyCut rasterAcross(const primitives::BoundingBox& extent, int axis, float at, 
         cut.down = {0.0F, 0.0F, -1.0F};
         width = extent.depth();
     }
-    cut.spacingMm = std::max(spacingMm, std::max(width, height) / kMostPixels);
+    cut.spacingMm = std::max(spacingMm, std::max(width, height) / mostPixels);
     cut.columns = std::max(1, static_cast<int>(width / cut.spacingMm));
     cut.rows = std::max(1, static_cast<int>(height / cut.spacingMm));
     return cut;
@@ -87,7 +89,7 @@ QPointF onCut(const GreyCut& cut, const QVector3D& world)
 
 GreyCut cutAcross(const Volume& volume, const Sampler& sampler, int axis, float at, float spacingMm)
 {
-    GreyCut cut = rasterAcross(extentOf(volume), axis, at, spacingMm);
+    GreyCut cut = rasterAcross(extentOf(volume), axis, at, spacingMm, kMostPixels);
     cut.values.reserve(qsizetype(cut.columns) * cut.rows);
     for (int row = 0; row < cut.rows; ++row) {
         for (int column = 0; column < cut.columns; ++column)
@@ -100,7 +102,7 @@ GreyCut maximumIntensity(const Volume& volume, const Sampler& sampler, float spa
                          const std::function<void(double)>& progress)
 {
     const primitives::BoundingBox extent = extentOf(volume);
-    GreyCut cut = rasterAcross(extent, 1, extent.min().y(), spacingMm);
+    GreyCut cut = rasterAcross(extent, 1, extent.min().y(), spacingMm, kMostRays);
     const Eigen::Vector3d backwards = Eigen::Vector3d::UnitY();
     const double stepMm = std::max(static_cast<double>(spacingMm),
                                    sampler.rayStepMm(backwards, qint64{cut.columns} * cut.rows));

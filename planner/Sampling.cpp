@@ -27,7 +27,7 @@ constexpr double kWhiteFraction =
 constexpr double kGamma = 0.9; // lifts soft tissue, the profile of the face
 constexpr float kDepthStepMm = 0.5F;  // across the surface of a panoramic view
 constexpr double kMostPixels = 4096;  // along a side of a picture
-constexpr double kMostRaySteps = 1e8; // of a projection; they take about a second
+constexpr double kMostRaySteps = 3e7; // of a projection; they take about a second
 constexpr double kAirSum = 4.0;       // mm of water; less is air with noise
 
 Eigen::Affine3d affine(const QMatrix4x4& matrix)
@@ -49,17 +49,17 @@ struct Place
     double fraction;
 };
 
-Place placeOf(double index, int count)
+inline Place placeOf(double index, int count)
 {
-    const double clamped = std::clamp(index, 0.0, static_cast<double>(count - 1));
+    const double clamped = std::min(std::max(index, 0.0), static_cast<double>(count - 1));
     const int lower = static_cast<int>(clamped);
     return {static_cast<std::size_t>(lower),
             static_cast<std::size_t>(std::min(lower + 1, count - 1)), clamped - lower};
 }
 
 template <typename Element>
-double interpolate(const void* data, const math::Ivec3& size, const Place& x, const Place& y,
-                   const Place& z)
+inline double interpolate(const void* data, const math::Ivec3& size, const Place& x, const Place& y,
+                          const Place& z)
 {
     const auto* elements = static_cast<const Element*>(data);
     const auto row = static_cast<std::size_t>(size.x);

@@ -47,7 +47,7 @@ public:
     }
 
     /// Returns the length of steps in mm, for rays along a direction, with which no voxel is
-    /// skipped, or longer ones if the rays would take more than 100 million steps in all.
+    /// skipped, or longer ones if the rays would take more than 30 million steps in all.
     double rayStepMm(const Eigen::Vector3d& direction, qint64 rays) const;
 
 private:

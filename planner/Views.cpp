@@ -21,7 +21,7 @@ constexpr float kAxialSlabMm = 3.0F;
 constexpr float kObliqueSlabMm = 4.0F;
 constexpr float kMarginMm = 25.0F;    // of a planar view around the landmarks
 constexpr int kPlanarSamples = 800;   // at most, along the longer side
-constexpr int kCephSamples = 640;     // likewise; each of them is a ray through the whole head
+constexpr int kCephSamples = 480;     // likewise; each of them is a ray through the whole head
 constexpr float kDefaultTilt = 30.0F; // degrees, for the oblique view without foramina
 
 struct Interval

@@ -140,7 +140,7 @@ TEST_F(GreyPictures, TilesAreAtMostTwiceAsHighAsWide)
     EXPECT_EQ(planner::montage({{{}, sliver}}, 1, 50).height(), 18 + 34 + 100 + 18);
 }
 
-TEST_F(GreyPictures, CutsOfALargeVolumeHaveAtMost1000PixelsAlongASide)
+TEST_F(GreyPictures, CutsOfALargeVolumeHaveAtMost1000PixelsAndProjections400AlongASide)
 {
     Volume large;
     large.image = VexelImage3D({10, 2, 100}, {10, 10, 10}, image::UInt8);
@@ -151,8 +151,8 @@ TEST_F(GreyPictures, CutsOfALargeVolumeHaveAtMost1000PixelsAlongASide)
     EXPECT_EQ(cut.columns, 20);
     EXPECT_EQ(cut.rows, 1000);
     const GreyCut projection = planner::maximumIntensity(large, values, 0.05F, [](double) {});
-    EXPECT_EQ(projection.rows, 1000);
-    EXPECT_EQ(projection.spacingMm, 1.0F);
+    EXPECT_EQ(projection.rows, 400);
+    EXPECT_EQ(projection.spacingMm, 2.5F);
 }
 
 TEST_F(GreyPictures, PlotShowsBinsAndPeaks)

@@ -120,7 +120,7 @@ TEST(LateralView, LiesMidwayBetweenTheForaminaAndShowsTheWholeVolume)
     EXPECT_EQ(view.reslice->getPointOfView(), meta::FromRight);
 }
 
-TEST(LateralView, HasNoMoreSamplesThanVoxelsNorThan640)
+TEST(LateralView, HasNoMoreSamplesThanVoxelsNorThan480)
 {
     Case planned = head();
     EXPECT_EQ(planner::lateralView(planned).reslice->getSampleSize().x(), 2.0F);
