@@ -415,9 +415,7 @@ Volume readDicom(const QString& path, const QString& series,
     gdcm::Trace::DebugOff(); // its complaints are replaced by sentences
     gdcm::Trace::WarningOff();
     gdcm::Trace::ErrorOff();
-    const Failure damaged(
-        path, QStringLiteral("the DICOM files are damaged, or take far more memory than "
-                             "their size allows"));
+    const Failure damaged(path, QStringLiteral("the DICOM files are damaged"));
     // GDCM as packaged checks assertions, and some damaged files fail them, which ends the program.
     rehearse([&] { readSeries(path, series, {}); }, damaged);
     try {

@@ -45,9 +45,8 @@ makePair(std::shared_ptr<dataobject::Implant3D> a, std::shared_ptr<dataobject::I
 
 /// (implant, nerve), never reordered.
 COREALGORITHMS_EXPORT
-    std::pair<std::shared_ptr<dataobject::Implant3D>, std::shared_ptr<dataobject::Nerve>>
-    makePair(std::shared_ptr<dataobject::Implant3D> implant,
-             std::shared_ptr<dataobject::Nerve> nerve);
+std::pair<std::shared_ptr<dataobject::Implant3D>, std::shared_ptr<dataobject::Nerve>>
+makePair(std::shared_ptr<dataobject::Implant3D> implant, std::shared_ptr<dataobject::Nerve> nerve);
 
 /// (implant, pin), never reordered.
 COREALGORITHMS_EXPORT

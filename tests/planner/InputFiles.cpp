@@ -28,8 +28,8 @@ int main(int argc, char** argv)
     for (int axis = 1; axis <= 3; ++axis)
         good.header.dim[axis] = 16;
     write("good.nii", niftifiles::bytesOf(good));
-    write("good.json", "{\"mandibularForamen\": {\"right\": [-3, -4, 6], \"left\": [-12, -4, 6]},"
-                       " \"mentalForamen\": {\"right\": [-4, -12, 2], \"left\": [-11, -12, 2]}}");
+    write("good.json", R"({"mandibularForamen": {"right": [-12, -4, 6], "left": [-3, -4, 6]},
+                           "mentalForamen": {"right": [-11, -12, 2], "left": [-4, -12, 2]}})");
     write("good.mhd", "ObjectType = Image\nNDims = 3\nBinaryData = True\nElementSpacing = 1 1 "
                       "1\nDimSize = 16 16 16\n"
                       "ElementType = MET_SHORT\nElementDataFile = good.raw\n");
@@ -38,9 +38,6 @@ int main(int argc, char** argv)
           "NRRD0004\ntype: short\ndimension: 3\nspace: left-posterior-superior\nsizes: 16 16 16\n"
           "space directions: (1,0,0) (0,1,0) (0,0,1)\nendian: little\nencoding: raw\n\n" +
               good.voxels);
-    write("apart.json",
-          "{\"mandibularForamen\": {\"right\": [-3, -4, 6], \"left\": [-3000, -4, 6]},"
-          " \"mentalForamen\": {\"right\": [-4, -12, 2], \"left\": [-11, -12, 2]}}");
     niftifiles::File meters = good;
     meters.header.xyzt_units = NIFTI_UNITS_METER;
     write("meters.nii", niftifiles::bytesOf(meters));
@@ -49,6 +46,18 @@ int main(int argc, char** argv)
     written = niftifiles::writeCompressed(folder.filePath(QStringLiteral("bomb.nii.gz")),
                                           niftifiles::bytesOf(bomb)) &&
               written;
+    write("exchanged.json",
+          R"({"mandibularForamen": {"right": [-3, -4, 6], "left": [-12, -4, 6]}})");
+    write("tooth99.json", R"({"lowerTeeth": {"41": [-8, -8, 6], "99": [-8, -9, 6]}})");
+    write("othergrid.json", R"({"lowerTeeth": {"41": [-8, -8, 6]},
+        "mandibleBodyMidline": {"voxel": [[2, 24, 4], [8, 10, 4], [16, 6, 4], [24, 10, 4], [30, 24, 4]]}})");
+    write("coinciding.json",
+          R"({"lowerTeeth": {"35": [-8, -8, 6], "36": [-8, -8, 6], "37": [-8, -8, 6]}})");
+    write("crowded.json", "{\"mandibleBodyMidline\": [" +
+                              QByteArray("[-8, -8, 6],").repeated(99999) + "[-8, -8, 6]]}");
+    write("zigzag.json", "{\"mandibleBodyMidline\": [" +
+                             QByteArray("[-14, -8, 6], [-1, -8, 6],").repeated(499) +
+                             "[-8, -8, 6]]}");
     write("elsewhere.json", "{\"mentalForamen\": {\"right\": [500, 0, 0], \"left\": [510, 0, 0]}}");
 
     const niftifiles::File counting = niftifiles::countingVolume();
