@@ -254,6 +254,9 @@ COREALGORITHMS_INLINE_LANES bool blockIntersects(const TriangleBlock& block, con
     LaneMask left = ~(onOneSide(fromU) | onOneSide(fromV));
     if (bitsOf(left) == 0)
         return false;
+    // Intended: only t's box is compared with the other's cell, not u's box with the cell of t. So
+    // the verdict can depend on the order of the operands. Verdicts of existing plans rely on that
+    // order.
     for (int axis = 0; axis < 3; ++axis) {
         const Lanes low = smaller(smaller(v[0][axis], v[1][axis]), v[2][axis]);
         const Lanes high = larger(larger(v[0][axis], v[1][axis]), v[2][axis]);

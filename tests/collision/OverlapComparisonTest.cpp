@@ -331,19 +331,22 @@ TEST(OverlapComparison, NarrowAndWideTrianglesHaveThePlainVerdictInBothOrders)
     EXPECT_GT(sideways, 0) << "no pair whose verdict depends on the order";
 }
 
-// Meshes whose cells would be too many have the verdict of these cells though they keep one.
+// Meshes whose cells would be too many have the verdict of these cells though they keep one: they
+// are not reported across larger gaps than with their cells.
 TEST(OverlapComparison, MeshesBeyondTheLargestListsHaveThePlainVerdict)
 {
     test::RandomGeometry random(18);
     long hits = 0;
     int beyond = 0;
-    for (int i = 0; i < 8 * rounds(); ++i) {
+    for (int i = 0; i < 6 * rounds(); ++i) {
         const QMatrix4x4 frame = i % 4 == 0 ? QMatrix4x4() : random.rigidPlacement();
+        // Triangles in one plane, in turns around a place and around the opposite one.
         const auto flatSurface = [&](int count, float reach, float size) {
             QList<QVector3D> vertices;
             geometry::Mesh mesh;
+            const QVector3D place = random.point(reach);
             for (int n = 0; n < count; ++n) {
-                const QVector3D centre = random.point(reach);
+                const QVector3D centre = n % 2 == 0 ? place : -place;
                 for (int corner = 0; corner < 3; ++corner) {
                     const QVector3D p = centre + random.point(size);
                     vertices.append({p.x(), p.y(), 0.0F});
@@ -358,11 +361,11 @@ TEST(OverlapComparison, MeshesBeyondTheLargestListsHaveThePlainVerdict)
             return std::pair(collision::makeBoundedObject(surface),
                              plain::makeBoundedObject(surface));
         };
-        const auto [large, plainLarge] = flatSurface(12, 60.0F, 170.0F);
+        const auto [large, plainLarge] = flatSurface(1200, 150.0F, 70.0F);
         beyond +=
             large.meshes[0].cells.size() == 1 && plainLarge.meshes[0].cells.size() > 1 ? 1 : 0;
-        for (int n = 0; n < 20; ++n) {
-            const auto [other, plainOther] = flatSurface(1, 200.0F, 8.0F);
+        for (int n = 0; n < 60; ++n) {
+            const auto [other, plainOther] = flatSurface(1, 150.0F, 12.0F);
             const bool expected = plain::overlaps(plainLarge, plainOther);
             const bool turned = plain::overlaps(plainOther, plainLarge);
             ASSERT_EQ(collision::overlaps(large, other), expected)
@@ -371,7 +374,7 @@ TEST(OverlapComparison, MeshesBeyondTheLargestListsHaveThePlainVerdict)
             hits += expected ? 1 : 0;
         }
     }
-    EXPECT_GE(beyond, 4 * rounds());
+    EXPECT_GE(beyond, 3 * rounds());
     EXPECT_GT(hits, 0);
 }
 
