@@ -22,16 +22,18 @@
 namespace collision {
 namespace {
 
-constexpr float kSurfaceCellSize = 5.0F; // mm; a nerve is long and thin
+// The cell size of surfaces in mm. A nerve is long and thin: in a single cell, each of its
+// triangles would take part in every test.
+constexpr float kSurfaceCellSize = 5.0F;
 
-// At most this many cells have triangles, one more for every triangle of the mesh, and their lists
-// have at most this many entries, some more for every triangle. So their cost is that of the
-// triangles and a few milliseconds, whatever the extent.
-constexpr std::int64_t kMostCells = 1 << 16;
+// Without limits, a mesh of a few triangles but of any extent could fill all cells of a grid. The
+// limits grow with the number of triangles, so that time and memory are linear in it.
+constexpr std::int64_t kMostCells = 1 << 16; // and one more for every triangle of the mesh
 constexpr std::int64_t kMostEntries = 1 << 20;
 constexpr std::int64_t kFurtherEntriesPerTriangle = 16;
 
-// A triangle in more cells than meet in one corner is wide: see CellTrees.
+// Eight cells meet in one corner, so a triangle that is smaller than a cell is in at most eight. A
+// triangle in more cells is wide; see CellTrees.
 constexpr std::int64_t kMostCellsOfNarrow = 8;
 
 // Intended: the exponent of the default cell size is 2/3 rounded to single precision, though the
@@ -51,7 +53,7 @@ int numTriangles(const geometry::Mesh& mesh)
     return static_cast<int>(mesh.getNumIndices()) / 4;
 }
 
-// The three entries of a triangle.
+// Returns the three entries of a triangle. The fourth is never read.
 const int* entriesOf(const QList<int>& indices, int triangle)
 {
     return indices.constData() + 4 * qsizetype(triangle);
@@ -148,8 +150,8 @@ private:
 
     void findCells()
     {
-        // The least and the greatest coordinates of a triangle are those of vertices: a cell that
-        // all three vertices share is the only one.
+        // The least and the greatest coordinates of a triangle are coordinates of its vertices. So
+        // a triangle whose vertices share a cell is in no other cell.
         const std::vector<int> cellOfVertex = cellsOfVertices();
         for (int triangle = 0; triangle < static_cast<int>(cellOfTriangle.size()); ++triangle) {
             const int* entries = entriesOf(indices, triangle);
@@ -224,7 +226,8 @@ Division divideMesh(const geometry::Mesh& mesh, const primitives::BoundingBox& b
     const GridFiller filler(mesh, grid);
     if (!filler.isTooLarge())
         return filler.division();
-    // All triangles are wide ones of the grid, so that the verdicts are those of its cells.
+    // The mesh keeps one cell. All its triangles are treated as wide triangles of the grid, so that
+    // the verdicts are those of the grid's cells.
     Division division = GridFiller(mesh, oneCell(box)).division();
     division.places.grid = grid;
     division.places.wideTriangles.resize(numTriangles(mesh));
@@ -264,7 +267,8 @@ BoundedObject makeBoundedObject(const geometry::ShapeNode& root, const QMatrix4x
     const auto end = root.cend();
     for (auto node = root.cbeginNodesWithShape(); node != end; ++node) {
         // Intended: the root's own transform is left out, since cumulative transforms start at its
-        // children. The object's transform stands in its place; placed plans rely on that.
+        // children. The object's transform takes its place; the verdicts of existing plans rely on
+        // that.
         const QMatrix4x4 sceneFromNode = transform * node.getCumulativeTransform();
         geometry::Mesh mesh = node->getShape()->getMesh();
         mesh.applyTransformation(sceneFromNode);
@@ -279,7 +283,8 @@ BoundedObject makeBoundedObject(const geometry::ShapeNode& root, const QMatrix4x
 
 BoundedObject makeBoundedObject(const Surface3DModel& model)
 {
-    // The host is asked for the box first, also if the mesh turns out to be unusable.
+    // Queried first, even if the mesh turns out to be unusable: the order of the calls on the host
+    // is fixed.
     const primitives::BoundingBox box = model.getSceneBoundingBox();
     geometry::Mesh mesh = model.getMesh();
     mesh.applyTransformation(model.getObjectTransform());

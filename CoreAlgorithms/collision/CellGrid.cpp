@@ -7,7 +7,8 @@ namespace {
 
 constexpr float kLargestGrid = 1 << 20; // cells
 
-// The number of leading cells with a property that no cell has after the first without it.
+// Returns the number of leading cells that have the property, if no cell behind the first one
+// without it has it. Searches, since a division could be off by a cell after rounding.
 template <typename Property>
 int numLeadingCells(int count, Property hasProperty)
 {
@@ -103,7 +104,7 @@ bool touchAlong(const Axis& axisA, CellSpan a, const Axis& axisB, CellSpan b)
         const float startB = axisB.startOf(b.first);
         if (startB <= axisA.endOf(a.first) && startA <= axisB.endOf(b.first))
             return true;
-        // The one that ends before the other starts touches none of the cells that follow, either.
+        // A cell that ends before the other one starts touches none of the cells behind it either.
         if (axisA.endOf(a.first) < startB)
             a.first = std::max(a.first + 1, axisA.firstReaching(startB));
         else

@@ -14,8 +14,8 @@
 namespace collision {
 namespace {
 
-constexpr int kFewTriangles = 64; // whose order does not matter
-constexpr int kMostBits = 4;      // an axis is cut into 16
+constexpr int kFewTriangles = 64; // all their blocks are below one node, whatever the order
+constexpr int kMostBits = 4;      // an axis has at most 2^4 steps
 
 using Corners = std::array<const QVector3D*, 3>;
 
@@ -45,7 +45,8 @@ std::vector<Corners> usableTriangles(const geometry::Mesh& mesh, const QList<int
     return usable;
 }
 
-// The bits of a number below 16, three apart.
+// For each number below 16, its bits moved to every third place. Three such numbers interleave to a
+// key of Morton's curve.
 constexpr std::array<int, 16> kSpread = [] {
     std::array<int, 16> spread{};
     for (int i = 0; i < 16; ++i)
@@ -53,8 +54,8 @@ constexpr std::array<int, 16> kSpread = [] {
     return spread;
 }();
 
-// The triangles along a curve that stays among neighbours (Morton's), so that blocks are small in
-// space. Meshes mostly are in such an order as it is, but need not be.
+// Sorts the triangles along Morton's curve, on which neighbors are close in space, so that the
+// boxes of blocks are small whatever the order of the mesh.
 std::vector<Corners> inOrderOfSpace(std::vector<Corners> triangles, const std::array<float, 3>& low,
                                     const std::array<float, 3>& high)
 {
@@ -64,7 +65,7 @@ std::vector<Corners> inOrderOfSpace(std::vector<Corners> triangles, const std::a
     const auto steps = static_cast<float>(1 << bits);
     std::array<float, 3> scale{};
     for (int axis = 0; axis < 3; ++axis)
-        scale[axis] = steps / (3.0F * (high[axis] - low[axis])); // of the sum of three corners
+        scale[axis] = steps / (3.0F * (high[axis] - low[axis])); // for the sum of three corners
     const auto keyOf = [&](const Corners& corners) {
         int key = 0;
         for (int axis = 0; axis < 3; ++axis) {
@@ -103,7 +104,7 @@ TriangleBlock makeBlock(const std::vector<Corners>& triangles, std::size_t first
             block.vertex[vertex][2][lane] = corners[vertex]->z();
         }
     }
-    // planeOf() for eight
+    // Computes planeOf() for eight triangles, with the same operations in the same order.
     Lanes side1[3];
     Lanes side2[3];
     for (int axis = 0; axis < 3; ++axis) {
@@ -168,7 +169,8 @@ CellTree::CellTree(const geometry::Mesh& mesh, const QList<int>& triangles)
     for (std::size_t first = 0; first < usable.size(); first += kLanes)
         blocks.push_back(makeBlock(usable, first));
 
-    // The boxes of the blocks, then of eight nodes each, until one node holds all.
+    // Level 0 has the boxes of the blocks, each further level those of the nodes of the level
+    // below, until one node holds all.
     auto numBoxes = static_cast<int>(blocks.size());
     for (int level = 0;; ++level) {
         const int numNodes = (numBoxes + kLanes - 1) / kLanes;
@@ -210,7 +212,7 @@ const CellTree& CellTrees::LazyTree::get(Make make) const
     if (tree)
         return *tree;
     auto own = std::make_unique<const CellTree>(make());
-    // Another thread may have been faster; its tree is equal.
+    // If another thread was faster, its tree is used, which is equal.
     if (made.compare_exchange_strong(tree, own.get(), std::memory_order_acq_rel))
         tree = own.release();
     return *tree;
@@ -244,7 +246,8 @@ CellTrees::CellTrees(const geometry::Mesh& sourceMesh,
 bool CellTrees::areOf(const geometry::Mesh& otherMesh,
                       const QList<geometry::BoundedTriangles>& otherCells) const
 {
-    // Data that these trees share cannot change in place.
+    // Data that these trees share is copied when a mesh changes it, so equal addresses mean equal
+    // data.
     const auto isSame = [](const auto& a, const auto& b) {
         return a.constData() == b.constData() && a.size() == b.size();
     };

@@ -15,7 +15,7 @@
 
 namespace collision {
 
-/// Eight triangles with their planes, as planeOf() gives them.
+/// Holds eight triangles with their planes, as planeOf() computes them.
 struct alignas(kLaneAlignment) TriangleBlock
 {
     Lanes vertex[3][3]; // by vertex, then by axis
@@ -23,23 +23,25 @@ struct alignas(kLaneAlignment) TriangleBlock
     Lanes offset;
 };
 
-/// Eight boxes.
+/// Holds eight boxes.
 struct alignas(kLaneAlignment) BoxBlock
 {
     Lanes low[3];
     Lanes high[3];
 };
 
-/// The triangles of one cell of a mesh in blocks of neighbours, and a tree of boxes over the blocks
-/// with eight children a node. Triangles with a vertex that is not finite, or whose entries name no
-/// vertex, are left out.
+/// Holds the triangles of one cell of a mesh in blocks of neighbors, and a tree of boxes over the
+/// blocks with eight children per node.
 ///
 /// Level 0 of the tree holds the boxes of the blocks, eight to a BoxBlock: box c of its node n is
 /// that of block 8n + c. Box c of node n of a higher level is that of node 8n + c of the level
-/// below. Places beyond the last triangle, block or node repeat the last.
+/// below. Places beyond the last triangle, block or node repeat the last one.
 class CellTree
 {
 public:
+    /// Builds the tree over these triangles of the mesh. Leaves out triangles that the mesh does
+    /// not have, that have a vertex that is not finite, or whose entries name no vertex. Without
+    /// triangles, the tree has no blocks, nodes or levels.
     CellTree(const geometry::Mesh& mesh, const QList<int>& triangles);
 
     int numTriangles = 0;
@@ -47,68 +49,78 @@ public:
     std::vector<BoxBlock> nodes; // level after level
     struct Level
     {
-        int start;    // of its nodes
-        int numBoxes; // boxes that do not repeat the last
+        int start;    // the place of the level's first node in `nodes`
+        int numBoxes; // without those that repeat the last box
     };
-    std::vector<Level> levels; // the last is the root's
-    std::array<float, 3> low{};
-    std::array<float, 3> high{};
+    std::vector<Level> levels;   // the root's level is the last one
+    std::array<float, 3> low{};  // the least coordinates of all triangles
+    std::array<float, 3> high{}; // the greatest ones
 };
 
-/// Where the cells of a mesh are in the grid that they come from.
+/// Describes the grid from which the cells of a mesh come.
 struct CellPlaces
 {
     CellGrid grid;
-    std::vector<int> numbers; // of the cells, ascending
-    QList<int> wideTriangles; // in more than eight cells, ascending
+    std::vector<int> numbers; // those of the cells in the grid, ascending
+    QList<int> wideTriangles; // those in more than eight cells, ascending
 };
 
-/// The trees that speed up the tests of one mesh. Each is made when it is first needed, since most
-/// cells never come near anything; any thread may be the one that makes it.
+/// Holds the trees that speed up the tests of one mesh. Each tree is made when it is first needed,
+/// since most cells of a long mesh never come near another object. Several threads may use the same
+/// trees.
 ///
-/// A triangle is in the trees of all its cells unless it is wide. Wide triangles have one tree, so
-/// that the trees of a mesh grow with its triangles, whatever its extent. Whether the cells let a
-/// pair with a wide triangle through is computed from the grid.
+/// A triangle is in the trees of all its cells unless it is wide, that is, in more than eight
+/// cells. All wide triangles share one tree, so that the size of the trees grows with the number of
+/// triangles and not with the extent of the mesh. Whether the cells let a pair with a wide triangle
+/// through is computed from the grid.
 ///
-/// Keeps the vertices, indices and cells from which it was made, shared with the mesh. They do not
-/// change here when those of the mesh do.
+/// The trees share the vertices, indices and cells of the mesh from which they were made. A later
+/// change of the mesh does not change them; see areOf().
 class CellTrees
 {
 public:
-    /// Makes trees for cells of any origin: all triangles are treated as narrow.
+    /// Prepares trees for cells that need not come from a grid. All triangles are treated as
+    /// narrow.
     CellTrees(const geometry::Mesh& sourceMesh,
               const QList<geometry::BoundedTriangles>& sourceCells);
+    /// Prepares trees for the cells of a grid.
     CellTrees(const geometry::Mesh& sourceMesh,
               const QList<geometry::BoundedTriangles>& sourceCells, CellPlaces placesOfCells);
 
-    /// Returns whether these are the vertices, indices and cells of the trees: the same data, not
-    /// only equal ones.
+    /// Returns whether the vertices, indices and cells are those of the trees: the same data in
+    /// memory, not only equal data.
     bool areOf(const geometry::Mesh& mesh, const QList<geometry::BoundedTriangles>& cells) const;
 
-    /// Returns the number of cells that hold narrow triangles; they are numbered from 0 here.
+    /// Returns the number of cells that hold narrow triangles. The operations below number these
+    /// cells from 0.
     int numCells() const { return static_cast<int>(narrowCells.size()); }
+    /// Returns the box of a cell.
     const primitives::BoundingBox& boxOf(int cell) const
     {
         return cells[narrowCells[cell].place].box;
     }
-    /// Returns the tree of a cell's narrow triangles.
+    /// Returns the tree of a cell's narrow triangles, and makes it at the first call.
     const CellTree& treeOf(int cell) const;
-    /// Calls `test` with the number of each cell that may touch the box until one call returns
-    /// true, and returns whether one did.
+    /// Calls `test` with the number of each cell that may touch the box until a call returns true,
+    /// and returns whether one did. Few cells, and cells that do not come from a grid, are all
+    /// visited.
     template <typename Test>
     bool anyCellNear(const primitives::BoundingBox& box, Test test) const;
 
-    /// Returns whether the cells are known to be those of a grid.
+    /// Returns whether the trees were made with the grid of the cells.
     bool hasGrid() const { return isOfGrid; }
+    /// Returns whether there are wide triangles, which implies hasGrid().
     bool hasWideTriangles() const { return !places.wideTriangles.isEmpty(); }
+    /// Returns the tree of all wide triangles, and makes it at the first call.
     const CellTree& wideTree() const;
-    /// Returns the grid of the cells, if hasGrid().
+    /// Returns the grid of the cells. Call this only if hasGrid().
     const CellGrid& grid() const { return places.grid; }
 
 private:
-    static constexpr int kFewCells = 8; // which are compared one by one
+    // Up to this many cells, a look at each costs less than a search for those near the box.
+    static constexpr int FEW_CELLS = 8;
 
-    // A tree that the first thread to need it makes.
+    // Holds a tree that is made when it is first needed, by whichever thread needs it.
     class LazyTree
     {
     public:
@@ -125,8 +137,8 @@ private:
 
     struct NarrowCell
     {
-        int number; // in the grid
-        int place;  // in `cells`
+        int number; // its number in the grid
+        int place;  // its place in `cells`
     };
 
     geometry::Mesh mesh;
@@ -134,7 +146,7 @@ private:
     CellPlaces places{};
     bool isOfGrid = false;
     std::vector<NarrowCell> narrowCells;
-    std::vector<LazyTree> trees; // of the narrow cells
+    std::vector<LazyTree> trees; // one for each narrow cell
     LazyTree treeOfWide;
 };
 
@@ -148,7 +160,7 @@ bool CellTrees::anyCellNear(const primitives::BoundingBox& box, Test test) const
         }
         return false;
     };
-    if (numCells() <= kFewCells || !isOfGrid)
+    if (numCells() <= FEW_CELLS || !isOfGrid)
         return anyOf(narrowCells.begin(), narrowCells.end());
     const CellRange range = places.grid.rangeTouching(box);
     if (collision::numCells(range) == 0)

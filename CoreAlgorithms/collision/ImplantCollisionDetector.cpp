@@ -17,27 +17,28 @@ using dataobject::AnchorPin3D;
 using dataobject::Implant3D;
 using dataobject::Nerve;
 
-// Between implants only the bodies count; nerves and pins must stay clear of the body by these mm.
+// The margins of the safety zones in mm.
 constexpr float kImplantMargin = 0.0F;
 constexpr float kNerveMargin = 3.0F;
 constexpr float kAnchorPinMargin = 3.0F;
 
-// Larger than any implant or pin, which thus has a single cell.
-constexpr float kShapeCellSize = 100.0F; // mm
+// The cell size of zones and pins in mm. It exceeds the length of any implant or pin, so that these
+// have a single cell; they have too few triangles to gain from more.
+constexpr float kShapeCellSize = 100.0F;
 
 bool isPositive(float measure)
 {
     return std::isfinite(measure) && measure > 0.0F;
 }
 
-// Without this test, a margin would give a body even to an implant without extent.
+// Tested before a zone is made, since the margin would give even an implant without extent a body.
 bool hasBody(const Implant3D& implant)
 {
     const dataobject::ImplantDimensions& dimensions = implant.getDimensions();
     return isPositive(dimensions.diameter) && isPositive(dimensions.length);
 }
 
-// An entry of a cache, or an empty object.
+// Returns an entry of a cache, or an empty object, which collides with nothing.
 template <typename Cache>
 const BoundedObject& cached(const Cache& cache, const typename Cache::key_type& key)
 {
@@ -132,8 +133,8 @@ ImplantCollisionDetector::calculateUpdatedCollisions(const ImplantPairs& implant
         return cached(implantSafetyZoneBoundedMeshes, {implant, margin});
     };
     ImplantCollisions updated = implantCollisions;
-    // Intended: the order of the operands, on which a verdict can depend: the implant at the lower
-    // address, the nerve and the pin come first. The verdicts of existing plans rely on it.
+    // Intended: the implant at the lower address, the nerve and the pin are the first operands of
+    // overlaps(), whose verdict can depend on the order. The verdicts of existing plans rely on it.
     for (const auto& pair : implantPairs) {
         const bool colliding =
             overlaps(zone(pair.first, kImplantMargin), zone(pair.second, kImplantMargin));
@@ -206,8 +207,8 @@ void ImplantCollisionDetector::removeImplantSafetyZones(const std::shared_ptr<Im
 {
     implantSafetyZoneBoundedMeshes.remove({implant, kImplantMargin});
     implantSafetyZoneBoundedMeshes.remove({implant, kNerveMargin});
-    // Intended: nerves and pins share the zone of their equal margins, so that this finds nothing;
-    // each use of a zone erases its own, in the order of the three kinds of pairs.
+    // Intended: this finds nothing, since nerves and pins have equal margins and share a zone. It
+    // is kept so that each kind of pair erases its own zone, in the order of the kinds.
     implantSafetyZoneBoundedMeshes.remove({implant, kAnchorPinMargin});
 }
 
@@ -226,10 +227,12 @@ void ImplantCollisionDetector::shapeHasChanged(const std::shared_ptr<AnchorPin3D
     anchorPinBoundedMeshes.remove(pin);
 }
 
-// ---- objects that leave the plan. Intended: observers are told also if nothing was removed; the
-// application's lists follow a removal by that.
+// ---- objects that leave the plan
 //
-// The pointer is copied first: the caller's may stand in the sets that shrink here.
+// Each operation copies the pointer first, since it may be a member of a pair that is removed here.
+//
+// Intended: observers are notified even if nothing was removed. Applications update their lists of
+// objects by that.
 
 void ImplantCollisionDetector::remove(const std::shared_ptr<Implant3D>& implant)
 {
@@ -261,7 +264,7 @@ void ImplantCollisionDetector::remove(const std::shared_ptr<AnchorPin3D>& pin)
     notify();
 }
 
-// ---- questions
+// ---- queries
 
 bool ImplantCollisionDetector::isColliding(const Implant3D& implant) const
 {

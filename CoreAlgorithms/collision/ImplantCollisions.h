@@ -12,43 +12,44 @@
 
 namespace collision {
 
-/// Which objects of a plan collide: three sets of pairs. A value; copies share their sets until one
-/// is changed, and a record that was moved from has three empty sets.
+/// Records which objects of a plan collide, as three sets of pairs. This is a value type: copies
+/// share their sets until one is changed, and a moved-from record has three empty sets.
 ///
-/// Pairs are compared and hashed by the addresses of their members. They keep their members alive.
-/// They are those that makePair() makes, so that a pair that is found from both of its members
-/// stands in the set once.
+/// Make pairs with makePair(), so that a pair that is found from both of its members is in the set
+/// once. Pairs are compared and hashed by the addresses of their members, and keep them alive.
 struct COREALGORITHMS_EXPORT ImplantCollisions
 {
-    /// Implants whose bodies (safety zones of margin 0.0) intersect.
+    /// Holds the pairs of implants whose envelopes (safety zones of margin 0.0) intersect.
     QSet<std::pair<std::shared_ptr<dataobject::Implant3D>, std::shared_ptr<dataobject::Implant3D>>>
         implantImplantCollisions;
-    /// Implants whose safety zone of margin 3.0 intersects a nerve, and the nerve.
+    /// Holds each implant whose safety zone of margin 3.0 intersects a nerve, with that nerve.
     QSet<std::pair<std::shared_ptr<dataobject::Implant3D>, std::shared_ptr<dataobject::Nerve>>>
         implantNerveCollisions;
-    /// Implants whose safety zone of margin 3.0 intersects an anchor pin, and the pin.
+    /// Holds each implant whose safety zone of margin 3.0 intersects an anchor pin, with that pin.
     QSet<
         std::pair<std::shared_ptr<dataobject::Implant3D>, std::shared_ptr<dataobject::AnchorPin3D>>>
         implantAnchorPinCollisions;
 
-    /// Equal if all three sets are: the sizes first, elements only if those agree, nothing if the
-    /// sets are shared.
+    /// Returns whether all three sets are equal. Compares the sets in the order above and stops at
+    /// the first difference. Elements are looked up only if the sizes agree and the set is not
+    /// shared.
     bool operator==(const ImplantCollisions& other) const;
+    /// Returns whether a set differs.
     bool operator!=(const ImplantCollisions& other) const;
 };
 
-/// The two implants in canonical order, the one at the lower address first: makePair(a, b) ==
-/// makePair(b, a). A pair of an implant with itself is (a, a); null comes first.
+/// Returns the two implants in canonical order, with the one at the lower address first, so that
+/// makePair(a, b) == makePair(b, a). Null comes first. An implant with itself gives (a, a).
 COREALGORITHMS_EXPORT
 std::pair<std::shared_ptr<dataobject::Implant3D>, std::shared_ptr<dataobject::Implant3D>>
 makePair(std::shared_ptr<dataobject::Implant3D> a, std::shared_ptr<dataobject::Implant3D> b);
 
-/// (implant, nerve), never reordered.
+/// Returns (implant, nerve), whatever their addresses. Either may be null.
 COREALGORITHMS_EXPORT
 std::pair<std::shared_ptr<dataobject::Implant3D>, std::shared_ptr<dataobject::Nerve>>
 makePair(std::shared_ptr<dataobject::Implant3D> implant, std::shared_ptr<dataobject::Nerve> nerve);
 
-/// (implant, pin), never reordered.
+/// Returns (implant, pin), whatever their addresses. Either may be null.
 COREALGORITHMS_EXPORT
 std::pair<std::shared_ptr<dataobject::Implant3D>, std::shared_ptr<dataobject::AnchorPin3D>>
 makePair(std::shared_ptr<dataobject::Implant3D> implant,

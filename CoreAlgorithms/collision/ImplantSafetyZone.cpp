@@ -11,14 +11,14 @@
 namespace collision {
 namespace {
 
-// Intended: half the margin to the sides, though the cone below the apex is as high as the whole
-// margin. The verdicts of existing plans rely on this solid.
+// Intended: the zone is half the margin wider on each side, though the cone below the apex is as
+// high as the whole margin. The verdicts of existing plans rely on this solid.
 float zoneRadius(const dataobject::Implant3D& implant, float margin)
 {
     return margin * 0.5F + implant.getDimensions().diameter * 0.5F;
 }
 
-// Hands the node to the root, with the placement applied after what the factory has set.
+// Gives the node to the root. The transform that the factory has set acts before the placement.
 void addPlaced(geometry::ShapeNode& root, geometry::ShapeNode* node, const QMatrix4x4& placement)
 {
     if (!node)
@@ -30,7 +30,8 @@ void addPlaced(geometry::ShapeNode& root, geometry::ShapeNode* node, const QMatr
 void addBody(geometry::ShapeNode& root, const geometry::ShapeFactory& factory,
              const dataobject::Implant3D& implant, float margin)
 {
-    // The arguments of a call are evaluated in the compiler's order; the host sees one order.
+    // Evaluated before the call, since the order of a call's arguments is the compiler's choice and
+    // the order of calls on the host is not.
     const float radius = zoneRadius(implant, margin);
     const float height = implant.getDimensions().length;
     geometry::ShapeNode* body = factory.generateCylinder(radius, height, false, false);

@@ -20,9 +20,10 @@ class ShapeNode;
 
 namespace collision {
 
-/// A simple closed solid round an implant that stands in for it in collision tests, in the
-/// implant's own frame and in mm: a cylinder for the body and a cone below the apex. With D the
-/// diameter, L the length and m the margin:
+/// Returns the safety zone of an implant: a closed solid that represents the implant in collision
+/// tests, made of a cylinder around the body and a cone below the apex. It is in the implant's own
+/// frame, in mm; the implant's placement is ignored. With the diameter D, the length L and the
+/// margin m:
 ///
 ///     z = 0            platform  +-------+    radius of both D / 2 + m / 2
 ///                                | body  |
@@ -30,17 +31,17 @@ namespace collision {
 ///     z = -(L + m)                 \___/      tip of the cone
 ///
 /// The clearance is half the margin to the sides and the whole margin below the apex. With margin 0
-/// it is the implant's own envelope, closed by a flat cone.
+/// the zone is the implant's own envelope, closed by a flat cone.
 ///
-/// The tree is named "ImplantSafetyZone" and has two children, body and apex cap, made by the
-/// factory with these measures whatever they are, also if zero, negative or NaN. The placement of
-/// the implant plays no part. A null factory, or one that makes nothing, leaves the children out.
+/// The root of the returned tree is named "ImplantSafetyZone" and has two children, the body and
+/// the apex cap. Measures that are zero, negative or NaN are passed to the factory unchanged. A
+/// child is missing if the factory is null or returns null for it.
 COREALGORITHMS_EXPORT std::unique_ptr<geometry::ShapeNode>
 generateSafetyZone(const std::unique_ptr<geometry::ShapeFactory>& factory,
                    dataobject::Implant3D& implant, float margin);
 
-/// Keys of the named parameters that describe an implant's shape in the host model. The text of
-/// each is its name without the k. No computation of this library reads them.
+/// Names the parameters that describe an implant's shape in the host model. The text of each key is
+/// its name without the leading k. No computation of this library reads the parameters.
 namespace implantShapeParameters {
 
 COREALGORITHMS_EXPORT extern const QString kConnectionShape;
@@ -83,7 +84,7 @@ COREALGORITHMS_EXPORT extern const QString kApexHeight;
 COREALGORITHMS_EXPORT extern const QString kApexRadius;
 COREALGORITHMS_EXPORT extern const QString kApexMaterial;
 
-/// All 35, in the order above.
+/// Holds all 35 keys in the order above.
 COREALGORITHMS_EXPORT extern const QStringList kAll;
 
 } // namespace implantShapeParameters

@@ -10,24 +10,26 @@
 #include <emmintrin.h>
 #endif
 
-// Eight floats side by side. Every operation acts on each of the eight as the scalar operation
-// does, with one rounding, so that the bits do not depend on how many the machine handles at once.
+// Computes with eight floats at once. Every operation acts on each of the eight as the scalar
+// operation does, with one rounding, so that the bits do not depend on how many of them the machine
+// handles at once.
 //
-// With gcc and clang these are vector types, which the compiler maps to the registers that a
-// function's target has; elsewhere arrays. COREALGORITHMS_PORTABLE_LANES chooses the arrays
-// everywhere.
+// With gcc and clang, the eight are a vector type, which the compiler maps to the registers of a
+// function's target. Other compilers use arrays. COREALGORITHMS_PORTABLE_LANES selects the arrays
+// for every compiler.
 namespace collision {
 
 constexpr int kLanes = 8;
-/// What holds lanes is aligned to this by name: the alignment of the vector type alone depends on
-/// the target of the function that looks at it.
+/// The alignment of every type that holds lanes. It is stated since the alignment of the vector
+/// type itself depends on the target of the function that uses it.
 constexpr std::size_t kLaneAlignment = 32;
 
 #if defined(__GNUC__) && !defined(COREALGORITHMS_PORTABLE_LANES)
 
-// Always inlined: how a vector is passed depends on the target of the function, and callers differ
-// in that. -Wpsabi warns of just that. The pragma covers the functions below. Sources that call
-// them are compiled without the warning, since it comes at their end (see CMakeLists.txt).
+// The functions below are always inlined, since how a vector is passed depends on the target of the
+// function, and the targets of the callers differ. -Wpsabi warns of that. The pragma turns the
+// warning off here; sources that call the functions are compiled without it (see CMakeLists.txt),
+// since there the compiler reports it at the end of the file.
 #define COREALGORITHMS_INLINE_LANES inline __attribute__((always_inline))
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wpsabi"
@@ -35,28 +37,32 @@ constexpr std::size_t kLaneAlignment = 32;
 using Lanes = float __attribute__((vector_size(32)));
 using LaneMask = std::int32_t __attribute__((vector_size(32))); // -1 where true, 0 where false
 
+/// Returns the smaller value of each lane; `b` if either is NaN.
 COREALGORITHMS_INLINE_LANES Lanes smaller(const Lanes& a, const Lanes& b)
 {
     return a < b ? a : b;
 }
 
+/// Returns the larger value of each lane; `b` if either is NaN.
 COREALGORITHMS_INLINE_LANES Lanes larger(const Lanes& a, const Lanes& b)
 {
     return a > b ? a : b;
 }
 
+/// Returns eight times the value.
 COREALGORITHMS_INLINE_LANES Lanes allLanes(float value)
 {
     return Lanes{} + value;
 }
 
+/// Returns, for each lane, `whereTrue` if the mask is true and `elsewhere` if it is false.
 COREALGORITHMS_INLINE_LANES Lanes select(const LaneMask& mask, const Lanes& whereTrue,
                                          const Lanes& elsewhere)
 {
     return mask ? whereTrue : elsewhere;
 }
 
-/// Bit i for every lane i that is true.
+/// Returns a number whose bit i is set if lane i is true.
 COREALGORITHMS_INLINE_LANES unsigned bitsOf(const LaneMask& mask)
 {
 #if defined(__SSE2__)
@@ -107,28 +113,105 @@ inline Lanes allLanes(float value)
     return lanes;
 }
 
-// clang-format off
-inline Lanes operator+(const Lanes& a, const Lanes& b) { return eachLane<Lanes>(a, b, [](float x, float y) { return x + y; }); }
-inline Lanes operator-(const Lanes& a, const Lanes& b) { return eachLane<Lanes>(a, b, [](float x, float y) { return x - y; }); }
-inline Lanes operator*(const Lanes& a, const Lanes& b) { return eachLane<Lanes>(a, b, [](float x, float y) { return x * y; }); }
-inline Lanes operator-(const Lanes& a) { return eachLane<Lanes>(a, a, [](float x, float) { return -x; }); }
-inline Lanes operator/(const Lanes& a, const Lanes& b) { return eachLane<Lanes>(a, b, [](float x, float y) { return x / y; }); }
-inline Lanes operator+(const Lanes& a, float b) { return a + allLanes(b); }
-inline Lanes operator*(const Lanes& a, float b) { return a * allLanes(b); }
-inline Lanes smaller(const Lanes& a, const Lanes& b) { return eachLane<Lanes>(a, b, [](float x, float y) { return x < y ? x : y; }); }
-inline Lanes larger(const Lanes& a, const Lanes& b) { return eachLane<Lanes>(a, b, [](float x, float y) { return x > y ? x : y; }); }
-inline LaneMask operator<(const Lanes& a, const Lanes& b) { return eachLane<LaneMask>(a, b, [](float x, float y) { return x < y ? -1 : 0; }); }
-inline LaneMask operator>(const Lanes& a, const Lanes& b) { return eachLane<LaneMask>(a, b, [](float x, float y) { return x > y ? -1 : 0; }); }
-inline LaneMask operator<=(const Lanes& a, const Lanes& b) { return eachLane<LaneMask>(a, b, [](float x, float y) { return x <= y ? -1 : 0; }); }
-inline LaneMask operator>(const Lanes& a, float b) { return a > allLanes(b); }
-inline LaneMask operator<(const Lanes& a, float b) { return allLanes(b) > a; }
-inline LaneMask operator<=(const Lanes& a, float b) { return a <= allLanes(b); }
-inline LaneMask operator>=(const Lanes& a, float b) { return allLanes(b) <= a; }
-inline LaneMask operator!=(const Lanes& a, float b) { return eachLane<LaneMask>(a, a, [b](float x, float) { return x != b ? -1 : 0; }); }
-inline LaneMask operator&(const LaneMask& a, const LaneMask& b) { return eachLane<LaneMask>(a, b, [](std::int32_t x, std::int32_t y) { return x & y; }); }
-inline LaneMask operator|(const LaneMask& a, const LaneMask& b) { return eachLane<LaneMask>(a, b, [](std::int32_t x, std::int32_t y) { return x | y; }); }
-inline LaneMask operator~(const LaneMask& a) { return eachLane<LaneMask>(a, a, [](std::int32_t x, std::int32_t) { return ~x; }); }
-// clang-format on
+inline Lanes operator+(const Lanes& a, const Lanes& b)
+{
+    return eachLane<Lanes>(a, b, [](float x, float y) { return x + y; });
+}
+
+inline Lanes operator-(const Lanes& a, const Lanes& b)
+{
+    return eachLane<Lanes>(a, b, [](float x, float y) { return x - y; });
+}
+
+inline Lanes operator*(const Lanes& a, const Lanes& b)
+{
+    return eachLane<Lanes>(a, b, [](float x, float y) { return x * y; });
+}
+
+inline Lanes operator/(const Lanes& a, const Lanes& b)
+{
+    return eachLane<Lanes>(a, b, [](float x, float y) { return x / y; });
+}
+
+inline Lanes operator-(const Lanes& a)
+{
+    return eachLane<Lanes>(a, a, [](float x, float) { return -x; });
+}
+
+inline Lanes operator+(const Lanes& a, float b)
+{
+    return a + allLanes(b);
+}
+
+inline Lanes operator*(const Lanes& a, float b)
+{
+    return a * allLanes(b);
+}
+
+inline Lanes smaller(const Lanes& a, const Lanes& b)
+{
+    return eachLane<Lanes>(a, b, [](float x, float y) { return x < y ? x : y; });
+}
+
+inline Lanes larger(const Lanes& a, const Lanes& b)
+{
+    return eachLane<Lanes>(a, b, [](float x, float y) { return x > y ? x : y; });
+}
+
+inline LaneMask operator<(const Lanes& a, const Lanes& b)
+{
+    return eachLane<LaneMask>(a, b, [](float x, float y) { return x < y ? -1 : 0; });
+}
+
+inline LaneMask operator>(const Lanes& a, const Lanes& b)
+{
+    return eachLane<LaneMask>(a, b, [](float x, float y) { return x > y ? -1 : 0; });
+}
+
+inline LaneMask operator<=(const Lanes& a, const Lanes& b)
+{
+    return eachLane<LaneMask>(a, b, [](float x, float y) { return x <= y ? -1 : 0; });
+}
+
+inline LaneMask operator>(const Lanes& a, float b)
+{
+    return a > allLanes(b);
+}
+
+inline LaneMask operator<(const Lanes& a, float b)
+{
+    return allLanes(b) > a;
+}
+
+inline LaneMask operator<=(const Lanes& a, float b)
+{
+    return a <= allLanes(b);
+}
+
+inline LaneMask operator>=(const Lanes& a, float b)
+{
+    return allLanes(b) <= a;
+}
+
+inline LaneMask operator!=(const Lanes& a, float b)
+{
+    return eachLane<LaneMask>(a, a, [b](float x, float) { return x != b ? -1 : 0; });
+}
+
+inline LaneMask operator&(const LaneMask& a, const LaneMask& b)
+{
+    return eachLane<LaneMask>(a, b, [](std::int32_t x, std::int32_t y) { return x & y; });
+}
+
+inline LaneMask operator|(const LaneMask& a, const LaneMask& b)
+{
+    return eachLane<LaneMask>(a, b, [](std::int32_t x, std::int32_t y) { return x | y; });
+}
+
+inline LaneMask operator~(const LaneMask& a)
+{
+    return eachLane<LaneMask>(a, a, [](std::int32_t x, std::int32_t) { return ~x; });
+}
 
 inline Lanes select(const LaneMask& mask, const Lanes& whereTrue, const Lanes& elsewhere)
 {

@@ -14,12 +14,12 @@
 namespace collision {
 namespace {
 
-// What is shared by all tests of a triangle u against the triangles of a cell.
+// Holds what all tests of a triangle u against the triangles of a cell share.
 struct Opponent
 {
     Triangle corners;
     TrianglePlane plane;
-    float margin; // beyond which the sign of a distance from the plane is certain
+    float margin; // the sign of a distance from the plane is certain if it exceeds this
 };
 
 // The distance of a point p from u's plane is computed as
@@ -34,7 +34,7 @@ struct Opponent
 // do not underflow to zero: every triangle in the box is on one side.
 constexpr float kMarginOfSum = 0x1p-20F;
 constexpr float kLeastMargin = 2e-18F;
-constexpr float kLargestSum = 1e30F; // beyond, distances might overflow
+constexpr float kLargestSum = 1e30F; // distances could overflow if S is larger
 
 float marginOf(float sum)
 {
@@ -67,8 +67,8 @@ COREALGORITHMS_INLINE_LANES Lanes distances(const TriangleBlock& planes, const P
     return planes.normal[0] * p.x + planes.normal[1] * p.y + planes.normal[2] * p.z + planes.offset;
 }
 
-// Eight values for each of a triangle's three vertices: distances from a plane, or projections onto
-// a coordinate.
+// Holds eight values for each of a triangle's three vertices: distances from a plane, or
+// coordinates along a line.
 struct LaneTriple
 {
     Lanes at[3];
@@ -79,7 +79,7 @@ COREALGORITHMS_INLINE_LANES LaneMask onOneSide(const LaneTriple& distances)
     return (distances.at[0] * distances.at[1] > 0.0F) & (distances.at[0] * distances.at[2] > 0.0F);
 }
 
-// The lanes that are true, from the lowest.
+// Enumerates the lanes that are true, from the lowest one up.
 class LaneSet
 {
 public:
@@ -96,7 +96,8 @@ private:
     unsigned bits;
 };
 
-// Eight intervals on the line of intersection, or a plane in common; see intervalOnLine().
+// Holds eight intervals on the line of intersection, and which triangles have none since they are
+// in the other one's plane; see intervalOnLine().
 struct LaneIntervals
 {
     Lanes from;
@@ -135,8 +136,8 @@ COREALGORITHMS_INLINE_LANES LaneIntervals intervalsOnLine(const LaneTriple& proj
     return {select(swapped, b, a), select(swapped, a, b), noneYet & ~oneOff & ~twoOff};
 }
 
-// The last stage of the triangle test for eight triangles; see intervalsOverlap(). `undecided` are
-// those that lie in one plane with u.
+// Holds the results of the last stage of the triangle test for eight triangles; see
+// intervalsOverlap(). Triangles in one plane with u are undecided.
 struct LaneVerdicts
 {
     LaneMask overlap;
@@ -191,8 +192,8 @@ bool laneIntersects(const TriangleBlock& block, int lane, const Opponent& u)
                             distancesFrom(plane, u.corners));
 }
 
-// Which pairs of triangles the cells of two meshes let through: computed from their grids, where
-// the cells themselves are not visited.
+// Computes from the grids of two meshes which pairs of triangles their cells let through, for pairs
+// whose cells are not visited.
 class CellPairs
 {
 public:
@@ -201,9 +202,9 @@ public:
         : gridA(gridOfA), gridB(gridOfB), cellsNearB(gridOfA.rangeTouching(boxOfB))
     {}
 
-    // Whether there is a cell of t that touches the box of the mesh of u, and a cell of u that
-    // touches that cell and the box of t. A grid and a box are products of their axes, and so is
-    // this.
+    // Returns whether there is a cell of t that touches the box of the mesh of u, and a cell of u
+    // that touches that cell and the box of t. Grids and boxes are products of their axes, so the
+    // question is decided for each axis on its own.
     bool include(const Triangle& t, const Triangle& u) const
     {
         const CellRange cellsOfT = rangeOf(gridA, t);
@@ -239,8 +240,8 @@ private:
     CellRange cellsNearB;
 };
 
-// Whether a triangle of the block whose box touches the cell of u intersects u. With `pairs`, it
-// must be one of these with u.
+// Returns whether u intersects a triangle of the block whose box touches the cell of u. If `pairs`
+// is given, it must include the two triangles.
 COREALGORITHMS_INLINE_LANES bool blockIntersects(const TriangleBlock& block, const BoxBlock& cell,
                                                  const Opponent& u, const CellPairs* pairs)
 {
@@ -254,9 +255,9 @@ COREALGORITHMS_INLINE_LANES bool blockIntersects(const TriangleBlock& block, con
     LaneMask left = ~(onOneSide(fromU) | onOneSide(fromV));
     if (bitsOf(left) == 0)
         return false;
-    // Intended: only t's box is compared with the other's cell, not u's box with the cell of t. So
-    // the verdict can depend on the order of the operands. Verdicts of existing plans rely on that
-    // order.
+    // Intended: the boxes of a's triangles are compared with the cell of u, but u's box is not
+    // compared with their cell. So the verdict can depend on the order of the operands, on which
+    // the verdicts of existing plans rely.
     for (int axis = 0; axis < 3; ++axis) {
         const Lanes low = smaller(smaller(v[0][axis], v[1][axis]), v[2][axis]);
         const Lanes high = larger(larger(v[0][axis], v[1][axis]), v[2][axis]);
@@ -278,7 +279,8 @@ COREALGORITHMS_INLINE_LANES bool blockIntersects(const TriangleBlock& block, con
     return false;
 }
 
-// Descends to the blocks that u's plane passes and that reach the cell of u.
+// Returns whether u intersects a triangle of the tree. Descends only to blocks that u's plane may
+// pass and whose boxes touch the cell of u.
 COREALGORITHMS_INLINE_LANES bool treeIntersects(const CellTree& tree, const BoxBlock& cell,
                                                 const Opponent& u, const CellPairs* pairs)
 {
@@ -321,7 +323,7 @@ COREALGORITHMS_INLINE_LANES bool treeIntersects(const CellTree& tree, const BoxB
     return false;
 }
 
-// The triangles of the block whose planes may pass through the box of a's triangles; see
+// Returns the triangles of the block whose planes may pass through the box of a's triangles; see
 // marginOf().
 COREALGORITHMS_INLINE_LANES LaneSet planesThrough(const TriangleBlock& block, const CellTree& a,
                                                   const std::array<float, 3>& reach)
@@ -354,9 +356,9 @@ COREALGORITHMS_INLINE_LANES bool cellsIntersect(const CellTree& a, const CellTre
             const int lane = lanes.takeFirst();
             if (number + lane >= b.numTriangles)
                 break;
-            // Intended: the box of u is compared with nothing but itself, which it always touches.
-            // A test with the box of t would be expected here, but it would change verdicts where
-            // rounding decides, on which existing plans rely.
+            // Intended: u's box is compared with itself only, which it always touches, so no
+            // comparison is computed. A comparison with t's box would be expected, but it would
+            // change verdicts that rounding decides, on which existing plans rely.
             if (treeIntersects(a, cellB, opponentIn(block, lane, reach), pairs))
                 return true;
         }
@@ -407,7 +409,7 @@ BoxBlock eightfold(const primitives::BoundingBox& box)
     return boxes;
 }
 
-// The trees of a mesh, or some that are made for it here.
+// Returns the trees of a mesh, or makes them in `own` if the mesh has none of its present data.
 const CellTrees& treesOf(const BoundedMesh& mesh, std::optional<CellTrees>& own)
 {
     if (mesh.trees && mesh.trees->areOf(mesh.mesh, mesh.cells))
@@ -415,8 +417,8 @@ const CellTrees& treesOf(const BoundedMesh& mesh, std::optional<CellTrees>& own)
     return own.emplace(mesh.mesh, mesh.cells);
 }
 
-// One test of two meshes. The pairs of a triangle of a and one of b fall into four groups, narrow
-// and wide ones of each; see CellTrees.
+// Tests two meshes. The pairs of a triangle of a and one of b form four groups, since each of the
+// two is narrow or wide; see CellTrees.
 class MeshTest
 {
 public:
@@ -478,7 +480,8 @@ bool meshesOverlap(const BoundedMesh& a, const BoundedMesh& b, CellsIntersect in
     std::optional<CellTrees> ownB;
     const CellTrees* treesA = &treesOf(a, ownA);
     const CellTrees* treesB = &treesOf(b, ownB);
-    // Wide triangles need the grids of both.
+    // Pairs with a wide triangle are decided by the grids of both meshes. Without one of the grids,
+    // treat all triangles as narrow.
     if (treesA->hasWideTriangles() && !treesB->hasGrid())
         treesA = &ownA.emplace(a.mesh, a.cells);
     if (treesB->hasWideTriangles() && !treesA->hasGrid())

@@ -15,9 +15,10 @@ struct Interval
     float to;
 };
 
-using Projections = std::array<float, 3>; // of a triangle's vertices onto the line of intersection
+// The coordinates of a triangle's vertices along the line where the planes intersect.
+using Projections = std::array<float, 3>;
 
-// Where the two sides that meet in the vertex `alone` cross the other triangle's plane.
+// Returns where the two edges that meet in the vertex `alone` cross the other triangle's plane.
 Interval crossings(const Projections& p, const Distances& d, int alone, int a, int b)
 {
     const auto crossingTowards = [&](int other) {
@@ -29,7 +30,9 @@ Interval crossings(const Projections& p, const Distances& d, int alone, int a, i
     return interval;
 }
 
-// Nothing if all three vertices lie in the other triangle's plane.
+// Returns the part of the line that is inside the triangle, or nothing if all three vertices are in
+// the other triangle's plane. The order of the cases decides which vertex counts as alone if
+// distances are zero, and with it the rounding.
 std::optional<Interval> intervalOnLine(const Projections& p, const Distances& d)
 {
     if (d[0] * d[1] > 0.0F)
@@ -45,7 +48,7 @@ std::optional<Interval> intervalOnLine(const Projections& p, const Distances& d)
     return std::nullopt;
 }
 
-// The coordinate along which a direction is longest; of equal ones the first.
+// Returns the coordinate along which a direction is longest, or the first of equally long ones.
 float Point::*longestAxis(const Point& direction)
 {
     float Point::*axis = &Point::x;
@@ -59,7 +62,7 @@ float Point::*longestAxis(const Point& direction)
     return axis;
 }
 
-// ---- triangles in one plane, seen along a coordinate
+// ---- triangles in one plane, projected along a coordinate
 
 struct Point2
 {
@@ -69,8 +72,8 @@ struct Point2
 
 using Triangle2 = std::array<Point2, 3>;
 
-// Without the coordinate along which the plane's normal is longest. The order of the comparisons
-// decides which one goes when two are equal.
+// Drops the coordinate along which the plane's normal is longest. The order of the comparisons
+// decides which one is dropped if two are equal.
 Triangle2 withoutLongestAxis(const Triangle& triangle, const Point& normal)
 {
     const float x = std::abs(normal.x);
@@ -91,8 +94,8 @@ Triangle2 withoutLongestAxis(const Triangle& triangle, const Point& normal)
     return flat;
 }
 
-// Whether the edge that starts at `start` and runs along `edge` meets the edge from u0 to u1.
-// Parallel edges do not.
+// Returns whether the edge from `start` to `start + edge` meets the edge from u0 to u1. Parallel
+// edges do not meet, even if they overlap.
 bool edgesMeet(const Point2& start, const Point2& edge, const Point2& u0, const Point2& u1)
 {
     const Point2 back{u0.x - u1.x, u0.y - u1.y};
@@ -115,7 +118,7 @@ bool edgeMeetsTriangle(const Point2& start, const Point2& end, const Triangle2& 
            edgesMeet(start, edge, u[2], u[0]);
 }
 
-// On which side of the line from `from` to `to` the point lies.
+// Returns a number whose sign is the side of the line from `from` to `to` on which the point is.
 float sideOf(const Point2& from, const Point2& to, const Point2& point)
 {
     const float a = to.y - from.y;
@@ -124,8 +127,8 @@ float sideOf(const Point2& from, const Point2& to, const Point2& point)
     return a * point.x + b * point.y + c;
 }
 
-// Strictly inside.
-bool liesInside(const Point2& point, const Triangle2& u)
+// Returns whether the point is strictly inside the triangle.
+bool isInside(const Point2& point, const Triangle2& u)
 {
     const float side0 = sideOf(u[0], u[1], point);
     const float side1 = sideOf(u[1], u[2], point);
@@ -139,7 +142,7 @@ bool coplanarTrianglesIntersect(const Point& normal, const Triangle& triangleV,
     const Triangle2 v = withoutLongestAxis(triangleV, normal);
     const Triangle2 u = withoutLongestAxis(triangleU, normal);
     return edgeMeetsTriangle(v[0], v[1], u) || edgeMeetsTriangle(v[1], v[2], u) ||
-           edgeMeetsTriangle(v[2], v[0], u) || liesInside(v[0], u) || liesInside(u[0], v);
+           edgeMeetsTriangle(v[2], v[0], u) || isInside(v[0], u) || isInside(u[0], v);
 }
 
 } // namespace
@@ -147,7 +150,8 @@ bool coplanarTrianglesIntersect(const Point& normal, const Triangle& triangleV,
 bool intervalsOverlap(const Triangle& v, const TrianglePlane& planeV, const Distances& fromU,
                       const Triangle& u, const TrianglePlane& planeU, const Distances& fromV)
 {
-    // Simplified projection: on the coordinate along which the line of intersection runs most.
+    // The coordinate along which the line is longest orders points as the line itself does, and
+    // needs no product to read.
     float Point::*const axis = longestAxis(cross(planeV.normal, planeU.normal));
     const auto intervalV = intervalOnLine({v[0].*axis, v[1].*axis, v[2].*axis}, fromU);
     if (!intervalV)
