@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/CellGrid_p.h>
 
-// The cells of a grid near a place, computed instead of searched: the same as by looking at every
-// cell, also where the cells are smaller than the steps between floats.
+// The cells of a grid near a place are computed. They must be those that a look at every cell
+// finds, even where cells are smaller than the steps between floats.
 
 #include <tests/support/ResliceBuilders.h>
 
@@ -25,7 +25,8 @@ bool touch(const Axis& a, int cellA, const Axis& b, int cellB)
     return a.startOf(cellA) <= b.endOf(cellB) && b.startOf(cellB) <= a.endOf(cellA);
 }
 
-// From cells of 5 mm near the origin to such at 1e9 mm, where floats are 64 mm apart.
+// Draws an axis with cells of 0.1 to 9 mm that starts between the origin and 1e9 mm, where floats
+// are 64 mm apart.
 Axis randomAxis(test::RandomGeometry& random)
 {
     const float start =
@@ -34,7 +35,7 @@ Axis randomAxis(test::RandomGeometry& random)
     return {start, extent, 1 + static_cast<int>(random.number(0.0F, 40.0F))};
 }
 
-// Around the axis, on and beside the boundaries of its cells.
+// Draws a place on a boundary between cells, one float away from it, or anywhere near it.
 float randomPlace(test::RandomGeometry& random, const Axis& axis)
 {
     const float boundary =
@@ -66,7 +67,7 @@ TEST(CellGridAxis, FindsTheFirstCellThatReachesAPlaceAndTheLastThatStartsByIt)
     }
 }
 
-// At 1e9 mm there are gaps between the cells, and a flat cell can be in one.
+// At 1e9 mm, rounding leaves gaps between cells, and a flat cell can be in one of them.
 TEST(CellGridAxis, CellsTouchIfAnyTwoOfThemDo)
 {
     test::RandomGeometry random(32);
@@ -102,10 +103,10 @@ TEST(CellGrid, CellsNearABoxAreThoseThatTouchIt)
 {
     const CellGrid grid = collision::divide({0.0F, 0.0F, 0.0F, 40.0F, 20.0F, 5.0F}, 5.0F);
     const CellRange near = grid.rangeTouching({10.0F, 1.0F, -3.0F, 14.0F, 5.0F, -1.0F});
-    EXPECT_EQ(near[0].first, 1); // ends at 10
+    EXPECT_EQ(near[0].first, 1); // ends at x = 10
     EXPECT_EQ(near[0].last, 2);
     EXPECT_EQ(near[1].first, 0);
-    EXPECT_EQ(near[1].last, 1);              // starts at 5
+    EXPECT_EQ(near[1].last, 1);              // starts at y = 5
     EXPECT_EQ(collision::numCells(near), 0); // the box is below the grid
 }
 

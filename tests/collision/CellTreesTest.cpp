@@ -28,7 +28,7 @@ BoundedMesh meshOf(const QList<QVector3D>& vertices, const QList<int>& indices)
     return collision::makeBoundedObject(surface).meshes[0];
 }
 
-// Points in a cube of 100 mm, in most of its 20^3 cells but not in all.
+// Returns 20,000 points in a cube of 100 mm. They are in most of its 20^3 cells, but not in all.
 BoundedMesh scatteredPoints()
 {
     test::RandomGeometry random(41);
@@ -87,7 +87,7 @@ TEST(CellTrees, StopAtTheFirstCellThatPasses)
     EXPECT_EQ(visited, 5);
 }
 
-// In cells of 5 mm: one triangle in eight cells, one in nine and one in 27.
+// The cells are 5 mm long; one triangle is in eight of them, one in nine and one in 27.
 TEST(CellTrees, TrianglesInMoreThanEightCellsHaveATreeOfTheirOwn)
 {
     const BoundedMesh mesh =
@@ -114,7 +114,7 @@ TEST(CellTrees, AreThoseOfTheDataTheyWereMadeFromAlone)
     EXPECT_TRUE(mesh.trees->areOf(copy.mesh, copy.cells));
     copy.mesh.setVertices(
         QList<QVector3D>(mesh.mesh.getVertices().begin(), mesh.mesh.getVertices().end()));
-    EXPECT_FALSE(mesh.trees->areOf(copy.mesh, copy.cells)); // equal, not the same
+    EXPECT_FALSE(mesh.trees->areOf(copy.mesh, copy.cells)); // equal data, but not the same
     copy = mesh;
     copy.mesh.addTriangle(0, 1, 2);
     EXPECT_FALSE(mesh.trees->areOf(copy.mesh, copy.cells));

@@ -10,9 +10,9 @@ class Implant3D;
 class Nerve;
 } // namespace dataobject
 
-// Counts what is looked up in a set of objects. The hashes of the shared pointers call these
-// instead of Qt's template, if they are declared first: included by force in all sources of an
-// executable.
+// These count what is looked up in a set of objects. The hashes of shared pointers call them
+// instead of Qt's template if they are declared first, so every source of the program includes this
+// header before any other.
 std::size_t qHash(dataobject::Implant3D* object, std::size_t seed) noexcept;
 std::size_t qHash(dataobject::Nerve* object, std::size_t seed) noexcept;
 std::size_t qHash(dataobject::AnchorPin3D* object, std::size_t seed) noexcept;

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/TriangleIntersection_p.h>
 
-// The triangle test in single precision beside one in exact arithmetic, CGAL's: how far apart, or
-// how deep in each other, are the triangles on which they disagree?
+// The triangle test in single precision compared with the exact one of CGAL: how far apart, or how
+// deep in each other, are the triangles on which they disagree?
 
 #include <CoreAlgorithms/collision/BoundedMesh_p.h>
 #include <CoreAlgorithms/collision/ImplantSafetyZone.h>
@@ -47,7 +47,7 @@ bool meet(const Corners& v, const Corners& u)
     return collision::trianglesIntersect(v[0], v[1], v[2], u[0], u[1], u[2]);
 }
 
-// Random numbers that are the same with every standard library.
+// Draws random numbers that are the same with every standard library.
 class Random
 {
 public:
@@ -84,7 +84,7 @@ double length(const Vector& v)
     return std::sqrt(v.squared_length());
 }
 
-// How thin a triangle is: height over longest side, at most 0.87.
+// Returns the ratio of a triangle's height to its longest side, which is at most 0.87.
 double thickness(const Corners& corners)
 {
     const Sides sides(corners);
@@ -95,13 +95,13 @@ double thickness(const Corners& corners)
 
 struct Separation
 {
-    double gap;       // negative: by so much must one triangle be moved to come free
-    Vector direction; // of unit length, from the first triangle to the second
+    double gap;       // if negative, the length of the shortest move that separates them
+    Vector direction; // from the first triangle to the second, with length 1
 };
 
-// Of two triangles that are not parallel: the largest separation along the normals and the cross
-// products of edges, which is how deep they are in each other if they meet, and which is a lower
-// bound of their distance if they do not.
+// Returns the largest separation of two triangles along their normals and the cross products of
+// their edges. For triangles that are not parallel, this is how deep they are in each other if they
+// meet, and a lower bound of their distance if they do not.
 Separation separation(const Corners& v, const Corners& u)
 {
     const Sides sidesV(v);
@@ -142,19 +142,19 @@ void moveBy(Corners& corners, const Vector& shift)
 
 // ---- triangles in general position
 
-Corners triangleNear(Random& random, const QVector3D& centre, float size)
+Corners triangleNear(Random& random, const QVector3D& center, float size)
 {
     Corners corners;
     for (QVector3D& p : corners) {
-        p = centre + QVector3D(random.between(-size, size), random.between(-size, size),
+        p = center + QVector3D(random.between(-size, size), random.between(-size, size),
                                random.between(-size, size));
     }
     return corners;
 }
 
-// Triangles of 0.1 to 16 mm within 100 mm of the origin, no needles, each pair moved to a gap or a
-// depth of 6e-8 to 0.06 mm: near contact, where rounding can matter.
-TEST(ExactOverlap, TrianglesInGeneralPositionDisagreeOnlyWithin1e4thOfAMillimetre)
+// The triangles are 0.1 to 16 mm large, no needles, and within 100 mm of the origin. Each pair is
+// moved to a gap or a depth of 6e-8 to 0.06 mm, where rounding can matter.
+TEST(ExactOverlap, TrianglesInGeneralPositionDisagreeOnlyWithin1e4thOfAMillimeter)
 {
     constexpr unsigned seed = 20;
     Random random(seed);
@@ -163,11 +163,11 @@ TEST(ExactOverlap, TrianglesInGeneralPositionDisagreeOnlyWithin1e4thOfAMillimetr
     int meeting = 0;
     double largest = 0.0;
     while (pairs < 300000) {
-        const QVector3D centre(random.between(-100.0F, 100.0F), random.between(-100.0F, 100.0F),
+        const QVector3D center(random.between(-100.0F, 100.0F), random.between(-100.0F, 100.0F),
                                random.between(-100.0F, 100.0F));
         const float size = std::exp2(random.between(-3.0F, 3.0F));
-        const Corners v = triangleNear(random, centre, size);
-        Corners u = triangleNear(random, centre, 1.5F * size);
+        const Corners v = triangleNear(random, center, size);
+        Corners u = triangleNear(random, center, 1.5F * size);
         if (thickness(v) < 0.1 || thickness(u) < 0.1)
             continue;
         const Separation before = separation(v, u);
@@ -205,8 +205,8 @@ Corners triangleOfWholeNumbers(Random& random, int reach, bool level)
     return corners;
 }
 
-// In one plane nothing is divided and nothing rounded. Many of these pairs touch, or share corners
-// and edges.
+// The test of triangles in one plane divides nothing, so that whole numbers are not rounded. Many
+// of these pairs touch, or share corners and edges.
 TEST(ExactOverlap, CoplanarTrianglesOfSmallWholeNumbersAgreeExactly)
 {
     Random random(21);
@@ -216,7 +216,7 @@ TEST(ExactOverlap, CoplanarTrianglesOfSmallWholeNumbersAgreeExactly)
         Corners u = triangleOfWholeNumbers(random, 4, true);
         if (!(thickness(v) > 0.0) || !(thickness(u) > 0.0)) // points and segments
             continue;
-        // Into the plane z = a x + b y, with the axes in any order.
+        // Moves both into the plane z = a x + b y, with the axes in any order.
         const auto a = static_cast<float>(random.whole(-3, 3));
         const auto b = static_cast<float>(random.whole(-3, 3));
         const int turn = random.whole(0, 2);
@@ -231,8 +231,8 @@ TEST(ExactOverlap, CoplanarTrianglesOfSmallWholeNumbersAgreeExactly)
     }
 }
 
-// Here the ends of intervals are quotients, which are rounded: contacts can be missed or seen, gaps
-// cannot.
+// The ends of intervals are quotients, which are rounded. So a contact can be missed, but no larger
+// overlap, and no gap can be reported as a contact.
 TEST(ExactOverlap, TrianglesOfSmallWholeNumbersDisagreeOnContactsAlone)
 {
     Random random(22);
@@ -260,12 +260,12 @@ struct Measured
     int pairs = 0;
     int meeting = 0;
     int missed = 0;
-    int reported = 0; // though apart
+    int reported = 0; // but apart
     double farthest = 0.0;
 };
 
-// Two triangles of up to 4 mm in one plane, whose corners are rounded when the plane is tilted into
-// the scene.
+// Draws pairs of triangles of up to 4 mm in one plane. Their corners are rounded when the plane is
+// tilted into the scene.
 Measured measureOneTiltedPlane(unsigned seed)
 {
     Random random(seed);
@@ -310,12 +310,12 @@ TEST(ExactOverlap, NearlyCoplanarTrianglesCanBeReportedThoughApart)
     const Measured measured = measureOneTiltedPlane(23);
     std::cout << "In one tilted plane: of " << measured.meeting << " pairs that overlap "
               << measured.missed << " were not reported, of " << measured.pairs - measured.meeting
-              << " that lie apart " << measured.reported << " were reported, the farthest at "
+              << " that are apart " << measured.reported << " were reported, the farthest at "
               << measured.farthest << " mm\n";
     EXPECT_GT(measured.reported, 0);
 }
 
-// Level, parallel bodies of 3 to 5 mm in a tilted frame, at the same height: their lids lie in one
+// The bodies are 3 to 5 mm thick, parallel and at the same height, so that their lids are in one
 // plane.
 TEST(ExactOverlap, LevelParallelImplantsInATiltedFrameCanBeReportedThoughApart)
 {
@@ -324,7 +324,7 @@ TEST(ExactOverlap, LevelParallelImplantsInATiltedFrameCanBeReportedThoughApart)
         std::make_unique<geometry::ShapeFactory>(loader);
     Random random(24);
     constexpr int pairs = 3000;
-    std::array<int, 6> reported{}; // by gaps of 0 to 0.5 mm, 0.5 to 1 mm ...
+    std::array<int, 6> reported{}; // for gaps of 0 to 0.5 mm, 0.5 to 1 mm and so on
     std::array<int, 6> tested{};
     int inOneOrder = 0;
     float farthest = 0.0F;

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/ImplantCollisions.h>
 
-// What the comparison of two records looks up: nothing where sizes or shared data decide, and
-// nothing behind the first set that differs.
+// What the comparison of two records looks up: nothing if sizes or shared data decide, and nothing
+// after the first set that differs.
 
 #include <tests/collision/CountingHash.h>
 
@@ -60,7 +60,7 @@ using dataobject::Nerve;
 
 struct ImplantCollisionsLookupTest : testing::Test
 {
-    // Two pairs of each kind, in sets of its own.
+    // Returns a record with two pairs of each kind, whose sets are not shared.
     ImplantCollisions record() const
     {
         ImplantCollisions result;
@@ -77,7 +77,7 @@ struct ImplantCollisionsLookupTest : testing::Test
     std::shared_ptr<AnchorPin3D> pin = std::make_shared<AnchorPin3D>();
 };
 
-// Two implants a pair; the mixed pairs hold one each.
+// A pair of implants takes two look-ups of implants, a mixed pair takes one.
 TEST_F(ImplantCollisionsLookupTest, EqualRecordsLookUpEveryPairOnce)
 {
     const ImplantCollisions one = record();
@@ -108,7 +108,7 @@ TEST_F(ImplantCollisionsLookupTest, SetsOfDifferentSizesLookUpNothing)
     EXPECT_EQ(lookups, Lookups());
 }
 
-TEST_F(ImplantCollisionsLookupTest, NothingIsLookedUpBehindTheFirstSetThatDiffers)
+TEST_F(ImplantCollisionsLookupTest, NothingIsLookedUpAfterTheFirstSetThatDiffers)
 {
     const ImplantCollisions one = record();
     ImplantCollisions other = record();

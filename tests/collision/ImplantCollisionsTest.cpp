@@ -49,7 +49,7 @@ struct ImplantCollisionsTest : testing::Test
 
 // ---- pairs
 
-TEST_F(ImplantCollisionsTest, PairOfImplantsIsTheSameEitherWayRoundLowerAddressFirst)
+TEST_F(ImplantCollisionsTest, PairOfImplantsHasTheLowerAddressFirstInEitherOrder)
 {
     EXPECT_EQ(makePair(a, b), makePair(b, a));
     EXPECT_TRUE(std::less<>()(makePair(a, b).first.get(), makePair(a, b).second.get()));
@@ -121,7 +121,7 @@ TEST_F(ImplantCollisionsTest, RecordsThatDifferInOneSetAreDifferent)
     ImplantCollisions other = full;
     EXPECT_TRUE(other == full);
 
-    other.implantImplantCollisions = {makePair(a, b), makePair(a, c)}; // as many, not the same
+    other.implantImplantCollisions = {makePair(a, b), makePair(a, c)}; // as many, but not the same
     EXPECT_TRUE(other != full);
     EXPECT_FALSE(other == full);
 

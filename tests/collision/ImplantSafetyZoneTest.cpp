@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/ImplantSafetyZone.h>
 
-// Safety zones: what is asked of the factory, where the parts stand, odd measures; the parameter
-// keys.
+// Safety zones: the requests to the factory, the places of the parts, and invalid measures. The
+// parameter keys.
 
 #include <CoreAlgorithms/model/data/Shapes.h>
 #include <CoreAlgorithms/model/dataobjects/Implants.h>
@@ -28,7 +28,7 @@ struct Request
     friend bool operator==(const Request&, const Request&) = default;
 };
 
-// Writes down what it is asked, and gives every node a transform of its own if told to.
+// Records its requests, and gives every node the transform that it was constructed with.
 class RecordingFactory : public geometry::ShapeFactory
 {
 public:
@@ -116,7 +116,7 @@ TEST_F(SafetyZoneTest, IsATreeOfBodyThenApexCap)
     EXPECT_EQ(root->getChild(1)->getName(), QStringLiteral("Cone"));
 }
 
-TEST_F(SafetyZoneTest, AsksForAClosedCylinderThenAClosedCone)
+TEST_F(SafetyZoneTest, RequestsAClosedCylinderThenAClosedCone)
 {
     zone(4.0F, 10.0F, 3.0F);
     EXPECT_EQ(requests, (std::vector<Request>{{"cylinder", {3.5F, 10.0F}, {false, false}},
@@ -130,9 +130,9 @@ TEST_F(SafetyZoneTest, WithoutMarginIsTheImplantsEnvelopeWithAFlatCone)
                                               {"cone", {2.0F, 0.0F}, {false}}}));
 }
 
-// Worked out by hand: radius 4 / 2 + 3 / 2; the body from the platform at 0 to the apex at -10, the
-// cone from there to -13.
-TEST_F(SafetyZoneTest, StandsFromThePlatformAtTheOriginDownToTheTipOfTheCone)
+// Computed by hand: the radius is 4 / 2 + 3 / 2, the body reaches from the platform at z = 0 to the
+// apex at -10, and the cone from there to -13.
+TEST_F(SafetyZoneTest, ReachesFromThePlatformAtTheOriginDownToTheTipOfTheCone)
 {
     const auto root = zone(4.0F, 10.0F, 3.0F);
     EXPECT_EQ(placedBox(*root->getChild(0)),
@@ -153,8 +153,7 @@ TEST_F(SafetyZoneTest, TipOfTheConePointsDownwards)
     EXPECT_EQ(tips, 1);
 }
 
-// Intended: the clearance to the sides is half that below the apex.
-TEST_F(SafetyZoneTest, ClearanceIsHalfTheMarginToTheSidesAndTheWholeMarginBelow)
+TEST_F(SafetyZoneTest, ClearanceIsHalfTheMarginToTheSidesAndTheWholeMarginBelowByDesign)
 {
     const primitives::BoundingBox tight = zone(4.0F, 10.0F, 0.0F)->getBoundingBox();
     const primitives::BoundingBox wide = zone(4.0F, 10.0F, 2.0F)->getBoundingBox();
@@ -164,8 +163,8 @@ TEST_F(SafetyZoneTest, ClearanceIsHalfTheMarginToTheSidesAndTheWholeMarginBelow)
     EXPECT_EQ(wide.max().z(), tight.max().z());
 }
 
-// The factory turns its nodes by 90 degrees about x (z goes to -y) and lifts them by 100 along x.
-// The zone's own matrices stand on the left: they move the turned node.
+// The factory rotates its nodes by 90 degrees about x, so that z becomes -y, and moves them by 100
+// along x. The zone's own matrices are on the left: they move the rotated node.
 TEST_F(SafetyZoneTest, AppliesItsPlacementAfterTheTransformOfTheFactory)
 {
     QMatrix4x4 ofFactory;
@@ -195,7 +194,7 @@ TEST_F(SafetyZoneTest, LeavesThePlacementOfTheImplantToTheCaller)
     EXPECT_EQ(implant.getObjectTransform(), placement);
 }
 
-TEST_F(SafetyZoneTest, EveryStepReadsTheMeasuresAfresh)
+TEST_F(SafetyZoneTest, EveryStepReadsTheMeasuresAgain)
 {
     zone(4.0F, 10.0F, 3.0F);
     EXPECT_EQ(implant.reads, 5); // radius, length, half length; radius, length
@@ -225,7 +224,7 @@ TEST_F(SafetyZoneTest, ReadsDiameterThenLengthForTheBodyThenForTheCap)
     EXPECT_EQ(root->getChild(1)->getTransform().column(3).z(), -50.0F);
 }
 
-TEST_F(SafetyZoneTest, OddMeasuresGoToTheFactoryAsTheyAre)
+TEST_F(SafetyZoneTest, InvalidMeasuresArePassedToTheFactoryUnchanged)
 {
     zone(0.0F, 0.0F, 0.0F);
     zone(-4.0F, -10.0F, -1.0F);

@@ -3,11 +3,12 @@
 #include <CoreAlgorithms/collision/BoundedMesh_p.h>
 
 // The cascade of objects, meshes, cells and triangles: touching boxes, objects inside others, which
-// triangles a cell lets through, which do not count, and meshes without sense.
+// pairs of triangles the cells let through, and meshes that are invalid or of any extent.
 
 #include <CoreAlgorithms/collision/CellTree_p.h>
 #include <CoreAlgorithms/collision/ImplantSafetyZone.h>
 
+#include <tests/collision/BoundedMeshBuilders.h>
 #include <tests/support/CollisionBuilders.h>
 #include <tests/support/PlainOverlap.h>
 
@@ -22,17 +23,11 @@ using collision::BoundedMesh;
 using collision::BoundedObject;
 using collision::overlaps;
 using primitives::BoundingBox;
+using test::oneTriangle;
 
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
 
-geometry::Mesh oneTriangle(const QVector3D& a, const QVector3D& b, const QVector3D& c)
-{
-    geometry::Mesh mesh({a, b, c}, {});
-    mesh.addTriangle(0, 1, 2);
-    return mesh;
-}
-
-// One mesh in one cell, both with the given box.
+// Returns a mesh that has one cell; both have the given box.
 BoundedMesh inOneCell(const geometry::Mesh& mesh, const BoundingBox& box)
 {
     QList<int> all;
@@ -176,21 +171,36 @@ TEST_F(OverlapTest, CellsMustTouchEachOther)
     EXPECT_FALSE(overlaps(a, b));
 }
 
-// Intended: the box of the first's triangle is compared with the second's cell, the box of the
-// second's triangle with nothing but itself. So a pair counts although the second's triangle lies
-// outside its cell, and does not count if the first's does.
+// The box of the first mesh's triangle is compared with the cell of the second, the box of the
+// second mesh's triangle with nothing but itself. So a pair counts even if the second's triangle is
+// outside its cell, and does not count if the first's is outside the other's cell.
 TEST_F(OverlapTest, OnlyTheFirstsTriangleMustTouchTheOthersCellByDesign)
 {
     const BoundingBox corner(50.0F, 50.0F, 50.0F, 60.0F, 60.0F, 60.0F);
     BoundedMesh a = inOneCell(floor, everywhere);
     BoundedMesh b = inOneCell(wall, everywhere);
-    a.cells[0].box = corner; // no triangle lies in it
+    a.cells[0].box = corner; // away from both triangles
     EXPECT_TRUE(overlaps(a, b));
     EXPECT_FALSE(overlaps(b, a));
 }
 
-// Level, parallel implants of 4 x 10 mm in a tilted frame, 0.94 mm apart: their platforms and flat
-// cones lie in nearly one plane. The placement comes from a search.
+// Two triangles in one tilted plane, 1.03 mm apart, that the triangle test reports because of its
+// rounding. A comparison of their boxes would rule them out.
+TEST_F(OverlapTest, BoxesOfTwoTrianglesAreNotComparedByDesign)
+{
+    const geometry::Mesh v = oneTriangle({0x1.cc153ap+4F, -0x1.10eadp+5F, 0x1.66cd6ep+4F},
+                                         {0x1.a9001p+4F, -0x1.13c732p+5F, 0x1.5d60bp+4F},
+                                         {0x1.bcc3ap+4F, -0x1.151eccp+5F, 0x1.5c8226p+4F});
+    const geometry::Mesh u = oneTriangle({0x1.c63c1ep+4F, -0x1.1a356ep+5F, 0x1.52cb24p+4F},
+                                         {0x1.a6a93p+4F, -0x1.1d7eeap+5F, 0x1.48d24ap+4F},
+                                         {0x1.d40fecp+4F, -0x1.24feaap+5F, 0x1.3d9684p+4F});
+    ASSERT_FALSE(v.getBoundingBox().intersects(u.getBoundingBox()));
+    EXPECT_TRUE(overlaps(inOneCell(v, everywhere), inOneCell(u, everywhere)));
+    EXPECT_TRUE(overlaps(inOneCell(u, everywhere), inOneCell(v, everywhere)));
+}
+
+// Level, parallel implants of 4 x 10 mm in a tilted frame, 0.94 mm apart: their platforms are in
+// nearly one plane, and so are their flat cones. The placement was found by a search.
 TEST_F(OverlapTest, KnownLimitLevelParallelImplantsApartCanBeReportedInOneOrderOnly)
 {
     const QMatrix4x4 tilted =
@@ -248,7 +258,7 @@ TEST_F(OverlapTest, MeshesWithoutTreesHaveTheSameVerdict)
     EXPECT_TRUE(overlaps(b.meshes[0], withoutTrees));
 }
 
-// As ACellOfTheFirstMustTouchTheMeshOfTheSecond, for triangles in many cells.
+// The same as ACellOfTheFirstMustTouchTheMeshOfTheSecond, for triangles in many cells.
 TEST_F(OverlapTest, ACellOfAWideTriangleMustTouchTheMeshOfTheSecond)
 {
     const auto inCellsOfFive = [](const geometry::Mesh& mesh) {
@@ -265,7 +275,7 @@ TEST_F(OverlapTest, ACellOfAWideTriangleMustTouchTheMeshOfTheSecond)
     EXPECT_FALSE(overlaps(a, b));
 }
 
-// ---- copies, which share what the first test has made
+// ---- copies, which share the trees that the first test has made
 
 struct CopiesTest : OverlapTest
 {
@@ -315,7 +325,7 @@ TEST_F(CopiesTest, WithOtherCellsHaveTheVerdictOfTheirCells)
 
 // ---- objects of any extent
 
-// One triangle whose box touches all 40^3 cells of 5 mm.
+// Returns one triangle whose box touches all 40^3 cells of 5 mm.
 BoundedObject throughManyCells(float height)
 {
     Surface3DModel surface;
@@ -337,7 +347,7 @@ TEST_F(OverlapTest, MeshesOfManyCellsAreComparedByTheirTriangles)
 
 TEST_F(OverlapTest, NarrowAndWideTrianglesOfAnOutstretchedMeshAreFound)
 {
-    // A canal with one vertex 5 m away: its six triangles touch cells all along the way.
+    // A canal with one vertex 5 m away, whose six triangles touch all cells up to there.
     geometry::Mesh mesh = test::makeCanal(2000);
     QList<QVector3D> vertices = mesh.getVertices();
     const qsizetype middle = vertices.size() / 2;

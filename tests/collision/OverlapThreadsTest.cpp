@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/BoundedMesh_p.h>
 
-// The same objects and copies of them tested from several threads at once, each for the first time,
-// so that threads meet where trees are made. The verdicts show little; built with
-// -fsanitize=thread, the test fails at every access that is not ordered.
+// Several threads test the same objects and copies of them at once. Each object is tested for the
+// first time, so that several threads make its trees. The verdicts alone show little: build with
+// -fsanitize=thread, and the test fails at every access that is not synchronized.
 
 #include <tests/support/CollisionBuilders.h>
 
@@ -29,7 +29,7 @@ BoundedObject nerve()
     return collision::makeBoundedObject(surface);
 }
 
-// A canal with a vertex 300 mm away: wide triangles among narrow ones.
+// Returns a canal with a vertex 300 mm away, which has wide triangles among narrow ones.
 BoundedObject nerveWithAnOutlier()
 {
     geometry::Mesh mesh = test::makeCanal(3000);
@@ -41,7 +41,7 @@ BoundedObject nerveWithAnOutlier()
     return collision::makeBoundedObject(surface);
 }
 
-// At vertex `number` of the canal.
+// Returns a pin at vertex `number` of the canal.
 BoundedObject pinAt(int number)
 {
     const QVector3D place = test::makeCanal(3000).getVertices()[number];
@@ -49,7 +49,7 @@ BoundedObject pinAt(int number)
     return collision::makeBoundedObject(*pin->getShapeNode(), pin->getObjectTransform(), 100.0F);
 }
 
-// All threads start together and do the same.
+// Runs the same work in all threads, which start it together.
 template <typename Work>
 void runInThreads(Work work)
 {
@@ -96,7 +96,7 @@ TEST(OverlapFromSeveralThreads, CopiesThatAreMovedHaveTheVerdictOfTheirPlace)
         runInThreads([&] {
             BoundedMesh copy = canal.meshes[0];
             hits += overlaps(canal, pin) ? 1 : 0;
-            // Out of the reach of the pin, but within the cells.
+            // Moves it out of the reach of the pin, but not of its cells.
             copy.mesh.applyTransformation(test::translation(0.0F, 0.0F, 60.0F));
             hitsOfMoved += overlaps(copy, pin.meshes[0]) ? 1 : 0;
         });

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/collision/TriangleIntersection_p.h>
 
-// The exact test of two triangles: crossing, touching and separate ones, coplanar ones along every
-// axis, degenerate ones, and the limits that its rounding sets. Coordinates are exactly
-// representable unless said otherwise.
+// The test of two triangles that cross, touch or are apart, that are coplanar in planes along every
+// axis, or that are degenerate, and the limits that rounding sets. Coordinates are exactly
+// representable unless a comment says otherwise.
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ bool intersect(const TestTriangle& v, const TestTriangle& u)
     return collision::trianglesIntersect(v[0], v[1], v[2], u[0], u[1], u[2]);
 }
 
-// Both operand orders and all orders of the vertices.
+// Checks both orders of the triangles and all orders of their vertices.
 void expectInAllOrders(bool expected, const TestTriangle& v, const TestTriangle& u)
 {
     constexpr std::array<std::array<std::size_t, 3>, 6> orders{
@@ -38,7 +38,7 @@ void expectInAllOrders(bool expected, const TestTriangle& v, const TestTriangle&
     }
 }
 
-// In the plane z = 0.
+// A triangle in the plane z = 0.
 const TestTriangle kFloor{{{0.0F, 0.0F, 0.0F}, {4.0F, 0.0F, 0.0F}, {0.0F, 4.0F, 0.0F}}};
 
 TEST(TrianglesIntersect, IfTheyCross)
@@ -47,7 +47,7 @@ TEST(TrianglesIntersect, IfTheyCross)
                       {{{1.0F, 1.0F, -1.0F}, {1.0F, 1.0F, 1.0F}, {2.0F, 1.0F, 1.0F}}});
 }
 
-TEST(TrianglesIntersect, NotIfOneLiesBesideTheOthersPlane)
+TEST(TrianglesIntersect, NotIfOneIsOnOneSideOfTheOthersPlane)
 {
     expectInAllOrders(false, kFloor,
                       {{{1.0F, 1.0F, 1.0F}, {1.0F, 1.0F, 2.0F}, {2.0F, 1.0F, 1.0F}}});
@@ -55,7 +55,7 @@ TEST(TrianglesIntersect, NotIfOneLiesBesideTheOthersPlane)
 
 TEST(TrianglesIntersect, NotIfTheirIntervalsOnTheLineAreApart)
 {
-    // Crosses the plane z = 0 from (5, 1, 0) to (6, 1, 0), kFloor ends at (3, 1, 0) on that line.
+    // The second crosses z = 0 from (5, 1, 0) to (6, 1, 0); kFloor ends at (3, 1, 0) on that line.
     expectInAllOrders(false, kFloor,
                       {{{5.0F, 1.0F, -1.0F}, {5.0F, 1.0F, 1.0F}, {7.0F, 1.0F, 1.0F}}});
 }
@@ -84,7 +84,7 @@ TEST(TrianglesIntersect, IfTheirIntervalsOnlyTouch)
 
 TEST(TrianglesIntersect, NotIfTheirIntervalsAreOneStepApart)
 {
-    // As above, moved by one unit in the last place.
+    // The same triangles, one float apart.
     const float beyond = std::nextafter(3.0F, 4.0F);
     const TestTriangle u{{{beyond, 1.0F, -1.0F}, {beyond, 1.0F, 1.0F}, {7.0F, 1.0F, 1.0F}}};
     EXPECT_FALSE(intersect(kFloor, u));
@@ -104,7 +104,7 @@ TEST(TrianglesIntersect, NotIfTheyAreParallel)
 
 // ---- in one plane
 
-// The same pair in the planes z = 0, x = 0, y = 0 and x + y + z = 0.
+// Checks the same pair in the planes z = 0, x = 0, y = 0 and x + y + z = 0.
 void expectInOnePlane(bool expected, const TestTriangle& v, const TestTriangle& u)
 {
     const auto turned = [](const TestTriangle& t, int how) {
@@ -153,10 +153,9 @@ TEST(CoplanarTriangles, DoNotIntersectIfTheyAreApart)
                      {{{4.5F, 0.0F, 0.0F}, {6.0F, 1.0F, 0.0F}, {6.0F, -1.0F, 0.0F}}});
 }
 
-// The coordinate along which the normal is longest is dropped; of equal ones z before y before x,
-// unless x exceeds y alone. With the normal (1, 1, 0) the coordinate y goes: seen along it the
-// triangles are apart, along z they would be lines.
-TEST(CoplanarTriangles, AreSeenAlongYIfTheNormalIsAsLongAlongXAndY)
+// The coordinate along which the normal is longest is dropped. For the normal (1, 1, 0), this is y:
+// projected along y, the triangles are apart; projected along z, they would be lines.
+TEST(CoplanarTriangles, AreProjectedAlongYIfTheNormalIsAsLongAlongXAndY)
 {
     const TestTriangle v{{{0.0F, 0.0F, 0.0F}, {2.0F, -2.0F, 0.0F}, {0.0F, 0.0F, 2.0F}}};
     const TestTriangle apart{{{3.0F, -3.0F, 0.0F}, {4.0F, -4.0F, 0.0F}, {3.0F, -3.0F, 2.0F}}};
@@ -165,14 +164,14 @@ TEST(CoplanarTriangles, AreSeenAlongYIfTheNormalIsAsLongAlongXAndY)
     expectInAllOrders(true, v, meeting);
 }
 
-// ---- degenerate triangles, with which no intervals can be formed: all distances from their plane
-// are zero
+// ---- degenerate triangles: all distances from their planes are zero, so that they give no
+// intervals
 
-TEST(DegenerateTriangles, AreSeenInThePlaneOfTheFirst)
+TEST(DegenerateTriangles, AreProjectedIntoThePlaneOfTheFirst)
 {
     const TestTriangle needle{{{1.0F, 1.0F, -1.0F}, {1.0F, 1.0F, 1.0F}, {1.0F, 1.0F, 1.0F}}};
-    // Its two distinct ends lie on either side of kFloor, its plane has no normal. In the plane z =
-    // 0 of kFloor the needle is the point (1, 1), inside.
+    // The two distinct ends of the needle are on either side of kFloor, and its plane has no
+    // normal. Projected into the plane z = 0, it is the point (1, 1), which is inside kFloor.
     EXPECT_TRUE(intersect(kFloor, needle));
     const TestTriangle beside{{{3.0F, 3.0F, -1.0F}, {3.0F, 3.0F, 1.0F}, {3.0F, 3.0F, 1.0F}}};
     EXPECT_FALSE(intersect(kFloor, beside));
@@ -185,9 +184,9 @@ TEST(DegenerateTriangles, ThatArePointsMeetNothingTheyDoNotTouch)
     EXPECT_FALSE(intersect(point, kFloor));
 }
 
-// The plane of the first passes half of the largest float above the floor, but its normal
-// overflows: distances that are no numbers rule nothing out. The plane of the second can still tell
-// that all of the first is above it.
+// The plane of the wide triangle is half of the largest float above the floor, but its normal
+// overflows, and distances that are NaN rule nothing out. The plane of the triangle below can still
+// show that all of the wide one is above it.
 TEST(DegenerateTriangles, OfTheLargestFloatsAreReportedUnlessTheOthersPlaneRulesThemOut)
 {
     const float huge = std::numeric_limits<float>::max();
@@ -198,7 +197,7 @@ TEST(DegenerateTriangles, OfTheLargestFloatsAreReportedUnlessTheOthersPlaneRules
     expectInAllOrders(false, wide, below);
 }
 
-// Where all products underflow, a triangle has neither a plane nor edges, and does not even meet
+// If all products underflow, a triangle has neither a plane nor edges, and does not even meet
 // itself.
 TEST(DegenerateTriangles, OfTheSmallestFloatsDoNotMeetThemselves)
 {
@@ -212,9 +211,9 @@ TEST(DegenerateTriangles, OfTheSmallestFloatsDoNotMeetThemselves)
 
 // ---- what rounding does
 
-// Two triangles that were drawn in one tilted plane, their vertices rounded: the distances from
-// each other's planes are rounding noise. Their nearest points are 1.03 mm apart, as exact
-// arithmetic finds.
+// The two triangles were drawn in one tilted plane and their vertices rounded, so that the
+// distances from each other's planes are rounding noise. By exact arithmetic, they are 1.03 mm
+// apart.
 TEST(TrianglesIntersect, KnownLimitNearlyCoplanarTrianglesApartMayBeReported)
 {
     const TestTriangle v{{{0x1.cc153ap+4F, -0x1.10eadp+5F, 0x1.66cd6ep+4F},

@@ -17,6 +17,7 @@
 
 namespace test {
 
+/// Returns an implant of these measures in mm at the placement.
 inline std::shared_ptr<dataobject::Implant3D> makeImplant(float diameterMm, float lengthMm,
                                                           const QMatrix4x4& placement = {})
 {
@@ -26,6 +27,7 @@ inline std::shared_ptr<dataobject::Implant3D> makeImplant(float diameterMm, floa
     return implant;
 }
 
+/// Returns a nerve with this surface, which is in the scene.
 inline std::shared_ptr<dataobject::Nerve> makeNerve(const geometry::Mesh& mesh)
 {
     auto nerve = std::make_shared<dataobject::Nerve>();
@@ -33,7 +35,7 @@ inline std::shared_ptr<dataobject::Nerve> makeNerve(const geometry::Mesh& mesh)
     return nerve;
 }
 
-/// A pin whose tree has a root without a shape and one closed cylinder along z.
+/// Returns a pin whose tree has a root without a shape and one closed cylinder along z.
 inline std::shared_ptr<dataobject::AnchorPin3D> makePin(float radiusMm, float lengthMm,
                                                         const QMatrix4x4& placement = {})
 {
@@ -47,7 +49,7 @@ inline std::shared_ptr<dataobject::AnchorPin3D> makePin(float radiusMm, float le
     return pin;
 }
 
-/// An open tube round the points, two triangles for every step and segment.
+/// Returns an open tube around the points, with two triangles for every step and segment.
 inline geometry::Mesh makeTube(const QList<QVector3D>& axis, float radiusMm, int segments)
 {
     QList<QVector3D> vertices;
@@ -75,7 +77,8 @@ inline geometry::Mesh makeTube(const QList<QVector3D>& axis, float radiusMm, int
     return {vertices, indices};
 }
 
-/// A canal of 60 mm that bends like that of the lower jaw, of about that many triangles.
+/// Returns a canal of 60 mm that bends like that of the lower jaw. The number of triangles differs
+/// from `numTriangles` by less than 10 % from 200 triangles up.
 inline geometry::Mesh makeCanal(int numTriangles, float radiusMm = 1.25F)
 {
     const int segments = std::max(

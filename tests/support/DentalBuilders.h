@@ -23,6 +23,7 @@ inline QList<QVector3D> pathAlongX(int size)
     return path;
 }
 
+/// Names the place of a tooth along makeArch().
 struct ToothPlace
 {
     int tooth;
@@ -42,12 +43,14 @@ inline std::shared_ptr<PlanarDentalSpline> makeArch(int samples,
     return spline;
 }
 
+/// Returns a permanent tooth that is present.
 inline std::shared_ptr<dataobject::Tooth> makeTooth(int number)
 {
     return std::make_shared<dataobject::Tooth>(
         ToothChart::Tooth(number), dataobject::Tooth::Present, dataobject::Tooth::Permanent);
 }
 
+/// Returns a mouth with makeTooth() for each number.
 inline std::shared_ptr<dataobject::Mouth> makeMouth(std::initializer_list<int> numbers)
 {
     auto mouth = std::make_shared<dataobject::Mouth>();
@@ -56,7 +59,7 @@ inline std::shared_ptr<dataobject::Mouth> makeMouth(std::initializer_list<int> n
     return mouth;
 }
 
-/// Has the given boxes, whatever its voxels.
+/// Returns the boxes that a test sets, whatever its voxels.
 class ScanWithBoxes : public CTData
 {
 public:

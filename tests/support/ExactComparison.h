@@ -15,31 +15,35 @@
 
 namespace test {
 
-/// Equal bits; NaN is NaN, its sign and payload are nobody's promise.
+/// Returns whether two numbers have equal bits. Any two NaN are equal: their signs and payloads are
+/// not specified.
 inline bool sameBits(double a, double b)
 {
     return (std::isnan(a) && std::isnan(b)) ||
            std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
 }
 
+/// Returns whether two points have equal bits.
 inline bool sameBits(const QPointF& a, const QPointF& b)
 {
     return sameBits(a.x(), b.x()) && sameBits(a.y(), b.y());
 }
 
+/// Returns whether two points have equal bits.
 inline bool sameBits(const QVector3D& a, const QVector3D& b)
 {
     return sameBits(double(a.x()), double(b.x())) && sameBits(double(a.y()), double(b.y())) &&
            sameBits(double(a.z()), double(b.z()));
 }
 
-// QPointF and QVector3D compare fuzzily in part; these do not.
+/// Expects exactly this point. operator== of QPointF and QVector3D would allow a small difference.
 inline void expectPoint(const QPointF& point, double x, double y)
 {
     EXPECT_TRUE(point.x() == x && point.y() == y)
         << "(" << point.x() << ", " << point.y() << ") is not (" << x << ", " << y << ")";
 }
 
+/// Expects exactly this point.
 inline void expectPoint(const QVector3D& point, float x, float y, float z)
 {
     EXPECT_TRUE(point.x() == x && point.y() == y && point.z() == z)
@@ -47,13 +51,15 @@ inline void expectPoint(const QVector3D& point, float x, float y, float z)
         << y << ", " << z << ")";
 }
 
+/// Expects exactly these ends of a line.
 inline void expectLine(const QLineF& line, double x1, double y1, double x2, double y2)
 {
     expectPoint(line.p1(), x1, y1);
     expectPoint(line.p2(), x2, y2);
 }
 
-/// Column by column, the first three components of each; the fourths must be 0, 0, 0, 1.
+/// Expects exactly these axes and origin as the columns of the matrix, and 0, 0, 0, 1 as its last
+/// row.
 inline void expectFrame(const QMatrix4x4& matrix, const QVector3D& x, const QVector3D& y,
                         const QVector3D& z, const QVector3D& origin)
 {

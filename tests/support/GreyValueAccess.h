@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+// These give tests access to what the classes keep private.
+
 struct TissueEstimationHistogramTestAccess
 {
     static TissueEstimationHistogram withBins(int width, int start, std::vector<float> bins)

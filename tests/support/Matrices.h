@@ -6,6 +6,7 @@
 
 namespace test {
 
+/// Returns a translation in mm.
 inline QMatrix4x4 translation(float x, float y, float z)
 {
     QMatrix4x4 matrix;

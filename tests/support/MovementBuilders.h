@@ -13,7 +13,7 @@
 
 namespace test {
 
-/// A surgery with the four occlusion movements, not yet in any mode, which it owns.
+/// Holds a surgery and the four occlusion movements that it owns. No mode is set.
 struct SurgeryWithMovements
 {
     SurgeryWithMovements()
@@ -62,6 +62,7 @@ inline QStringList stateOf(const Movement& movement, const QStringList& modes)
     return lines;
 }
 
+/// Returns all that the movements of a surgery hold, as lines that are equal if no bit differs.
 inline QStringList stateOf(const MaxillofacialSurgery& surgery, const QStringList& modes)
 {
     QStringList lines;

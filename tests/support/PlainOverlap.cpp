@@ -24,7 +24,7 @@ Corners cornersOf(const geometry::Mesh& mesh, int t)
     return {vertices[indices[first]], vertices[indices[first + 1]], vertices[indices[first + 2]]};
 }
 
-// Not by includePoint(), which takes a box of the origin alone for nothing.
+// Does not use includePoint(), which treats a box that is only the origin as empty.
 primitives::BoundingBox boxOf(const Corners& c)
 {
     return {std::min({c.p0.x(), c.p1.x(), c.p2.x()}), std::min({c.p0.y(), c.p1.y(), c.p2.y()}),
@@ -65,7 +65,7 @@ Interval sorted(float a, float b)
     return a > b ? Interval{b, a} : Interval{a, b};
 }
 
-// p0 lies alone on its side.
+// Returns the interval of a triangle whose vertex 0 is alone on its side.
 Interval cut(float p0, float p1, float p2, float d0, float d1, float d2)
 {
     const float first = p0 + (p1 - p0) * d0 / (d0 - d1);
@@ -73,10 +73,11 @@ Interval cut(float p0, float p1, float p2, float d0, float d1, float d2)
     return sorted(first, second);
 }
 
-// False if the triangle lies in the other's plane.
+// Returns false if the triangle is in the other's plane.
 bool computeInterval(float p0, float p1, float p2, float d0, float d1, float d2, Interval& interval)
 {
-    // In the published order, two pairs of which cut alike. NOLINTBEGIN(bugprone-branch-clone)
+    // The published order of the cases, of which two pairs are alike.
+    // NOLINTBEGIN(bugprone-branch-clone)
     if (d0 * d1 > 0.0F)
         interval = cut(p2, p0, p1, d2, d0, d1);
     else if (d0 * d2 > 0.0F)
@@ -93,7 +94,8 @@ bool computeInterval(float p0, float p1, float p2, float d0, float d1, float d2,
     return true;
 }
 
-// The edge from v to v + (ax, ay) against the edge from u0 to u1, in the coordinates i and j.
+// Returns whether the edge from v to v + (ax, ay) meets the edge from u0 to u1, in the coordinates
+// i and j.
 bool edgeAgainstEdge(const QVector3D& v, float ax, float ay, const QVector3D& u0,
                      const QVector3D& u1, int i, int j)
 {
@@ -317,7 +319,7 @@ bool overlaps(const BoundedMesh& a, const BoundedMesh& b)
                 for (const int number : cb.triangles) {
                     const Corners u = cornersOf(b.mesh, number);
                     const primitives::BoundingBox box = boxOf(u);
-                    if (!box.intersects(box)) // always true for finite triangles
+                    if (!box.intersects(box)) // never, for finite triangles
                         continue;
                     if (trianglesIntersect(v.p0, v.p1, v.p2, u.p0, u.p1, u.p2))
                         return true;

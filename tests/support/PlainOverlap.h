@@ -11,10 +11,9 @@
 #include <QMatrix4x4>
 #include <QVector3D>
 
-/// The grid, the cascade of boxes and the triangle test written out step by step, with nothing kept
-/// between tests and nothing left out: what the library's overlap test must agree with, and what
-/// its speed is measured against. For meshes with finite vertices and index entries that name
-/// vertices.
+/// Implements the grid, the cascade of boxes and the triangle test step by step, without caches and
+/// shortcuts. The library's overlap test must give the same verdicts, and its speed is measured
+/// against this one. Meshes must have finite vertices and index entries that name vertices.
 namespace test::plain {
 
 struct BoundedMesh
@@ -30,14 +29,20 @@ struct BoundedObject
     primitives::BoundingBox box;
 };
 
+/// Returns the placed meshes of a tree of shapes, in cells of `cellSize` mm.
 BoundedObject makeBoundedObject(const geometry::ShapeNode& root, const QMatrix4x4& transform,
                                 float cellSize);
+/// Returns the placed mesh of a surface, in cells of 5 mm.
 BoundedObject makeBoundedObject(const Surface3DModel& model);
+/// Returns the cells that have triangles.
 QList<geometry::BoundedTriangles> makeBoundedTriangles(const geometry::Mesh& mesh,
                                                        const primitives::BoundingBox& box,
                                                        float cellSize);
+/// Returns whether a triangle of `a` intersects a triangle of `b`.
 bool overlaps(const BoundedObject& a, const BoundedObject& b);
+/// Returns whether a triangle of `a` intersects a triangle of `b`.
 bool overlaps(const BoundedMesh& a, const BoundedMesh& b);
+/// Returns whether two triangles intersect.
 bool trianglesIntersect(const QVector3D& V0, const QVector3D& V1, const QVector3D& V2,
                         const QVector3D& U0, const QVector3D& U1, const QVector3D& U2);
 

@@ -29,9 +29,9 @@
 #include <memory>
 #include <utility>
 
-/// A plan that holds one object of every kind that a new scanner frame moves. Each of them writes
-/// its name into one log when it is moved. Initially, every position of the plan is (1, 2, 3), and
-/// every placement the shift to that point.
+// A plan that holds one object of every kind that a new scanner frame moves. Each of them writes
+// its name into one log when it is moved. Initially, every position of the plan is (1, 2, 3), and
+// every placement is the translation to that point.
 namespace test {
 
 inline const QVector3D kStart{1.0F, 2.0F, 3.0F};
@@ -43,7 +43,7 @@ inline QMatrix4x4 startPlacement()
     return matrix;
 }
 
-/// Holds the names of calls in their order; a name that follows itself is written once.
+/// Holds the names of moved objects in their order. A name that follows itself is written once.
 class MoveLog
 {
 public:
@@ -73,7 +73,7 @@ private:
     QString name;
 };
 
-/// Logs the moves of what has applyTransform().
+/// Logs the moves of an object that has applyTransform().
 template <typename Kind>
 class LoggingTransformed : public Logging<Kind>
 {
@@ -86,7 +86,7 @@ public:
     }
 };
 
-/// Logs the moves of what has changePosition(position).
+/// Logs the moves of an object that has changePosition(position).
 template <typename Kind>
 class LoggingPositioned : public Logging<Kind>
 {
@@ -238,7 +238,7 @@ public:
     }
 };
 
-/// Makes a volume of 10 x 10 x 10 voxels of 1 mm: from -0.5 to 9.5 along each axis, center 4.5.
+/// Returns a volume of 10 x 10 x 10 voxels of 1 mm, from -0.5 to 9.5 along each axis.
 inline std::shared_ptr<CTDataVolumeObject> makeVolumeObject()
 {
     const auto volume = std::make_shared<ImageVolume>();
@@ -311,8 +311,8 @@ struct WholePlan
         log.names.clear();
     }
 
-    /// Returns the objects against the order of the steps. A null entry and objects that no step
-    /// moves are among them.
+    /// Returns the objects in the reverse order of the steps, with a null entry and objects that no
+    /// step moves among them.
     QList<DataObject*> objects() const
     {
         return {canal.get(),

@@ -25,6 +25,7 @@ inline std::shared_ptr<PlanarReslice> makePlanarReslice(float widthMm, float hei
     return reslice;
 }
 
+/// Returns a cephalometric reslice of the given size in mm, placed by the matrix.
 inline std::shared_ptr<CephReslice> makeCephReslice(float widthMm, float heightMm,
                                                     const QMatrix4x4& worldFromReslice = {})
 {
@@ -65,7 +66,7 @@ public:
         return from + (to - from) * static_cast<float>(engine() >> 8) * 0x1p-24F;
     }
 
-    // Braces draw from left to right; the order of a call's arguments would be the compiler's
+    // Braces draw from left to right. The order of a call's arguments would be the compiler's
     // choice.
     QVector3D point(float reach)
     {

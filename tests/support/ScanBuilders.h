@@ -97,7 +97,7 @@ public:
     bool throwing = false;
 };
 
-/// A surface without a model.
+/// Makes a surface scan that has no model.
 template <typename Scan>
 class WithoutModel : public Scan
 {

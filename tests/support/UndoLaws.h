@@ -13,8 +13,8 @@
 
 namespace test {
 
-/// The laws of every undo command, on random commands on a stack. The state is all that a command
-/// may change, as lines that are equal if nothing differs by a bit.
+/// Checks the laws of every undo command with random commands on a stack. The state is all that a
+/// command may change, as lines that are equal if no bit differs.
 class UndoLaws
 {
 public:
@@ -30,7 +30,7 @@ public:
     void expectUndoRestores(bool commandsChangeNothingWhenMade)
     {
         QList<QStringList> states;
-        for (int round = 0; round < kRounds; ++round) {
+        for (int round = 0; round < ROUNDS; ++round) {
             SCOPED_TRACE(round);
             QUndoCommand* command = make(random);
             const QStringList before = state();
@@ -52,7 +52,7 @@ public:
     /// stack. Some commands start from an earlier state than the one before left.
     void expectRedoRepeats()
     {
-        for (int round = 0; round < kRounds; ++round) {
+        for (int round = 0; round < ROUNDS; ++round) {
             SCOPED_TRACE(round);
             stack.push(make(random));
             const QStringList after = state();
@@ -72,7 +72,7 @@ public:
     }
 
 private:
-    static constexpr int kRounds = 300;
+    static constexpr int ROUNDS = 300;
 
     MakeCommand make;
     ReadState state;

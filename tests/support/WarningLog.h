@@ -8,7 +8,8 @@
 
 namespace test {
 
-/// Keeps what is logged while it lives, word for word, instead of printing it. One at a time.
+/// Records every message that is logged during its lifetime, unchanged, instead of printing it.
+/// There may be one at a time.
 class WarningLog
 {
 public:
