@@ -1,18 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// The collisions of a plan with twelve implants, six pins and two nerves of 2,000, 20,000 and
-// 200,000 triangles each: ImplantCollisionDetector beside the plain transcription of its rules and,
-// where these are installed, FCL with trees of oriented boxes, CGAL with trees of upright boxes and
-// exact predicates, and Embree's trees with the plain test.
+// Detects the collisions of a plan with twelve implants, six pins and two nerves of 2,000, 20,000
+// and 200,000 triangles each. Compares ImplantCollisionDetector with the plain transcription of its
+// rules and with those of these peers that are installed: FCL with trees of oriented boxes, CGAL
+// with trees of axis-aligned boxes and exact predicates, and Embree's trees with the plain test.
 //
-//     W1  the first detection of everything, trees and caches included
-//     W2  dragging one implant along its nerve, 500 steps of 0.1 mm, each with a new detection
-//     W3  the same detection again and again for one implant whose zone hovers 0.05 mm beside one
-//     nerve
+//     W1  the first detection of everything, including the trees and caches
+//     W2  a drag of one implant along its nerve, 500 steps of 0.1 mm, each with a detection
+//     W3  repeated detection of one implant whose zone is 0.05 mm from one nerve
 //
-// The counter `colliding` is the number of colliding pairs, in W2 their mean over the steps; the
-// engines round differently, so that it may differ a little. The table at the end compares the
-// medians of the CPU time.
+// The counter `colliding` is the number of colliding pairs, in W2 their mean over the steps. It may
+// differ between engines, which round differently. The table at the end compares the medians of the
+// CPU time.
 #include <benchmarks/CollisionEngines.h>
 
 #include <benchmark/benchmark.h>
@@ -105,7 +104,7 @@ void hover(benchmark::State& state, const EngineKind& kind, int trianglesPerNerv
     state.counters["colliding"] = colliding;
 }
 
-// Prints what the console reporter prints, and keeps the medians.
+// Prints what the console reporter prints, and stores the medians.
 class Medians : public benchmark::ConsoleReporter
 {
 public:
@@ -120,7 +119,7 @@ public:
         }
     }
 
-    // A row for each workload and size: the plain time, then the ratio of each engine to it.
+    // Prints a row for each workload and size: the plain time, then the ratio of each engine to it.
     void printRatios(const std::vector<std::string>& workloads) const
     {
         std::printf("\n%-10s %12s", "", "plain, ms");
@@ -144,7 +143,7 @@ public:
     }
 
 private:
-    std::map<std::string, double> milliseconds; // by name
+    std::map<std::string, double> milliseconds; // by the benchmark's name
 };
 
 } // namespace

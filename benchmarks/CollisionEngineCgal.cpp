@@ -36,8 +36,8 @@ Surface surface(const geometry::Mesh& mesh)
     return result;
 }
 
-// A tree of upright boxes for each object, built once, with exact predicates; a move changes a
-// matrix.
+// Keeps a tree of axis-aligned boxes for each object, built once, with exact predicates. A move
+// changes a matrix.
 class Cgal : public PairwiseEngine<std::size_t>
 {
 public:

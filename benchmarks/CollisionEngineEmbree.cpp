@@ -14,8 +14,8 @@ namespace {
 
 using Triangle = std::array<QVector3D, 3>;
 
-// A scene of one surface, placed: Embree sees triangles as boxes and leaves the exact test to its
-// caller.
+// Keeps a scene with one placed surface. Embree treats triangles as boxes and leaves the exact test
+// to its caller.
 struct Body
 {
     Body() = default;

@@ -41,7 +41,7 @@ void build(const geometry::Mesh& mesh, const QMatrix4x4& placement, Body& body)
     body.placement = isometry(placement);
 }
 
-// A tree of oriented boxes for each object, built once; a move changes a matrix.
+// Keeps a tree of oriented boxes for each object, built once. A move changes a matrix.
 class Fcl : public PairwiseEngine<Body>
 {
 public:

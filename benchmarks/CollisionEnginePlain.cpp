@@ -10,7 +10,8 @@ namespace benchmarks {
 
 namespace {
 
-// Keeps what the detector keeps, and builds an implant's zones anew after each move as it does.
+// Keeps what the detector keeps and, like the detector, builds an implant's zones again after a
+// move.
 class Plain : public PairwiseEngine<test::plain::BoundedObject>
 {
 public:

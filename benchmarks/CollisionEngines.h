@@ -9,10 +9,11 @@
 #include <string>
 #include <vector>
 
-/// What the collision benchmarks compare, behind one interface: the detector, its plain
-/// transcription, and libraries that answer the same questions in their own way.
+// The engines that the collision benchmarks compare: the detector, its plain transcription, and
+// other libraries.
 namespace benchmarks {
 
+/// Detects the collisions of a plan.
 class Engine
 {
 public:
@@ -28,14 +29,15 @@ public:
     virtual int implantHasMoved(int implant) = 0;
 };
 
+/// Names an engine and makes it. The plan must outlive the engine, which computes nothing before
+/// detectAll().
 struct EngineKind
 {
     std::string name;
-    std::unique_ptr<Engine> (*make)(
-        const Plan& plan); ///< nothing is computed yet; the plan must outlive it
+    std::unique_ptr<Engine> (*make)(const Plan& plan);
 };
 
-/// Those that this program was built with: ours, the plain transcription, then the others.
+/// Returns the engines of this program: ours, the plain transcription, then the peers.
 std::vector<EngineKind> engineKinds();
 
 std::unique_ptr<Engine> makeOurs(const Plan& plan);
@@ -44,8 +46,8 @@ std::unique_ptr<Engine> makeFcl(const Plan& plan);
 std::unique_ptr<Engine> makeCgal(const Plan& plan);
 std::unique_ptr<Engine> makeEmbree(const Plan& plan);
 
-/// The bookkeeping of an engine that has none of its own: which pairs are tested, and their
-/// verdicts. `Body` is the engine's form of one surface.
+/// Decides which pairs are tested and keeps their verdicts, for engines that only test two
+/// surfaces. `Body` is the engine's form of one surface.
 template <typename Body>
 class PairwiseEngine : public Engine
 {
@@ -116,8 +118,8 @@ private:
     }
 
     const Plan& plan;
-    std::vector<Body> envelopes; ///< of margin 0
-    std::vector<Body> zones;     ///< of margin 3
+    std::vector<Body> envelopes; // zones of margin 0.0
+    std::vector<Body> zones;     // zones of margin 3.0
     std::vector<Body> nerves;
     std::vector<Body> pins;
     std::vector<bool> verdicts;

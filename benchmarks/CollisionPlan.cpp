@@ -18,14 +18,14 @@ namespace benchmarks {
 
 namespace {
 
-// Frame of the arch before it is tilted: x to the left, y to the back, z up; the platforms are at z
-// = 0.
+// The frame of the arch before it is tilted: x to the left, y to the back, z up. The platforms are
+// at z = 0.
 
 constexpr int kImplants = 12;
 constexpr int kPins = 6;
 constexpr float kPi = std::numbers::pi_v<float>;
 constexpr float kNerveRadius = 1.5F;
-constexpr float kCanalDepth = 16.5F; // of the centre line below the platforms
+constexpr float kCanalDepth = 16.5F; // mm from the platforms down to the center line
 
 QMatrix4x4 tilt()
 {
@@ -35,14 +35,14 @@ QMatrix4x4 tilt()
     return matrix;
 }
 
-// The arch seen from above; t from -1 (right) to 1 (left).
+// Returns a point of the arch, for t from -1 (right) to 1 (left).
 QVector3D archAt(float t)
 {
     return {27.0F * t, 45.0F * t * t, 0.0F};
 }
 
-// A canal of 60 mm: an arc of 66 degrees in space, below the arch from behind the last implant to
-// the fourth. s runs from 0 (back) to 1.
+// Returns a point of a canal of 60 mm, for s from 0 (back) to 1. The canal is an arc of 66 degrees
+// in space, below the arch from behind the last implant to the fourth.
 QVector3D canalAt(float s, float side)
 {
     constexpr float radius = 52.0F;
@@ -52,7 +52,7 @@ QVector3D canalAt(float s, float side)
             -kCanalDepth + 10.0F * (1.0F - s) * (1.0F - s) * (1.0F - s)};
 }
 
-// The same number of segments along a millimetre of the canal and of its girth, about.
+// Returns the surface of a canal, whose triangles are about as long as wide.
 geometry::Mesh tube(int triangles, float side)
 {
     const float girth = 2.0F * kPi * kNerveRadius;
@@ -63,7 +63,7 @@ geometry::Mesh tube(int triangles, float side)
     vertices.reserve(qsizetype(along + 1) * around);
     for (int i = 0; i <= along; ++i) {
         const float s = static_cast<float>(i) / static_cast<float>(along);
-        const QVector3D centre = canalAt(s, side);
+        const QVector3D center = canalAt(s, side);
         const QVector3D direction =
             (canalAt(s + 0.001F, side) - canalAt(s - 0.001F, side)).normalized();
         const QVector3D across =
@@ -71,7 +71,7 @@ geometry::Mesh tube(int triangles, float side)
         const QVector3D other = QVector3D::crossProduct(direction, across);
         for (int k = 0; k < around; ++k) {
             const float angle = 2.0F * kPi * static_cast<float>(k) / static_cast<float>(around);
-            vertices.append(centre +
+            vertices.append(center +
                             kNerveRadius * (std::cos(angle) * across + std::sin(angle) * other));
         }
     }
@@ -144,7 +144,7 @@ std::unique_ptr<geometry::ShapeNode> safetyZone(dataobject::Implant3D& implant, 
     return collision::generateSafetyZone(factory, implant, margin);
 }
 
-// Beside the nerve, halfway along it, at a distance from its centre line.
+// Returns a placement at a distance in mm from the center line of the nerve, halfway along it.
 QMatrix4x4 besideTheNerve(float distance)
 {
     QMatrix4x4 placement = tilt();

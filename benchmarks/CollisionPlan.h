@@ -10,10 +10,10 @@
 
 #include <memory>
 
-/// The plans that the collision benchmarks run on. All stand in a frame that is tilted against the
-/// axes.
+// The plans of the collision benchmarks. Their frame is tilted against the axes of the scene.
 namespace benchmarks {
 
+/// Holds the objects of a plan.
 struct Plan
 {
     QList<std::shared_ptr<dataobject::Implant3D>> implants;
@@ -21,23 +21,24 @@ struct Plan
     QList<std::shared_ptr<dataobject::AnchorPin3D>> pins;
 };
 
-/// Twelve implants along an arch, two canals of 60 mm below them, right and left, and six pins from
-/// outside.
+/// Returns a plan with twelve implants along an arch, two canals of 60 mm below them, right and
+/// left, and six pins that reach in from outside.
 Plan fullArch(int trianglesPerNerve);
 
-/// Where the first implant of the full arch stands in each step of a drag: 500 steps of 0.1 mm at
-/// the height of its platform, straight above the left canal and from the back to the front.
-/// Behind, where the canal rises, its zone cuts the nerve; in front it passes 2 mm above it; and it
-/// passes through other implants. Step 0 is the start.
+/// The number of steps of a drag, without the start.
 inline constexpr int kDragSteps = 500;
+/// Returns the placement of the first implant of the full arch at a step of its drag; step 0 is the
+/// start. Each step is 0.1 mm from the back to the front, straight above the left canal. At the
+/// back, where the canal rises, the implant's zone cuts the nerve; at the front it passes 2 mm
+/// above it. On the way, the implant passes through other implants.
 QMatrix4x4 dragPlacement(int step);
 
-/// One implant with its zone 0.05 mm beside one nerve.
+/// Returns a plan with one implant, whose zone is 0.05 mm from one nerve.
 Plan hovering(int trianglesPerNerve);
 
-/// The surface of an implant's safety zone, in the implant's frame.
+/// Returns the surface of an implant's safety zone, in the implant's frame.
 geometry::Mesh safetyZoneMesh(dataobject::Implant3D& implant, float margin);
-/// The surface of a pin, in the pin's frame.
+/// Returns the surface of a pin, in the pin's frame.
 geometry::Mesh pinMesh(dataobject::AnchorPin3D& pin);
 
 } // namespace benchmarks

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// The sample of a path nearest to a point: ComputeIndexOnGuidingLine beside a plain loop and beside
-// a k-d tree (nanoflann) that is built for the call. Arguments: samples of the path, points. All
-// three give the same indices, of equally near samples the first. readPath only reads the path's
-// bytes: what memory lets through.
+// Finds the sample of a path that is nearest to a point. Compares ComputeIndexOnGuidingLine with a
+// plain loop and with a k-d tree (nanoflann) that is built for the call. Arguments: the numbers of
+// samples and of points. All three return the first of equally near samples. readPath only reads
+// the bytes of the path, which shows the speed of the memory.
 #include <CoreAlgorithms/dental/ComputeIndexOnGuidingLine.h>
 
 #include <tests/support/ResliceBuilders.h>
@@ -22,8 +22,8 @@ namespace {
 
 using Path = QList<QVector3D>;
 
-// Half an ellipse of the size of an arch. Coordinates are whole 64ths of a mm, so that the longer
-// paths hold samples that are equal.
+// Returns half an ellipse of the size of an arch. Coordinates are multiples of 1/64 mm, so that the
+// longer paths have equal samples.
 Path makePath(int size)
 {
     Path path;
@@ -86,8 +86,9 @@ struct PointCloud
 using Tree = nanoflann::KDTreeSingleIndexAdaptor<nanoflann::L2_Simple_Adaptor<float, PointCloud>,
                                                  PointCloud, 3>;
 
-// Of equally near samples the first. The tree passes over what is not nearer than worstDist(), by
-// sums that round otherwise than the distances: a little more is let through.
+// Keeps the first of equally near samples. The tree skips samples that are not nearer than
+// worstDist(), by sums that it rounds in another order, so worstDist() is a little larger than the
+// smallest distance.
 class FirstNearest
 {
 public:
@@ -165,8 +166,8 @@ void kdTree(benchmark::State& state)
 void readPath(benchmark::State& state)
 {
     const Path path = makePath(static_cast<int>(state.range(0)));
-    // memchr reads at the full speed of the machine; the byte that it looks for is there only
-    // behind the end.
+    // memchr reads at the full speed of the machine. The byte that it looks for does not occur
+    // before the end.
     std::vector<unsigned char> bytes(static_cast<std::size_t>(path.size()) * sizeof(QVector3D) + 1,
                                      1);
     bytes.back() = 2;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// A million points onto a planar reslice: CoordinateMapper beside a loop over an Eigen affine
-// transform that fills the same list, and beside the point-by-point operation, which inverts the
-// reslice's matrix for every point.
+// Maps a million points onto a planar reslice. Compares the list operation of CoordinateMapper with
+// a loop over an Eigen affine transform that fills the same list, and with the operation for one
+// point, which inverts the reslice's matrix for every point.
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 #include <CoreAlgorithms/reslice/CoordinateMapper.h>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// Sixty oriented boxes out of a 512 x 512 x 400 volume: the sampling of the histogram creator
-// beside a triple loop that asks for every voxel of a box's hull whether it is inside. Before
-// anything is timed, the program checks that both give equal values in equal order and how much
-// memory ours takes beyond its result.
+// Samples sixty oriented boxes of a 512 x 512 x 400 volume. Compares the sampling of the histogram
+// creator with a triple loop that tests every voxel of a box's hull. Before it measures, the
+// program checks that both give equal values in equal order and how much memory ours takes beyond
+// its result.
 #include <CoreAlgorithms/greyvalue/BoxSampling_p.h>
 #include <CoreAlgorithms/model/data/VexelImage3D.h>
 #include <CoreAlgorithms/model/math/OrientedBoundingBox.h>
@@ -26,7 +26,7 @@ namespace {
 std::atomic<std::size_t> allocated{0};
 std::atomic<std::size_t> mostAllocated{0};
 
-// Keeps the size in front of the block.
+// Stores the size in front of the block.
 constexpr std::size_t kHeader = alignof(std::max_align_t);
 
 } // namespace
@@ -73,20 +73,20 @@ struct Scene
         auto* voxel = static_cast<std::int16_t*>(image.dataPtr());
         for (std::size_t i = 0; i < image.voxelCount(); ++i)
             voxel[i] = static_cast<std::int16_t>(i * 2654435761U >> 16U);
-        // A head that is tilted in the scanner.
+        // The head is tilted in the scanner.
         QMatrix4x4 worldFromVoxel;
         worldFromVoxel.rotate(12.0F, 1.0F, 0.3F, -0.2F);
         worldFromVoxel.scale(kVoxelMm);
         voxelFromWorld = worldFromVoxel.inverted();
         test::RandomGeometry random(1);
         for (int i = 0; i < 60; ++i) {
-            const QVector3D centre =
+            const QVector3D center =
                 worldFromVoxel.map({random.number(60.0F, 450.0F), random.number(60.0F, 450.0F),
                                     random.number(60.0F, 340.0F)});
-            // Every other box that of a landmark, the rest those of teeth.
+            // Every other box has the size of a landmark's region, the rest that of a tooth's.
             const QVector3D half =
                 i % 2 == 0 ? QVector3D(5.0F, 5.0F, 5.0F) : QVector3D(2.5F, 2.5F, 4.0F);
-            boxes.emplace_back(centre - half, centre + half);
+            boxes.emplace_back(center - half, center + half);
         }
     }
 
@@ -142,7 +142,7 @@ void tripleLoop(benchmark::State& state)
 BENCHMARK(sampleBoxes)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
 BENCHMARK(tripleLoop)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
 
-// False if ours differs from the plain loop, or takes a mebibyte or more beyond its result.
+// Returns whether ours equals the plain loop and takes less than 1 MiB beyond its result.
 bool check()
 {
     const Scene& once = scene();

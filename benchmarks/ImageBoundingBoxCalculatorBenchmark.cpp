@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// The visible content of an image of 4,000 x 4,000 pixels, near its centre:
-// ImageBoundingBoxCalculator beside the four searches by QImage::pixel(), for every image format.
-// Their results are compared first.
+// Finds the visible content, near the center, of an image of 4,000 x 4,000 pixels. Compares
+// ImageBoundingBoxCalculator with four searches by QImage::pixel(), for every image format. The
+// program checks first that their results are equal.
 #include <CoreAlgorithms/reslice/ImageBoundingBoxCalculator.h>
 
 #include <QImage>
@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kSide = 4000;
 
-QImage centred(QImage::Format format, int side)
+QImage centered(QImage::Format format, int side)
 {
     QImage image(side, side, QImage::Format_ARGB32);
     image.fill(0U);
@@ -58,7 +58,7 @@ QRect pixelByPixel(const QImage& image)
 bool formatsAgree()
 {
     for (int format = QImage::Format_Invalid + 1; format < QImage::NImageFormats; ++format) {
-        const QImage image = centred(static_cast<QImage::Format>(format), 200);
+        const QImage image = centered(static_cast<QImage::Format>(format), 200);
         if (ImageBoundingBoxCalculator::createBoundingBox(image) != pixelByPixel(image))
             return false;
     }
@@ -67,7 +67,7 @@ bool formatsAgree()
 
 void boundingBox(benchmark::State& state)
 {
-    const QImage image = centred(QImage::Format_ARGB32, kSide);
+    const QImage image = centered(QImage::Format_ARGB32, kSide);
     if (!formatsAgree() ||
         ImageBoundingBoxCalculator::createBoundingBox(image) != pixelByPixel(image)) {
         state.SkipWithError("the rectangle differs from the one by pixels");
@@ -79,7 +79,7 @@ void boundingBox(benchmark::State& state)
 
 void boundingBoxByPixels(benchmark::State& state)
 {
-    const QImage image = centred(QImage::Format_ARGB32, kSide);
+    const QImage image = centered(QImage::Format_ARGB32, kSide);
     for (auto _ : state)
         benchmark::DoNotOptimize(pixelByPixel(image));
 }

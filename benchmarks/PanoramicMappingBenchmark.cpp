@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// 100,000 points into a panoramic view of 1,000 columns: the list operation beside a plain
-// transcription that searches the nearest sample and inverts two matrices for every point; their
-// results are compared bit for bit first. And the whole view of 1,000 x 400 pixels to world
-// positions, beside a loop over Eigen vectors that reads the geometry once. And a short segment,
-// beside the operation for one point for each of its samples.
+// Maps 100,000 points into a panoramic view of 1,000 columns. Compares the list operation with a
+// plain transcription that searches the nearest sample and inverts two matrices for every point,
+// after a check that their results are equal bit for bit. Also maps the whole view of 1,000 x 400
+// pixels to world positions, compared with a loop over Eigen vectors that reads the geometry once,
+// and a short segment, compared with the operation for one point for each of its samples.
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 #include <CoreAlgorithms/reslice/CoordinateMapper.h>
@@ -35,7 +35,7 @@ struct Scene
 {
     Scene()
     {
-        // An arch: a parabola 50 mm wide and 60 mm deep, samples 0.15 mm apart.
+        // The arch is a parabola 50 mm wide and 60 mm deep, with samples 0.15 mm apart.
         QList<QVector3D> path;
         float x = -50.0F;
         for (int i = 0; i < kColumns; ++i) {
@@ -51,7 +51,7 @@ struct Scene
         test::RandomGeometry random(1);
         for (int i = 0; i < kPoints; ++i)
             points.append(path[i * 7919 % kColumns] +
-                          random.point(15.0F)); // no point follows its neighbour
+                          random.point(15.0F)); // no point follows a neighbor
     }
 
     std::shared_ptr<PanoramicReslice> reslice;
@@ -168,7 +168,7 @@ struct Segment
     QVector3D p2;
 };
 
-// Of the number of steps and half a one, beside the path.
+// Returns a segment near the path that is half a step longer than the number of steps.
 Segment segmentOf(std::int64_t steps)
 {
     const QVector3D p1 = scene().reslice->getPath()[300] + QVector3D(0.01F, 0.02F, 3.0F);

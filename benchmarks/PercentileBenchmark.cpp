@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// Percentiles of ten million floats: the first of CalculatePercentile, which sorts, and further
-// ones, beside std::nth_element. percentile_numpy.py times numpy on the same samples.
+// Computes percentiles of ten million floats. Compares the first one of CalculatePercentile, which
+// sorts, and seven further ones with std::nth_element. percentile_numpy.py measures numpy on the
+// same samples.
 #include <CoreAlgorithms/greyvalue/CalculatePercentile.h>
 
 #include <benchmark/benchmark.h>
@@ -15,7 +16,7 @@ namespace {
 constexpr int kSamples = 10'000'000;
 constexpr float kPercentiles[] = {0.5F, 5.0F, 25.0F, 50.0F, 75.0F, 95.0F, 99.5F};
 
-// Grey values as of a CT, from -1000 to 3000; percentile_numpy.py makes the same.
+// Returns grey values like those of a CT, from -1000 to 3000. percentile_numpy.py makes the same.
 const std::vector<float>& samples()
 {
     static const std::vector<float> once = [] {
@@ -42,7 +43,7 @@ void firstPercentile(benchmark::State& state)
     }
 }
 
-// Linear between the two samples around the rank, as ours.
+// Interpolates between the two samples around the rank, as CalculatePercentile does.
 float nthElement(std::vector<float>& values, float percent)
 {
     const double place = static_cast<double>(percent) / 100.0 * kSamples - 0.5;

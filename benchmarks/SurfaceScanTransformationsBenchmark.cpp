@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// A scan of a million vertices: one change of state beside the same product in Eigen over the
-// vertex array, in place and vertex by vertex; and the height of the scan beyond its centre beside
-// the plain loop over QQuaternion::rotatedVector().
+// Moves a scan of a million vertices. Compares one change of state with the same product in Eigen
+// over the vertex array, in place and vertex by vertex. Also measures the height of the scan above
+// its center, compared with a plain loop over QQuaternion::rotatedVector().
 #include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
 #include <CoreAlgorithms/model/math/Operations.h>
 #include <CoreAlgorithms/transforms/SurfaceScanTransformations.h>
@@ -33,13 +33,13 @@ struct Scene
         scan.setSurfaceScanAlignment(test::randomAlignment(random, true));
         for (const QVector3D& vertex : vertices)
             eigenVertices.emplace_back(vertex.x(), vertex.y(), vertex.z());
-        centre = scan.getCenterOfMass();
+        center = scan.getCenterOfMass();
     }
 
     SurfaceScan scan;
     QMatrix4x4 planning;
     std::vector<Eigen::Vector3f> eigenVertices;
-    QVector3D centre;
+    QVector3D center;
 };
 
 Scene& scene()
@@ -115,7 +115,7 @@ void heightOffsetByQtsRotation(benchmark::State& state)
     }
 }
 
-void centreOfMass(benchmark::State& state)
+void centerOfMass(benchmark::State& state)
 {
     for (auto _ : state)
         benchmark::DoNotOptimize(scene().scan.getCenterOfMass());
@@ -135,6 +135,6 @@ BENCHMARK(heightOffsetByQtsRotation)
     ->Unit(benchmark::kMillisecond)
     ->Repetitions(9)
     ->ReportAggregatesOnly();
-BENCHMARK(centreOfMass)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
+BENCHMARK(centerOfMass)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly();
 
 } // namespace

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 # SPDX-License-Identifier: MIT
-"""Percentiles of ten million floats by numpy, to be read beside percentile_benchmarks; needs python3-numpy."""
+"""Measures percentiles of ten million floats by numpy, to be compared with percentile_benchmarks. Needs
+python3-numpy."""
 import time
 
 import numpy
@@ -12,7 +13,8 @@ REPETITIONS = 5
 
 
 def samples():
-    """The samples of PercentileBenchmark.cpp: a linear congruential generator, in blocks of powers of its factor."""
+    """Returns the samples of PercentileBenchmark.cpp, from the same linear congruential generator, in blocks of powers
+    of its factor."""
     states = numpy.empty(COUNT, dtype=numpy.uint32)
     factor, offset, filled = 1664525, 1013904223, 1
     states[0] = (factor + offset) & 0xFFFFFFFF
