@@ -49,21 +49,20 @@ struct BoundedObject;
 ///
 /// For bodies in general position, the result equals that of exact arithmetic unless the gap or
 /// overlap is below 1e-4 mm. Nearly coplanar faces are a known limit: level, parallel implants in a
-/// tilted frame can be reported as colliding though they are apart, and whether they are can depend
-/// on which of the two has the lower address. Of 3,000 random such pairs, 73 % at gaps below 0.5 mm
+/// tilted frame can be reported as colliding though they are apart, and the verdict can depend on
+/// which of the two has the lower address. Of 3,000 random such pairs, 73 % at gaps below 0.5 mm
 /// were reported, 39 % at 0.5 to 1 mm, 16 % at 1 to 1.5 mm, 4 % at 1.5 to 2 mm and 1 % at 2 to 3
 /// mm, the farthest at 2.65 mm.
 ///
 /// Null objects are ignored. An implant whose diameter or length is not positive and finite
 /// collides with nothing. So does an object without triangles, with a vertex that is not finite, or
-/// with an index entry that names no vertex. The detector keeps the objects in its verdicts
-/// and caches alive. It is for one thread.
+/// with an index entry that names no vertex. The detector keeps the objects in its verdicts and
+/// caches alive. It is for one thread.
 class COREALGORITHMS_EXPORT ImplantCollisionDetector
     : public patterns::Observable<ImplantCollisionDetector, std::nullptr_t>
 {
 public:
-    /// Makes a detector without verdicts. It keeps a reference to the loader, which must outlive
-    /// it.
+    /// Makes a detector without verdicts. The loader must outlive it.
     explicit ImplantCollisionDetector(geometry::ShapeLoader& shapeLoader);
     ImplantCollisionDetector(const ImplantCollisionDetector&) = delete;
     ImplantCollisionDetector& operator=(const ImplantCollisionDetector&) = delete;
