@@ -11,24 +11,8 @@
 namespace {
 
 using test::ChangeCounter;
-using test::expectTypes;
 using test::expectVector;
 using test::quarterTurnAndShift;
-
-TEST(Annotations, AreOfTheirTypes)
-{
-    expectTypes(PointAnnotation(), {});
-    expectTypes(LineAnnotation(), {});
-    expectTypes(GreyValueMeasurement(), {});
-    expectTypes(PencilAnnotation3D(), {});
-    expectTypes(ArrowAnnotation3D(), {});
-    expectTypes(CircleAnnotation3D(), {});
-    expectTypes(TextAnnotation3D(), {});
-    expectTypes(CustomResliceAnnotation(), {});
-    expectTypes(CephPlaneBase(), {});
-    expectTypes(dataobject::AttachablePoint(), {});
-    expectTypes(dataobject::PointBased3DAnnotationBase(), {});
-}
 
 TEST(PointAnnotation, TellsItsNewPosition)
 {

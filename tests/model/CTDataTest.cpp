@@ -33,10 +33,6 @@ TEST(LandmarkAnnotation, HasATypeAndNoPositionAtFirst)
     const LandmarkAnnotation landmark(landmarkDetection::Nasion);
     EXPECT_EQ(landmark.getType(), 14);
     EXPECT_FALSE(landmark.getPosition(VolumeContext));
-    EXPECT_TRUE(landmark.isOfType(LandmarkBase::getClassTypeId()));
-    EXPECT_TRUE(landmark.isOfType(DataObject::getClassTypeId()));
-    EXPECT_TRUE(landmark.isOfType(LandmarkAnnotation::getClassTypeId()));
-    EXPECT_FALSE(landmark.isOfType(CTData::getClassTypeId()));
 }
 
 TEST(LandmarkAnnotation, HasAPositionInEachContextByItself)
@@ -80,8 +76,6 @@ TEST(CTData, StartsWithoutVolumeLandmarksAndExtent)
     EXPECT_TRUE(ct.getTotalResampleTransformedBoundingBox().isNull());
     EXPECT_EQ(ct.getTotalResampleNHPTransformation(), QMatrix4x4());
     EXPECT_EQ(ct.getOcclusalPlaneDefinition(), CTData::OcclusalPlaneAtCentre);
-    EXPECT_TRUE(ct.isOfType(CTData::getClassTypeId()));
-    EXPECT_FALSE(ct.isOfType(ImageVolume::getClassTypeId()));
 }
 
 TEST(CTData, ReachesHalfAVoxelBeyondTheOutermostCentres)

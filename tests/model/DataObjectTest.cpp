@@ -49,32 +49,6 @@ protected:
 
 // ---- types and sharing
 
-TEST(PropertyObject, IsOfItsTypeAndOfThatOfItsBase)
-{
-    const PropertyObject object;
-    EXPECT_TRUE(object.isOfType(PropertyObject::getClassTypeId()));
-    EXPECT_TRUE(object.isOfType(CoreObject::getClassTypeId()));
-    EXPECT_FALSE(object.isOfType(DataObject::getClassTypeId()));
-    EXPECT_FALSE(object.isOfType(QString()));
-}
-
-TEST(DataObject, IsOfItsTypeAndOfThoseOfItsBases)
-{
-    const DataObject object;
-    EXPECT_TRUE(object.isOfType(DataObject::getClassTypeId()));
-    EXPECT_TRUE(object.isOfType(PropertyObject::getClassTypeId()));
-    EXPECT_TRUE(object.isOfType(CoreObject::getClassTypeId()));
-    EXPECT_FALSE(object.isOfType(QString()));
-    EXPECT_FALSE(object.isOfType(QStringLiteral("dataobject"))) << "case counts";
-}
-
-TEST(DataObject, HasAnIdentifierOfItsOwn)
-{
-    EXPECT_NE(DataObject::getClassTypeId(), PropertyObject::getClassTypeId());
-    EXPECT_NE(DataObject::getClassTypeId(), CoreObject::getClassTypeId());
-    EXPECT_NE(PropertyObject::getClassTypeId(), CoreObject::getClassTypeId());
-}
-
 TEST(DataObject, GivesItsOwningPointer)
 {
     const auto owner = std::make_shared<DataObject>();

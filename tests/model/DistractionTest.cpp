@@ -17,15 +17,8 @@
 
 namespace {
 
-using test::expectTypes;
 using test::expectVector;
 using test::quarterTurnAndShift;
-
-TEST(Distraction, AreOfTheirTypes)
-{
-    expectTypes(TempShell(), {SurfaceTree::getClassTypeId()});
-    expectTypes(Distractor(), {});
-}
 
 TEST(Distractor, MovesToAPositionWithoutTurning)
 {
@@ -43,7 +36,6 @@ TEST(Distractor, MovesToAPositionWithoutTurning)
 TEST(TemporomandibularJoint, KeepsItsLine)
 {
     dataobject::TemporomandibularJoint joint;
-    expectTypes(joint, {});
     EXPECT_EQ(joint.getGuidingLine(), nullptr);
     const auto line = std::make_shared<GuidingLine>();
     joint.setGuidingLine(line);
@@ -54,8 +46,6 @@ TEST(Endodontics, KeepTheirPositionsAndTellThem)
 {
     dataobject::Apex apex;
     dataobject::RootCanal canal;
-    expectTypes(apex, {});
-    expectTypes(canal, {});
     test::ChangeCounter counter;
     apex.attach(&counter);
     canal.attach(&counter);

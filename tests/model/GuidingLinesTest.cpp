@@ -60,17 +60,6 @@ TEST(GuidingLineEvent, IsAChangeOfThePathByDefault)
     EXPECT_EQ(events::GuidingLineEvent().type, events::GuidingLineEvent::PathChanged);
 }
 
-TEST(GuidingLine, IsOfItsTypeAndOfThoseOfItsBases)
-{
-    const GuidingLine line;
-    EXPECT_TRUE(line.isOfType(GuidingLine::getClassTypeId()));
-    EXPECT_TRUE(line.isOfType(DataObject::getClassTypeId()));
-    EXPECT_TRUE(line.isOfType(PropertyObject::getClassTypeId()));
-    EXPECT_TRUE(line.isOfType(CoreObject::getClassTypeId()));
-    EXPECT_FALSE(line.isOfType(QStringLiteral("Reslice")));
-    EXPECT_FALSE(line.isOfType(QString()));
-}
-
 TEST(GuidingLine, GivesItsOwningPointer)
 {
     const auto owner = std::make_shared<GuidingLine>();

@@ -82,9 +82,6 @@ TEST(Point, GivesItsPositionAndTellsAChange)
     EXPECT_EQ(point.getPosition(), QVector3D(4.0F, 5.0F, 6.0F));
     EXPECT_EQ(recorder.changes, 1);
     EXPECT_EQ(Point().getPosition(), kNull);
-    EXPECT_TRUE(point.isOfType(Point::getClassTypeId()));
-    EXPECT_TRUE(point.isOfType(DataObject::getClassTypeId()));
-    EXPECT_FALSE(point.isOfType(GuidingLine::getClassTypeId()));
 }
 
 // Directions
@@ -145,17 +142,6 @@ TEST(GuidingLine, IsMovedSampleBySample)
 }
 
 // Splines
-
-TEST(GuidingSplines, AreOfTheirTypesAndOfThoseOfTheirBases)
-{
-    const PlanarDentalSpline spline;
-    for (const QString& type :
-         {PlanarDentalSpline::getClassTypeId(), PlanarGuidingSpline::getClassTypeId(),
-          GuidingSpline::getClassTypeId(), GuidingLine::getClassTypeId()})
-        EXPECT_TRUE(spline.isOfType(type)) << type.toStdString();
-    EXPECT_FALSE(GuidingSpline().isOfType(PlanarGuidingSpline::getClassTypeId()));
-    EXPECT_FALSE(PlanarGuidingSpline().isOfType(PlanarDentalSpline::getClassTypeId()));
-}
 
 TEST(GuidingSpline, StartsWithoutPointsAndWithASmoothCurveSampledEveryTenthOfAMillimetre)
 {

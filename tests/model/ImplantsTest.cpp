@@ -24,13 +24,6 @@ using dataobject::Nerve;
 
 static_assert(static_cast<int>(TransformManipulationType::ScannerTransformation) == 3);
 
-TEST(Implant3D, IsOfItsTypeAndOfThoseOfItsBases)
-{
-    EXPECT_TRUE(Implant3D().isOfType(Implant3D::getClassTypeId()));
-    EXPECT_TRUE(Implant3D().isOfType(DataObject::getClassTypeId()));
-    EXPECT_FALSE(Implant3D().isOfType(AnchorPin3D::getClassTypeId()));
-}
-
 TEST(Implant3D, KeepsDimensionsAndPlacement)
 {
     Implant3D implant;
@@ -64,13 +57,6 @@ TEST(Implant3D, TellsOfEachChange)
     EXPECT_EQ(counter.changes, 2);
 }
 
-TEST(AnchorPin3D, IsOfItsTypeAndOfThoseOfItsBases)
-{
-    EXPECT_TRUE(AnchorPin3D().isOfType(AnchorPin3D::getClassTypeId()));
-    EXPECT_TRUE(AnchorPin3D().isOfType(DataObject::getClassTypeId()));
-    EXPECT_FALSE(AnchorPin3D().isOfType(Implant3D::getClassTypeId()));
-}
-
 TEST(AnchorPin3D, OwnsItsTreeOfShapes)
 {
     AnchorPin3D pin;
@@ -91,8 +77,6 @@ TEST(AnchorPin3D, OwnsItsTreeOfShapes)
 TEST(Nerve, IsASurfaceOfTheScene)
 {
     Nerve nerve;
-    EXPECT_TRUE(nerve.isOfType(Nerve::getClassTypeId()));
-    EXPECT_TRUE(nerve.isOfType(Surface3DModel::getClassTypeId()));
     nerve.setMesh(geometry::Mesh({{1.0F, 1.0F, 1.0F}}, {}));
     nerve.setObjectTransform(test::translation(1.0F, 0.0F, 0.0F));
     EXPECT_EQ(nerve.getSceneBoundingBox().min(), QVector3D(2.0F, 1.0F, 1.0F));

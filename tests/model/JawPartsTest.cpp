@@ -11,22 +11,7 @@
 
 namespace {
 
-using test::expectTypes;
 using test::expectVector;
-
-TEST(JawParts, AllTurn)
-{
-    const QStringList bases = {Surface3DModel::getClassTypeId(),
-                               SurgeryPlanningPart::getClassTypeId(),
-                               RotatableSurgeryPlanningPart::getClassTypeId()};
-    expectTypes(Maxilla(), bases);
-    expectTypes(Mandibula(), bases);
-    expectTypes(FrontSegment(), bases);
-    expectTypes(LeftSegment(), bases);
-    expectTypes(RightSegment(), bases);
-    EXPECT_FALSE(SurgeryPlanningPart().isOfType(RotatableSurgeryPlanningPart::getClassTypeId()));
-    EXPECT_FALSE(FrontSegment().isOfType(Maxilla::getClassTypeId()));
-}
 
 TEST(RotatableSurgeryPlanningPart, KeepsItsRotationPosition)
 {

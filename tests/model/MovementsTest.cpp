@@ -31,18 +31,6 @@ QMatrix4x4 shift(float x)
     return matrix;
 }
 
-TEST(Movements, AreOfTheirTypeAndOfThoseOfTheirBases)
-{
-    const QString movement = Movement::getClassTypeId();
-    test::expectTypes(Movement(QString()), {});
-    test::expectTypes(OcclusionMovement(QString()), {movement});
-    test::expectTypes(CompositeMovement(QString()), {movement});
-    test::expectTypes(FixedMovement(QString()), {movement});
-    test::expectTypes(MaxillofacialSurgery(), {});
-    EXPECT_FALSE(FixedMovement(QString()).isOfType(OcclusionMovement::getClassTypeId()));
-    EXPECT_FALSE(CompositeMovement(QString()).isOfType(OcclusionMovement::getClassTypeId()));
-}
-
 TEST(MovementTypes, AreFourAndItsGettersTellThem)
 {
     const MovementTypes types(nullptr);

@@ -11,21 +11,8 @@
 
 namespace {
 
-using test::expectTypes;
 using test::expectVector;
 using test::quarterTurnAndShift;
-
-TEST(PatientSurfaces, AreSurfaceModels)
-{
-    const QStringList bases = {Surface3DModel::getClassTypeId()};
-    expectTypes(SoftTissueModel(), bases);
-    expectTypes(Skin(), bases);
-    expectTypes(OsteotomySurface(), bases);
-    expectTypes(ShowObject(), bases);
-    expectTypes(dataobject::SurgicalSplint(), bases);
-    expectTypes(dataobject::Airway(), bases);
-    expectTypes(dataobject::PatientSurfaceModel(), bases);
-}
 
 TEST(PatientSurfaces, AreMovedRelatively)
 {
@@ -37,15 +24,6 @@ TEST(PatientSurfaces, AreMovedRelatively)
     }
     // (1, 2, 3) to (8, 21, 33), and on to (10 - 21, 20 + 8, 30 + 33).
     expectVector(skin.getMesh().getVertices().first(), -11.0F, 28.0F, 63.0F);
-}
-
-TEST(PlacedSurfaces, AreSurfaceModels)
-{
-    const QStringList bases = {Surface3DModel::getClassTypeId(),
-                               PlacedSurfaceModel::getClassTypeId()};
-    expectTypes(VirtualTooth(), bases);
-    expectTypes(dataobject::SurgicalTemplate3D(), bases);
-    expectTypes(dataobject::PreviewSurgicalTemplate(), bases);
 }
 
 TEST(PlacedSurfaces, PlacementIsReplacedAndTheMeshStays)

@@ -21,12 +21,6 @@ QMatrix4x4 shift(float x)
     return matrix;
 }
 
-TEST(Plans, AreOfTheirTypes)
-{
-    test::expectTypes(LockedImplantPlan(), {});
-    test::expectTypes(PlannedToPostOpCollection(), {});
-}
-
 TEST(LockedImplantPlan, KeepsPlacementsAndComposesTheScannerOrientation)
 {
     LockedImplantPlan plan;

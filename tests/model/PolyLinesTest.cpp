@@ -64,11 +64,6 @@ protected:
     PolyLine line;
 };
 
-TEST_F(PolyLineTest, IsOfItsType)
-{
-    test::expectTypes(line, {});
-}
-
 TEST_F(PolyLineTest, GivesItsPointsAndTheirPositions)
 {
     EXPECT_EQ(line.getNumPositions(), 3);

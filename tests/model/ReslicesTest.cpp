@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 
-// The reslices: types along their hierarchy, values of a new one, extents, directions, and
+// The reslices: values of a new one, extents, directions, and
 // notification by setters.
 
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
@@ -15,68 +15,10 @@
 #include <functional>
 #include <limits>
 #include <memory>
-#include <set>
-#include <vector>
 
 namespace {
 
 static_assert(meta::FromLeft == 1, "the point of view that turns the x axis round");
-
-// ---- types
-
-const std::vector<QString>& allTypeIds()
-{
-    static const std::vector<QString> ids{
-        CoreObject::getClassTypeId(),    PropertyObject::getClassTypeId(),
-        DataObject::getClassTypeId(),    Reslice::getClassTypeId(),
-        PlanarReslice::getClassTypeId(), PanoramicReslice::getClassTypeId(),
-        CephReslice::getClassTypeId(),   GuidingLine::getClassTypeId(),
-    };
-    return ids;
-}
-
-std::set<QString> typesOf(const CoreObject& object)
-{
-    std::set<QString> types;
-    for (const QString& id : allTypeIds()) {
-        if (object.isOfType(id))
-            types.insert(id);
-    }
-    return types;
-}
-
-TEST(TypeIds, AreDistinct)
-{
-    EXPECT_EQ(std::set<QString>(allTypeIds().begin(), allTypeIds().end()).size(), 8U);
-}
-
-TEST(TypeIds, OfAnObjectAreItsOwnAndThoseOfItsBases)
-{
-    const QString core = CoreObject::getClassTypeId();
-    const QString property = PropertyObject::getClassTypeId();
-    const QString data = DataObject::getClassTypeId();
-    const QString reslice = Reslice::getClassTypeId();
-    using Ids = std::set<QString>;
-    EXPECT_EQ(typesOf(CoreObject()), Ids({core}));
-    EXPECT_EQ(typesOf(PropertyObject()), Ids({core, property}));
-    EXPECT_EQ(typesOf(DataObject()), Ids({core, property, data}));
-    EXPECT_EQ(typesOf(Reslice()), Ids({core, property, data, reslice}));
-    EXPECT_EQ(typesOf(PlanarReslice()),
-              Ids({core, property, data, reslice, PlanarReslice::getClassTypeId()}));
-    EXPECT_EQ(typesOf(PanoramicReslice()),
-              Ids({core, property, data, reslice, PanoramicReslice::getClassTypeId()}));
-    EXPECT_EQ(typesOf(CephReslice()),
-              Ids({core, property, data, reslice, CephReslice::getClassTypeId()}));
-    EXPECT_EQ(typesOf(GuidingLine()), Ids({core, property, data, GuidingLine::getClassTypeId()}));
-}
-
-TEST(TypeIds, AreAnsweredThroughAPointerToTheBase)
-{
-    const std::shared_ptr<Reslice> reslice = std::make_shared<CephReslice>();
-    EXPECT_TRUE(reslice->isOfType(CephReslice::getClassTypeId()));
-    EXPECT_FALSE(reslice->isOfType(PlanarReslice::getClassTypeId()));
-    EXPECT_FALSE(reslice->isOfType(QString()));
-}
 
 TEST(Reslice, GivesItsOwningPointer)
 {

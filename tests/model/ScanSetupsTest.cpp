@@ -25,21 +25,6 @@ std::shared_ptr<SurfaceTree> makeTree(const QVector3D& from, const QVector3D& to
     return tree;
 }
 
-TEST(ScanSetups, TypesFollowTheHierarchy)
-{
-    EXPECT_TRUE(ScannableRegion().isOfType(QStringLiteral("ScannableRegion")));
-    EXPECT_TRUE(ScannableRegion().isOfType(Surface3DModel::getClassTypeId()));
-    EXPECT_TRUE(QuarnRawScanData().isOfType(QStringLiteral("QuarnRawScanData")));
-    EXPECT_TRUE(QuarnRawScanData().isOfType(dataobject::SurfaceObject::getClassTypeId()));
-    EXPECT_TRUE(OcclusionScan().isOfType(QStringLiteral("OcclusionScan")));
-    EXPECT_TRUE(OcclusionScan().isOfType(DataObject::getClassTypeId()));
-    EXPECT_TRUE(ScanSetup().isOfType(QStringLiteral("ScanSetup")));
-    EXPECT_TRUE(ScanSetup().isOfType(DataObject::getClassTypeId()));
-    EXPECT_TRUE(SurfaceTree().isOfType(QStringLiteral("SurfaceTree")));
-    EXPECT_TRUE(SurfaceTree().isOfType(dataobject::SurfaceObject::getClassTypeId()));
-    EXPECT_FALSE(SurfaceTree().isOfType(Surface3DModel::getClassTypeId()));
-}
-
 TEST(ScannableRegion, KeepsItsEndsAndNotifies)
 {
     ScannableRegion region;

@@ -22,14 +22,6 @@ protected:
     Surface3DModel surface;
 };
 
-TEST(Surface3DModel, IsOfItsTypeAndOfThoseOfItsBases)
-{
-    const Surface3DModel surface;
-    EXPECT_TRUE(surface.isOfType(Surface3DModel::getClassTypeId()));
-    EXPECT_TRUE(surface.isOfType(DataObject::getClassTypeId()));
-    EXPECT_FALSE(surface.isOfType(QStringLiteral("Nerve")));
-}
-
 TEST(Surface3DModel, IsNewWithoutASurface)
 {
     const Surface3DModel surface;

@@ -24,17 +24,6 @@ SurfaceScanAlignment anAlignment()
             test::translation(3.0F, 0.0F, 0.0F), test::translation(4.0F, 0.0F, 0.0F), true};
 }
 
-TEST(SurfaceScan, IsOfItsTypeAndOfThoseOfItsBases)
-{
-    const DentalScan scan;
-    EXPECT_TRUE(scan.isOfType(QStringLiteral("DentalScan")));
-    EXPECT_TRUE(scan.isOfType(QStringLiteral("SurfaceScan")));
-    EXPECT_TRUE(scan.isOfType(QStringLiteral("Surface3DModel")));
-    EXPECT_TRUE(scan.isOfType(QStringLiteral("SurfaceObject")));
-    EXPECT_TRUE(scan.isOfType(QStringLiteral("DataObject")));
-    EXPECT_FALSE(SurfaceScan().isOfType(DentalScan::getClassTypeId()));
-}
-
 TEST(SurfaceScan, NewOneStandsWhereItIsWithoutAJaw)
 {
     const SurfaceScan scan;

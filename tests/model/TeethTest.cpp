@@ -157,17 +157,4 @@ TEST(ToothAnnotation3D, IsMovedWithItsDirection)
     EXPECT_EQ(recorder.changes, 1);
 }
 
-TEST(TeethFamily, ObjectsAreOfTheirTypes)
-{
-    const auto tooth = makeTooth(1);
-    EXPECT_TRUE(tooth->isOfType(Tooth::getClassTypeId()));
-    EXPECT_TRUE(Mouth().isOfType(Mouth::getClassTypeId()));
-    EXPECT_TRUE(Anatomy().isOfType(Anatomy::getClassTypeId()));
-    EXPECT_TRUE(Diagnosis().isOfType(Diagnosis::getClassTypeId()));
-    EXPECT_TRUE(ToothAnnotation3D().isOfType(ToothAnnotation3D::getClassTypeId()));
-    EXPECT_TRUE(tooth->isOfType(DataObject::getClassTypeId()));
-    EXPECT_FALSE(tooth->isOfType(Mouth::getClassTypeId()));
-    EXPECT_FALSE(Anatomy().isOfType(Diagnosis::getClassTypeId()));
-}
-
 } // namespace

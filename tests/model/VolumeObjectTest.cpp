@@ -49,25 +49,6 @@ TEST(Tissues, AreGivenInTheOrderOfTheirFields)
 
 // Functions
 
-TEST(ColormapFunctions, AreOfTheirOwnKindAndThoseOfTheirBases)
-{
-    const colormap::LevelWindowFunction levelWindow;
-    const colormap::ThresholdFunction threshold;
-    const colormap::PulpFunction pulp;
-    const colormap::TransferFunction transfer;
-    const colormap::ColormapFunction* functions[] = {&levelWindow, &threshold, &pulp, &transfer};
-    const QString ids[] = {colormap::LevelWindowFunction::getClassTypeId(),
-                           colormap::ThresholdFunction::getClassTypeId(),
-                           colormap::PulpFunction::getClassTypeId(),
-                           colormap::TransferFunction::getClassTypeId()};
-    for (int i = 0; i < 4; ++i) {
-        EXPECT_TRUE(functions[i]->isOfType(colormap::ColormapFunction::getClassTypeId()));
-        EXPECT_TRUE(functions[i]->isOfType(DataObject::getClassTypeId()));
-        for (int j = 0; j < 4; ++j)
-            EXPECT_EQ(functions[i]->isOfType(ids[j]), i == j) << i << " " << j;
-    }
-}
-
 TEST(ColormapFunctions, HaveAUuidOfTheirOwn)
 {
     const colormap::ThresholdFunction a;
@@ -148,8 +129,6 @@ TEST(VolumeObject, StartsWithoutImageFunctionsAndParameters)
     EXPECT_EQ(volume.getThreshold(QUuid::createUuid()), 0);
     EXPECT_EQ(volume.getActiveVisualizationFunction(), nullptr);
     EXPECT_TRUE(volume.getAllVisualizationFunctions().isEmpty());
-    EXPECT_TRUE(volume.isOfType(VolumeObject::getClassTypeId()));
-    EXPECT_FALSE(volume.isOfType(CTDataVolumeObject::getClassTypeId()));
 }
 
 TEST(VolumeObject, GivesWhatIsSet)
@@ -172,7 +151,6 @@ TEST(VolumeObject, GivesWhatIsSet)
 TEST(CTDataVolumeObject, ShowsTheImageOfItsScanUnlessItHasItsOwn)
 {
     CTDataVolumeObject volume;
-    EXPECT_TRUE(volume.isOfType(VolumeObject::getClassTypeId()));
     EXPECT_EQ(volume.getCTData(), nullptr);
     EXPECT_TRUE(volume.getImage().isEmpty());
     const auto ct = std::make_shared<CTData>();

@@ -5,7 +5,6 @@
 #include <CoreAlgorithms/model/dataobjects/DataObject.h>
 
 #include <QMatrix4x4>
-#include <QStringList>
 #include <QVector3D>
 
 #include <gtest/gtest.h>
@@ -23,21 +22,6 @@ public:
 private:
     void changedEvent(DataObject* /*subject*/) override { ++changes; }
 };
-
-/// Passes if the object is of its own type and of each of the bases, and these have identifiers of
-/// their own.
-template <typename Object>
-void expectTypes(const Object& object, const QStringList& bases)
-{
-    EXPECT_TRUE(object.isOfType(Object::getClassTypeId()));
-    EXPECT_TRUE(object.isOfType(DataObject::getClassTypeId()));
-    for (const QString& base : bases) {
-        EXPECT_TRUE(object.isOfType(base)) << base.toStdString();
-        EXPECT_NE(Object::getClassTypeId(), base);
-    }
-    EXPECT_FALSE(object.isOfType(QString()));
-    EXPECT_FALSE(object.isOfType(QStringLiteral("Nothing")));
-}
 
 /// Takes (x, y, z) to (10 - y, 20 + x, 30 + z), exactly for small whole numbers.
 inline QMatrix4x4 quarterTurnAndShift()

@@ -14,16 +14,6 @@ void mapAll(QList<QVector3D>& positions, const QMatrix4x4& matrix)
 
 } // namespace
 
-QString PointAnnotation::getClassTypeId()
-{
-    return QStringLiteral("PointAnnotation");
-}
-
-bool PointAnnotation::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 QVector3D PointAnnotation::getPosition() const
 {
     return position;
@@ -33,16 +23,6 @@ void PointAnnotation::changePosition(const QVector3D& positionMm)
 {
     position = positionMm;
     changed();
-}
-
-QString LineAnnotation::getClassTypeId()
-{
-    return QStringLiteral("LineAnnotation");
-}
-
-bool LineAnnotation::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
 }
 
 QList<QVector3D> LineAnnotation::getPositions() const
@@ -62,16 +42,6 @@ void LineAnnotation::changePosition(int index, const QVector3D& positionMm)
         return;
     positions[index] = positionMm;
     changed();
-}
-
-QString GreyValueMeasurement::getClassTypeId()
-{
-    return QStringLiteral("GreyValueMeasurement");
-}
-
-bool GreyValueMeasurement::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
 }
 
 QVector3D GreyValueMeasurement::getPosition() const
@@ -96,16 +66,6 @@ void GreyValueMeasurement::setGreyValue(float value)
     changed();
 }
 
-QString PencilAnnotation3D::getClassTypeId()
-{
-    return QStringLiteral("PencilAnnotation3D");
-}
-
-bool PencilAnnotation3D::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 QList<QVector3D> PencilAnnotation3D::getPositions() const
 {
     return positions;
@@ -121,16 +81,6 @@ void PencilAnnotation3D::applyTransform(const QMatrix4x4& matrix)
 {
     mapAll(positions, matrix);
     changed();
-}
-
-QString ArrowAnnotation3D::getClassTypeId()
-{
-    return QStringLiteral("ArrowAnnotation3D");
-}
-
-bool ArrowAnnotation3D::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
 }
 
 QVector3D ArrowAnnotation3D::getTail() const
@@ -155,16 +105,6 @@ void ArrowAnnotation3D::applyTransform(const QMatrix4x4& matrix)
     tail = matrix.map(tail);
     tip = matrix.map(tip);
     changed();
-}
-
-QString CircleAnnotation3D::getClassTypeId()
-{
-    return QStringLiteral("CircleAnnotation3D");
-}
-
-bool CircleAnnotation3D::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
 }
 
 QVector3D CircleAnnotation3D::getCentre() const
@@ -198,16 +138,6 @@ void CircleAnnotation3D::applyTransform(const QMatrix4x4& matrix)
     changed();
 }
 
-QString TextAnnotation3D::getClassTypeId()
-{
-    return QStringLiteral("TextAnnotation3D");
-}
-
-bool TextAnnotation3D::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 QString TextAnnotation3D::getText() const
 {
     return text;
@@ -236,16 +166,6 @@ void TextAnnotation3D::applyTransform(const QMatrix4x4& matrix)
     changed();
 }
 
-QString CustomResliceAnnotation::getClassTypeId()
-{
-    return QStringLiteral("CustomResliceAnnotation");
-}
-
-bool CustomResliceAnnotation::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 QMatrix4x4 CustomResliceAnnotation::getResliceTransform() const
 {
     return resliceTransform;
@@ -261,16 +181,6 @@ void CustomResliceAnnotation::applyTransform(const QMatrix4x4& matrix)
 {
     resliceTransform = matrix * resliceTransform;
     changed();
-}
-
-QString CephPlaneBase::getClassTypeId()
-{
-    return QStringLiteral("CephPlaneBase");
-}
-
-bool CephPlaneBase::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
 }
 
 primitives::Plane CephPlaneBase::getPlane() const
@@ -292,16 +202,6 @@ void CephPlaneBase::applyTransform(const QMatrix4x4& matrix)
 
 namespace dataobject {
 
-QString AttachablePoint::getClassTypeId()
-{
-    return QStringLiteral("AttachablePoint");
-}
-
-bool AttachablePoint::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 QVector3D AttachablePoint::getPosition() const
 {
     return position;
@@ -317,16 +217,6 @@ void AttachablePoint::applyTransform(const QMatrix4x4& matrix)
 {
     position = matrix.map(position);
     changed();
-}
-
-QString PointBased3DAnnotationBase::getClassTypeId()
-{
-    return QStringLiteral("PointBased3DAnnotationBase");
-}
-
-bool PointBased3DAnnotationBase::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
 }
 
 QList<QVector3D> PointBased3DAnnotationBase::getPositions() const

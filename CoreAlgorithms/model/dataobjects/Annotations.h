@@ -20,10 +20,9 @@
 /// A marked position.
 class COREALGORITHMS_MODEL_EXPORT PointAnnotation : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(PointAnnotation, DataObject)
 
+public:
     virtual QVector3D getPosition() const;
     virtual void changePosition(const QVector3D& positionMm);
 
@@ -34,10 +33,9 @@ private:
 /// A chain of segments.
 class COREALGORITHMS_MODEL_EXPORT LineAnnotation : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(LineAnnotation, DataObject)
 
+public:
     virtual QList<QVector3D> getPositions() const;
     virtual void setPositions(const QList<QVector3D>& positionsMm);
     /// Does nothing for an index that has no position.
@@ -50,10 +48,9 @@ private:
 /// A position at which the grey value of the scan was read.
 class COREALGORITHMS_MODEL_EXPORT GreyValueMeasurement : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(GreyValueMeasurement, DataObject)
 
+public:
     virtual QVector3D getPosition() const;
     virtual void changePosition(const QVector3D& positionMm);
 
@@ -69,10 +66,9 @@ private:
 /// A free-hand stroke.
 class COREALGORITHMS_MODEL_EXPORT PencilAnnotation3D : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(PencilAnnotation3D, DataObject)
 
+public:
     virtual QList<QVector3D> getPositions() const;
     virtual void setPositions(const QList<QVector3D>& positionsMm);
     virtual void applyTransform(const QMatrix4x4& matrix);
@@ -84,10 +80,9 @@ private:
 /// An arrow from its tail to its tip.
 class COREALGORITHMS_MODEL_EXPORT ArrowAnnotation3D : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(ArrowAnnotation3D, DataObject)
 
+public:
     virtual QVector3D getTail() const;
     virtual QVector3D getTip() const;
     virtual void setEnds(const QVector3D& tailMm, const QVector3D& tipMm);
@@ -101,10 +96,9 @@ private:
 /// A circle: centre, unit normal, radius in mm.
 class COREALGORITHMS_MODEL_EXPORT CircleAnnotation3D : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(CircleAnnotation3D, DataObject)
 
+public:
     virtual QVector3D getCentre() const;
     virtual QVector3D getNormal() const;
     virtual float getRadius() const;
@@ -121,10 +115,9 @@ private:
 /// Words at a position.
 class COREALGORITHMS_MODEL_EXPORT TextAnnotation3D : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(TextAnnotation3D, DataObject)
 
+public:
     virtual QString getText() const;
     virtual void setText(const QString& words);
     virtual QVector3D getPosition() const;
@@ -139,10 +132,9 @@ private:
 /// What is written into a reslice that the user laid freely.
 class COREALGORITHMS_MODEL_EXPORT CustomResliceAnnotation : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(CustomResliceAnnotation, DataObject)
 
+public:
     /// From the frame of the reslice into the world.
     virtual QMatrix4x4 getResliceTransform() const;
     virtual void setResliceTransform(const QMatrix4x4& worldFromReslice);
@@ -156,10 +148,9 @@ private:
 /// of the plan.
 class COREALGORITHMS_MODEL_EXPORT CephPlaneBase : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(CephPlaneBase, DataObject)
 
+public:
     virtual primitives::Plane getPlane() const;
     virtual void setPlane(const primitives::Plane& worldPlane);
     virtual void applyTransform(const QMatrix4x4& matrix);
@@ -173,10 +164,9 @@ namespace dataobject {
 /// A position that others, such as points of a poly-line, may be tied to.
 class COREALGORITHMS_MODEL_EXPORT AttachablePoint : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(AttachablePoint, DataObject)
 
+public:
     virtual QVector3D getPosition() const;
     virtual void setPosition(const QVector3D& positionMm);
     virtual void applyTransform(const QMatrix4x4& matrix);
@@ -188,10 +178,9 @@ private:
 /// An annotation that is nothing but positions in an order, for instance a measured angle.
 class COREALGORITHMS_MODEL_EXPORT PointBased3DAnnotationBase : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(PointBased3DAnnotationBase, DataObject)
 
+public:
     virtual QList<QVector3D> getPositions() const;
     virtual void setPositions(const QList<QVector3D>& positionsMm);
     virtual void applyTransform(const QMatrix4x4& matrix);

@@ -5,16 +5,6 @@
 #include <algorithm>
 #include <utility>
 
-QString LandmarkBase::getClassTypeId()
-{
-    return QStringLiteral("LandmarkBase");
-}
-
-bool LandmarkBase::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 utility::Optional<QVector3D> LandmarkBase::getPosition(Context context) const
 {
     const auto found = positions.constFind(context);
@@ -41,32 +31,12 @@ LandmarkAnnotation::LandmarkAnnotation(landmarkDetection::LandmarkType landmarkT
     : type(landmarkType)
 {}
 
-QString LandmarkAnnotation::getClassTypeId()
-{
-    return QStringLiteral("LandmarkAnnotation");
-}
-
-bool LandmarkAnnotation::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || LandmarkBase::isOfType(classTypeId);
-}
-
 landmarkDetection::LandmarkType LandmarkAnnotation::getType() const
 {
     return type;
 }
 
 } // namespace dataobject
-
-QString ImageVolume::getClassTypeId()
-{
-    return QStringLiteral("ImageVolume");
-}
-
-bool ImageVolume::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
 
 const VexelImage3D& ImageVolume::getImage() const
 {
@@ -83,16 +53,6 @@ void ImageVolume::setImage(std::shared_ptr<const VexelImage3D> voxels)
 void ImageVolume::setImage(VexelImage3D&& voxels)
 {
     setImage(std::make_shared<const VexelImage3D>(std::move(voxels)));
-}
-
-QString CTData::getClassTypeId()
-{
-    return QStringLiteral("CTData");
-}
-
-bool CTData::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
 }
 
 std::shared_ptr<ImageVolume> CTData::getImageVolume() const

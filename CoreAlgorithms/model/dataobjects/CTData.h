@@ -40,10 +40,9 @@ enum Context : int { VolumeContext = 0, NaturalHeadPositionContext = 1 };
 /// A named point of the anatomy with one position in each frame in which it is known.
 class COREALGORITHMS_MODEL_EXPORT LandmarkBase : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(LandmarkBase, DataObject)
 
+public:
     /// In mm; empty if the landmark has no position in that frame, as a new one.
     virtual utility::Optional<QVector3D> getPosition(Context context) const;
     virtual void setPosition(Context context, const QVector3D& positionMm);
@@ -58,11 +57,10 @@ namespace dataobject {
 /// A landmark of a known type that was found in a scan.
 class COREALGORITHMS_MODEL_EXPORT LandmarkAnnotation : public LandmarkBase
 {
+    COREALGORITHMS_TYPE(LandmarkAnnotation, LandmarkBase)
+
 public:
     explicit LandmarkAnnotation(landmarkDetection::LandmarkType landmarkType);
-
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
 
     virtual landmarkDetection::LandmarkType getType() const;
 
@@ -75,10 +73,9 @@ private:
 /// The voxels of a scan, shared.
 class COREALGORITHMS_MODEL_EXPORT ImageVolume : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(ImageVolume, DataObject)
 
+public:
     /// The image without voxels until one is set.
     virtual const VexelImage3D& getImage() const;
     /// Null sets the image without voxels.
@@ -95,13 +92,12 @@ private:
 /// Volume frame: mm, the origin at the centre of voxel (0, 0, 0), see VexelImage3D.
 class COREALGORITHMS_MODEL_EXPORT CTData : public DataObject
 {
+    COREALGORITHMS_TYPE(CTData, DataObject)
+
 public:
     /// Where the occlusal plane is assumed before anyone has placed it: at the height of the scan's
     /// centre, or at six tenths of it.
     enum OcclusalPlaneDefinition : int { OcclusalPlaneAtCentre = 0, OcclusalPlaneBelowCentre = 1 };
-
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
 
     /// Null until one is set.
     virtual std::shared_ptr<ImageVolume> getImageVolume() const;

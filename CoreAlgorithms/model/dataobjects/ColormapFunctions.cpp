@@ -7,16 +7,6 @@
 
 namespace colormap {
 
-QString ColormapFunction::getClassTypeId()
-{
-    return QStringLiteral("ColormapFunction");
-}
-
-bool ColormapFunction::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 QUuid ColormapFunction::getUUID() const
 {
     return uuid;
@@ -33,36 +23,6 @@ void ColormapFunction::setPreviewUpdateEnabledState(bool enabled, bool tellObser
 bool ColormapFunction::isPreviewUpdateEnabled() const
 {
     return previewUpdateEnabled;
-}
-
-QString LevelWindowFunction::getClassTypeId()
-{
-    return QStringLiteral("LevelWindowFunction");
-}
-
-bool LevelWindowFunction::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || ColormapFunction::isOfType(classTypeId);
-}
-
-QString ThresholdFunction::getClassTypeId()
-{
-    return QStringLiteral("ThresholdFunction");
-}
-
-bool ThresholdFunction::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || ColormapFunction::isOfType(classTypeId);
-}
-
-QString PulpFunction::getClassTypeId()
-{
-    return QStringLiteral("PulpFunction");
-}
-
-bool PulpFunction::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || ColormapFunction::isOfType(classTypeId);
 }
 
 float PulpFunction::getNormalizedPulpThreshold() const
@@ -85,16 +45,6 @@ void PulpFunction::setNormalizedRestorationMaterialThreshold(float threshold)
 {
     restorationMaterialThreshold = threshold;
     changed();
-}
-
-QString TransferFunction::getClassTypeId()
-{
-    return QStringLiteral("TransferFunction");
-}
-
-bool TransferFunction::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || ColormapFunction::isOfType(classTypeId);
 }
 
 QList<TransferFunction::ControlPoint> TransferFunction::getControlPoints() const

@@ -15,10 +15,9 @@ namespace colormap {
 /// tells.
 class COREALGORITHMS_MODEL_EXPORT ColormapFunction : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(ColormapFunction, DataObject)
 
+public:
     /// Its own from birth, never that of another function.
     virtual QUuid getUUID() const;
 
@@ -35,27 +34,22 @@ private:
 /// Brightness by level and window of the maximum-intensity projection, which the volume holds.
 class COREALGORITHMS_MODEL_EXPORT LevelWindowFunction : public ColormapFunction
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(LevelWindowFunction, ColormapFunction)
 };
 
 /// Opaque from a threshold on, which the volume holds under the function's UUID.
 class COREALGORITHMS_MODEL_EXPORT ThresholdFunction : public ColormapFunction
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(ThresholdFunction, ColormapFunction)
 };
 
 /// Shows pulp below one threshold and restoration material above another. Both are normalised: 0 is
 /// the smallest grey value of the image, 1 the largest. Stored as set.
 class COREALGORITHMS_MODEL_EXPORT PulpFunction : public ColormapFunction
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(PulpFunction, ColormapFunction)
 
+public:
     virtual float getNormalizedPulpThreshold() const;
     virtual void setNormalizedPulpThreshold(float threshold);
     virtual float getNormalizedRestorationMaterialThreshold() const;
@@ -69,6 +63,8 @@ private:
 /// Colours at control points, in ascending grey values, between which it is interpolated.
 class COREALGORITHMS_MODEL_EXPORT TransferFunction : public ColormapFunction
 {
+    COREALGORITHMS_TYPE(TransferFunction, ColormapFunction)
+
 public:
     struct ControlPoint
     {
@@ -77,9 +73,6 @@ public:
 
         friend bool operator==(const ControlPoint&, const ControlPoint&) = default;
     };
-
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
 
     virtual QList<ControlPoint> getControlPoints() const;
     virtual void setControlPoints(const QList<ControlPoint>& controlPoints);

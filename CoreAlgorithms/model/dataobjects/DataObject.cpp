@@ -2,16 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/DataObject.h>
 
-QString PropertyObject::getClassTypeId()
-{
-    return QStringLiteral("PropertyObject");
-}
-
-bool PropertyObject::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || CoreObject::isOfType(classTypeId);
-}
-
 bool PropertyObject::isCreateUndoEnabledForObject() const
 {
     return createUndoEnabled;
@@ -20,16 +10,6 @@ bool PropertyObject::isCreateUndoEnabledForObject() const
 void PropertyObject::enableCreateUndoForObjectAndProperties(bool enable)
 {
     createUndoEnabled = enable;
-}
-
-QString DataObject::getClassTypeId()
-{
-    return QStringLiteral("DataObject");
-}
-
-bool DataObject::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || PropertyObject::isOfType(classTypeId);
 }
 
 void DataObject::startEditing()

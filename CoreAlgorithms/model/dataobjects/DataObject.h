@@ -12,10 +12,9 @@
 /// An object with properties whose changes the host records for undo, unless that is switched off.
 class COREALGORITHMS_MODEL_EXPORT PropertyObject : public CoreObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(PropertyObject, CoreObject)
 
+public:
     /// True for a new object.
     virtual bool isCreateUndoEnabledForObject() const;
     virtual void enableCreateUndoForObjectAndProperties(bool enable);
@@ -35,10 +34,9 @@ class COREALGORITHMS_MODEL_EXPORT DataObject
       public std::enable_shared_from_this<DataObject>,
       public patterns::Observable<DataObject, std::nullptr_t>
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(DataObject, PropertyObject)
 
+public:
     virtual void startEditing();
     /// Closes the innermost bracket; without an open one it does nothing.
     virtual void stopEditing();

@@ -6,26 +6,6 @@
 
 #include <utility>
 
-QString TempShell::getClassTypeId()
-{
-    return QStringLiteral("TempShell");
-}
-
-bool TempShell::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || SurfaceTree::isOfType(classTypeId);
-}
-
-QString Distractor::getClassTypeId()
-{
-    return QStringLiteral("Distractor");
-}
-
-bool Distractor::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 std::shared_ptr<SurfaceTree> Distractor::getSurfaceTree() const
 {
     return surfaceTree;

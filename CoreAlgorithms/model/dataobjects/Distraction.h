@@ -15,19 +15,16 @@
 /// SurfaceTree says.
 class COREALGORITHMS_MODEL_EXPORT TempShell : public SurfaceTree
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(TempShell, SurfaceTree)
 };
 
 /// A device that pulls two pieces of bone apart: where it is mounted, and its shapes, which are
 /// moved on their own.
 class COREALGORITHMS_MODEL_EXPORT Distractor : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(Distractor, DataObject)
 
+public:
     /// Null until one is set.
     virtual std::shared_ptr<SurfaceTree> getSurfaceTree() const;
     virtual void setSurfaceTree(std::shared_ptr<SurfaceTree> tree);

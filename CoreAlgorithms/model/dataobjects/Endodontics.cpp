@@ -4,16 +4,6 @@
 
 namespace dataobject {
 
-QString Apex::getClassTypeId()
-{
-    return QStringLiteral("Apex");
-}
-
-bool Apex::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 QVector3D Apex::getPosition() const
 {
     return position;
@@ -23,16 +13,6 @@ void Apex::setPosition(const QVector3D& positionMm)
 {
     position = positionMm;
     changed();
-}
-
-QString RootCanal::getClassTypeId()
-{
-    return QStringLiteral("RootCanal");
-}
-
-bool RootCanal::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
 }
 
 QVector3D RootCanal::getBasePosition() const

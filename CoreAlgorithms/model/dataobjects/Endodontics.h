@@ -12,10 +12,9 @@ namespace dataobject {
 /// The tip of a root, in world mm. It is no AttachablePoint.
 class COREALGORITHMS_MODEL_EXPORT Apex : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(Apex, DataObject)
 
+public:
     virtual QVector3D getPosition() const;
     virtual void setPosition(const QVector3D& positionMm);
 
@@ -26,10 +25,9 @@ private:
 /// The canal in a root, by the place where it starts, in world mm.
 class COREALGORITHMS_MODEL_EXPORT RootCanal : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(RootCanal, DataObject)
 
+public:
     virtual QVector3D getBasePosition() const;
     virtual void setBasePosition(const QVector3D& positionMm);
 

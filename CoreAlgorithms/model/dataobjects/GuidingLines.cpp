@@ -17,16 +17,6 @@ QList<QVector3D> mapped(const QList<QVector3D>& positions, const QMatrix4x4& mat
 
 } // namespace
 
-QString Point::getClassTypeId()
-{
-    return QStringLiteral("Point");
-}
-
-bool Point::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 QVector3D Point::getPosition() const
 {
     return position;
@@ -36,16 +26,6 @@ void Point::setPosition(const QVector3D& positionMm)
 {
     position = positionMm;
     changed();
-}
-
-QString GuidingLine::getClassTypeId()
-{
-    return QStringLiteral("GuidingLine");
-}
-
-bool GuidingLine::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
 }
 
 bool GuidingLine::canNotifyObservers() const
@@ -113,16 +93,6 @@ void GuidingLine::notifyLineObservers(events::GuidingLineEvent::Type type)
 }
 
 GuidingSpline::GuidingSpline() : spline(std::make_unique<math::CatmullRomSpline3D>()) {}
-
-QString GuidingSpline::getClassTypeId()
-{
-    return QStringLiteral("GuidingSpline");
-}
-
-bool GuidingSpline::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || GuidingLine::isOfType(classTypeId);
-}
 
 const QList<QVector3D>& GuidingSpline::getOriginalPath() const
 {
@@ -246,16 +216,6 @@ void GuidingSpline::numberOfPointsChanged()
     notifyLineObservers(events::GuidingLineEvent::NumberOfPointsUpdated);
 }
 
-QString PlanarGuidingSpline::getClassTypeId()
-{
-    return QStringLiteral("PlanarGuidingSpline");
-}
-
-bool PlanarGuidingSpline::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || GuidingSpline::isOfType(classTypeId);
-}
-
 std::shared_ptr<PlanarReslice> PlanarGuidingSpline::getPlane() const
 {
     return plane;
@@ -265,16 +225,6 @@ void PlanarGuidingSpline::setPlane(std::shared_ptr<PlanarReslice> reslice)
 {
     plane = std::move(reslice);
     changed();
-}
-
-QString PlanarDentalSpline::getClassTypeId()
-{
-    return QStringLiteral("PlanarDentalSpline");
-}
-
-bool PlanarDentalSpline::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || PlanarGuidingSpline::isOfType(classTypeId);
 }
 
 QMap<ToothChart::Tooth, std::shared_ptr<Point>> PlanarDentalSpline::getObjects() const

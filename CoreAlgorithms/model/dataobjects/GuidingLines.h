@@ -40,12 +40,11 @@ struct GuidingLineEvent
 /// A position that has identity: what a user sets and drags, in world mm.
 class COREALGORITHMS_MODEL_EXPORT Point : public DataObject
 {
+    COREALGORITHMS_TYPE(Point, DataObject)
+
 public:
     Point() = default;
     explicit Point(const QVector3D& positionMm) : position(positionMm) {}
-
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
 
     virtual QVector3D getPosition() const;
     virtual void setPosition(const QVector3D& positionMm);
@@ -62,6 +61,8 @@ class COREALGORITHMS_MODEL_EXPORT GuidingLine
     : public DataObject,
       public patterns::Observable<GuidingLine, events::GuidingLineEvent>
 {
+    COREALGORITHMS_TYPE(GuidingLine, DataObject)
+
 public:
     using LineObservable = patterns::Observable<GuidingLine, events::GuidingLineEvent>;
     using DataObject::attach;
@@ -70,8 +71,6 @@ public:
     using LineObservable::attach;
     using LineObservable::detach;
 
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
     bool canNotifyObservers() const override;
 
     virtual const QList<QVector3D>& getOriginalPath() const;
@@ -120,11 +119,10 @@ private:
 /// notifyGuidingLineObservers().
 class COREALGORITHMS_MODEL_EXPORT GuidingSpline : public GuidingLine
 {
+    COREALGORITHMS_TYPE(GuidingSpline, GuidingLine)
+
 public:
     GuidingSpline();
-
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
 
     const QList<QVector3D>& getOriginalPath() const override;
     /// The samples stand until the next change of points, curve or distance.
@@ -176,10 +174,9 @@ private:
 /// A guiding spline that is drawn in a planar reslice.
 class COREALGORITHMS_MODEL_EXPORT PlanarGuidingSpline : public GuidingSpline
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(PlanarGuidingSpline, GuidingSpline)
 
+public:
     /// Null for a spline without one.
     virtual std::shared_ptr<PlanarReslice> getPlane() const;
     /// Tells the observers of data objects.
@@ -194,10 +191,9 @@ private:
 /// Occlusal index, arch type and creation type are set quietly, like the curve.
 class COREALGORITHMS_MODEL_EXPORT PlanarDentalSpline : public PlanarGuidingSpline
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(PlanarDentalSpline, PlanarGuidingSpline)
 
+public:
     /// The points that are tagged, by ascending tooth.
     virtual QMap<ToothChart::Tooth, std::shared_ptr<Point>> getObjects() const;
     /// Tags a control point with the tooth. A tooth has one point and a point one tooth: former

@@ -8,16 +8,6 @@
 
 namespace dataobject {
 
-QString Implant3D::getClassTypeId()
-{
-    return QStringLiteral("Implant3D");
-}
-
-bool Implant3D::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 const ImplantDimensions& Implant3D::getDimensions() const
 {
     return dimensions;
@@ -42,16 +32,6 @@ void Implant3D::setObjectTransform(const QMatrix4x4& sceneFromImplant,
     changed();
 }
 
-QString AnchorPin3D::getClassTypeId()
-{
-    return QStringLiteral("AnchorPin3D");
-}
-
-bool AnchorPin3D::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 geometry::ShapeNode* AnchorPin3D::getShapeNode()
 {
     return shapeNode.get();
@@ -74,16 +54,6 @@ void AnchorPin3D::setObjectTransform(const QMatrix4x4& sceneFromPin,
     objectTransform = sceneFromPin;
     lastManipulation = manipulation;
     changed();
-}
-
-QString Nerve::getClassTypeId()
-{
-    return QStringLiteral("Nerve");
-}
-
-bool Nerve::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || Surface3DModel::isOfType(classTypeId);
 }
 
 std::shared_ptr<GuidingSpline> Nerve::getGuidingLine() const

@@ -37,10 +37,9 @@ struct ImplantDimensions
 /// A planned implant. In its own frame the platform is at the origin and the apex at z = -length.
 class COREALGORITHMS_MODEL_EXPORT Implant3D : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(Implant3D, DataObject)
 
+public:
     virtual const ImplantDimensions& getDimensions() const;
     virtual void setDimensions(const ImplantDimensions& measures);
 
@@ -62,10 +61,9 @@ private:
 /// A pin that fixes a surgical template to the jaw: a tree of shapes and its placement.
 class COREALGORITHMS_MODEL_EXPORT AnchorPin3D : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(AnchorPin3D, DataObject)
 
+public:
     /// Owned by the pin; null for a pin that has no shape yet.
     virtual geometry::ShapeNode* getShapeNode();
     virtual void setShapeNode(std::unique_ptr<geometry::ShapeNode> tree);
@@ -88,10 +86,9 @@ private:
 /// A nerve as a surface of the scene.
 class COREALGORITHMS_MODEL_EXPORT Nerve : public Surface3DModel
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(Nerve, Surface3DModel)
 
+public:
     /// The line that the surface was made along; null until one is set. It is moved on its own.
     virtual std::shared_ptr<GuidingSpline> getGuidingLine() const;
     virtual void setGuidingLine(std::shared_ptr<GuidingSpline> guidingLine);

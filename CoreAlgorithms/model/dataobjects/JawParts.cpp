@@ -2,26 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/JawParts.h>
 
-QString SurgeryPlanningPart::getClassTypeId()
-{
-    return QStringLiteral("SurgeryPlanningPart");
-}
-
-bool SurgeryPlanningPart::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || Surface3DModel::isOfType(classTypeId);
-}
-
-QString RotatableSurgeryPlanningPart::getClassTypeId()
-{
-    return QStringLiteral("RotatableSurgeryPlanningPart");
-}
-
-bool RotatableSurgeryPlanningPart::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || SurgeryPlanningPart::isOfType(classTypeId);
-}
-
 QVector3D RotatableSurgeryPlanningPart::getRotationPosition() const
 {
     return rotationPosition;
@@ -31,26 +11,6 @@ void RotatableSurgeryPlanningPart::setRotationPosition(const QVector3D& position
 {
     rotationPosition = positionMm;
     changed();
-}
-
-QString Maxilla::getClassTypeId()
-{
-    return QStringLiteral("Maxilla");
-}
-
-bool Maxilla::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || RotatableSurgeryPlanningPart::isOfType(classTypeId);
-}
-
-QString Mandibula::getClassTypeId()
-{
-    return QStringLiteral("Mandibula");
-}
-
-bool Mandibula::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || RotatableSurgeryPlanningPart::isOfType(classTypeId);
 }
 
 std::pair<QVector3D, QVector3D> Mandibula::getCondylePositions() const
@@ -88,34 +48,4 @@ void Mandibula::setOcclusalPlanePositions(const QList<QVector3D>& positionsMm)
 {
     occlusalPlanePositions = positionsMm;
     changed();
-}
-
-QString FrontSegment::getClassTypeId()
-{
-    return QStringLiteral("FrontSegment");
-}
-
-bool FrontSegment::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || RotatableSurgeryPlanningPart::isOfType(classTypeId);
-}
-
-QString LeftSegment::getClassTypeId()
-{
-    return QStringLiteral("LeftSegment");
-}
-
-bool LeftSegment::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || RotatableSurgeryPlanningPart::isOfType(classTypeId);
-}
-
-QString RightSegment::getClassTypeId()
-{
-    return QStringLiteral("RightSegment");
-}
-
-bool RightSegment::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || RotatableSurgeryPlanningPart::isOfType(classTypeId);
 }

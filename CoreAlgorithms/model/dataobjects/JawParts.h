@@ -16,18 +16,15 @@
 /// parts below are the keys of every map of occlusion matrices.
 class COREALGORITHMS_MODEL_EXPORT SurgeryPlanningPart : public Surface3DModel
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(SurgeryPlanningPart, Surface3DModel)
 };
 
 /// A part that the surgery also turns, about a position of its own in world mm.
 class COREALGORITHMS_MODEL_EXPORT RotatableSurgeryPlanningPart : public SurgeryPlanningPart
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(RotatableSurgeryPlanningPart, SurgeryPlanningPart)
 
+public:
     virtual QVector3D getRotationPosition() const;
     virtual void setRotationPosition(const QVector3D& positionMm);
 
@@ -38,18 +35,15 @@ private:
 /// The upper jaw in one piece.
 class COREALGORITHMS_MODEL_EXPORT Maxilla : public RotatableSurgeryPlanningPart
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(Maxilla, RotatableSurgeryPlanningPart)
 };
 
 /// The lower jaw.
 class COREALGORITHMS_MODEL_EXPORT Mandibula : public RotatableSurgeryPlanningPart
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(Mandibula, RotatableSurgeryPlanningPart)
 
+public:
     /// Left and right, world mm.
     virtual std::pair<QVector3D, QVector3D> getCondylePositions() const;
     /// With `placeAutoRotationPoints`, the autorotation points are put there too.
@@ -74,23 +68,17 @@ private:
 /// The front teeth's segment of an upper jaw that is cut into segments.
 class COREALGORITHMS_MODEL_EXPORT FrontSegment : public RotatableSurgeryPlanningPart
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(FrontSegment, RotatableSurgeryPlanningPart)
 };
 
 /// The segment on the patient's left.
 class COREALGORITHMS_MODEL_EXPORT LeftSegment : public RotatableSurgeryPlanningPart
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(LeftSegment, RotatableSurgeryPlanningPart)
 };
 
 /// The segment on the patient's right.
 class COREALGORITHMS_MODEL_EXPORT RightSegment : public RotatableSurgeryPlanningPart
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(RightSegment, RotatableSurgeryPlanningPart)
 };

@@ -8,16 +8,6 @@
 
 namespace dataobject {
 
-QString TemporomandibularJoint::getClassTypeId()
-{
-    return QStringLiteral("TemporomandibularJoint");
-}
-
-bool TemporomandibularJoint::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 std::shared_ptr<GuidingLine> TemporomandibularJoint::getGuidingLine() const
 {
     return line;

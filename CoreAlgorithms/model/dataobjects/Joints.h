@@ -14,10 +14,9 @@ namespace dataobject {
 /// A jaw joint, drawn as a line along the condyle.
 class COREALGORITHMS_MODEL_EXPORT TemporomandibularJoint : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(TemporomandibularJoint, DataObject)
 
+public:
     /// Null until one is set.
     virtual std::shared_ptr<GuidingLine> getGuidingLine() const;
     virtual void setGuidingLine(std::shared_ptr<GuidingLine> guidingLine);

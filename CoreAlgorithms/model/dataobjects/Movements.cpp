@@ -69,16 +69,6 @@ const QString MovementModes::OCCLUSION_VIRTUAL_MODE = QStringLiteral("OcclusionV
 
 Movement::Movement(const QString& movementTypeId) : movementType(movementTypeId) {}
 
-QString Movement::getClassTypeId()
-{
-    return QStringLiteral("Movement");
-}
-
-bool Movement::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 QString Movement::getMovementType() const
 {
     return movementType;
@@ -141,16 +131,6 @@ MovementUndoLock::~MovementUndoLock()
         movement->endUndoRedo();
 }
 
-QString OcclusionMovement::getClassTypeId()
-{
-    return QStringLiteral("OcclusionMovement");
-}
-
-bool OcclusionMovement::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || Movement::isOfType(classTypeId);
-}
-
 utility::Optional<QMatrix4x4>
 OcclusionMovement::getOcclusionModeTransformation(const QString& mode) const
 {
@@ -184,16 +164,6 @@ void OcclusionMovement::setAffectedTreatmentType(JawType jaw)
     changed();
 }
 
-QString CompositeMovement::getClassTypeId()
-{
-    return QStringLiteral("CompositeMovement");
-}
-
-bool CompositeMovement::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || Movement::isOfType(classTypeId);
-}
-
 QList<Movement*> CompositeMovement::getMovements() const
 {
     return pointers(movements);
@@ -205,16 +175,6 @@ void CompositeMovement::addMovement(Movement* movement)
         changed();
 }
 
-QString FixedMovement::getClassTypeId()
-{
-    return QStringLiteral("FixedMovement");
-}
-
-bool FixedMovement::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || Movement::isOfType(classTypeId);
-}
-
 QMatrix4x4 FixedMovement::getTransformation() const
 {
     return transformation;
@@ -224,16 +184,6 @@ void FixedMovement::setTransformation(const QMatrix4x4& matrix)
 {
     transformation = matrix;
     changed();
-}
-
-QString MaxillofacialSurgery::getClassTypeId()
-{
-    return QStringLiteral("MaxillofacialSurgery");
-}
-
-bool MaxillofacialSurgery::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
 }
 
 Movement* MaxillofacialSurgery::getMovementByTypeIdentifier(const QString& movementType) const

@@ -50,11 +50,10 @@ public:
 /// A movement of jaw parts in a surgery: what it is, the part it moves first of all, and its modes.
 class COREALGORITHMS_MODEL_EXPORT Movement : public DataObject
 {
+    COREALGORITHMS_TYPE(Movement, DataObject)
+
 public:
     explicit Movement(const QString& movementTypeId);
-
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
 
     /// An identifier of MovementTypes, or the application's own.
     virtual QString getMovementType() const;
@@ -102,11 +101,10 @@ private:
 /// A movement into a recorded bite: one transformation for each mode.
 class COREALGORITHMS_MODEL_EXPORT OcclusionMovement : public Movement
 {
+    COREALGORITHMS_TYPE(OcclusionMovement, Movement)
+
 public:
     using Movement::Movement;
-
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
 
     /// Of planning space onto itself; empty if the mode has none.
     virtual utility::Optional<QMatrix4x4> getOcclusionModeTransformation(const QString& mode) const;
@@ -127,11 +125,10 @@ private:
 /// A movement made of movements, for instance one for each segment of a jaw.
 class COREALGORITHMS_MODEL_EXPORT CompositeMovement : public Movement
 {
+    COREALGORITHMS_TYPE(CompositeMovement, Movement)
+
 public:
     using Movement::Movement;
-
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
 
     /// In the order in which they were added.
     virtual QList<Movement*> getMovements() const;
@@ -146,11 +143,10 @@ private:
 /// A movement by one matrix, whatever the mode.
 class COREALGORITHMS_MODEL_EXPORT FixedMovement : public Movement
 {
+    COREALGORITHMS_TYPE(FixedMovement, Movement)
+
 public:
     using Movement::Movement;
-
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
 
     virtual QMatrix4x4 getTransformation() const;
     virtual void setTransformation(const QMatrix4x4& matrix);
@@ -162,10 +158,9 @@ private:
 /// A planned operation on the jaws: its movements.
 class COREALGORITHMS_MODEL_EXPORT MaxillofacialSurgery : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(MaxillofacialSurgery, DataObject)
 
+public:
     /// The first movement of this type; null for none.
     virtual Movement* getMovementByTypeIdentifier(const QString& movementType) const;
     /// In the order in which they were added.

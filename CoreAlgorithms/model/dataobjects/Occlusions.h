@@ -14,10 +14,9 @@
 /// in the bite. In a segmental bite the upper jaw is cut into segments with a matrix each.
 class COREALGORITHMS_MODEL_EXPORT OcclusionBase : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(OcclusionBase, DataObject)
 
+public:
     virtual const std::map<QString, QMatrix4x4>& getTransformations() const;
     virtual void setTransformations(const std::map<QString, QMatrix4x4>& matrices);
     virtual bool isSegmental() const;
@@ -31,9 +30,7 @@ private:
 /// A bite that was recorded on the patient or on plaster casts.
 class COREALGORITHMS_MODEL_EXPORT Occlusion : public OcclusionBase
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(Occlusion, OcclusionBase)
 };
 
 namespace dataobject {
@@ -41,9 +38,7 @@ namespace dataobject {
 /// A bite that was found on the screen.
 class COREALGORITHMS_MODEL_EXPORT VirtualOcclusion : public OcclusionBase
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(VirtualOcclusion, OcclusionBase)
 };
 
 } // namespace dataobject

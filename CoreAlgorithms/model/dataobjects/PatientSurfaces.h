@@ -11,33 +11,25 @@
 /// The soft tissue of the face, which follows the planned movements of the bone.
 class COREALGORITHMS_MODEL_EXPORT SoftTissueModel : public Surface3DModel
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(SoftTissueModel, Surface3DModel)
 };
 
 /// The skin as the scan shows it.
 class COREALGORITHMS_MODEL_EXPORT Skin : public Surface3DModel
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(Skin, Surface3DModel)
 };
 
 /// A cut through bone.
 class COREALGORITHMS_MODEL_EXPORT OsteotomySurface : public Surface3DModel
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(OsteotomySurface, Surface3DModel)
 };
 
 /// A surface that is only looked at, for instance one that was imported.
 class COREALGORITHMS_MODEL_EXPORT ShowObject : public Surface3DModel
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(ShowObject, Surface3DModel)
 };
 
 namespace dataobject {
@@ -45,25 +37,19 @@ namespace dataobject {
 /// A splint that holds the jaws in a bite during an operation.
 class COREALGORITHMS_MODEL_EXPORT SurgicalSplint : public Surface3DModel
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(SurgicalSplint, Surface3DModel)
 };
 
 /// The surface of the airway.
 class COREALGORITHMS_MODEL_EXPORT Airway : public Surface3DModel
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(Airway, Surface3DModel)
 };
 
 /// A photographed or scanned surface of the face.
 class COREALGORITHMS_MODEL_EXPORT PatientSurfaceModel : public Surface3DModel
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(PatientSurfaceModel, Surface3DModel)
 };
 
 } // namespace dataobject

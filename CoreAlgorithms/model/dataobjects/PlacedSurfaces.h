@@ -10,10 +10,9 @@
 /// M sets M * getObjectTransform().
 class COREALGORITHMS_MODEL_EXPORT PlacedSurfaceModel : public Surface3DModel
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(PlacedSurfaceModel, Surface3DModel)
 
+public:
     /// From the frame of the mesh into the scene; the mesh stays in its frame.
     const QMatrix4x4& getObjectTransform() const override;
     /// Replaces the placement.
@@ -28,9 +27,7 @@ private:
 /// A tooth that is planned but not there.
 class COREALGORITHMS_MODEL_EXPORT VirtualTooth : public PlacedSurfaceModel
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(VirtualTooth, PlacedSurfaceModel)
 };
 
 namespace dataobject {
@@ -38,17 +35,13 @@ namespace dataobject {
 /// A template that guides the drill, as it will be made. Placed absolutely.
 class COREALGORITHMS_MODEL_EXPORT SurgicalTemplate3D : public PlacedSurfaceModel
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(SurgicalTemplate3D, PlacedSurfaceModel)
 };
 
 /// A template while it is being designed; no SurgicalTemplate3D. Placed absolutely.
 class COREALGORITHMS_MODEL_EXPORT PreviewSurgicalTemplate : public PlacedSurfaceModel
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(PreviewSurgicalTemplate, PlacedSurfaceModel)
 };
 
 } // namespace dataobject

@@ -18,16 +18,6 @@ utility::Optional<Value> lookUp(const std::map<QString, Value>& values, const QS
 
 namespace dataobject {
 
-QString LockedImplantPlan::getClassTypeId()
-{
-    return QStringLiteral("LockedImplantPlan");
-}
-
-bool LockedImplantPlan::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 QList<QMatrix4x4> LockedImplantPlan::getImplantPlacements() const
 {
     return placements;
@@ -49,16 +39,6 @@ void LockedImplantPlan::updateScannerOrientation(const QMatrix4x4& matrix)
 {
     scannerOrientation = matrix * scannerOrientation;
     changed();
-}
-
-QString PlannedToPostOpCollection::getClassTypeId()
-{
-    return QStringLiteral("PlannedToPostOpCollection");
-}
-
-bool PlannedToPostOpCollection::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
 }
 
 QStringList PlannedToPostOpCollection::getTransformationSurgeryPartTypes() const

@@ -20,10 +20,9 @@ namespace dataobject {
 /// in the frame of that moment; the scanner orientation carries them into today's.
 class COREALGORITHMS_MODEL_EXPORT LockedImplantPlan : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(LockedImplantPlan, DataObject)
 
+public:
     /// In the frame of the moment of locking.
     virtual QList<QMatrix4x4> getImplantPlacements() const;
     virtual void lock(const QList<QMatrix4x4>& worldFromImplants);
@@ -43,11 +42,10 @@ private:
 /// it. A part is known by its class type identifier. All matrices move the world onto itself.
 class COREALGORITHMS_MODEL_EXPORT PlannedToPostOpCollection : public DataObject
 {
+    COREALGORITHMS_TYPE(PlannedToPostOpCollection, DataObject)
+
 public:
     using Transformations = std::map<QString, QMatrix4x4>;
-
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
 
     /// The parts for which a transformation is stored, ascending.
     virtual QStringList getTransformationSurgeryPartTypes() const;

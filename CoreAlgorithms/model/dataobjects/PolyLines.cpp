@@ -83,16 +83,6 @@ void PointEditor::changePointInContext(int index, const QVector3D& positionMm, C
 
 PolyLine::PolyLine() : editor(std::make_unique<PointEditor>(*this)) {}
 
-QString PolyLine::getClassTypeId()
-{
-    return QStringLiteral("PolyLine");
-}
-
-bool PolyLine::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 int PolyLine::getNumPositions() const
 {
     return static_cast<int>(points.size());

@@ -102,10 +102,9 @@ private:
 /// A chain of points.
 class COREALGORITHMS_MODEL_EXPORT PolyLine : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(PolyLine, DataObject)
 
+public:
     PolyLine();
 
     virtual int getNumPositions() const;

@@ -4,16 +4,6 @@
 
 #include <utility>
 
-QString Reslice::getClassTypeId()
-{
-    return QStringLiteral("Reslice");
-}
-
-bool Reslice::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 QSizeF Reslice::getDimensions() const
 {
     return dimensions;
@@ -96,16 +86,6 @@ float Reslice::getHeight() const
     return static_cast<float>(dimensions.height() * sampleSize.y());
 }
 
-QString PlanarReslice::getClassTypeId()
-{
-    return QStringLiteral("PlanarReslice");
-}
-
-bool PlanarReslice::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || Reslice::isOfType(classTypeId);
-}
-
 QMatrix4x4 PlanarReslice::getTransformationFromResliceToWorld() const
 {
     return transformation;
@@ -132,16 +112,6 @@ QVector3D PlanarReslice::getDirection1(bool perSample) const
 {
     const QVector3D direction = transformation.column(1).toVector3D();
     return perSample ? direction * getSampleSize().y() : direction;
-}
-
-QString PanoramicReslice::getClassTypeId()
-{
-    return QStringLiteral("PanoramicReslice");
-}
-
-bool PanoramicReslice::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || Reslice::isOfType(classTypeId);
 }
 
 QList<QVector3D> PanoramicReslice::getPath() const
@@ -175,16 +145,6 @@ void PanoramicReslice::setVerticalRange(const math::Range<float>& heightsMm)
 {
     verticalRange = heightsMm;
     changed();
-}
-
-QString CephReslice::getClassTypeId()
-{
-    return QStringLiteral("CephReslice");
-}
-
-bool CephReslice::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || Reslice::isOfType(classTypeId);
 }
 
 QMatrix4x4 CephReslice::getTransformation() const

@@ -30,10 +30,9 @@ enum ResliceType : int { SingleSlice = 0, ThickSlab = 1 };
 /// it.
 class COREALGORITHMS_MODEL_EXPORT Reslice : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(Reslice, DataObject)
 
+public:
     /// Samples along the view's x and y.
     virtual QSizeF getDimensions() const;
     virtual void setDimensions(const QSizeF& samples);
@@ -76,10 +75,9 @@ private:
 /// the normal and the origin.
 class COREALGORITHMS_MODEL_EXPORT PlanarReslice : public Reslice
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(PlanarReslice, Reslice)
 
+public:
     virtual QMatrix4x4 getTransformationFromResliceToWorld() const;
     virtual void setTransformationFromResliceToWorld(const QMatrix4x4& worldFromReslice);
 
@@ -99,10 +97,9 @@ private:
 /// against its upper direction.
 class COREALGORITHMS_MODEL_EXPORT PanoramicReslice : public Reslice
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(PanoramicReslice, Reslice)
 
+public:
     /// World samples along the line, one column apart.
     virtual QList<QVector3D> getPath() const;
     virtual void setPath(const QList<QVector3D>& samples);
@@ -125,10 +122,9 @@ private:
 /// y, 0) into the world.
 class COREALGORITHMS_MODEL_EXPORT CephReslice : public Reslice
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(CephReslice, Reslice)
 
+public:
     virtual QMatrix4x4 getTransformation() const;
     virtual void setTransformation(const QMatrix4x4& worldFromReslice);
 

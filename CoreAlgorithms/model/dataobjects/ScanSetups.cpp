@@ -4,16 +4,6 @@
 
 #include <utility>
 
-QString ScannableRegion::getClassTypeId()
-{
-    return QStringLiteral("ScannableRegion");
-}
-
-bool ScannableRegion::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || Surface3DModel::isOfType(classTypeId);
-}
-
 ToothChart::Tooth ScannableRegion::getRegionStart() const
 {
     return regionStart;
@@ -29,16 +19,6 @@ void ScannableRegion::setRegion(ToothChart::Tooth start, ToothChart::Tooth end)
     regionStart = start;
     regionEnd = end;
     changed();
-}
-
-QString QuarnRawScanData::getClassTypeId()
-{
-    return QStringLiteral("QuarnRawScanData");
-}
-
-bool QuarnRawScanData::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || Surface3DModel::isOfType(classTypeId);
 }
 
 QList<ToothChart::Tooth> QuarnRawScanData::getScannedTeeth() const
@@ -66,16 +46,6 @@ void QuarnRawScanData::setIntermediateSurface(std::shared_ptr<SurfaceTree> surfa
 {
     intermediateSurface = std::move(surface);
     changed();
-}
-
-QString OcclusionScan::getClassTypeId()
-{
-    return QStringLiteral("OcclusionScan");
-}
-
-bool OcclusionScan::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
 }
 
 bool OcclusionScan::isCalculated() const
@@ -115,16 +85,6 @@ void OcclusionScan::resetTransformations()
     lowerTransformation.setToIdentity();
     vestibularTransformation.setToIdentity();
     changed();
-}
-
-QString ScanSetup::getClassTypeId()
-{
-    return QStringLiteral("ScanSetup");
-}
-
-bool ScanSetup::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
 }
 
 OcclusionScan* ScanSetup::getOcclusionScan() const

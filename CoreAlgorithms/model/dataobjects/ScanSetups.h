@@ -15,10 +15,9 @@
 /// A stretch of teeth that is to be scanned, and its surface as far as it is scanned.
 class COREALGORITHMS_MODEL_EXPORT ScannableRegion : public Surface3DModel
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(ScannableRegion, Surface3DModel)
 
+public:
     /// First and last tooth; NoTooth for a new region.
     virtual ToothChart::Tooth getRegionStart() const;
     virtual ToothChart::Tooth getRegionEnd() const;
@@ -33,10 +32,9 @@ private:
 /// computed, an intermediate surface.
 class COREALGORITHMS_MODEL_EXPORT QuarnRawScanData : public Surface3DModel
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(QuarnRawScanData, Surface3DModel)
 
+public:
     /// In the order in which they were scanned; empty if that is not known.
     virtual QList<ToothChart::Tooth> getScannedTeeth() const;
     virtual void setScannedTeeth(const QList<ToothChart::Tooth>& teeth);
@@ -56,10 +54,9 @@ private:
 /// occlusion.
 class COREALGORITHMS_MODEL_EXPORT OcclusionScan : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(OcclusionScan, DataObject)
 
+public:
     /// True once setTransformations() was called; the three matrices are the identity before.
     virtual bool isCalculated() const;
     virtual QMatrix4x4 getUpperTransformation() const;
@@ -80,10 +77,9 @@ private:
 /// What is to be scanned in a mouth, and what has been.
 class COREALGORITHMS_MODEL_EXPORT ScanSetup : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(ScanSetup, DataObject)
 
+public:
     /// Null for a setup without a bite.
     virtual OcclusionScan* getOcclusionScan() const;
     virtual void setOcclusionScan(std::shared_ptr<OcclusionScan> scan);

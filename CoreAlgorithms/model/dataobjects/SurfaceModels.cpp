@@ -2,30 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
 
-namespace dataobject {
-
-QString SurfaceObject::getClassTypeId()
-{
-    return QStringLiteral("SurfaceObject");
-}
-
-bool SurfaceObject::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
-} // namespace dataobject
-
-QString Surface3DModel::getClassTypeId()
-{
-    return QStringLiteral("Surface3DModel");
-}
-
-bool Surface3DModel::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || SurfaceObject::isOfType(classTypeId);
-}
-
 const geometry::Mesh& Surface3DModel::getMesh() const
 {
     return mesh;

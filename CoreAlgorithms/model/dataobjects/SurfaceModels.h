@@ -15,10 +15,9 @@ namespace dataobject {
 /// Whatever has a surface in the scene: one mesh, or a tree of shapes.
 class COREALGORITHMS_MODEL_EXPORT SurfaceObject : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(SurfaceObject, DataObject)
 
+public:
     /// The smallest box round the surface as it stands in the scene; null for none.
     virtual primitives::BoundingBox getSceneBoundingBox() const = 0;
 };
@@ -33,10 +32,9 @@ public:
 /// time.
 class COREALGORITHMS_MODEL_EXPORT Surface3DModel : public dataobject::SurfaceObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(Surface3DModel, SurfaceObject)
 
+public:
     virtual const geometry::Mesh& getMesh() const;
     /// A new surface, where it stands: the object transform becomes the identity.
     virtual void setMesh(const geometry::Mesh& surface);

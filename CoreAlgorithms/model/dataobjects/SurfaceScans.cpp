@@ -4,16 +4,6 @@
 
 AlignableSurface::~AlignableSurface() = default;
 
-QString SurfaceScan::getClassTypeId()
-{
-    return QStringLiteral("SurfaceScan");
-}
-
-bool SurfaceScan::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || Surface3DModel::isOfType(classTypeId);
-}
-
 const Surface3DModel* SurfaceScan::getSurfaceModel() const
 {
     return this;
@@ -87,14 +77,4 @@ void SurfaceScan::setJawType(JawType type)
 {
     jaw = type;
     changed();
-}
-
-QString DentalScan::getClassTypeId()
-{
-    return QStringLiteral("DentalScan");
-}
-
-bool DentalScan::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || SurfaceScan::isOfType(classTypeId);
 }

@@ -56,10 +56,9 @@ public:
 /// alignment in one. A new one has identity matrices, the registration in force and no jaw.
 class COREALGORITHMS_MODEL_EXPORT SurfaceScan : public Surface3DModel, public AlignableSurface
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(SurfaceScan, Surface3DModel)
 
+public:
     const Surface3DModel* getSurfaceModel() const override;
     Surface3DModel* getSurfaceModel() override;
 
@@ -86,7 +85,5 @@ private:
 /// A surface scan of one jaw's teeth, from which bites are set up.
 class COREALGORITHMS_MODEL_EXPORT DentalScan : public SurfaceScan
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(DentalScan, SurfaceScan)
 };

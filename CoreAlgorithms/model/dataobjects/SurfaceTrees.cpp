@@ -4,16 +4,6 @@
 
 #include <utility>
 
-QString SurfaceTree::getClassTypeId()
-{
-    return QStringLiteral("SurfaceTree");
-}
-
-bool SurfaceTree::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || SurfaceObject::isOfType(classTypeId);
-}
-
 geometry::ShapeNode* SurfaceTree::getShapeNode() const
 {
     return shapeNode.get();

@@ -16,10 +16,9 @@
 /// stay as they are, the placement alone changes.
 class COREALGORITHMS_MODEL_EXPORT SurfaceTree : public dataobject::SurfaceObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(SurfaceTree, SurfaceObject)
 
+public:
     /// Owned by the tree; null for one that has no shapes yet.
     virtual geometry::ShapeNode* getShapeNode() const;
     virtual void setShapeNode(std::unique_ptr<geometry::ShapeNode> tree);

@@ -12,16 +12,6 @@ Tooth::Tooth(ToothChart::Tooth toothType, Status toothStatus, Category toothCate
     : type(toothType), status(toothStatus), category(toothCategory)
 {}
 
-QString Tooth::getClassTypeId()
-{
-    return QStringLiteral("Tooth");
-}
-
-bool Tooth::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 ToothChart::Tooth Tooth::getToothType() const
 {
     return type;
@@ -41,16 +31,6 @@ void Tooth::setStatus(Status toothStatus)
 Tooth::Category Tooth::getCategory() const
 {
     return category;
-}
-
-QString Mouth::getClassTypeId()
-{
-    return QStringLiteral("Mouth");
-}
-
-bool Mouth::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
 }
 
 void Mouth::addTooth(const std::shared_ptr<Tooth>& tooth)
@@ -84,16 +64,6 @@ QSet<std::shared_ptr<Tooth>> Mouth::getAllTeethUnsorted() const
 
 } // namespace dataobject
 
-QString Anatomy::getClassTypeId()
-{
-    return QStringLiteral("Anatomy");
-}
-
-bool Anatomy::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 std::shared_ptr<dataobject::Mouth> Anatomy::getMouth() const
 {
     return mouth;
@@ -123,16 +93,6 @@ void Anatomy::setOriginalModels(std::shared_ptr<Surface3DModel> originalCranium,
     changed();
 }
 
-QString Diagnosis::getClassTypeId()
-{
-    return QStringLiteral("Diagnosis");
-}
-
-bool Diagnosis::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 std::shared_ptr<Anatomy> Diagnosis::getPatientAnatomy() const
 {
     return anatomy;
@@ -142,16 +102,6 @@ void Diagnosis::setPatientAnatomy(std::shared_ptr<Anatomy> patientAnatomy)
 {
     anatomy = std::move(patientAnatomy);
     changed();
-}
-
-QString ToothAnnotation3D::getClassTypeId()
-{
-    return QStringLiteral("ToothAnnotation3D");
-}
-
-bool ToothAnnotation3D::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
 }
 
 ToothChart::Tooth ToothAnnotation3D::getToothType() const

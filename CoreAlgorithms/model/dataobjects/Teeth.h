@@ -20,14 +20,13 @@ namespace dataobject {
 /// One tooth of the patient.
 class COREALGORITHMS_MODEL_EXPORT Tooth : public DataObject
 {
+    COREALGORITHMS_TYPE(Tooth, DataObject)
+
 public:
     enum Status : int { Present = 0, Missing = 1, Planned = 2 };
     enum Category : int { Deciduous = 0, Permanent = 1 };
 
     Tooth(ToothChart::Tooth toothType, Status toothStatus, Category toothCategory);
-
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
 
     /// The tooth's number.
     virtual ToothChart::Tooth getToothType() const;
@@ -44,10 +43,9 @@ private:
 /// All teeth of the patient.
 class COREALGORITHMS_MODEL_EXPORT Mouth : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(Mouth, DataObject)
 
+public:
     /// A tooth takes the place of one of the same number; null is ignored.
     virtual void addTooth(const std::shared_ptr<Tooth>& tooth);
     /// Does nothing for a tooth that is none of the mouth's.
@@ -67,10 +65,9 @@ private:
 /// What is known of the patient's body.
 class COREALGORITHMS_MODEL_EXPORT Anatomy : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(Anatomy, DataObject)
 
+public:
     /// Null while none has been set.
     virtual std::shared_ptr<dataobject::Mouth> getMouth() const;
     virtual void setMouth(std::shared_ptr<dataobject::Mouth> patientMouth);
@@ -90,10 +87,9 @@ private:
 /// The patient as found before any planning.
 class COREALGORITHMS_MODEL_EXPORT Diagnosis : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(Diagnosis, DataObject)
 
+public:
     /// Null while none has been set.
     virtual std::shared_ptr<Anatomy> getPatientAnatomy() const;
     virtual void setPatientAnatomy(std::shared_ptr<Anatomy> patientAnatomy);
@@ -105,10 +101,9 @@ private:
 /// A label that marks a tooth in the 3-D view.
 class COREALGORITHMS_MODEL_EXPORT ToothAnnotation3D : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(ToothAnnotation3D, DataObject)
 
+public:
     /// Of the linked tooth; without one, the number that was set last or that the last linked tooth
     /// had. NoTooth for a new label.
     virtual ToothChart::Tooth getToothType() const;

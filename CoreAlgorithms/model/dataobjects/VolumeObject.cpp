@@ -7,16 +7,6 @@
 
 #include <utility>
 
-QString VolumeObject::getClassTypeId()
-{
-    return QStringLiteral("VolumeObject");
-}
-
-bool VolumeObject::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || DataObject::isOfType(classTypeId);
-}
-
 const VexelImage3D& VolumeObject::getImage() const
 {
     static const VexelImage3D none;
@@ -86,16 +76,6 @@ void VolumeObject::visualizationChanged(bool redraw)
 {
     if (redraw)
         changed();
-}
-
-QString CTDataVolumeObject::getClassTypeId()
-{
-    return QStringLiteral("CTDataVolumeObject");
-}
-
-bool CTDataVolumeObject::isOfType(const QString& classTypeId) const
-{
-    return classTypeId == getClassTypeId() || VolumeObject::isOfType(classTypeId);
 }
 
 std::shared_ptr<CTData> CTDataVolumeObject::getCTData() const

@@ -22,10 +22,9 @@ class ColormapFunction;
 /// their parameters.
 class COREALGORITHMS_MODEL_EXPORT VolumeObject : public DataObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(VolumeObject, DataObject)
 
+public:
     /// The image without voxels until one is set.
     virtual const VexelImage3D& getImage() const;
     /// Null sets the image without voxels.
@@ -65,10 +64,9 @@ private:
 /// The volume of a CT scan, which it shows.
 class COREALGORITHMS_MODEL_EXPORT CTDataVolumeObject : public VolumeObject
 {
-public:
-    static QString getClassTypeId();
-    bool isOfType(const QString& classTypeId) const override;
+    COREALGORITHMS_TYPE(CTDataVolumeObject, VolumeObject)
 
+public:
     /// Null until one is set.
     virtual std::shared_ptr<CTData> getCTData() const;
     virtual void setCTData(std::shared_ptr<CTData> scan);

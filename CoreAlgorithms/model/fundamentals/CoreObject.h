@@ -3,12 +3,12 @@
 #pragma once
 
 #include <CoreAlgorithms/model/Export.h>
+#include <CoreAlgorithms/model/fundamentals/TypeIdentity.h>
 
 #include <QString>
 
-/// Root of every object of the model. Each class publishes an identifier through its static
-/// getClassTypeId() and answers isOfType() for its own identifier and for those of its bases.
-/// Objects have identity and are not copied.
+/// Is the root of all objects of the model. A class that derives from it publishes its type
+/// identifier with COREALGORITHMS_TYPE. Objects have identity and are not copied.
 class COREALGORITHMS_MODEL_EXPORT CoreObject
 {
 public:
@@ -17,8 +17,9 @@ public:
     CoreObject& operator=(const CoreObject&) = delete;
     virtual ~CoreObject();
 
+    /// Returns the type identifier of the class.
     static QString getClassTypeId();
 
-    /// True if the object is of the class with this identifier, or of one derived from it.
+    /// Returns true if the object is of the class with this identifier, or of one derived from it.
     virtual bool isOfType(const QString& classTypeId) const;
 };
