@@ -41,7 +41,7 @@ public:
             add<GreyValueMeasurement>()->changePosition(random.point(40.0F));
             add<LineAnnotation>()->setPositions({random.point(40.0F), random.point(40.0F)});
             add<PencilAnnotation3D>()->setPositions(QList<QVector3D>(50, random.point(40.0F)));
-            add<ArrowAnnotation3D>()->setEnds(random.point(40.0F), random.point(40.0F));
+            add<ArrowAnnotation3D>()->setArrow(random.point(40.0F), random.point(40.0F));
             add<CircleAnnotation3D>()->setCircle(random.point(40.0F), random.point(1.0F), 3.0F);
             add<TextAnnotation3D>()->setPosition(random.point(40.0F));
             add<CustomResliceAnnotation>()->setResliceTransform(random.rigidPlacement());

@@ -5,8 +5,8 @@
 # its sources implement them. The rest of the bundled model becomes part of the target. Defines
 # CoreAlgorithms::CoreAlgorithms, which the application links; it may call the function once.
 #
-# A header is named by its file name without .h: EXCEPT Implants replaces CoreAlgorithms/model/dataobjects/Implants.h and,
-# if there is one, Implants.cpp.
+# A header is named by its file name without .h: EXCEPT Implant3D replaces CoreAlgorithms/model/dataobjects/Implant3D.h and,
+# if there is one, Implant3D.cpp.
 include(GenerateExportHeader)
 include("${CMAKE_CURRENT_LIST_DIR}/LibraryPromises.cmake")
 

@@ -357,15 +357,15 @@ QColor greyColour(float grey, const Window& window)
 QColor colourOf(const QList<colormap::TransferFunction::ControlPoint>& points, float grey)
 {
     if (grey <= points.first().greyValue)
-        return points.first().colour;
+        return points.first().color;
     for (qsizetype i = 1; i < points.size(); ++i) {
         if (grey < points[i].greyValue) {
             const float part =
                 (grey - points[i - 1].greyValue) / (points[i].greyValue - points[i - 1].greyValue);
-            return mixed(points[i - 1].colour, points[i].colour, static_cast<double>(part));
+            return mixed(points[i - 1].color, points[i].color, static_cast<double>(part));
         }
     }
-    return points.last().colour;
+    return points.last().color;
 }
 
 // A volume with one function of each kind, set up for the tissues of the scan.

@@ -267,15 +267,15 @@ private:
         add(7, QStringLiteral("angle between three apices"), angle,
             [angle] { return angle->getPositions(); });
         auto arrow = std::make_shared<ArrowAnnotation3D>();
-        arrow->setEnds(tooth(30).occlusalPoint + tooth(30).axisToCrown * 12.0F,
-                       tooth(30).occlusalPoint);
+        arrow->setArrow(tooth(30).occlusalPoint + tooth(30).axisToCrown * 12.0F,
+                        tooth(30).occlusalPoint);
         add(8, QStringLiteral("arrow at tooth 30"), arrow, [arrow] {
             return QList<QVector3D>{arrow->getTail(), arrow->getTip()};
         });
         auto circle = std::make_shared<CircleAnnotation3D>();
         circle->setCircle(tooth(8).occlusalPoint, tooth(8).axisToCrown, 5.0F);
         add(9, QStringLiteral("circle round tooth 8"), circle, [circle] {
-            return QList<QVector3D>{circle->getCentre(), circle->getCentre() + circle->getNormal()};
+            return QList<QVector3D>{circle->getCenter(), circle->getCenter() + circle->getNormal()};
         });
         auto text = std::make_shared<TextAnnotation3D>();
         text->setText(QStringLiteral("check occlusion"));

@@ -14,7 +14,7 @@ file(GLOB headers RELATIVE "${model}" "${model}/*/*.h")
 list(FILTER headers EXCLUDE REGEX "^contract/")
 
 # change(<concept> <class> <text> <its replacement> <what the compiler must name>)
-# Replaces the first such text in the definition of a class; `class X : ` stands for its head with all its bases,
+# Replaces the first such text in the definition of a class; `class X : ` means its head with all its bases,
 # `class X` for the head of a definition that gets another name behind an empty class X.
 function(change concept class text replacement named)
     set(namespace "")

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/Annotations.h>
 
-// Annotations: positions, moves, notification, and that no kind is another.
+// Annotations: positions, moves and notification.
 
 #include <tests/support/ModelRecorders.h>
 
@@ -14,7 +14,7 @@ using test::ChangeCounter;
 using test::expectVector;
 using test::quarterTurnAndShift;
 
-TEST(PointAnnotation, TellsItsNewPosition)
+TEST(PointAnnotation, NotifiesOfItsNewPosition)
 {
     PointAnnotation annotation;
     ChangeCounter counter;
@@ -48,8 +48,9 @@ TEST(GreyValueMeasurement, KeepsItsValueWhenItsPositionChanges)
     EXPECT_EQ(measurement.getGreyValue(), 312.0F);
 }
 
-// (1, 2, 3) goes to (10 - 2, 20 + 1, 30 + 3), the direction (1, 0, 0) to (0, 1, 0).
-TEST(Annotations, MoveByAMatrixAndTellItOnce)
+// The point (1, 2, 3) is mapped to (10 - 2, 20 + 1, 30 + 3), and the direction (1, 0, 0) to (0, 1,
+// 0).
+TEST(Annotations, MoveByAMatrixAndNotifyOnce)
 {
     const QMatrix4x4 matrix = quarterTurnAndShift();
     const QVector3D p(1.0F, 2.0F, 3.0F);
@@ -67,7 +68,7 @@ TEST(Annotations, MoveByAMatrixAndTellItOnce)
     expectVector(pencil.getPositions()[1], 10.0F, 20.0F, 30.0F);
 
     ArrowAnnotation3D arrow;
-    arrow.setEnds(p, {});
+    arrow.setArrow(p, {});
     moveAndCount(arrow);
     expectVector(arrow.getTail(), 8.0F, 21.0F, 33.0F);
     expectVector(arrow.getTip(), 10.0F, 20.0F, 30.0F);
@@ -76,7 +77,7 @@ TEST(Annotations, MoveByAMatrixAndTellItOnce)
     circle.setCircle(p, {2.0F, 0.0F, 0.0F}, 4.0F);
     expectVector(circle.getNormal(), 1.0F, 0.0F, 0.0F);
     moveAndCount(circle);
-    expectVector(circle.getCentre(), 8.0F, 21.0F, 33.0F);
+    expectVector(circle.getCenter(), 8.0F, 21.0F, 33.0F);
     expectVector(circle.getNormal(), 0.0F, 1.0F, 0.0F);
     EXPECT_EQ(circle.getRadius(), 4.0F);
 

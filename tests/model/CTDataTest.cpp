@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
 
-// Covered: landmarks, image volumes and CT data: values of new ones, extents, selection by type,
+// Landmarks, image volumes and CT data: values of new ones, extents, selection by type,
 // notification.
 
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
@@ -18,8 +18,8 @@ namespace {
 
 using dataobject::LandmarkAnnotation;
 
-static_assert(CTData::OcclusalPlaneAtCentre == 0);
-static_assert(VolumeContext == 0, "the frame in which the library asks for positions");
+static_assert(CTData::OcclusalPlaneAtCenter == 0);
+static_assert(VolumeContext == 0, "the frame whose positions the library uses");
 
 std::shared_ptr<ImageVolume> volumeOf(const math::Ivec3& size, const QVector3D& spacing)
 {
@@ -75,10 +75,10 @@ TEST(CTData, StartsWithoutVolumeLandmarksAndExtent)
     EXPECT_TRUE(ct.getBoundingBox().isNull());
     EXPECT_TRUE(ct.getTotalResampleTransformedBoundingBox().isNull());
     EXPECT_EQ(ct.getTotalResampleNHPTransformation(), QMatrix4x4());
-    EXPECT_EQ(ct.getOcclusalPlaneDefinition(), CTData::OcclusalPlaneAtCentre);
+    EXPECT_EQ(ct.getOcclusalPlaneDefinition(), CTData::OcclusalPlaneAtCenter);
 }
 
-TEST(CTData, ReachesHalfAVoxelBeyondTheOutermostCentres)
+TEST(CTData, ReachesHalfAVoxelBeyondTheOutermostCenters)
 {
     CTData ct;
     ct.setImageVolume(volumeOf({100, 80, 60}, {0.5F, 0.25F, 2.0F}));
@@ -123,7 +123,7 @@ TEST(CTData, IsKnownToTheReslicesThatCutIt)
     EXPECT_EQ(reslice.getCTData(), ct);
 }
 
-TEST(CTData, EverySetterTellsTheObserversOnce)
+TEST(CTData, EverySetterNotifiesOnce)
 {
     CTData ct;
     ImageVolume volume;
@@ -144,7 +144,7 @@ TEST(CTData, EverySetterTellsTheObserversOnce)
                  std::make_shared<LandmarkAnnotation>(landmarkDetection::Nasion));
          }},
         {"setOcclusalPlaneDefinition", &ct,
-         [&] { ct.setOcclusalPlaneDefinition(CTData::OcclusalPlaneBelowCentre); }},
+         [&] { ct.setOcclusalPlaneDefinition(CTData::OcclusalPlaneBelowCenter); }},
         {"setImage", &volume, [&] { volume.setImage(nullptr); }},
         {"setImage of a value", &volume, [&] { volume.setImage(VexelImage3D()); }},
         {"setPosition", &landmark, [&] { landmark.setPosition(VolumeContext, {}); }},
@@ -157,7 +157,7 @@ TEST(CTData, EverySetterTellsTheObserversOnce)
         setter.set();
         EXPECT_EQ(counter.changes, 1) << setter.name;
     }
-    EXPECT_EQ(ct.getOcclusalPlaneDefinition(), CTData::OcclusalPlaneBelowCentre);
+    EXPECT_EQ(ct.getOcclusalPlaneDefinition(), CTData::OcclusalPlaneBelowCenter);
 }
 
 } // namespace

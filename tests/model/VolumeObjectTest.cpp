@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/VolumeObject.h>
 
-// Covered: volumes as they are shown, the kinds of colour-map functions, the eleven tissue levels.
+// Volumes as they are shown, the kinds of color-map functions, the eleven tissue levels.
 
 #include <CoreAlgorithms/model/data/Tissues.h>
 #include <CoreAlgorithms/model/dataobjects/CTData.h>
@@ -58,7 +58,7 @@ TEST(ColormapFunctions, HaveAUuidOfTheirOwn)
     EXPECT_NE(a.getUUID(), b.getUUID());
 }
 
-TEST(ColormapFunctions, TellOfAnotherPreviewStateIfAsked)
+TEST(ColormapFunctions, NotifyOfAnotherPreviewStateOnRequest)
 {
     colormap::ColormapFunction function;
     test::ChangeCounter counter;
@@ -91,10 +91,10 @@ TEST(TransferFunction, PansEveryControlPoint)
         {{-100.0F, QColor(Qt::black)}, {0.0F, QColor(Qt::red)}, {300.0F, QColor(Qt::white)}});
     function.panFunction(50.0F);
     EXPECT_EQ(greyValuesOf(function), QList<float>({-50.0F, 50.0F, 350.0F}));
-    EXPECT_EQ(function.getControlPoints()[1].colour, QColor(Qt::red));
+    EXPECT_EQ(function.getControlPoints()[1].color, QColor(Qt::red));
 }
 
-TEST(TransferFunction, StretchesRoundItsMiddleAndKeepsALengthOfOne)
+TEST(TransferFunction, StretchesAroundItsMiddleAndKeepsALengthOfOne)
 {
     colormap::TransferFunction function;
     function.setControlPoints({{0.0F, {}}, {25.0F, {}}, {100.0F, {}}});
@@ -167,7 +167,7 @@ TEST(CTDataVolumeObject, ShowsTheImageOfItsScanUnlessItHasItsOwn)
     EXPECT_EQ(&volume.getImage(), own.get());
 }
 
-TEST(VolumeObject, EverySetterTellsTheObserversOnce)
+TEST(VolumeObject, EverySetterNotifiesOnce)
 {
     CTDataVolumeObject volume;
     colormap::PulpFunction pulp;

@@ -268,7 +268,7 @@ struct WholePlan
         lineAnnotation->setPositions({kStart, kStart});
         pencil->setPositions({kStart});
         pointBased->setPositions({kStart});
-        arrow->setEnds(kStart, kStart);
+        arrow->setArrow(kStart, kStart);
         circle->setCircle(kStart, {0.0F, 0.0F, 1.0F}, 1.0F);
         text->setPosition(kStart);
         reslice->setResliceTransform(startPlacement());

@@ -130,7 +130,7 @@ const Step kSteps[] = {
     {8, "arrow", 7, [](auto& p) { return p.arrow.get(); },
      [](auto& p) { return p.arrow->getTip(); }},
     {9, "circle", 8, [](auto& p) { return p.circle.get(); },
-     [](auto& p) { return p.circle->getCentre(); }},
+     [](auto& p) { return p.circle->getCenter(); }},
     {10, "text", 9, [](auto& p) { return p.text.get(); },
      [](auto& p) { return p.text->getPosition(); }},
     {11, "custom reslice", 10, [](auto& p) { return p.reslice.get(); },

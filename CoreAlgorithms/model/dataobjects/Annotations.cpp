@@ -93,7 +93,7 @@ QVector3D ArrowAnnotation3D::getTip() const
     return tip;
 }
 
-void ArrowAnnotation3D::setEnds(const QVector3D& tailMm, const QVector3D& tipMm)
+void ArrowAnnotation3D::setArrow(const QVector3D& tailMm, const QVector3D& tipMm)
 {
     tail = tailMm;
     tip = tipMm;
@@ -107,9 +107,9 @@ void ArrowAnnotation3D::applyTransform(const QMatrix4x4& matrix)
     changed();
 }
 
-QVector3D CircleAnnotation3D::getCentre() const
+QVector3D CircleAnnotation3D::getCenter() const
 {
-    return centre;
+    return center;
 }
 
 QVector3D CircleAnnotation3D::getNormal() const
@@ -122,10 +122,10 @@ float CircleAnnotation3D::getRadius() const
     return radius;
 }
 
-void CircleAnnotation3D::setCircle(const QVector3D& centreMm, const QVector3D& direction,
+void CircleAnnotation3D::setCircle(const QVector3D& centerMm, const QVector3D& direction,
                                    float radiusMm)
 {
-    centre = centreMm;
+    center = centerMm;
     normal = direction.normalized();
     radius = radiusMm;
     changed();
@@ -133,7 +133,7 @@ void CircleAnnotation3D::setCircle(const QVector3D& centreMm, const QVector3D& d
 
 void CircleAnnotation3D::applyTransform(const QMatrix4x4& matrix)
 {
-    centre = matrix.map(centre);
+    center = matrix.map(center);
     normal = matrix.mapVector(normal).normalized();
     changed();
 }
@@ -201,23 +201,6 @@ void CephPlaneBase::applyTransform(const QMatrix4x4& matrix)
 }
 
 namespace dataobject {
-
-QVector3D AttachablePoint::getPosition() const
-{
-    return position;
-}
-
-void AttachablePoint::setPosition(const QVector3D& positionMm)
-{
-    position = positionMm;
-    changed();
-}
-
-void AttachablePoint::applyTransform(const QMatrix4x4& matrix)
-{
-    position = matrix.map(position);
-    changed();
-}
 
 QList<QVector3D> PointBased3DAnnotationBase::getPositions() const
 {

@@ -5,56 +5,6 @@
 #include <algorithm>
 #include <utility>
 
-utility::Optional<QVector3D> LandmarkBase::getPosition(Context context) const
-{
-    const auto found = positions.constFind(context);
-    if (found == positions.constEnd())
-        return {};
-    return *found;
-}
-
-void LandmarkBase::setPosition(Context context, const QVector3D& positionMm)
-{
-    positions.insert(context, positionMm);
-    changed();
-}
-
-void LandmarkBase::clearPosition(Context context)
-{
-    positions.remove(context);
-    changed();
-}
-
-namespace dataobject {
-
-LandmarkAnnotation::LandmarkAnnotation(landmarkDetection::LandmarkType landmarkType)
-    : type(landmarkType)
-{}
-
-landmarkDetection::LandmarkType LandmarkAnnotation::getType() const
-{
-    return type;
-}
-
-} // namespace dataobject
-
-const VexelImage3D& ImageVolume::getImage() const
-{
-    static const VexelImage3D none;
-    return image ? *image : none;
-}
-
-void ImageVolume::setImage(std::shared_ptr<const VexelImage3D> voxels)
-{
-    image = std::move(voxels);
-    changed();
-}
-
-void ImageVolume::setImage(VexelImage3D&& voxels)
-{
-    setImage(std::make_shared<const VexelImage3D>(std::move(voxels)));
-}
-
 std::shared_ptr<ImageVolume> CTData::getImageVolume() const
 {
     return imageVolume;

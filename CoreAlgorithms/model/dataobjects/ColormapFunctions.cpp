@@ -12,11 +12,11 @@ QUuid ColormapFunction::getUUID() const
     return uuid;
 }
 
-void ColormapFunction::setPreviewUpdateEnabledState(bool enabled, bool tellObservers)
+void ColormapFunction::setPreviewUpdateEnabledState(bool enabled, bool notifyIfChanged)
 {
     const bool isOther = previewUpdateEnabled != enabled;
     previewUpdateEnabled = enabled;
-    if (isOther && tellObservers)
+    if (isOther && notifyIfChanged)
         changed();
 }
 

@@ -9,26 +9,27 @@
 #include <cstddef>
 #include <memory>
 
-/// An object with properties whose changes the host records for undo, unless that is switched off.
+/// Represents an object with properties whose changes the host records for undo, unless that is
+/// switched off.
 class COREALGORITHMS_MODEL_EXPORT PropertyObject : public CoreObject
 {
     COREALGORITHMS_TYPE(PropertyObject, CoreObject)
 
 public:
-    /// True for a new object.
+    /// Returns true if changes are recorded for undo, as for a new object.
     virtual bool isCreateUndoEnabledForObject() const;
+    /// Sets whether changes are recorded for undo. Notifies nobody.
     virtual void enableCreateUndoForObjectAndProperties(bool enable);
 
 private:
     bool createUndoEnabled = true;
 };
 
-/// An object of the plan: shared, edited in brackets, observed.
+/// Represents an object of the plan, which is shared, edited in brackets and observed.
 ///
-/// Changes are announced by changed(). Inside startEditing() .. stopEditing(), which nest, any
-/// number of changes ends in one notification when the outermost bracket closes, and none if
-/// nothing changed. While notification is switched off (setNotifyObservers), changes are told to
-/// nobody, also not later.
+/// changed() announces a change. Between startEditing() and stopEditing(), which nest, any number
+/// of changes gives one notification when the outermost bracket closes, and none if nothing
+/// changed. Changes while notification is switched off are never announced.
 class COREALGORITHMS_MODEL_EXPORT DataObject
     : public PropertyObject,
       public std::enable_shared_from_this<DataObject>,
@@ -37,15 +38,20 @@ class COREALGORITHMS_MODEL_EXPORT DataObject
     COREALGORITHMS_TYPE(DataObject, PropertyObject)
 
 public:
+    /// Opens an editing bracket.
     virtual void startEditing();
-    /// Closes the innermost bracket; without an open one it does nothing.
+    /// Closes the innermost editing bracket. Notifies the observers if it was the only one and the
+    /// object changed in it. Does nothing without an open bracket.
     virtual void stopEditing();
+    /// Returns true while an editing bracket is open.
     bool isEditing() const { return openBrackets > 0; }
 
+    /// Switches notification on or off; it is on for a new object.
     virtual void setNotifyObservers(bool enable);
+    /// Returns true while notification is switched on.
     bool canNotifyObservers() const override;
 
-    /// Notifies the observers now, or once at the end of the editing bracket.
+    /// Announces a change: notifies the observers, now or at the end of the editing bracket.
     void changed();
 
 private:
@@ -54,14 +60,15 @@ private:
     bool notifyObservers = true;
 };
 
-/// The editing bracket of a scope. A null object is allowed and does nothing; the object must
-/// outlive the lock.
+/// Keeps an editing bracket open for a scope. The object may be null and must outlive the lock.
 class COREALGORITHMS_MODEL_EXPORT EditLocker
 {
 public:
+    /// Opens an editing bracket. Does nothing for null.
     explicit EditLocker(DataObject* objectToEdit);
     EditLocker(const EditLocker&) = delete;
     EditLocker& operator=(const EditLocker&) = delete;
+    /// Closes the editing bracket.
     ~EditLocker();
 
 private:

@@ -11,28 +11,31 @@
 
 #include <memory>
 
-/// A shell that is made to be worn for a while, as a tree of shapes. Moved relatively, as
-/// SurfaceTree says.
+/// Represents a shell that is worn for a limited time, as a tree of shapes. It is moved relatively,
+/// as SurfaceTree describes.
 class COREALGORITHMS_MODEL_EXPORT TempShell : public SurfaceTree
 {
     COREALGORITHMS_TYPE(TempShell, SurfaceTree)
 };
 
-/// A device that pulls two pieces of bone apart: where it is mounted, and its shapes, which are
-/// moved on their own.
+/// Represents a device that pulls two pieces of bone apart: where it is mounted, and its shapes,
+/// which are moved separately. Setters notify the observers.
 class COREALGORITHMS_MODEL_EXPORT Distractor : public DataObject
 {
     COREALGORITHMS_TYPE(Distractor, DataObject)
 
 public:
-    /// Null until one is set.
+    /// Returns the shapes, or null until they are set.
     virtual std::shared_ptr<SurfaceTree> getSurfaceTree() const;
+    /// Sets the shapes, which may be null.
     virtual void setSurfaceTree(std::shared_ptr<SurfaceTree> tree);
 
-    /// From the device's own frame into the scene; the fourth column is its position.
+    /// Returns the matrix from the device's own frame into the scene; its fourth column is the
+    /// position of the device.
     virtual QMatrix4x4 getTransform() const;
+    /// Sets the matrix from the device's own frame into the scene.
     virtual void setTransform(const QMatrix4x4& sceneFromDevice);
-    /// Replaces the position in the transform, in world mm. The shapes stay where they are.
+    /// Replaces the position in the transform, in world mm. Does not move the shapes.
     virtual void moveTo(const QVector3D& positionMm);
 
 private:

@@ -9,26 +9,30 @@
 
 namespace dataobject {
 
-/// The tip of a root, in world mm. It is no AttachablePoint.
+/// Represents the tip of a root. It is not an AttachablePoint.
 class COREALGORITHMS_MODEL_EXPORT Apex : public DataObject
 {
     COREALGORITHMS_TYPE(Apex, DataObject)
 
 public:
+    /// Returns the position in world mm.
     virtual QVector3D getPosition() const;
+    /// Sets the position in world mm. Notifies the observers.
     virtual void setPosition(const QVector3D& positionMm);
 
 private:
     QVector3D position;
 };
 
-/// The canal in a root, by the place where it starts, in world mm.
+/// Represents the canal in a root by the position at which it starts.
 class COREALGORITHMS_MODEL_EXPORT RootCanal : public DataObject
 {
     COREALGORITHMS_TYPE(RootCanal, DataObject)
 
 public:
+    /// Returns the start of the canal in world mm.
     virtual QVector3D getBasePosition() const;
+    /// Sets the start of the canal in world mm. Notifies the observers.
     virtual void setBasePosition(const QVector3D& positionMm);
 
 private:

@@ -3,7 +3,7 @@
 #pragma once
 
 #include <CoreAlgorithms/model/Export.h>
-#include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
+#include <CoreAlgorithms/model/dataobjects/Point.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
 
 #include <QList>
@@ -12,50 +12,56 @@
 #include <memory>
 #include <utility>
 
-/// A part of the skull that a surgery moves, as a surface. The class type identifiers of the jaw
-/// parts below are the keys of every map of occlusion matrices.
+/// Represents a part of the skull that a surgery moves, as a surface. The type identifiers of the
+/// jaw parts below are the keys of every map of occlusion matrices.
 class COREALGORITHMS_MODEL_EXPORT SurgeryPlanningPart : public Surface3DModel
 {
     COREALGORITHMS_TYPE(SurgeryPlanningPart, Surface3DModel)
 };
 
-/// A part that the surgery also turns, about a position of its own in world mm.
+/// Represents a part that the surgery also rotates, about a position of its own.
 class COREALGORITHMS_MODEL_EXPORT RotatableSurgeryPlanningPart : public SurgeryPlanningPart
 {
     COREALGORITHMS_TYPE(RotatableSurgeryPlanningPart, SurgeryPlanningPart)
 
 public:
+    /// Returns the center of rotation in world mm.
     virtual QVector3D getRotationPosition() const;
+    /// Sets the center of rotation in world mm. Notifies the observers.
     virtual void setRotationPosition(const QVector3D& positionMm);
 
 private:
     QVector3D rotationPosition;
 };
 
-/// The upper jaw in one piece.
+/// Represents the upper jaw in one piece.
 class COREALGORITHMS_MODEL_EXPORT Maxilla : public RotatableSurgeryPlanningPart
 {
     COREALGORITHMS_TYPE(Maxilla, RotatableSurgeryPlanningPart)
 };
 
-/// The lower jaw.
+/// Represents the lower jaw.
 class COREALGORITHMS_MODEL_EXPORT Mandibula : public RotatableSurgeryPlanningPart
 {
     COREALGORITHMS_TYPE(Mandibula, RotatableSurgeryPlanningPart)
 
 public:
-    /// Left and right, world mm.
+    /// Returns the left and the right condyle in world mm.
     virtual std::pair<QVector3D, QVector3D> getCondylePositions() const;
-    /// With `placeAutoRotationPoints`, the autorotation points are put there too.
+    /// Sets the left and the right condyle in world mm, and with `placeAutoRotationPoints` moves
+    /// the autorotation points there too. Notifies the observers.
     virtual void setCondylePositions(const std::pair<QVector3D, QVector3D>& leftAndRightMm,
                                      bool placeAutoRotationPoints);
 
-    /// The axis of the jaw's own turning runs through the two. Never null here.
+    /// Returns the left end of the axis about which the jaw rotates by itself. Never null here.
     virtual std::shared_ptr<Point> getLeftAutoRotationPoint() const;
+    /// Returns the right end of that axis. Never null here.
     virtual std::shared_ptr<Point> getRightAutoRotationPoint() const;
 
-    /// The positions that the occlusal plane is laid through, world mm.
+    /// Returns the positions through which the occlusal plane is laid, in world mm.
     virtual QList<QVector3D> getOcclusalPlanePositions() const;
+    /// Sets the positions through which the occlusal plane is laid, in world mm. Notifies the
+    /// observers.
     virtual void setOcclusalPlanePositions(const QList<QVector3D>& positionsMm);
 
 private:
@@ -65,19 +71,19 @@ private:
     QList<QVector3D> occlusalPlanePositions;
 };
 
-/// The front teeth's segment of an upper jaw that is cut into segments.
+/// Represents the segment of the front teeth in an upper jaw that is cut into segments.
 class COREALGORITHMS_MODEL_EXPORT FrontSegment : public RotatableSurgeryPlanningPart
 {
     COREALGORITHMS_TYPE(FrontSegment, RotatableSurgeryPlanningPart)
 };
 
-/// The segment on the patient's left.
+/// Represents the segment on the patient's left.
 class COREALGORITHMS_MODEL_EXPORT LeftSegment : public RotatableSurgeryPlanningPart
 {
     COREALGORITHMS_TYPE(LeftSegment, RotatableSurgeryPlanningPart)
 };
 
-/// The segment on the patient's right.
+/// Represents the segment on the patient's right.
 class COREALGORITHMS_MODEL_EXPORT RightSegment : public RotatableSurgeryPlanningPart
 {
     COREALGORITHMS_TYPE(RightSegment, RotatableSurgeryPlanningPart)

@@ -11,14 +11,15 @@ class GuidingLine;
 
 namespace dataobject {
 
-/// A jaw joint, drawn as a line along the condyle.
+/// Represents a jaw joint, which is drawn as a line along the condyle.
 class COREALGORITHMS_MODEL_EXPORT TemporomandibularJoint : public DataObject
 {
     COREALGORITHMS_TYPE(TemporomandibularJoint, DataObject)
 
 public:
-    /// Null until one is set.
+    /// Returns the line, or null until one is set.
     virtual std::shared_ptr<GuidingLine> getGuidingLine() const;
+    /// Sets the line, which may be null. Notifies the observers.
     virtual void setGuidingLine(std::shared_ptr<GuidingLine> guidingLine);
 
 private:

@@ -4,77 +4,52 @@
 
 #include <CoreAlgorithms/model/Export.h>
 #include <CoreAlgorithms/model/dataobjects/DataObject.h>
+#include <CoreAlgorithms/model/dataobjects/MovementTypes.h>
 #include <CoreAlgorithms/model/fundamentals/Optional.h>
 #include <CoreAlgorithms/model/fundamentals/ToothChart.h>
 
 #include <QList>
 #include <QMatrix4x4>
-#include <QObject>
 #include <QString>
 #include <QStringList>
 
 #include <map>
 #include <memory>
 
-/// Which movement of a surgery a Movement is. The constants serve C++, the getters whoever holds an
-/// object.
-class COREALGORITHMS_MODEL_EXPORT MovementTypes : public QObject
-{
-public:
-    // NOLINTBEGIN(readability-identifier-naming): the host's own names
-    static const QString m_maxillary_occlusion_movement;
-    static const QString m_mandibular_occlusion_movement;
-    static const QString m_maxillary_segmental_occlusion_movement;
-    static const QString m_mandibular_segmental_occlusion_movement;
-    // NOLINTEND(readability-identifier-naming)
-
-    explicit MovementTypes(QObject* parent);
-
-    QString getMaxillaryOcclusionMovement() const;
-    QString getMandibularOcclusionMovement() const;
-    QString getMaxillarySegmentalOcclusionMovement() const;
-    QString getMandibularSegmentalOcclusionMovement() const;
-};
-
-/// Where the bite of an occlusion movement comes from.
-class COREALGORITHMS_MODEL_EXPORT MovementModes
-{
-public:
-    // NOLINTBEGIN(readability-identifier-naming): the host's own names
-    static const QString OCCLUSION_PLASTER_CAST_MODE;
-    static const QString OCCLUSION_PATIENT_SCAN_MODE;
-    static const QString OCCLUSION_VIRTUAL_MODE;
-    // NOLINTEND(readability-identifier-naming)
-};
-
-/// A movement of jaw parts in a surgery: what it is, the part it moves first of all, and its modes.
+/// Represents a movement of jaw parts in a surgery by its type, the part that it moves first, and
+/// its modes.
 class COREALGORITHMS_MODEL_EXPORT Movement : public DataObject
 {
     COREALGORITHMS_TYPE(Movement, DataObject)
 
 public:
+    /// Constructs a movement without modes. Its type does not change.
     explicit Movement(const QString& movementTypeId);
 
-    /// An identifier of MovementTypes, or the application's own.
+    /// Returns the type: an identifier of MovementTypes, or one of the application.
     virtual QString getMovementType() const;
 
-    /// Class identifier of the jaw part; empty for a new movement.
+    /// Returns the type identifier of the jaw part that is moved first; empty for a new movement.
     virtual QString getPrimaryAffectedType() const;
+    /// Sets the type identifier of the jaw part that is moved first. Notifies the observers.
     virtual void setPrimaryAffectedType(const QString& classTypeId);
 
-    /// The mode in force: the one that was set last among those not removed; empty for none.
+    /// Returns the mode in force, which is the last of getMovementModes(); empty if there is none.
     virtual QString getMovementMode() const;
-    /// All modes that were set and not removed, each once, the one in force last.
+    /// Returns all modes that were set and not removed, each once, in the order of setting.
     virtual QStringList getMovementModes() const;
+    /// Puts a mode in force. Notifies the observers.
     virtual void setMovementMode(const QString& mode);
-    /// Drops the mode; the one that was in force before it is in force again. Nothing for a mode
-    /// not set.
+    /// Removes a mode; the mode before it is in force again. Notifies the observers. Does nothing
+    /// for a mode that was not set.
     virtual void removeMovementMode(const QString& mode);
 
-    /// Between the two, which nest, changes are those of undo or redo, not of the user. An end
-    /// without a beginning does nothing.
+    /// Marks the following changes as those of undo or redo, not of the user, until the matching
+    /// endUndoRedo(). Pairs nest.
     virtual void beginUndoRedo();
+    /// Ends what beginUndoRedo() began. Does nothing without a beginning.
     virtual void endUndoRedo();
+    /// Returns true while changes are those of undo or redo.
     bool isChangedByUndoRedo() const { return undoRedoDepth > 0; }
 
 private:
@@ -84,21 +59,23 @@ private:
     int undoRedoDepth = 0;
 };
 
-/// Marks a movement as being changed by undo or redo, for a scope. A null movement is allowed and
-/// does nothing; the movement must outlive the lock.
+/// Marks a movement as being changed by undo or redo, for a scope. The movement may be null and
+/// must outlive the lock.
 class COREALGORITHMS_MODEL_EXPORT MovementUndoLock
 {
 public:
+    /// Calls Movement::beginUndoRedo(). Does nothing for null.
     explicit MovementUndoLock(Movement* movementToChange);
     MovementUndoLock(const MovementUndoLock&) = delete;
     MovementUndoLock& operator=(const MovementUndoLock&) = delete;
+    /// Calls Movement::endUndoRedo().
     ~MovementUndoLock();
 
 private:
     Movement* movement;
 };
 
-/// A movement into a recorded bite: one transformation for each mode.
+/// Represents a movement into a recorded bite, with one transformation for each mode.
 class COREALGORITHMS_MODEL_EXPORT OcclusionMovement : public Movement
 {
     COREALGORITHMS_TYPE(OcclusionMovement, Movement)
@@ -106,15 +83,17 @@ class COREALGORITHMS_MODEL_EXPORT OcclusionMovement : public Movement
 public:
     using Movement::Movement;
 
-    /// Of planning space onto itself; empty if the mode has none.
+    /// Returns the transformation of planning space onto itself for a mode; empty if there is none.
     virtual utility::Optional<QMatrix4x4> getOcclusionModeTransformation(const QString& mode) const;
-    /// Adds or replaces.
+    /// Adds or replaces the transformation of a mode. Notifies the observers.
     virtual void addOcclusionModeTransformation(const QString& mode,
                                                 const QMatrix4x4& transformation);
+    /// Removes the transformation of a mode. Notifies the observers if there was one.
     virtual void removeOcclusionModeTransformation(const QString& mode);
 
-    /// The jaw that is treated; NoJaw for a new movement.
+    /// Returns the jaw that is treated; NoJaw for a new movement.
     virtual JawType getAffectedTreatmentType() const;
+    /// Sets the jaw that is treated. Notifies the observers.
     virtual void setAffectedTreatmentType(JawType jaw);
 
 private:
@@ -122,7 +101,7 @@ private:
     JawType affectedTreatmentType = NoJaw;
 };
 
-/// A movement made of movements, for instance one for each segment of a jaw.
+/// Represents a movement that consists of movements, for instance one for each segment of a jaw.
 class COREALGORITHMS_MODEL_EXPORT CompositeMovement : public Movement
 {
     COREALGORITHMS_TYPE(CompositeMovement, Movement)
@@ -130,17 +109,17 @@ class COREALGORITHMS_MODEL_EXPORT CompositeMovement : public Movement
 public:
     using Movement::Movement;
 
-    /// In the order in which they were added.
+    /// Returns the movements in the order in which they were added.
     virtual QList<Movement*> getMovements() const;
-    /// Takes ownership; of a movement that is shared already, a share. Null, itself and one that is
-    /// here already are ignored.
+    /// Adds a movement and takes ownership of it, or a share if it is owned by shared pointers.
+    /// Notifies the observers. Does nothing for null, for itself and for a movement that it has.
     virtual void addMovement(Movement* movement);
 
 private:
     QList<std::shared_ptr<Movement>> movements;
 };
 
-/// A movement by one matrix, whatever the mode.
+/// Represents a movement by one matrix for all modes.
 class COREALGORITHMS_MODEL_EXPORT FixedMovement : public Movement
 {
     COREALGORITHMS_TYPE(FixedMovement, Movement)
@@ -148,24 +127,26 @@ class COREALGORITHMS_MODEL_EXPORT FixedMovement : public Movement
 public:
     using Movement::Movement;
 
+    /// Returns the matrix; the identity at first.
     virtual QMatrix4x4 getTransformation() const;
+    /// Sets the matrix. Notifies the observers.
     virtual void setTransformation(const QMatrix4x4& matrix);
 
 private:
     QMatrix4x4 transformation;
 };
 
-/// A planned operation on the jaws: its movements.
+/// Represents a planned operation on the jaws by its movements.
 class COREALGORITHMS_MODEL_EXPORT MaxillofacialSurgery : public DataObject
 {
     COREALGORITHMS_TYPE(MaxillofacialSurgery, DataObject)
 
 public:
-    /// The first movement of this type; null for none.
+    /// Returns the first movement of this type, or null if there is none.
     virtual Movement* getMovementByTypeIdentifier(const QString& movementType) const;
-    /// In the order in which they were added.
+    /// Returns the movements in the order in which they were added.
     virtual QList<Movement*> getMovements() const;
-    /// As CompositeMovement::addMovement().
+    /// Adds a movement as CompositeMovement::addMovement() does.
     virtual void addMovement(Movement* movement);
 
 private:

@@ -5,28 +5,30 @@
 #include <CoreAlgorithms/model/Export.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
 
-// Surfaces of the patient and of what is made for him. None derives from another: whoever moves one
-// kind after the other moves no surface twice. All are moved relatively, as Surface3DModel says.
+/// \file
+/// Declares surfaces of the patient and of devices for the patient. None derives from another, so
+/// that a caller that moves one kind after the other moves no surface twice. All are moved
+/// relatively, as Surface3DModel describes.
 
-/// The soft tissue of the face, which follows the planned movements of the bone.
+/// Represents the soft tissue of the face, which follows the planned movements of the bone.
 class COREALGORITHMS_MODEL_EXPORT SoftTissueModel : public Surface3DModel
 {
     COREALGORITHMS_TYPE(SoftTissueModel, Surface3DModel)
 };
 
-/// The skin as the scan shows it.
+/// Represents the skin as the scan shows it.
 class COREALGORITHMS_MODEL_EXPORT Skin : public Surface3DModel
 {
     COREALGORITHMS_TYPE(Skin, Surface3DModel)
 };
 
-/// A cut through bone.
+/// Represents a cut through bone.
 class COREALGORITHMS_MODEL_EXPORT OsteotomySurface : public Surface3DModel
 {
     COREALGORITHMS_TYPE(OsteotomySurface, Surface3DModel)
 };
 
-/// A surface that is only looked at, for instance one that was imported.
+/// Represents a surface that is shown only, for instance one that was imported.
 class COREALGORITHMS_MODEL_EXPORT ShowObject : public Surface3DModel
 {
     COREALGORITHMS_TYPE(ShowObject, Surface3DModel)
@@ -34,19 +36,19 @@ class COREALGORITHMS_MODEL_EXPORT ShowObject : public Surface3DModel
 
 namespace dataobject {
 
-/// A splint that holds the jaws in a bite during an operation.
+/// Represents a splint that holds the jaws in a bite during an operation.
 class COREALGORITHMS_MODEL_EXPORT SurgicalSplint : public Surface3DModel
 {
     COREALGORITHMS_TYPE(SurgicalSplint, Surface3DModel)
 };
 
-/// The surface of the airway.
+/// Represents the surface of the airway.
 class COREALGORITHMS_MODEL_EXPORT Airway : public Surface3DModel
 {
     COREALGORITHMS_TYPE(Airway, Surface3DModel)
 };
 
-/// A photographed or scanned surface of the face.
+/// Represents a photographed or scanned surface of the face.
 class COREALGORITHMS_MODEL_EXPORT PatientSurfaceModel : public Surface3DModel
 {
     COREALGORITHMS_TYPE(PatientSurfaceModel, Surface3DModel)

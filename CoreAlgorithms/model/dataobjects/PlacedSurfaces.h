@@ -5,26 +5,26 @@
 #include <CoreAlgorithms/model/Export.h>
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
 
-/// A surface with a placement of its own, which is replaced instead of composed: unlike that of
-/// Surface3DModel, setObjectTransform() is absolute here. Whoever moves such a surface by a matrix
-/// M sets M * getObjectTransform().
+/// Represents a surface that is placed absolutely: unlike that of Surface3DModel,
+/// setObjectTransform() replaces the placement. To move such a surface by a matrix M, set
+/// M * getObjectTransform().
 class COREALGORITHMS_MODEL_EXPORT PlacedSurfaceModel : public Surface3DModel
 {
     COREALGORITHMS_TYPE(PlacedSurfaceModel, Surface3DModel)
 
 public:
-    /// From the frame of the mesh into the scene; the mesh stays in its frame.
+    /// Returns the matrix from the frame of the mesh into the scene; the identity at first.
     const QMatrix4x4& getObjectTransform() const override;
-    /// Replaces the placement.
+    /// Replaces the placement; the mesh stays in its frame. Notifies the observers.
     void setObjectTransform(const QMatrix4x4& sceneFromMesh) override;
-    /// Announces a change; there is nothing to commit.
+    /// Notifies the observers; there is nothing to commit.
     void refresh() override;
 
 private:
     QMatrix4x4 placement;
 };
 
-/// A tooth that is planned but not there.
+/// Represents a tooth that is planned but does not exist.
 class COREALGORITHMS_MODEL_EXPORT VirtualTooth : public PlacedSurfaceModel
 {
     COREALGORITHMS_TYPE(VirtualTooth, PlacedSurfaceModel)
@@ -32,13 +32,13 @@ class COREALGORITHMS_MODEL_EXPORT VirtualTooth : public PlacedSurfaceModel
 
 namespace dataobject {
 
-/// A template that guides the drill, as it will be made. Placed absolutely.
+/// Represents a template that guides the drill, in its final form.
 class COREALGORITHMS_MODEL_EXPORT SurgicalTemplate3D : public PlacedSurfaceModel
 {
     COREALGORITHMS_TYPE(SurgicalTemplate3D, PlacedSurfaceModel)
 };
 
-/// A template while it is being designed; no SurgicalTemplate3D. Placed absolutely.
+/// Represents a template during its design. It is not a SurgicalTemplate3D.
 class COREALGORITHMS_MODEL_EXPORT PreviewSurgicalTemplate : public PlacedSurfaceModel
 {
     COREALGORITHMS_TYPE(PreviewSurgicalTemplate, PlacedSurfaceModel)

@@ -16,21 +16,22 @@
 
 namespace dataobject {
 
-/// The placements of implants at the moment when the plan was locked. They are kept as they were,
-/// in the frame of that moment; the scanner orientation carries them into today's.
+/// Holds the placements of implants at the moment when the plan was locked. They do not change; the
+/// scanner orientation maps the frame of that moment into the current one.
 class COREALGORITHMS_MODEL_EXPORT LockedImplantPlan : public DataObject
 {
     COREALGORITHMS_TYPE(LockedImplantPlan, DataObject)
 
 public:
-    /// In the frame of the moment of locking.
+    /// Returns the placements in the frame of the moment of locking.
     virtual QList<QMatrix4x4> getImplantPlacements() const;
+    /// Stores the placements and resets the scanner orientation. Notifies the observers.
     virtual void lock(const QList<QMatrix4x4>& worldFromImplants);
 
-    /// From the frame of the moment of locking into today's.
+    /// Returns the matrix from the frame of the moment of locking into the current one.
     virtual QMatrix4x4 getScannerOrientation() const;
-    /// The world has moved by the matrix: the scanner orientation becomes matrix * scanner
-    /// orientation.
+    /// Records that the matrix has moved the world: the scanner orientation becomes
+    /// matrix * scanner orientation. Notifies the observers.
     virtual void updateScannerOrientation(const QMatrix4x4& matrix);
 
 private:
@@ -38,8 +39,9 @@ private:
     QMatrix4x4 scannerOrientation;
 };
 
-/// How the parts of a surgery moved from before the operation to the plan and to the state after
-/// it. A part is known by its class type identifier. All matrices move the world onto itself.
+/// Holds how the parts of a surgery moved from before the operation to the plan and to the state
+/// after it. The key of a part is its type identifier. All matrices move the world onto itself.
+/// Setters notify the observers.
 class COREALGORITHMS_MODEL_EXPORT PlannedToPostOpCollection : public DataObject
 {
     COREALGORITHMS_TYPE(PlannedToPostOpCollection, DataObject)
@@ -47,23 +49,27 @@ class COREALGORITHMS_MODEL_EXPORT PlannedToPostOpCollection : public DataObject
 public:
     using Transformations = std::map<QString, QMatrix4x4>;
 
-    /// The parts for which a transformation is stored, ascending.
+    /// Returns the parts for which a transformation is stored, in ascending order.
     virtual QStringList getTransformationSurgeryPartTypes() const;
-    /// The parts that are compared, as set; they need not have a transformation.
+    /// Returns the parts that are compared, as they were set.
     virtual QStringList getComparedSurgeryPartTypes() const;
+    /// Sets the parts that are compared. They need not have a transformation.
     virtual void setComparedSurgeryPartTypes(const QStringList& partTypes);
 
-    /// Empty if none is stored.
+    /// Returns the movement of a part to the plan; empty if none is stored.
     virtual utility::Optional<QMatrix4x4>
     getFromPreOpToPlannedTransformation(const QString& partType) const;
+    /// Returns the movement of a part to the state after the operation; empty if none is stored.
     virtual utility::Optional<QMatrix4x4>
     getFromPreOpToPostOpTransformation(const QString& partType) const;
-    /// Adds or replaces those of the parts that the maps name; all others stay.
+    /// Adds or replaces the movements of the parts in the two maps. Keeps those of other parts.
     virtual void setFromPreOpToPlannedAndPostOpTransformations(const Transformations& toPlanned,
                                                                const Transformations& toPostOp);
 
-    /// The world point about which a part's rotation is measured; empty if none is stored.
+    /// Returns the point in world mm about which the rotation of a part is measured; empty if none
+    /// is stored.
     virtual utility::Optional<QVector3D> getPreOpRotationPoint(const QString& partType) const;
+    /// Sets the point in world mm about which the rotation of a part is measured.
     virtual void setPreOpRotationPoint(const QString& partType, const QVector3D& pointMm);
 
 private:

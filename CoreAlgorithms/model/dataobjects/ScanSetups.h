@@ -12,15 +12,17 @@
 
 #include <memory>
 
-/// A stretch of teeth that is to be scanned, and its surface as far as it is scanned.
+/// Represents a range of teeth that is to be scanned, and the part of its surface that is scanned.
 class COREALGORITHMS_MODEL_EXPORT ScannableRegion : public Surface3DModel
 {
     COREALGORITHMS_TYPE(ScannableRegion, Surface3DModel)
 
 public:
-    /// First and last tooth; NoTooth for a new region.
+    /// Returns the first tooth; NoTooth for a new region.
     virtual ToothChart::Tooth getRegionStart() const;
+    /// Returns the last tooth; NoTooth for a new region.
     virtual ToothChart::Tooth getRegionEnd() const;
+    /// Sets the first and the last tooth. Notifies the observers.
     virtual void setRegion(ToothChart::Tooth start, ToothChart::Tooth end);
 
 private:
@@ -28,21 +30,23 @@ private:
     ToothChart::Tooth regionEnd = ToothChart::NoTooth;
 };
 
-/// What the intra-oral scanner has delivered in one go: its mesh or, while that is still to be
-/// computed, an intermediate surface.
+/// Holds what the intraoral scanner has delivered in one go: a mesh or, until it is computed, an
+/// intermediate surface.
 class COREALGORITHMS_MODEL_EXPORT QuarnRawScanData : public Surface3DModel
 {
     COREALGORITHMS_TYPE(QuarnRawScanData, Surface3DModel)
 
 public:
-    /// In the order in which they were scanned; empty if that is not known.
+    /// Returns the teeth in the order in which they were scanned; empty if that is unknown.
     virtual QList<ToothChart::Tooth> getScannedTeeth() const;
+    /// Sets the teeth in the order in which they were scanned. Notifies the observers.
     virtual void setScannedTeeth(const QList<ToothChart::Tooth>& teeth);
 
-    /// True if the mesh has no vertices and there is an intermediate surface.
+    /// Returns true if the mesh has no vertices and there is an intermediate surface.
     virtual bool hasOnlyIntermediateMesh() const;
-    /// Null if there is none.
+    /// Returns the intermediate surface, or null.
     virtual SurfaceTree* getIntermediateSurface() const;
+    /// Sets the intermediate surface, which may be null. Notifies the observers.
     virtual void setIntermediateSurface(std::shared_ptr<SurfaceTree> surface);
 
 private:
@@ -50,21 +54,25 @@ private:
     std::shared_ptr<SurfaceTree> intermediateSurface;
 };
 
-/// The registration of a bite: where the scans of both jaws and the vestibular scan stand in
-/// occlusion.
+/// Holds the registration of a bite: the placements in occlusion of the scans of both jaws and of
+/// the vestibular scan. All three are the identity until they are set.
 class COREALGORITHMS_MODEL_EXPORT OcclusionScan : public DataObject
 {
     COREALGORITHMS_TYPE(OcclusionScan, DataObject)
 
 public:
-    /// True once setTransformations() was called; the three matrices are the identity before.
+    /// Returns true if placements are set.
     virtual bool isCalculated() const;
+    /// Returns the placement of the upper jaw.
     virtual QMatrix4x4 getUpperTransformation() const;
+    /// Returns the placement of the lower jaw.
     virtual QMatrix4x4 getLowerTransformation() const;
+    /// Returns the placement of the vestibular scan.
     virtual QMatrix4x4 getVestibularTransformation() const;
+    /// Sets all placements. Notifies the observers.
     virtual void setTransformations(const QMatrix4x4& upper, const QMatrix4x4& lower,
                                     const QMatrix4x4& vestibular);
-    /// Back to the state before the calculation.
+    /// Returns to the state before placements were set. Notifies the observers.
     virtual void resetTransformations();
 
 private:
@@ -74,22 +82,27 @@ private:
     QMatrix4x4 vestibularTransformation;
 };
 
-/// What is to be scanned in a mouth, and what has been.
+/// Describes what is to be scanned in a mouth, and what has been scanned. Setters notify the
+/// observers.
 class COREALGORITHMS_MODEL_EXPORT ScanSetup : public DataObject
 {
     COREALGORITHMS_TYPE(ScanSetup, DataObject)
 
 public:
-    /// Null for a setup without a bite.
+    /// Returns the registration of the bite, or null for a setup without one.
     virtual OcclusionScan* getOcclusionScan() const;
+    /// Sets the registration of the bite, which may be null.
     virtual void setOcclusionScan(std::shared_ptr<OcclusionScan> scan);
 
+    /// Returns the regions in the order in which they were added.
     virtual QList<ScannableRegion*> getScannableRegions() const;
+    /// Appends a region, which may be null.
     virtual void addScannableRegion(std::shared_ptr<ScannableRegion> region);
 
-    /// In the order of scanning. Without `includeEmpty`, only those that have a mesh or an
-    /// intermediate surface.
+    /// Returns the data in the order of scanning: all with `includeEmpty`, else those that have a
+    /// mesh or an intermediate surface.
     virtual QList<QuarnRawScanData*> getQuarnRawScanData(bool includeEmpty) const;
+    /// Appends data, which may be null.
     virtual void addQuarnRawScanData(std::shared_ptr<QuarnRawScanData> data);
 
 private:
@@ -98,12 +111,12 @@ private:
     QList<std::shared_ptr<QuarnRawScanData>> rawScanData;
 };
 
-/// Answers about several surfaces at once.
+/// Computes what several surfaces have in common.
 class COREALGORITHMS_MODEL_EXPORT SurfaceObjectHelper
 {
 public:
-    /// The smallest box round the boxes of the surfaces in the scene; null for none. Null pointers
-    /// and null boxes add nothing.
+    /// Returns the smallest box around the scene boxes of the surfaces, or the null box if there
+    /// are none. Null pointers and null boxes are ignored.
     static primitives::BoundingBox
     getCombinedBoundingBox(const QList<const dataobject::SurfaceObject*>& surfaces);
 };

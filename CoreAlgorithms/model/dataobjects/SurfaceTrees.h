@@ -10,26 +10,27 @@
 
 #include <memory>
 
-/// A surface that is made of several shapes, each with a place of its own in a tree.
+/// Represents a surface that consists of several shapes, each with its own place in a tree.
 ///
-/// Trees are moved as surface models are, relatively, but nothing is left to commit: the meshes
-/// stay as they are, the placement alone changes.
+/// Trees are moved relatively, as surface models are, but there is nothing to commit: only the
+/// placement changes, not the meshes.
 class COREALGORITHMS_MODEL_EXPORT SurfaceTree : public dataobject::SurfaceObject
 {
-    COREALGORITHMS_TYPE(SurfaceTree, SurfaceObject)
+    COREALGORITHMS_TYPE(SurfaceTree, dataobject::SurfaceObject)
 
 public:
-    /// Owned by the tree; null for one that has no shapes yet.
+    /// Returns the root of the shapes, which the tree owns, or null until one is set.
     virtual geometry::ShapeNode* getShapeNode() const;
+    /// Replaces the shapes; null removes them. Notifies the observers.
     virtual void setShapeNode(std::unique_ptr<geometry::ShapeNode> tree);
 
-    /// From the frame of the root into the scene.
+    /// Returns the matrix from the frame of the root into the scene; the identity at first.
     virtual const QMatrix4x4& getObjectTransform() const;
-    /// Moves the tree relative to where it stands: the object transform becomes matrix * object
-    /// transform.
+    /// Moves the tree relative to its placement: the object transform becomes
+    /// matrix * object transform. Notifies the observers.
     virtual void setObjectTransform(const QMatrix4x4& matrix);
 
-    /// Round the placed box of the root; null for a tree without shapes.
+    /// Returns the box around the placed box of the root, or the null box without shapes.
     primitives::BoundingBox getSceneBoundingBox() const override;
 
 private:

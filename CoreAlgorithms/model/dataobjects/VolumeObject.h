@@ -18,38 +18,45 @@ namespace colormap {
 class ColormapFunction;
 } // namespace colormap
 
-/// A volume as it is shown: its voxels, the colour-map functions among which the user chooses, and
-/// their parameters.
+/// Represents a volume as it is shown: its voxels, the color-map functions from which the user
+/// chooses, and their parameters. Setters store what they are given and notify the observers.
 class COREALGORITHMS_MODEL_EXPORT VolumeObject : public DataObject
 {
     COREALGORITHMS_TYPE(VolumeObject, DataObject)
 
 public:
-    /// The image without voxels until one is set.
+    /// Returns the image, which has no voxels until one is set.
     virtual const VexelImage3D& getImage() const;
-    /// Null sets the image without voxels.
+    /// Sets the image; null sets the image without voxels.
     virtual void setImage(std::shared_ptr<const VexelImage3D> voxels);
 
-    /// Level and window of the maximum-intensity projection, grey values: its middle and its width.
-    /// 0 at first.
+    /// Returns the level of the maximum-intensity projection: the middle of the grey values that it
+    /// shows; 0 at first.
     virtual float getMIPLevel() const;
+    /// Returns the window of the maximum-intensity projection: the width of the range of grey
+    /// values that it shows; 0 at first.
     virtual float getMIPWindow() const;
+    /// Sets level and window of the maximum-intensity projection.
     virtual void setMIPLevelWindow(float level, float window);
 
-    /// Grey value from which the function with the UUID counts voxels in; 0 until one is set.
+    /// Returns the smallest grey value that the function with this UUID shows; 0 until one is set.
     virtual int getThreshold(const QUuid& functionUuid) const;
+    /// Sets the smallest grey value that the function with this UUID shows.
     virtual void setThreshold(const QUuid& functionUuid, int threshold);
 
-    /// Null until one is set.
+    /// Returns the function in use, or null until one is set.
     virtual std::shared_ptr<colormap::ColormapFunction> getActiveVisualizationFunction() const;
+    /// Sets the function in use, which may be null.
     virtual void
     setActiveVisualizationFunction(std::shared_ptr<colormap::ColormapFunction> function);
+    /// Returns the functions from which the user chooses.
     virtual QList<std::shared_ptr<colormap::ColormapFunction>> getAllVisualizationFunctions() const;
+    /// Sets the functions from which the user chooses.
     virtual void setAllVisualizationFunctions(
         const QList<std::shared_ptr<colormap::ColormapFunction>>& functions);
 
-    /// Tells the observers that the volume looks different, if `redraw`; with false, views are left
-    /// as they are.
+    /// Notifies the observers that the volume looks different if `redraw` is true, and does nothing
+    /// otherwise.
     virtual void visualizationChanged(bool redraw);
 
 private:
@@ -61,16 +68,18 @@ private:
     QList<std::shared_ptr<colormap::ColormapFunction>> allFunctions;
 };
 
-/// The volume of a CT scan, which it shows.
+/// Represents the volume of a CT scan.
 class COREALGORITHMS_MODEL_EXPORT CTDataVolumeObject : public VolumeObject
 {
     COREALGORITHMS_TYPE(CTDataVolumeObject, VolumeObject)
 
 public:
-    /// Null until one is set.
+    /// Returns the scan, or null until one is set.
     virtual std::shared_ptr<CTData> getCTData() const;
+    /// Sets the scan, which may be null. Notifies the observers.
     virtual void setCTData(std::shared_ptr<CTData> scan);
-    /// The scan's own, unless an image was set here; without either, the image without voxels.
+    /// Returns the image that was set here, or else that of the scan, or else the image without
+    /// voxels.
     const VexelImage3D& getImage() const override;
 
 private:

@@ -3,7 +3,7 @@
 #include <CoreAlgorithms/collision/ImplantCollisionDetector.h>
 
 #include <CoreAlgorithms/model/data/Shapes.h>
-#include <CoreAlgorithms/model/dataobjects/Implants.h>
+#include <CoreAlgorithms/model/dataobjects/Implant3D.h>
 
 #include <memory>
 
@@ -12,7 +12,7 @@ using dataobject::Implant3D;
 
 int main()
 {
-    // Two implants of 4 mm, 3 mm apart: they collide. A third one, 5 mm further, is free.
+    // Two implants of 4 mm collide, because they are 3 mm apart. The third one, 5 mm away, is free.
     const CatalogEntry article{"4010", 4.0F, 10.0F};
     const QVector3D up(0.0F, 0.0F, 1.0F);
     const auto left = std::make_shared<Implant3D>(article, QVector3D(0.0F, 0.0F, 0.0F), up);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-// Asks one operation of every module about the same objects, which Scene.h makes in one model or
-// the other, and prints the results bit for bit.
+// Calls one operation of every module with the same objects, which Scene.h makes in one of the two
+// models, and prints the bits of the results.
 #include <CoreAlgorithms/collision/ImplantSafetyZone.h>
 #include <CoreAlgorithms/dental/ComputeIndexOnGuidingLine.h>
 #include <CoreAlgorithms/greyvalue/BoneThresholdCalculator.h>

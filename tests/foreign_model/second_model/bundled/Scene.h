@@ -52,7 +52,7 @@ inline std::shared_ptr<dataobject::Implant3D> implant(float diameter, float leng
     return implant;
 }
 
-/// Records the measures of what it makes.
+/// Records the measures of the shapes that it makes.
 class RecordingFactory : public geometry::ShapeFactory
 {
 public:

@@ -10,7 +10,7 @@
 
 namespace geometry {
 
-/// A solid by its measures; the clinic's renderer makes triangles of it.
+/// Represents a solid by its measures, from which the clinic's renderer makes triangles.
 struct ShapeNode
 {
     explicit ShapeNode(const QString& label) : name(label) {}

@@ -13,7 +13,7 @@ struct Range
 
 } // namespace math
 
-/// The clinic keeps its voxels on a server; here is what it knows of them.
+/// Describes an image whose voxels the clinic keeps on a server.
 struct VexelImage3D
 {
     math::Range<float> getValueRange() const { return {darkest, brightest}; }

@@ -15,7 +15,7 @@
 
 namespace clinic {
 
-/// The clinic stores coordinates in micrometers.
+/// Holds coordinates in micrometers, as the clinic stores them.
 using Micrometers = std::array<int, 3>;
 
 inline QVector3D inMillimeters(const Micrometers& point)
@@ -35,7 +35,7 @@ private:
     clinic::Micrometers position;
 };
 
-/// A line that is stored as the clinic stores it and converted when it is asked for.
+/// Represents a line in micrometers that is converted when its path is queried.
 class GuidingLine
 {
 public:

@@ -4,7 +4,7 @@
 
 namespace dataobject {
 
-/// An implant of the catalog: plain data without a base class.
+/// Represents an implant of the catalog as plain data without a base class.
 struct Implant3D
 {
     struct Measures

@@ -4,7 +4,7 @@
 
 #include <QVector3D>
 
-/// A window into the CT: its corner, two unit vectors and its extent in mm.
+/// Represents a window into the CT by its corner, two unit vectors and its extent in mm.
 struct PlanarReslice
 {
     QVector3D corner;

@@ -12,7 +12,7 @@ namespace dataobject {
 struct Tooth
 {};
 
-/// A mouth by the numbers of its teeth.
+/// Represents a mouth by the numbers of its teeth.
 class Mouth
 {
 public:

@@ -6,7 +6,7 @@
 
 #include <map>
 
-/// A volume as the clinic shows it; display functions are known by number.
+/// Represents a volume as the clinic shows it. Display functions have numbers.
 struct VolumeObject
 {
     VexelImage3D image;

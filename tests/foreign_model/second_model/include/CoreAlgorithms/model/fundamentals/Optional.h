@@ -6,7 +6,7 @@
 
 namespace utility {
 
-/// The clinic's optional is the standard one.
+/// Is the standard optional, which the clinic uses.
 template <typename T>
 class Optional : public std::optional<T>
 {

@@ -4,7 +4,7 @@
 
 #include <QList>
 
-/// Teeth as plain numbers from 1 to 32.
+/// Treats teeth as plain numbers from 1 to 32.
 struct ToothChart
 {
     using Tooth = int;

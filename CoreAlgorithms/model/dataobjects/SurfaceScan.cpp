@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
-
-AlignableSurface::~AlignableSurface() = default;
+#include <CoreAlgorithms/model/dataobjects/SurfaceScan.h>
 
 const Surface3DModel* SurfaceScan::getSurfaceModel() const
 {

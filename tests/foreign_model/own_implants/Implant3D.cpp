@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <CoreAlgorithms/model/dataobjects/Implants.h>
+#include <CoreAlgorithms/model/dataobjects/Implant3D.h>
 
 #include <QQuaternion>
 
