@@ -268,7 +268,7 @@ TEST(BoundingBox, IncludedPointInsideChangesNothing)
     EXPECT_EQ(box, kBox);
 }
 
-TEST(BoundingBox, HoldsEveryIncludedPointButTheOriginAloneCountsAsNothing)
+TEST(BoundingBox, HoldsEveryIncludedPointExceptTheOriginAloneByDesign)
 {
     BoundingBox box;
     box.includePoint({0.0F, 0.0F, 0.0F});
@@ -297,13 +297,13 @@ TEST(BoundingBox, PointOfNansLeavesTheNullBoxNull)
 
 TEST(BoundingBox, PointWithANanIsNotJoinedToTheOriginByTheNullBox)
 {
-    // The null box stands for nothing: the origin must not get into a box that was never given it.
+    // The null box stands for nothing, so that its corner at the origin must not extend the box.
     BoundingBox box;
     box.includePoint({kNan, 5.0F, 6.0F});
     EXPECT_TRUE(box.isNull());
 }
 
-TEST(BoundingBox, UnionIsTheSmallestBoxRoundBoth)
+TEST(BoundingBox, UnionIsTheSmallestBoxAroundBoth)
 {
     const BoundingBox other(0.0F, 3.0F, 7.0F, 2.0F, 4.0F, 9.0F);
     const BoundingBox both(0.0F, 2.0F, 3.0F, 4.0F, 6.0F, 9.0F);
@@ -346,8 +346,8 @@ TEST(BoundingBox, QuarterTurnExchangesTheExtents)
 
 TEST(BoundingBox, TransformedLooksAtAllEightCorners)
 {
-    // x' = x - y + z: the smallest is at minimum x, maximum y, minimum z: 1 - 6 + 3 = -2; the
-    // largest 4 - 2 + 8 = 10.
+    // x' = x - y + z is smallest at minimum x, maximum y and minimum z, 1 - 6 + 3 = -2, and at most
+    // 4 - 2 + 8 = 10.
     const QMatrix4x4 matrix(1.0F, -1.0F, 1.0F, 0.0F, //
                             0.0F, 1.0F, 0.0F, 0.0F,  //
                             0.0F, 0.0F, 1.0F, 0.0F,  //
@@ -362,7 +362,7 @@ TEST(BoundingBox, NullBoxStaysNullWhereverItIsPlaced)
     EXPECT_TRUE(BoundingBox().transformed(matrix).isNull());
 }
 
-TEST(BoundingBox, TransformedLeavesTheBoxItselfAlone)
+TEST(BoundingBox, TransformedDoesNotChangeTheBoxItself)
 {
     BoundingBox box = kBox;
     QMatrix4x4 matrix;

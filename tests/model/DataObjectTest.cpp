@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/DataObject.h>
 
-// PropertyObject, DataObject and EditLocker: types, sharing, undo flag, editing brackets and
+// PropertyObject, DataObject and EditLocker: sharing, undo flag, editing brackets and
 // suppressed notification.
 
 #include <gtest/gtest.h>
@@ -26,14 +26,14 @@ public:
     int changes = 0;
     int destructions = 0;
     DataObject* lastSubject = nullptr;
-    bool wasEditingWhenTold = false;
+    bool wasEditing = false;
 
 private:
     void changedEvent(DataObject* subject) override
     {
         ++changes;
         lastSubject = subject;
-        wasEditingWhenTold = subject->isEditing();
+        wasEditing = subject->isEditing();
     }
     void destroyed(DataObject*) override { ++destructions; }
 };
@@ -47,7 +47,7 @@ protected:
     DataObject object;
 };
 
-// ---- types and sharing
+// ---- sharing and undo
 
 TEST(DataObject, GivesItsOwningPointer)
 {
@@ -71,7 +71,7 @@ TEST(PropertyObject, CreatesUndoUnlessThatIsSwitchedOff)
 
 // ---- notification and editing brackets
 
-TEST_F(DataObjectTest, ChangeOutsideABracketIsToldAtOnce)
+TEST_F(DataObjectTest, ChangeOutsideABracketNotifiesAtOnce)
 {
     object.changed();
     EXPECT_EQ(counter.changes, 1);
@@ -80,7 +80,7 @@ TEST_F(DataObjectTest, ChangeOutsideABracketIsToldAtOnce)
     EXPECT_EQ(counter.changes, 2);
 }
 
-TEST_F(DataObjectTest, BracketTellsItsChangesOnceWhenItCloses)
+TEST_F(DataObjectTest, BracketNotifiesOfItsChangesOnceWhenItCloses)
 {
     object.startEditing();
     object.changed();
@@ -92,14 +92,14 @@ TEST_F(DataObjectTest, BracketTellsItsChangesOnceWhenItCloses)
     EXPECT_EQ(counter.lastSubject, &object);
 }
 
-TEST_F(DataObjectTest, BracketWithoutAChangeTellsNothing)
+TEST_F(DataObjectTest, BracketWithoutAChangeDoesNotNotify)
 {
     object.startEditing();
     object.stopEditing();
     EXPECT_EQ(counter.changes, 0);
 }
 
-TEST_F(DataObjectTest, BracketsNestAndTheOutermostTells)
+TEST_F(DataObjectTest, BracketsNestAndTheOutermostNotifies)
 {
     object.startEditing();
     object.startEditing();
@@ -113,7 +113,7 @@ TEST_F(DataObjectTest, BracketsNestAndTheOutermostTells)
     EXPECT_FALSE(object.isEditing());
 }
 
-TEST_F(DataObjectTest, ToldChangeIsNotToldAgainByTheNextBracket)
+TEST_F(DataObjectTest, AnnouncedChangeIsNotAnnouncedAgainByTheNextBracket)
 {
     object.startEditing();
     object.changed();
@@ -132,13 +132,13 @@ TEST_F(DataObjectTest, IsEditingInsideABracketOnly)
     EXPECT_FALSE(object.isEditing());
 }
 
-TEST_F(DataObjectTest, BracketIsClosedWhenItsChangesAreTold)
+TEST_F(DataObjectTest, BracketIsClosedWhenItNotifies)
 {
-    counter.wasEditingWhenTold = true;
+    counter.wasEditing = true;
     object.startEditing();
     object.changed();
     object.stopEditing();
-    EXPECT_FALSE(counter.wasEditingWhenTold);
+    EXPECT_FALSE(counter.wasEditing);
 }
 
 TEST_F(DataObjectTest, StopWithoutStartDoesNothing)
@@ -148,7 +148,7 @@ TEST_F(DataObjectTest, StopWithoutStartDoesNothing)
     EXPECT_EQ(counter.changes, 0);
     EXPECT_FALSE(object.isEditing());
     object.changed();
-    EXPECT_EQ(counter.changes, 1) << "told at once: no bracket was left half open";
+    EXPECT_EQ(counter.changes, 1) << "notified at once: no bracket is open";
     object.startEditing();
     EXPECT_TRUE(object.isEditing()) << "nor is the next one closed already";
 }
@@ -176,7 +176,7 @@ TEST_F(DataObjectTest, ObserverMayEditInItsReaction)
     EXPECT_FALSE(object.isEditing());
 }
 
-TEST_F(DataObjectTest, NotifyTellsEvenWithoutAChange)
+TEST_F(DataObjectTest, NotifyNotifiesEvenWithoutAChange)
 {
     object.notify();
     EXPECT_EQ(counter.changes, 1);
@@ -193,7 +193,7 @@ TEST_F(DataObjectTest, MayNotifyUnlessThatIsSwitchedOff)
     EXPECT_TRUE(object.canNotifyObservers());
 }
 
-TEST_F(DataObjectTest, SuppressedChangeIsNotToldLaterEither)
+TEST_F(DataObjectTest, SuppressedChangeIsNeverAnnounced)
 {
     object.setNotifyObservers(false);
     object.changed();
@@ -203,7 +203,7 @@ TEST_F(DataObjectTest, SuppressedChangeIsNotToldLaterEither)
     EXPECT_EQ(counter.changes, 1);
 }
 
-TEST_F(DataObjectTest, ChangeSuppressedInABracketIsNotToldWhenItCloses)
+TEST_F(DataObjectTest, ChangeSuppressedInABracketDoesNotNotifyWhenItCloses)
 {
     object.startEditing();
     object.setNotifyObservers(false);
@@ -213,7 +213,7 @@ TEST_F(DataObjectTest, ChangeSuppressedInABracketIsNotToldWhenItCloses)
     EXPECT_EQ(counter.changes, 0);
 }
 
-TEST_F(DataObjectTest, BracketThatClosesWhileSuppressedTellsNothingNowOrLater)
+TEST_F(DataObjectTest, BracketThatClosesWhileSuppressedNeverNotifies)
 {
     object.startEditing();
     object.changed();
@@ -225,7 +225,7 @@ TEST_F(DataObjectTest, BracketThatClosesWhileSuppressedTellsNothingNowOrLater)
     EXPECT_EQ(counter.changes, 0);
 }
 
-TEST_F(DataObjectTest, ChangeOfABracketAsideFromASuppressedOneIsTold)
+TEST_F(DataObjectTest, BracketWithASuppressedAndAnotherChangeNotifies)
 {
     object.startEditing();
     object.changed();
@@ -243,7 +243,7 @@ TEST_F(DataObjectTest, SuppressionHoldsForNotifyToo)
     EXPECT_EQ(counter.changes, 0);
 }
 
-TEST(DataObject, DestructionIsToldAlsoWhileSuppressedAndInABracket)
+TEST(DataObject, DestructionNotifiesAlsoWhileSuppressedAndInABracket)
 {
     Counter counter;
     {
@@ -294,7 +294,7 @@ TEST_F(DataObjectTest, EditLockerClosesWhenAnExceptionPasses)
         throw std::runtime_error("the edit failed half way");
     } catch (const std::runtime_error&) {
         EXPECT_FALSE(object.isEditing());
-        EXPECT_EQ(counter.changes, 1) << "what has changed is told";
+        EXPECT_EQ(counter.changes, 1) << "the change is announced";
     }
     EXPECT_EQ(counter.changes, 1);
 }

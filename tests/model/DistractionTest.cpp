@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/Distraction.h>
 
-// Distractors and shells; and the small classes beside them: jaw joints, apices, root canals,
-// original models, the line of a nerve.
+// Distractors, jaw joints, apices, root canals, original models, the line of a nerve.
 
 #include <CoreAlgorithms/model/dataobjects/Endodontics.h>
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
@@ -42,7 +41,7 @@ TEST(TemporomandibularJoint, KeepsItsLine)
     EXPECT_EQ(joint.getGuidingLine(), line);
 }
 
-TEST(Endodontics, KeepTheirPositionsAndTellThem)
+TEST(Endodontics, KeepTheirPositionsAndNotify)
 {
     dataobject::Apex apex;
     dataobject::RootCanal canal;

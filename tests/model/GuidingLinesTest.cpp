@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 
-// GuidingLine: type, path and direction, and its two kinds of observers.
+// GuidingLine: path, upper direction, and its two kinds of observers.
 
 #include <gtest/gtest.h>
 
@@ -79,12 +79,12 @@ TEST(GuidingLine, GivesThePathAndDirectionAsSet)
     line.setOriginalPath(kPath);
     line.setUpperDirection({0.0F, -2.0F, 0.0F});
     EXPECT_EQ(line.getOriginalPath(), kPath);
-    EXPECT_EQ(line.getUpperDirection(), QVector3D(0.0F, -2.0F, 0.0F)) << "not normalised";
+    EXPECT_EQ(line.getUpperDirection(), QVector3D(0.0F, -2.0F, 0.0F)) << "not normalized";
     line.setOriginalPath({});
     EXPECT_TRUE(line.getOriginalPath().isEmpty());
 }
 
-TEST_F(GuidingLineTest, NewPathIsToldToBothKindsOfObservers)
+TEST_F(GuidingLineTest, NewPathNotifiesBothKindsOfObservers)
 {
     line.setOriginalPath(kPath);
     EXPECT_EQ(ofObject.subjects, std::vector<DataObject*>{&line});
@@ -92,20 +92,20 @@ TEST_F(GuidingLineTest, NewPathIsToldToBothKindsOfObservers)
     EXPECT_EQ(ofLine.types, std::vector{events::GuidingLineEvent::PathChanged});
 }
 
-TEST_F(GuidingLineTest, NewDirectionIsToldToTheObserversOfDataObjects)
+TEST_F(GuidingLineTest, NewDirectionNotifiesTheObserversOfDataObjects)
 {
     line.setUpperDirection({0.0F, 1.0F, 0.0F});
     EXPECT_EQ(ofObject.subjects, std::vector<DataObject*>{&line});
 }
 
-TEST_F(GuidingLineTest, NotifyTellsTheObserversOfDataObjectsOnly)
+TEST_F(GuidingLineTest, NotifyReachesTheObserversOfDataObjectsOnly)
 {
     line.notify();
     EXPECT_EQ(ofObject.subjects.size(), 1U);
     EXPECT_EQ(ofLine.subjects.size(), 0U);
 }
 
-TEST_F(GuidingLineTest, NotifyGuidingLineObserversTellsTheObserversOfLinesOnly)
+TEST_F(GuidingLineTest, NotifyGuidingLineObserversReachesTheObserversOfLinesOnly)
 {
     line.notifyGuidingLineObservers();
     EXPECT_EQ(ofObject.subjects.size(), 0U);
@@ -127,7 +127,7 @@ TEST_F(GuidingLineTest, SuppressionHoldsForBothKindsOfObservers)
     EXPECT_EQ(ofLine.subjects.size(), 1U);
 }
 
-TEST_F(GuidingLineTest, BracketTellsTheObserversOfDataObjectsOnceWhenItCloses)
+TEST_F(GuidingLineTest, BracketNotifiesTheObserversOfDataObjectsOnceWhenItCloses)
 {
     {
         const EditLocker lock(&line);
@@ -150,7 +150,7 @@ TEST_F(GuidingLineTest, ObserversOfOneKindAreDetachedWithoutTheOthers)
     EXPECT_EQ(ofLine.subjects.size(), 0U);
 }
 
-TEST(GuidingLine, DestructionIsToldToBothKindsOfObserversOnce)
+TEST(GuidingLine, DestructionNotifiesBothKindsOfObserversOnce)
 {
     LineRecorder ofLine;
     ObjectRecorder ofObject;
@@ -175,7 +175,7 @@ TEST(GuidingLine, OutlivesItsObservers)
         line.attach(&ofLine);
         line.attach(&ofObject);
     }
-    line.setOriginalPath(kPath); // would reach freed memory if a link had stayed
+    line.setOriginalPath(kPath); // would access freed memory if a link were still there
     EXPECT_EQ(line.DataObject::getNumObservers(), 0);
     EXPECT_EQ(line.GuidingLine::LineObservable::getNumObservers(), 0);
 }

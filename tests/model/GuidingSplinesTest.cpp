@@ -72,7 +72,7 @@ protected:
 
 // Points
 
-TEST(Point, GivesItsPositionAndTellsAChange)
+TEST(Point, GivesItsPositionAndNotifiesOfAChange)
 {
     ObjectRecorder recorder;
     Point point({1.0F, 2.0F, 3.0F});
@@ -86,20 +86,22 @@ TEST(Point, GivesItsPositionAndTellsAChange)
 
 // Directions
 
-TEST(GuidingLine, DirectionRunsFromTheSampleBeforeToTheOneBehind)
+TEST(GuidingLine, DirectionRunsFromThePreviousSampleToTheNext)
 {
     GuidingLine line;
     line.setOriginalPath(
         {{0.0F, 0.0F, 0.0F}, {2.0F, 0.0F, 0.0F}, {2.0F, 2.0F, 0.0F}, {2.0F, 2.0F, 8.0F}});
     EXPECT_EQ(line.getDirection(0), QVector3D(1.0F, 0.0F, 0.0F));
-    EXPECT_FLOAT_EQ(line.getDirection(1).x(), 0.70710678F); // halves of a right angle are rounded
+    // The square root of one half is rounded.
+    EXPECT_FLOAT_EQ(line.getDirection(1).x(), 0.70710678F);
     EXPECT_FLOAT_EQ(line.getDirection(1).y(), 0.70710678F);
     EXPECT_EQ(line.getDirection(3), QVector3D(0.0F, 0.0F, 1.0F));
 }
 
 TEST(GuidingLine, PerpendicularDirectionOfAnArchFromRightToLeftPointsOutwards)
 {
-    GuidingLine line; // x to the left, y to posterior, z up: at the front the arch runs along x
+    // x points to the left, y to posterior and z up, so that the arch runs along x at the front.
+    GuidingLine line;
     line.setOriginalPath({{-1.0F, -40.0F, 0.0F}, {0.0F, -40.0F, 0.0F}, {1.0F, -40.0F, 0.0F}});
     EXPECT_EQ(line.getPerpendicularDirection(1), QVector3D(0.0F, -1.0F, 0.0F)) << "anterior";
     line.setUpperDirection({0.0F, -2.0F, 0.0F});
@@ -164,7 +166,7 @@ TEST_F(SplineTest, PathRunsThroughTheControlPointsInOrder)
     EXPECT_EQ(spline.getOriginalPath().last(), QVector3D(2.0F, 1.0F, 0.0F));
 }
 
-TEST_F(SplineTest, MovedPointsTakeEffectWhenTheSplineIsToldOfThem)
+TEST_F(SplineTest, MovedPointsTakeEffectWhenTheyAreAnnounced)
 {
     listen();
     second->setPosition({0.0F, 1.0F, 0.0F});
@@ -174,7 +176,7 @@ TEST_F(SplineTest, MovedPointsTakeEffectWhenTheSplineIsToldOfThem)
     EXPECT_TRUE(ofLine.types.empty());
 }
 
-TEST_F(SplineTest, NewCurveOrSampleDistanceGivesAnotherPathAndTellsNobody)
+TEST_F(SplineTest, NewCurveOrSampleDistanceGivesAnotherPathAndNotifiesNobody)
 {
     listen();
     spline.setSampleDistance(0.5F);
@@ -188,7 +190,7 @@ TEST_F(SplineTest, NewCurveOrSampleDistanceGivesAnotherPathAndTellsNobody)
     EXPECT_TRUE(ofLine.types.empty());
 }
 
-TEST_F(SplineTest, EveryChangeOfTheNumberOfPointsIsToldToBothKindsOfObserversOnce)
+TEST_F(SplineTest, EveryChangeOfTheNumberOfPointsNotifiesBothKindsOfObserversOnce)
 {
     listen();
     const auto third = spline.appendControlPoint({3.0F, 0.0F, 0.0F});
@@ -203,7 +205,7 @@ TEST_F(SplineTest, EveryChangeOfTheNumberOfPointsIsToldToBothKindsOfObserversOnc
     EXPECT_TRUE(spline.getControlPoints().isEmpty());
 }
 
-TEST_F(SplineTest, RemovingWhatIsNotThereTellsNobody)
+TEST_F(SplineTest, RemovingWhatDoesNotExistNotifiesNobody)
 {
     spline.clear();
     listen();
@@ -230,7 +232,7 @@ TEST_F(SplineTest, LastPointFinishesAndEveryOtherChangeOfThePointsOpensAgain)
     EXPECT_FALSE(spline.isFinished());
 }
 
-TEST_F(SplineTest, PathThatWasSetStandsUntilThePointsChange)
+TEST_F(SplineTest, PathThatWasSetIsKeptUntilThePointsChange)
 {
     listen();
     const QList<QVector3D> samples{{7.0F, 7.0F, 7.0F}};
@@ -334,7 +336,7 @@ TEST_F(SplineTest, TagsGoWithTheirPoints)
     EXPECT_TRUE(spline.getObjects().isEmpty());
 }
 
-TEST_F(SplineTest, OcclusalIndexArchTypeAndCreationTypeAreSetQuietly)
+TEST_F(SplineTest, OcclusalIndexArchTypeAndCreationTypeAreSetWithoutNotification)
 {
     EXPECT_EQ(spline.getOcclusalIndex(), 0);
     EXPECT_EQ(spline.getArchType(), ToothChart::UpperArch);

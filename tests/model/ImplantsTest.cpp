@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/Implants.h>
 
-// Implants, anchor pins and nerves: types, storage, notification, and shared pointers to them as
+// Implants, anchor pins and nerves: storage, notification, and shared pointers to them as
 // keys.
 
 #include <tests/support/Matrices.h>
@@ -47,7 +47,7 @@ TEST(Implant3D, PlacementIsReplacedNotComposed)
     EXPECT_EQ(implant.getLastManipulation(), TransformManipulationType::Translation);
 }
 
-TEST(Implant3D, TellsOfEachChange)
+TEST(Implant3D, NotifiesOfEachChange)
 {
     Implant3D implant;
     test::ChangeCounter counter;

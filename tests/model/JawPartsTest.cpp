@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/JawParts.h>
 
-// Parts that a surgery moves: what turns, and what a lower jaw knows of its joints and its occlusal
-// plane.
+// Parts that a surgery moves: centers of rotation, and the joints and the occlusal plane of a lower
+// jaw.
 
 #include <tests/support/ModelRecorders.h>
 
@@ -24,7 +24,7 @@ TEST(RotatableSurgeryPlanningPart, KeepsItsRotationPosition)
     EXPECT_EQ(counter.changes, 1);
 }
 
-TEST(Mandibula, CondylesTakeTheAutorotationPointsAlongOnlyIfTold)
+TEST(Mandibula, CondylesTakeTheAutorotationPointsAlongOnlyOnRequest)
 {
     Mandibula mandibula;
     mandibula.setCondylePositions({{1.0F, 0.0F, 0.0F}, {2.0F, 0.0F, 0.0F}}, false);

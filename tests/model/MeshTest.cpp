@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/data/Mesh.h>
 
-// Point sets, meshes with four entries a triangle, and grid cells.
+// Point sets, meshes with four entries for each triangle, and grid cells.
 
 #include <QMatrix4x4>
 
@@ -99,7 +99,7 @@ TEST(BoundedTriangles, IsAnEmptyCellAtFirst)
     EXPECT_TRUE(cell.triangles.isEmpty());
 }
 
-// Every kind of matrix, among them those that are mapped by a loop of their own.
+// Every kind of matrix, including those that have a separate loop.
 TEST(PointSet, TransformationHasTheBitsOfTheMatrixsOwnMap)
 {
     constexpr float infinity = std::numeric_limits<float>::infinity();

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/Movements.h>
 
-// Movements of a surgery: types, modes, transformations by mode, ownership, the lock of undo and
-// redo.
+// Movements of a surgery: identifiers, modes, transformations by mode, ownership, the lock of undo
+// and redo.
 
 #include <tests/support/ModelRecorders.h>
 
@@ -13,7 +13,7 @@
 
 namespace {
 
-// Says when it goes.
+// Sets a flag when it is destroyed.
 class MortalMovement : public OcclusionMovement
 {
 public:
@@ -31,7 +31,7 @@ QMatrix4x4 shift(float x)
     return matrix;
 }
 
-TEST(MovementTypes, AreFourAndItsGettersTellThem)
+TEST(MovementTypes, AreFourAndHaveGetters)
 {
     const MovementTypes types(nullptr);
     EXPECT_EQ(types.getMaxillaryOcclusionMovement(), MovementTypes::m_maxillary_occlusion_movement);
@@ -92,7 +92,7 @@ TEST(Movement, IsInTheModeThatWasSetLastAmongThoseNotRemoved)
     EXPECT_EQ(movement.getMovementModes(), QStringList());
 }
 
-TEST(Movement, TellsItsChanges)
+TEST(Movement, NotifiesOfItsChanges)
 {
     test::ChangeCounter counter;
     OcclusionMovement movement{QString()};

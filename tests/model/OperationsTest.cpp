@@ -36,7 +36,7 @@ void expectNear(const QVector3D& actual, const QVector3D& expected, float tolera
 TEST(GetRotationTo, TurnsByTheAngleBetweenTheDirectionsAboutTheirCrossProduct)
 {
     const QQuaternion quarterTurn = rotationTo(kX, kY, kX);
-    // cos 45 and sin 45 degrees, rounded once by the normalisation
+    // cos 45 and sin 45 degrees, rounded once by the normalization
     EXPECT_NEAR(quarterTurn.scalar(), 0.70710678F, 1e-7F);
     expectNear(quarterTurn.vector(), {0.0F, 0.0F, 0.70710678F}, 1e-7F);
 }
@@ -85,8 +85,7 @@ TEST(GetRotationTo, OppositeObliqueDirectionsAreTurnedAboutTheAxis)
 
 TEST(GetRotationTo, OppositeDirectionsOfAlmostUnitLengthAreTurnedToo)
 {
-    // Unit vectors written with four digits: QVector3D::normalized() keeps lengths so near to 1 as
-    // they are.
+    // Unit vectors written with four digits; QVector3D::normalized() keeps lengths so close to 1.
     EXPECT_EQ(rotationTo({0.7071F, 0.7071F, 0.0F}, {-0.7071F, -0.7071F, 0.0F}, kZ),
               QQuaternion(0.0F, 0.0F, 0.0F, 1.0F));
 }
@@ -101,7 +100,7 @@ TEST(GetRotationTo, DirectionsAFewHundredthsOfADegreeFromOppositeAreStillTakenOn
 TEST(GetRotationTo, VectorWithoutADirectionGivesTheIdentity)
 {
     const QVector3D bad[] = {
-        {0.0F, 0.0F, 0.0F},   {0.0F, 0.0F, 1e-6F}, // as zero for QVector3D::normalized()
+        {0.0F, 0.0F, 0.0F},   {0.0F, 0.0F, 1e-6F}, // zero for QVector3D::normalized()
         {kNan, 0.0F, 0.0F},   {0.0F, kInfinity, 0.0F}, {-kInfinity, kInfinity, 1.0F},
         {3e38F, 3e38F, 3e38F}}; // its length overflows
     for (const QVector3D& vector : bad) {
@@ -130,8 +129,8 @@ TEST(GetRotationTo, TakesTheFirstDirectionOntoTheSecondTheShortWay)
         const QVector3D to = direction();
         const QQuaternion rotation = rotationTo(from * 3.0F, to * 0.2F, kZ);
         SCOPED_TRACE(round);
-        // Near half a turn the sine of the half angle is lost in rounding, by up to 1e-7 over the
-        // angle that is left.
+        // Near half a turn, rounding changes the sine of the half angle by up to 1e-7 divided by
+        // the remaining angle.
         expectNear(rotation.rotatedVector(from), to, 5e-5F);
         EXPECT_GE(rotation.scalar(), 0.0F) << "at most half a turn";
         EXPECT_NEAR(rotation.length(), 1.0F, 1e-6F);

@@ -16,8 +16,8 @@ using primitives::OrientedBoundingBox;
 
 const BoundingBox kBox(1.0F, 2.0F, 3.0F, 4.0F, 6.0F, 8.0F);
 
-// (x, y, z) -> (10 - y, 20 + x, 30 + z): a quarter turn about z, then a shift. Exact in single
-// precision.
+// Maps (x, y, z) to (10 - y, 20 + x, 30 + z) by a quarter turn about z and a shift, exactly in
+// single precision.
 const QMatrix4x4 kTurnedAndShifted(0.0F, -1.0F, 0.0F, 10.0F, //
                                    1.0F, 0.0F, 0.0F, 20.0F,  //
                                    0.0F, 0.0F, 1.0F, 30.0F,  //
@@ -41,7 +41,7 @@ TEST(OrientedBoundingBox, CornersAreThePlacedOnesWithABitForEachLocalAxis)
     EXPECT_EQ(OrientedBoundingBox(kBox).transformed(kTurnedAndShifted).getCornerPoints(), expected);
 }
 
-TEST(OrientedBoundingBox, EnclosingBoxIsRoundThePlacedCorners)
+TEST(OrientedBoundingBox, EnclosingBoxIsAroundThePlacedCorners)
 {
     EXPECT_EQ(
         OrientedBoundingBox(kBox).transformed(kTurnedAndShifted).getAABBOfTransformedBoundingBox(),
@@ -68,8 +68,8 @@ TEST(OrientedBoundingBox, PointWhereTheBoxWasBeforeItsPlacementIsOutside)
 
 TEST(OrientedBoundingBox, InsideIsNarrowerThanTheEnclosingBox)
 {
-    // A square of half side 1 turned by 45 degrees: its enclosing box has half side sqrt(2), whose
-    // corners it leaves.
+    // A square of half side 1 is turned by 45 degrees. Its enclosing box has half side sqrt(2), and
+    // the corners of that box are outside the square.
     QMatrix4x4 matrix;
     matrix.rotate(45.0F, 0.0F, 0.0F, 1.0F);
     const OrientedBoundingBox box =
@@ -93,7 +93,7 @@ TEST(OrientedBoundingBox, LaterPlacementActsAfterTheEarlier)
               BoundingBox(12.0F, 4.0F, 6.0F, 18.0F, 12.0F, 16.0F));
 }
 
-TEST(OrientedBoundingBox, TransformedLeavesTheBoxItselfAlone)
+TEST(OrientedBoundingBox, TransformedDoesNotChangeTheBoxItself)
 {
     const OrientedBoundingBox box(kBox);
     EXPECT_TRUE(box.transformed(kTurnedAndShifted).isInside({5.0F, 22.0F, 35.0F}));
@@ -135,7 +135,7 @@ TEST(OrientedBoundingBox, PlacedByNansContainsNothing)
 
 TEST(OrientedBoundingBox, FlattenedBoxDoesNotContainWhatItHeldBefore)
 {
-    // The placement cannot be inverted, and the placed box has no room at z = 4.
+    // The placement cannot be inverted, and the placed box has no extent along z.
     QMatrix4x4 flatten;
     flatten.scale(1.0F, 1.0F, 0.0F);
     EXPECT_FALSE(OrientedBoundingBox(kBox).transformed(flatten).isInside({2.0F, 3.0F, 4.0F}));
@@ -154,7 +154,7 @@ TEST(OrientedBoundingBox, RigidMotionCarriesTheInsideAlong)
         motion.rotate(180.0F * unit(random), unit(random), unit(random), unit(random));
         const QVector3D local(2.5F + 3.0F * unit(random), 4.0F + 4.0F * unit(random),
                               5.5F + 5.0F * unit(random));
-        // Within rounding of a face either answer is right.
+        // Both answers are right within rounding of a face.
         bool nearFace = false;
         for (int axis = 0; axis < 3; ++axis) {
             nearFace = nearFace || qAbs(local[axis] - kBox.min()[axis]) < 1e-3F ||
@@ -167,7 +167,7 @@ TEST(OrientedBoundingBox, RigidMotionCarriesTheInsideAlong)
         ASSERT_EQ(OrientedBoundingBox(kBox).transformed(motion).isInside(motion.map(local)), inside)
             << "round " << round;
     }
-    // An eighth of the volume drawn from is inside: about 62 of 500, standard deviation 7.
+    // One eighth of the volume of the random points is inside: 62.5 of 500, standard deviation 7.
     EXPECT_GT(countInside, 30);
     EXPECT_LT(countInside, 100);
 }

@@ -22,7 +22,7 @@ TEST(PatientSurfaces, AreMovedRelatively)
         skin.setObjectTransform(quarterTurnAndShift());
         skin.refresh();
     }
-    // (1, 2, 3) to (8, 21, 33), and on to (10 - 21, 20 + 8, 30 + 33).
+    // (1, 2, 3) is mapped to (8, 21, 33), and that to (10 - 21, 20 + 8, 30 + 33).
     expectVector(skin.getMesh().getVertices().first(), -11.0F, 28.0F, 63.0F);
 }
 
@@ -42,7 +42,7 @@ TEST(PlacedSurfaces, PlacementIsReplacedAndTheMeshStays)
     EXPECT_EQ(counter.changes, 3);
 }
 
-TEST(PlacedSurfaces, ANewMeshTakesThePlaceOfTheFormer)
+TEST(PlacedSurfaces, ANewMeshReplacesTheFormer)
 {
     VirtualTooth tooth;
     tooth.setObjectTransform(quarterTurnAndShift());

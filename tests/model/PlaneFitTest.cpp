@@ -65,8 +65,8 @@ TEST(FitPlane, PointIsTheCentroid)
 
 TEST(FitPlane, LeavesTheLeastSquaredDistances)
 {
-    // Two points 1/4 above and two below z = 3, balanced along x and y: only z = 3 halves them, by
-    // symmetry.
+    // Two points are 1/4 above and two 1/4 below z = 3, balanced along x and y, so that the plane
+    // is z = 3 by symmetry.
     const auto plane = algebra::fitPlane(
         {{1.0, 1.0, 3.25}, {-1.0, -1.0, 3.25}, {1.0, -1.0, 2.75}, {-1.0, 1.0, 2.75}});
     ASSERT_TRUE(plane);
@@ -76,12 +76,12 @@ TEST(FitPlane, LeavesTheLeastSquaredDistances)
 
 TEST(FitPlane, LargestComponentOfTheNormalIsPositive)
 {
-    // x - 5y + z = 0: of the two normals the one with positive y.
+    // x - 5y + z = 0 has two unit normals, one with positive y.
     const auto plane =
         algebra::fitPlane({{5.0, 1.0, 0.0}, {0.0, 1.0, 5.0}, {0.0, 0.0, 0.0}, {1.0, 0.0, -1.0}});
     ASSERT_TRUE(plane);
     expectNear(plane.value().normal, Eigen::Vector3d(-1.0, 5.0, -1.0) / std::sqrt(27.0));
-    // 7x + y - z = 0 and its mirror image: positive x for both.
+    // 7x + y - z = 0 and its mirror image have a normal with positive x.
     const auto towardsX = algebra::fitPlane({{0.0, 1.0, 1.0}, {1.0, -7.0, 0.0}, {0.0, 0.0, 0.0}});
     ASSERT_TRUE(towardsX);
     expectNear(towardsX.value().normal, Eigen::Vector3d(7.0, 1.0, -1.0) / std::sqrt(51.0));
@@ -157,7 +157,7 @@ TEST(FitPlane, WorksFromVerySmallToVeryLargeCoordinates)
     }
 }
 
-TEST(FitPlane, FindsAPlaneWhereverItLiesAndInWhateverOrderThePointsCome)
+TEST(FitPlane, FindsAPlaneAnywhereAndForAnyOrderOfThePoints)
 {
     constexpr unsigned kSeed = 271828;
     SCOPED_TRACE(::testing::Message() << "seed " << kSeed);

@@ -24,7 +24,7 @@ constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
 const Plane kLevelFive(QVector3D(1.0F, 2.0F, 5.0F),
-                       QVector3D(0.0F, 0.0F, 1.0F)); // z = 5, looking up
+                       QVector3D(0.0F, 0.0F, 1.0F)); // z = 5, with the normal up
 const QVector3D kUntouched(-1.0F, -2.0F, -3.0F);
 
 // ---- construction
@@ -37,7 +37,7 @@ TEST(Plane, ThroughThreePointsHasTheNormalOfTheCounterclockwiseTurn)
     EXPECT_EQ(plane.getPoint(), QVector3D(0.0F, 0.0F, 5.0F));
 }
 
-TEST(Plane, TwoPointsExchangedTurnTheNormalRound)
+TEST(Plane, TwoPointsExchangedReverseTheNormal)
 {
     const Plane plane({0.0F, 0.0F, 5.0F}, {0.0F, 3.0F, 5.0F}, {2.0F, 0.0F, 5.0F});
     EXPECT_EQ(plane.getNormal(), QVector3D(0.0F, 0.0F, -1.0F));
@@ -109,8 +109,8 @@ TEST(Plane, DistanceIsPositiveOnTheSideOfTheNormal)
 
 TEST(Plane, DistanceIsTakenFromTheDifferenceOfThePoints)
 {
-    // Far out, single precision counts in steps of 2; the difference of the points is exactly 2,
-    // the distance 2 * 0.6.
+    // Far from the origin, single precision has steps of 2. The difference of the points is exactly
+    // 2, and the distance is 2 * 0.6.
     const Plane plane(QVector3D(16777216.0F, 0.0F, 0.0F), QVector3D(3.0F, 4.0F, 0.0F));
     EXPECT_EQ(plane.getSignedDistance({16777218.0F, 0.0F, 0.0F}), 0x1.333334p+0F);
 }
@@ -132,7 +132,7 @@ TEST(QRay3D, HoldsOriginAndDirectionAsGiven)
 {
     const QRay3D ray({1.0F, 2.0F, 3.0F}, {4.0F, 5.0F, 6.0F});
     EXPECT_EQ(ray.origin(), QVector3D(1.0F, 2.0F, 3.0F));
-    EXPECT_EQ(ray.direction(), QVector3D(4.0F, 5.0F, 6.0F)) << "not normalised";
+    EXPECT_EQ(ray.direction(), QVector3D(4.0F, 5.0F, 6.0F)) << "not normalized";
 }
 
 TEST(Plane, MeetsTheRayInFrontOfItsOrigin)
@@ -165,7 +165,7 @@ TEST(Plane, MeetsTheRayFromEitherSideInTheSamePoint)
     EXPECT_EQ(meetingPoint, QVector3D(10.0F, 20.0F, 5.0F));
 }
 
-TEST(Plane, NoFiniteMeetingPointLeavesTheResultAlone)
+TEST(Plane, NoFiniteMeetingPointDoesNotChangeTheResult)
 {
     const struct
     {
@@ -192,7 +192,7 @@ TEST(Plane, NoFiniteMeetingPointLeavesTheResultAlone)
 
 TEST(Plane, InfiniteDirectionMeetsItNowhere)
 {
-    // The way is 5 / infinity = 0, but infinity times 0 is no coordinate.
+    // The distance is 5 / infinity = 0, but infinity times 0 is NaN.
     QVector3D meetingPoint = kUntouched;
     EXPECT_FALSE(
         kLevelFive.intersect(QRay3D({0.0F, 0.0F, 0.0F}, {0.0F, 0.0F, kInfinity}), meetingPoint));
@@ -263,14 +263,14 @@ TEST(Plane, QuarterTurnTurnsPointAndNormal)
 
 TEST(Plane, UnevenScaleTurnsTheNormalAgainstTheStretch)
 {
-    // x + y = 1 becomes x / 2 + y = 1: the normal goes from (1, 1, 0) to (1, 2, 0), not to (2, 1,
-    // 0).
+    // x + y = 1 becomes x / 2 + y = 1: the normal changes from (1, 1, 0) to (1, 2, 0), not to (2,
+    // 1, 0).
     Plane plane(QVector3D(1.0F, 0.0F, 0.0F), QVector3D(1.0F, 1.0F, 0.0F));
     QMatrix4x4 matrix;
     matrix.scale(2.0F, 1.0F, 1.0F);
     plane.transform(matrix);
     EXPECT_EQ(plane.getPoint(), QVector3D(2.0F, 0.0F, 0.0F));
-    // Two roundings to unit length in single precision.
+    // The tolerance covers two roundings to unit length in single precision.
     EXPECT_NEAR(plane.getNormal().x(), 0.4472136F, 2e-7F);
     EXPECT_NEAR(plane.getNormal().y(), 0.8944272F, 2e-7F);
     EXPECT_EQ(plane.getNormal().z(), 0.0F);
@@ -291,7 +291,7 @@ TEST(Plane, ShearTurnsTheNormalWithThePlane)
     EXPECT_NEAR(plane.getNormal().y(), -0.70710678F, 2e-7F);
 }
 
-TEST(Plane, MirroringTurnsTheNormalRound)
+TEST(Plane, MirroringReversesTheNormal)
 {
     Plane plane(QVector3D(3.0F, 0.0F, 0.0F), QVector3D(1.0F, 0.0F, 0.0F));
     QMatrix4x4 matrix;
@@ -325,7 +325,7 @@ TEST(Plane, RigidMotionOfPlaneAndPositionKeepsTheDistance)
         motion.translate(50.0F * vector());
         motion.rotate(180.0F * unit(random), vector());
         plane.transform(motion);
-        // Coordinates up to about 140 mm in single precision: a few steps of 1.5e-5 mm.
+        // Coordinates of up to 140 mm have steps of 1.5e-5 mm in single precision.
         ASSERT_NEAR(plane.getSignedDistance(motion.map(position)), before, 1e-4F)
             << "round " << round;
     }

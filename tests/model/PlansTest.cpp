@@ -28,11 +28,11 @@ TEST(LockedImplantPlan, KeepsPlacementsAndComposesTheScannerOrientation)
     EXPECT_TRUE(plan.getScannerOrientation().isIdentity());
     plan.updateScannerOrientation(shift(5.0F));
     plan.updateScannerOrientation(test::quarterTurnAndShift());
-    // The shift acts first: (0, 0, 0) to (5, 0, 0) to (10, 25, 30).
+    // The shift acts first: (0, 0, 0) is mapped to (5, 0, 0), and that to (10, 25, 30).
     expectVector(plan.getScannerOrientation().map(QVector3D()), 10.0F, 25.0F, 30.0F);
     EXPECT_EQ(plan.getImplantPlacements(), QList<QMatrix4x4>({shift(1.0F), shift(2.0F)}));
     plan.lock({});
-    EXPECT_TRUE(plan.getScannerOrientation().isIdentity()) << "locked anew in today's frame";
+    EXPECT_TRUE(plan.getScannerOrientation().isIdentity()) << "locked again in the current frame";
 }
 
 TEST(PlannedToPostOpCollection, IsNewWithoutAnything)
@@ -59,7 +59,7 @@ TEST(PlannedToPostOpCollection, ListsThePartsThatHaveATransformation)
               shift(2.0F));
 }
 
-TEST(PlannedToPostOpCollection, AddsOrReplacesWhatIsNamedAndTellsItOnce)
+TEST(PlannedToPostOpCollection, AddsOrReplacesTheNamedPartsAndNotifiesOnce)
 {
     PlannedToPostOpCollection collection;
     collection.setFromPreOpToPlannedAndPostOpTransformations(

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/PolyLines.h>
 
-// Poly-lines: free, tied and many-framed points, and the editor that changes them.
+// Poly-lines: free and tied points, points with a position for each frame, and the editor that
+// changes them.
 
 #include <tests/support/ModelRecorders.h>
 
@@ -27,7 +28,7 @@ TEST(PointUnlinked, HasOnePositionForEveryFrameOrNone)
     expectVector(point.getPosition(kHead).value(), 1.0F, 2.0F, 3.0F);
 }
 
-TEST(PointLinked, LiesWhereItsObjectLies)
+TEST(PointLinked, HasThePositionOfItsObject)
 {
     const auto object = std::make_shared<AttachablePoint>();
     const PointLinked point(object);
@@ -75,7 +76,7 @@ TEST_F(PolyLineTest, GivesItsPointsAndTheirPositions)
     EXPECT_FALSE(line.getPosition(3, kVolume));
 }
 
-TEST_F(PolyLineTest, IsShownInTheVolumeUnlessTold)
+TEST_F(PolyLineTest, IsShownInTheVolumeAtFirst)
 {
     EXPECT_EQ(line.getSupportedContexts(), QList<Context>({kVolume}));
     line.setSupportedContexts({kHead, kVolume});

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 
-// The reslices: values of a new one, extents, directions, and
-// notification by setters.
+// The reslices: values of new ones, extents, directions, and notification by setters.
 
 #include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
 
@@ -18,7 +17,7 @@
 
 namespace {
 
-static_assert(meta::FromLeft == 1, "the point of view that turns the x axis round");
+static_assert(meta::FromLeft == 1, "the point of view that mirrors the x axis");
 
 TEST(Reslice, GivesItsOwningPointer)
 {
@@ -50,9 +49,8 @@ TEST(Reslice, ExtentIsDimensionsTimesSampleSize)
 
 TEST(Reslice, ExtentIsComputedInDoublePrecision)
 {
-    // 16777217 does not fit single precision: narrowed first it would be 16777216, and the product
-    // with it. 16777217 * 3 = 50331651, nearest float 50331652; narrowed first, 16777216 * 3 =
-    // 50331648.
+    // 16777217 does not fit single precision. The product 16777217 * 3 = 50331651 has the nearest
+    // float 50331652; if the count were narrowed first, 16777216 * 3 = 50331648.
     Reslice reslice;
     reslice.setDimensions({16777217.0, 16777217.0});
     reslice.setSampleSize({3.0F, 3.0F, 1.0F});
@@ -129,8 +127,8 @@ TEST(PlanarReslice, OriginAndDirectionsAreColumnsOfTheTransformation)
     reslice.setTransformationFromResliceToWorld(kPlacement);
     EXPECT_EQ(reslice.getTransformationFromResliceToWorld(), kPlacement);
     EXPECT_EQ(reslice.getOrigin(), QVector3D(10.0F, 20.0F, 30.0F));
-    EXPECT_EQ(reslice.getDirection0(false), QVector3D(0.0F, 2.0F, 0.0F)) << "not normalised";
-    EXPECT_EQ(reslice.getDirection1(false), QVector3D(0.0F, 0.0F, 4.0F)) << "not normalised";
+    EXPECT_EQ(reslice.getDirection0(false), QVector3D(0.0F, 2.0F, 0.0F)) << "not normalized";
+    EXPECT_EQ(reslice.getDirection1(false), QVector3D(0.0F, 0.0F, 4.0F)) << "not normalized";
 }
 
 TEST(PlanarReslice, DirectionPerSampleIsTheStepOfOneSample)
@@ -206,7 +204,7 @@ TEST(CephReslice, GivesWhatIsSet)
 
 // ---- notification
 
-TEST(Reslices, EverySetterTellsTheObserversOnce)
+TEST(Reslices, EverySetterNotifiesOnce)
 {
     PlanarReslice planar;
     PanoramicReslice panoramic;
@@ -251,7 +249,7 @@ TEST(Reslices, EverySetterTellsTheObserversOnce)
     }
 }
 
-TEST(Reslices, SeveralSettersInABracketTellTheObserversOnce)
+TEST(Reslices, SeveralSettersInABracketNotifyOnce)
 {
     PlanarReslice reslice;
     test::ChangeCounter counter;

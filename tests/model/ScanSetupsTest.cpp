@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/ScanSetups.h>
 
-// Scan setups, what they hold, trees of surfaces and combined boxes.
+// Scan setups and their contents, trees of surfaces, combined boxes.
 
 #include <tests/support/Matrices.h>
 #include <tests/support/ModelRecorders.h>
@@ -129,7 +129,7 @@ TEST(SurfaceTree, MovesRelativelyAndItsBoxFollows)
     doubling.scale(2.0F);
     tree.setObjectTransform(test::translation(1.0F, 0.0F, 0.0F));
     tree.setObjectTransform(doubling);
-    // (1, 1, 1) goes to (1, 1, 101), (2, 1, 101), (4, 2, 202)
+    // (1, 1, 1) is mapped to (1, 1, 101), (2, 1, 101) and (4, 2, 202).
     EXPECT_EQ(tree.getSceneBoundingBox(),
               primitives::BoundingBox(4.0F, 2.0F, 202.0F, 6.0F, 4.0F, 204.0F));
 }

@@ -92,7 +92,7 @@ TEST(ShapeNode, CumulativeTransformsLeaveOutThatOfTheRoot)
     EXPECT_EQ(walk(root), expected);
 }
 
-TEST(ShapeNode, OuterTransformsStandOnTheLeft)
+TEST(ShapeNode, OuterTransformsAreLeftFactors)
 {
     ShapeNode root(QStringLiteral("root"));
     QMatrix4x4 turn; // x to y
@@ -169,7 +169,7 @@ TEST(ShapeNode, ADeepTreeIsWalkedAndDestroyed)
     ShapeNode* deepest = root.get();
     auto subtree = std::make_unique<ShapeNode>(QStringLiteral("leaf"));
     subtree->setShape(unitShape());
-    // From the leaf upwards: addChild() looks at the ancestors of the node that it is called on.
+    // Builds the tree from the leaf up, because addChild() visits the ancestors of its node.
     for (int depth = 0; depth < 200000; ++depth) {
         auto parent = std::make_unique<ShapeNode>(QString());
         parent->addChild(subtree.release());
@@ -182,7 +182,7 @@ TEST(ShapeNode, ADeepTreeIsWalkedAndDestroyed)
 
 // ---- the factory
 
-// Six times the volume that the triangles enclose, positive if they are counter-clockwise seen from
+// Returns six times the enclosed volume, positive if the triangles are counterclockwise seen from
 // outside.
 double sixfoldVolume(const geometry::Mesh& mesh)
 {
@@ -197,7 +197,7 @@ double sixfoldVolume(const geometry::Mesh& mesh)
     return sum;
 }
 
-// Edges that do not run once each way.
+// Returns the number of edges that do not occur once in each direction.
 int openEdges(const geometry::Mesh& mesh)
 {
     std::map<std::pair<int, int>, int> balance;
@@ -252,7 +252,7 @@ TEST_F(ShapeFactoryTest, CylinderOf32SegmentsIsASolidWithItsTrianglesOutwards)
 TEST_F(ShapeFactoryTest, CylinderLeavesOutTheLidsOfOpenEnds)
 {
     const auto lids = [this](bool openTop, bool openBottom) {
-        std::set<float> levels; // at which a lid has its centre
+        std::set<float> levels; // at which a lid has its center
         const geometry::Mesh& cylinder =
             mesh(factory.generateCylinder(2.0F, 10.0F, openTop, openBottom));
         for (int i = 0; i < cylinder.getNumIndices(); ++i) {
@@ -269,7 +269,7 @@ TEST_F(ShapeFactoryTest, CylinderLeavesOutTheLidsOfOpenEnds)
     EXPECT_EQ(lids(true, true), (std::set<float>{}));
 }
 
-TEST_F(ShapeFactoryTest, ConeStandsOnItsOriginWithTheTipUp)
+TEST_F(ShapeFactoryTest, ConeHasItsBaseAtTheOriginAndTheTipUp)
 {
     const geometry::Mesh& cone = mesh(factory.generateCone(3.5F, 3.0F, false));
     EXPECT_EQ(cone.getBoundingBox(), primitives::BoundingBox(-3.5F, -3.5F, 0.0F, 3.5F, 3.5F, 3.0F));

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/math/Spline3D.h>
 
-// The curve models: sampling at equal steps, the two kinds of curves, their clones, and input that
-// is no curve.
+// The curve models: sampling at equal steps, the two kinds of curves, their clones, and invalid
+// input.
 
 #include <gtest/gtest.h>
 
@@ -43,7 +43,7 @@ bool isFinite(const Path& path)
     });
 }
 
-// The chords of the curve before they are walked.
+// Gives access to the chords of the curve.
 class OpenCatmullRom : public CatmullRomSpline3D
 {
 public:
@@ -71,9 +71,9 @@ TEST(Spline3D, StepLongerThanTheCurveGivesItsEnds)
     EXPECT_EQ(PolylineSpline3D().sample(alongX({0.0F, 10.0F}), 3e38F), alongX({0.0F, 10.0F}));
 }
 
-TEST(Spline3D, StepsRunRoundCornersByArcLength)
+TEST(Spline3D, StepsFollowCornersByArcLength)
 {
-    // Legs of 3 and 4 mm, steps of 2 mm: 1 mm is left over at the corner.
+    // The legs are 3 and 4 mm long and the steps 2 mm, so that 1 mm remains at the corner.
     const Path corner{{0.0F, 0.0F, 0.0F}, {3.0F, 0.0F, 0.0F}, {3.0F, 4.0F, 0.0F}};
     const Path expected{{0.0F, 0.0F, 0.0F},
                         {2.0F, 0.0F, 0.0F},
@@ -185,8 +185,8 @@ TEST(CatmullRomSpline3D, PassesThroughItsControlPoints)
 
 TEST(CatmullRomSpline3D, HalfWayBetweenEvenlySpacedPointsIsTheClassicalWeighting)
 {
-    // Evenly spaced, every parameterisation agrees: half way is (-p0 + 9 p1 + 9 p2 - p3) / 16. The
-    // neighbours beyond the ends are (-1, 0, 0) and (1, 2, 0), the mirror images.
+    // All parameterizations agree for even spacing: half way is (-p0 + 9 p1 + 9 p2 - p3) / 16. The
+    // neighbors beyond the ends are (-1, 0, 0) and (1, 2, 0), the mirror images.
     const Path chain =
         OpenCatmullRom(2).flatten({{0.0F, 0.0F, 0.0F}, {1.0F, 0.0F, 0.0F}, {1.0F, 1.0F, 0.0F}});
     const Path expected{{0.0F, 0.0F, 0.0F},
@@ -241,17 +241,17 @@ TEST(CatmullRomSpline3D, SamplesOfAnArchAreEvenlySpacedAndLieOnIt)
                                 static_cast<float>(25.0 * std::sin(angle)), 0.0F));
     }
     const Path samples = CatmullRomSpline3D().sample(points, 1.0F);
-    // The arc is 78.54 mm long, the curve through it at most 0.1 mm different: steps 0 to 78 and
-    // the end.
+    // The arc is 78.54 mm long, and the length of the curve differs by at most 0.1 mm: there are
+    // the steps 0 to 78 and the end.
     ASSERT_EQ(samples.size(), 80);
     EXPECT_EQ(samples.first(), points.first());
     EXPECT_EQ(samples.last(), points.last());
     for (qsizetype i = 1; i + 1 < samples.size(); ++i) {
-        // The straight way across an arc of 1 mm is 50 sin(1/50) = 0.99993 mm; more where the curve
+        // The chord of an arc of 1 mm is 50 sin(1/50) = 0.99993 mm long, and longer where the curve
         // is flatter.
         ASSERT_NEAR(samples[i].distanceToPoint(samples[i - 1]), 0.99995F, 1e-3F) << i;
         // Half way between control points the weighting gives 25 (9 cos 5 - cos 15) / 8 = 24.9994
-        // mm; in the first and the last segment, with the mirrored neighbour, 25 (17 cos 5 - cos
+        // mm; in the first and the last segment, with the mirrored neighbor, 25 (17 cos 5 - cos
         // 15) / 16 = 24.952 mm.
         const bool inEndSegment = i < 6 || i > 72;
         ASSERT_NEAR(samples[i].length(), 25.0F, inEndSegment ? 0.06F : 2e-3F) << i;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/SurfaceModels.h>
 
-// Surfaces of the scene: relative moves, their commitment, centre, box, types and notification.
+// Surfaces of the scene: relative moves, their commitment, center, box and notification.
 
 #include <tests/support/Matrices.h>
 #include <tests/support/ModelRecorders.h>
@@ -83,7 +83,7 @@ TEST_F(Surface3DModelTest, CentreOfMassIsTheMeanOfTheVertices)
     EXPECT_EQ(surface.getCenterOfMass(), QVector3D(1.0F, 2.0F, 3.0F));
 }
 
-TEST_F(Surface3DModelTest, ANewMeshStandsWhereItIs)
+TEST_F(Surface3DModelTest, ANewMeshIsInSceneCoordinates)
 {
     surface.setObjectTransform(test::translation(1.0F, 0.0F, 0.0F));
     surface.setMesh(geometry::Mesh({{7.0F, 7.0F, 7.0F}}, {}));
@@ -91,7 +91,7 @@ TEST_F(Surface3DModelTest, ANewMeshStandsWhereItIs)
     EXPECT_EQ(surface.getSceneBoundingBox().min(), QVector3D(7.0F, 7.0F, 7.0F));
 }
 
-TEST_F(Surface3DModelTest, TellsOfEachChangeAndOfABracketOnce)
+TEST_F(Surface3DModelTest, NotifiesOfEachChangeAndOfABracketOnce)
 {
     test::ChangeCounter counter;
     surface.attach(&counter);

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
 
-// Surface scans: types, values of a new one, the alignment record beside the single operations,
-// notification.
+// Surface scans: values of a new one, the alignment record and the single operations, notification.
 
 #include <tests/support/Matrices.h>
 #include <tests/support/ModelRecorders.h>
@@ -24,7 +23,7 @@ SurfaceScanAlignment anAlignment()
             test::translation(3.0F, 0.0F, 0.0F), test::translation(4.0F, 0.0F, 0.0F), true};
 }
 
-TEST(SurfaceScan, NewOneStandsWhereItIsWithoutAJaw)
+TEST(SurfaceScan, NewOneHasIdentityMatricesAndNoJaw)
 {
     const SurfaceScan scan;
     EXPECT_TRUE(scan.getInitialTransform().isIdentity());
@@ -56,7 +55,7 @@ TEST(SurfaceScan, RecordSetsTheFiveValuesAndLeavesTheMesh)
     EXPECT_EQ(scan.getMesh().getVertices().first(), QVector3D(5.0F, 6.0F, 7.0F));
 }
 
-TEST(SurfaceScan, SingleOperationsChangeTheirValueAlone)
+TEST(SurfaceScan, SingleOperationsChangeTheirValueOnly)
 {
     SurfaceScan scan;
     scan.setSurfaceScanAlignment(anAlignment());

@@ -75,7 +75,7 @@ TEST(Mouth, ToothTakesThePlaceOfOneOfTheSameNumber)
     EXPECT_EQ(mouth.getAllTeethUnsorted(), QSet<std::shared_ptr<Tooth>>{later});
 }
 
-TEST(Mouth, TellsWhenTeethComeAndGo)
+TEST(Mouth, NotifiesWhenTeethAreAddedAndRemoved)
 {
     Mouth mouth;
     Recorder recorder;

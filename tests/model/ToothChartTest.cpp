@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/fundamentals/ToothChart.h>
 
-// ToothChart: kinds of teeth, arches and jaws, opposites, regions, and every number that is no
-// tooth.
+// ToothChart: kinds of teeth, arches and jaws, opposites, regions, and numbers that are not
+// teeth.
 
 #include <gtest/gtest.h>
 
@@ -17,8 +17,7 @@ namespace {
 
 using Tooth = ToothChart::Tooth;
 
-// Not fixed, the range of an enumeration is that of its enumerators and other numbers are undefined
-// behaviour.
+// Numbers beyond the enumerators are undefined behavior without a fixed underlying type.
 static_assert(std::is_same_v<std::underlying_type_t<ToothChart::Tooth>, int>);
 static_assert(std::is_same_v<std::underlying_type_t<ToothChart::ArchType>, int>);
 
@@ -28,7 +27,7 @@ static_assert(LowerJaw == 1 && UpperJaw == 2);
 constexpr int kNoTeeth[] = {std::numeric_limits<int>::min(), -32, -1, 0, 33, 48,
                             std::numeric_limits<int>::max()};
 
-// The numbers from 1 to 32 for which the predicate holds.
+// Returns the numbers from 1 to 32 for which the predicate is true.
 std::set<int> teethThat(bool (*predicate)(Tooth))
 {
     std::set<int> teeth;
@@ -103,7 +102,7 @@ TEST(ToothChart, OppositeTeethAddUpToThirtyThree)
     EXPECT_EQ(ToothChart::getOppositeTooth(Tooth(32)), 1);
 }
 
-TEST(ToothChart, OppositeToothStandsInTheOtherArchAndHasTheToothAsItsOpposite)
+TEST(ToothChart, OppositeToothIsInTheOtherArchAndHasTheToothAsItsOpposite)
 {
     for (int number = 1; number <= 32; ++number) {
         const Tooth opposite = ToothChart::getOppositeTooth(Tooth(number));
@@ -134,8 +133,7 @@ TEST(ToothChart, OppositeOfNoJawIsNoJaw)
 
 TEST(ToothChart, OppositeOfANumberThatIsNoJawIsNoJaw)
 {
-    // Needs an enumeration of fixed underlying type: without, JawType(7) is undefined behaviour
-    // already.
+    // JawType(7) is undefined behavior without a fixed underlying type.
     EXPECT_TRUE((std::is_same_v<std::underlying_type_t<JawType>, int>));
     for (const int number :
          {std::numeric_limits<int>::min(), -1, 3, 7, std::numeric_limits<int>::max()})

@@ -59,7 +59,7 @@ Row row(const char* identifier, const char* base, Arguments... arguments)
             std::make_shared<Object>(std::move(arguments)...)};
 }
 
-// Each class stands after its base.
+// Returns a row for each class, which follows that of its base.
 std::vector<Row> allClasses()
 {
     return {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <CoreAlgorithms/model/data/VexelImage3D.h>
 
-// VexelImage3D: layout in memory, element types, range of values, moves, and images that cannot be.
+// VexelImage3D: layout in memory, element types, range of values, moves, and invalid images.
 
 #include <gtest/gtest.h>
 
@@ -22,8 +22,8 @@
 #endif
 
 #if defined(COREALGORITHMS_TEST_WITH_ASAN)
-// The address sanitizer takes a failing `new (std::nothrow)` for an error unless it is told
-// otherwise.
+// The address sanitizer treats a failing `new (std::nothrow)` as an error unless this option is
+// set.
 extern "C" __attribute__((visibility("default"), used)) const char* __asan_default_options();
 extern "C" const char* __asan_default_options()
 {
@@ -54,7 +54,7 @@ Element* elementsOf(VexelImage3D& image)
     return static_cast<Element*>(image.dataPtr());
 }
 
-// An image of one row with these elements.
+// Returns an image of one row with these elements.
 template <typename Element>
 VexelImage3D rowOf(image::DataType type, std::initializer_list<Element> values)
 {
@@ -261,7 +261,7 @@ TEST(VexelImage3D, MoveOntoItselfKeepsTheVoxels)
     EXPECT_EQ(image.value(2, 0, 0), 3.0);
 }
 
-// ---- images that cannot be
+// ---- invalid images
 
 TEST(VexelImage3D, SizeThatIsNotPositiveGivesNoVoxels)
 {
@@ -294,10 +294,10 @@ TEST(VexelImage3D, MoreBytesThanANumberCanCountGiveNoVoxels)
 {
     expectWithoutVoxels(VexelImage3D({kIntMax, kIntMax, kIntMax}, kSpacing, image::UInt8));
     expectWithoutVoxels(VexelImage3D({kIntMax, kIntMax, 2}, kSpacing, image::Float64));
-    // 2^30 * 2^30 * 2 * 8 = 2^64 bytes would wrap round to none.
+    // 2^30 * 2^30 * 2 * 8 = 2^64 bytes would wrap around to 0.
     expectWithoutVoxels(VexelImage3D({1 << 30, 1 << 30, 2}, kSpacing, image::Float64));
-    // 2^48 + 1 = 193 * 65537 * 22253377, so this is 2^64 + 2^16 bytes, which would wrap round to
-    // 2^16.
+    // 2^48 + 1 = 193 * 65537 * 22253377, so this is 2^64 + 2^16 bytes, which would wrap around
+    // to 2^16.
     expectWithoutVoxels(VexelImage3D({22253377, 193 * 65537, 65536}, kSpacing, image::UInt8));
 }
 

@@ -13,7 +13,7 @@
 
 namespace test {
 
-/// Counts how often an object tells that it has changed.
+/// Counts the notifications of objects.
 class ChangeCounter : public patterns::Observer<DataObject, std::nullptr_t>
 {
 public:
@@ -23,7 +23,8 @@ private:
     void changedEvent(DataObject* /*subject*/) override { ++changes; }
 };
 
-/// Takes (x, y, z) to (10 - y, 20 + x, 30 + z), exactly for small whole numbers.
+/// Returns a matrix that maps (x, y, z) to (10 - y, 20 + x, 30 + z), exactly for small whole
+/// numbers.
 inline QMatrix4x4 quarterTurnAndShift()
 {
     // clang-format off
@@ -34,7 +35,7 @@ inline QMatrix4x4 quarterTurnAndShift()
     // clang-format on
 }
 
-/// Exact equality, which QVector3D's own operator also is, with a readable message.
+/// Expects exactly these coordinates. Unlike the comparison of two vectors, it prints them.
 inline void expectVector(const QVector3D& vector, float x, float y, float z)
 {
     EXPECT_TRUE(vector.x() == x && vector.y() == y && vector.z() == z)

@@ -10,13 +10,12 @@
 namespace geometry {
 namespace {
 
-// QMatrix4x4::map for many points, with the bits of that operation, for matrices whose flags say no
-// less than rotation and whose last row is (0, 0, 0, 1).
+// Maps many points with the bits of QMatrix4x4::map(), for matrices whose flags hold at least
+// Rotation and whose last row is (0, 0, 0, 1).
 //
-// Qt works out a fourth coordinate w and divides by it unless it is 1. Here it is 1 for a finite
-// point and NaN (0 times infinity) for any other, so that a product with w gives what the division
-// would. No branch and nothing that could alias the points stands in the loop then, which takes a
-// third of the time of a loop over map().
+// Qt computes a fourth coordinate w and divides by it unless it is 1. Here w is 1 for a finite
+// point and NaN (0 times infinity) for any other, so that multiplying by w gives the same result.
+// The loop then has no branch, and nothing in it can alias the points.
 class AffineMapping
 {
 public:
@@ -59,7 +58,7 @@ void PointSet::setVertices(const QList<QVector3D>& points)
 void PointSet::applyTransformation(const QMatrix4x4& matrix)
 {
     if (matrix.flags() == QMatrix4x4::Identity)
-        return; // map() would return each point as it is
+        return; // map() would return each point unchanged
     if (AffineMapping::isPossible(matrix)) {
         const AffineMapping mapping(matrix);
         for (QVector3D& vertex : vertices)
@@ -72,7 +71,7 @@ void PointSet::applyTransformation(const QMatrix4x4& matrix)
 
 primitives::BoundingBox PointSet::getBoundingBox() const
 {
-    // Not by includePoint(): a box that holds the origin alone is null there, and would lose it.
+    // includePoint() would lose the origin, because a box that holds only the origin is null.
     QVector3D minimum;
     QVector3D maximum;
     bool started = false;

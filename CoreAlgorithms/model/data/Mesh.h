@@ -12,41 +12,51 @@ class QMatrix4x4;
 
 namespace geometry {
 
-/// Points in single precision, in the frame of whoever fills it.
+/// Holds points in single precision, in the frame of the caller.
 class COREALGORITHMS_MODEL_EXPORT PointSet
 {
 public:
+    /// Constructs a set without points.
     PointSet() = default;
+    /// Constructs a set of these points, which are stored as given.
     explicit PointSet(const QList<QVector3D>& points);
 
+    /// Returns the number of vertices.
     int getNumVertices() const { return static_cast<int>(vertices.size()); }
+    /// Returns the vertices in order.
     const QList<QVector3D>& getVertices() const { return vertices; }
+    /// Replaces the vertices.
     void setVertices(const QList<QVector3D>& points);
 
-    /// Replaces every vertex by its image.
+    /// Moves every vertex by the matrix.
     void applyTransformation(const QMatrix4x4& matrix);
 
-    /// The smallest box round the vertices, linear in their number; null for none. Vertices with
-    /// NaN extend nothing.
+    /// Returns the smallest box around the vertices, or the null box if there are none. Ignores
+    /// vertices with NaN. Linear in the number of vertices.
     primitives::BoundingBox getBoundingBox() const;
 
 private:
     QList<QVector3D> vertices;
 };
 
-/// Triangles over points. The index list holds four entries a triangle: triangle t has the vertices
-/// whose numbers stand at 4t, 4t + 1 and 4t + 2; the fourth ends the triangle and names no vertex
-/// (-1 in meshes made here). There are getNumIndices() / 4 triangles.
+/// Holds triangles over points. The index list holds four entries for each triangle: triangle t has
+/// the vertices with the numbers at 4t, 4t + 1 and 4t + 2. The fourth entry ends the triangle and
+/// names no vertex; it is -1 in meshes that are made here. There are getNumIndices() / 4 triangles.
 ///
-/// The entries are kept as given, also those that name no vertex.
+/// Entries are kept as given, including those that name no vertex.
 class COREALGORITHMS_MODEL_EXPORT Mesh : public PointSet
 {
 public:
+    /// Constructs a mesh without points and triangles.
     Mesh() = default;
+    /// Constructs a mesh of these points and this index list, which are stored as given.
     Mesh(const QList<QVector3D>& points, const QList<int>& vertexNumbers);
 
+    /// Returns the number of entries of the index list.
     int getNumIndices() const { return static_cast<int>(indices.size()); }
+    /// Returns the index list.
     const QList<int>& getIndices() const { return indices; }
+    /// Replaces the index list.
     void setIndices(const QList<int>& vertexNumbers);
 
     /// Appends one triangle of these vertex numbers.
@@ -56,8 +66,8 @@ private:
     QList<int> indices;
 };
 
-/// One cell of a grid laid over a mesh: its box, and the ascending numbers of the triangles that
-/// touch it.
+/// Describes one cell of a grid over a mesh by its box and the ascending numbers of the triangles
+/// that touch it.
 struct BoundedTriangles
 {
     primitives::BoundingBox box;

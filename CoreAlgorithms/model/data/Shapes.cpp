@@ -11,14 +11,14 @@ namespace {
 constexpr int kSegments = 32;
 constexpr int kSegmentsPerQuadrant = kSegments / 4;
 
-// cos(i * 11.25 degrees). A table, since the cosines of two standard libraries may differ in the
-// last bit; and the four quadrants are exactly alike.
+// Holds cos(i * 11.25 degrees). The table is needed because the cosines of two standard libraries
+// may differ in the last bit. It also makes the four quadrants exactly alike.
 constexpr float kCosines[kSegmentsPerQuadrant + 1] = {
     1.0F,        0.980785251F, 0.923879504F, 0.831469595F, 0.707106769F,
     0.55557023F, 0.382683426F, 0.195090324F, 0.0F,
 };
 
-// The unit circle, counter-clockwise from the x axis.
+// Returns a point of the unit circle, counterclockwise from the x axis.
 QVector3D directionOf(int segment)
 {
     const int step = segment % kSegmentsPerQuadrant;
@@ -44,7 +44,7 @@ void appendRing(QList<QVector3D>& vertices, float radius, float z)
     }
 }
 
-// The index list of a mesh, with room for the triangles of any shape here.
+// Collects the index list of a mesh; the reserved size is enough for any shape here.
 struct Triangles
 {
     Triangles() { indices.reserve(qsizetype(4) * 4 * kSegments); }
@@ -53,17 +53,17 @@ struct Triangles
     QList<int> indices;
 };
 
-// The fan between a ring and a vertex on the axis; seen from above (+z) counter-clockwise, or
-// clockwise.
-void addFan(Triangles& triangles, int firstOfRing, int centre, bool fromAbove)
+// Adds the fan between a ring and a vertex on the axis, which is counterclockwise seen from above
+// (+z), or clockwise.
+void addFan(Triangles& triangles, int firstOfRing, int center, bool fromAbove)
 {
     for (int segment = 0; segment < kSegments; ++segment) {
         const int a = firstOfRing + segment;
         const int b = firstOfRing + (segment + 1) % kSegments;
         if (fromAbove)
-            triangles.add(a, b, centre);
+            triangles.add(a, b, center);
         else
-            triangles.add(b, a, centre);
+            triangles.add(b, a, center);
     }
 }
 

@@ -19,13 +19,16 @@ namespace geometry {
 
 class ConstShapeNodeIteratorBase;
 
-/// A mesh in the frame of the node that carries it.
+/// Holds a mesh in the frame of the node that carries it, and the box of the mesh.
 class COREALGORITHMS_MODEL_EXPORT Shape
 {
 public:
+    /// Copies the mesh and computes its box.
     explicit Shape(const Mesh& surface);
 
+    /// Returns the mesh.
     const Mesh& getMesh() const { return mesh; }
+    /// Returns the smallest box around the mesh.
     const primitives::BoundingBox& getBoundingBox() const { return box; }
 
 private:
@@ -33,41 +36,49 @@ private:
     primitives::BoundingBox box;
 };
 
-/// A named node of a tree of shapes. A node may carry a shape; its transform maps its own frame
-/// into that of its parent. A node owns its children.
+/// Represents a named node of a tree of shapes. A node may carry a shape; its transform maps its
+/// own frame into that of its parent. A node owns its children.
 class COREALGORITHMS_MODEL_EXPORT ShapeNode
 {
 public:
+    /// Constructs a root without a shape, placed by the identity. Its name does not change.
     explicit ShapeNode(const QString& nodeName);
     ShapeNode(const ShapeNode&) = delete;
     ShapeNode& operator=(const ShapeNode&) = delete;
-    /// Takes no stack that grows with the depth of the tree.
+    /// Deletes the children without recursion, so that the depth of the tree takes no stack.
     ~ShapeNode();
 
+    /// Returns the name.
     const QString& getName() const { return name; }
+    /// Returns the matrix from the node's own frame into that of its parent.
     const QMatrix4x4& getTransform() const { return transform; }
+    /// Sets the matrix from the node's own frame into that of its parent.
     void setTransform(const QMatrix4x4& parentFromNode);
 
-    /// Null for a node that only holds children.
+    /// Returns the shape, or null for a node that only holds children.
     const Shape* getShape() const { return shape ? &*shape : nullptr; }
+    /// Copies the shape into the node.
     void setShape(const Shape& carried);
 
-    /// Takes ownership, also of a node that is another's child by now. A null child, and one that
-    /// this node stands below, are ignored and stay with the caller.
+    /// Appends a child and takes ownership, also if it is a child of another node. Does nothing for
+    /// null, for this node and for a node above it; these stay with the caller.
     void addChild(ShapeNode* child);
+    /// Returns the number of children.
     int getNumChildren() const { return static_cast<int>(children.size()); }
-    /// Null if there is no child of that number.
+    /// Returns a child, or null for a number out of range.
     ShapeNode* getChild(int number) const;
+    /// Returns the parent, or null for a root.
     ShapeNode* getParent() const { return parent; }
 
-    /// In the node's own frame, its transform left out: of a child with a shape, the box of its
-    /// shape; of a root, and of a child without a shape, the box round the placed boxes of all
-    /// shapes below and of its own. Null if there is none.
+    /// Returns a box in the node's own frame, without its transform. A child with a shape has the
+    /// box of the shape. A root, and a child without a shape, has the box around its own shape and
+    /// the placed boxes of all shapes below. Returns the null box if there are none.
     primitives::BoundingBox getBoundingBox() const;
 
-    /// The nodes that have a shape, from this node downwards: a node before its children, children
-    /// in order.
+    /// Begins a walk through the nodes with a shape from this node down: a node before its
+    /// children, children in order.
     ConstShapeNodeIteratorBase cbeginNodesWithShape() const;
+    /// Returns the end of every walk.
     ConstShapeNodeIteratorBase cend() const;
 
 private:
@@ -80,22 +91,23 @@ private:
     std::vector<std::unique_ptr<ShapeNode>> children;
 };
 
-/// A place in the walk through a tree of shapes. The tree must not change meanwhile.
+/// Marks a position in the walk through a tree of shapes. The tree must not change during the walk.
 class COREALGORITHMS_MODEL_EXPORT ShapeNodeIteratorBase
 {
 public:
-    /// The next node with a shape. At the end it does nothing.
+    /// Moves to the next node with a shape. Does nothing at the end.
     ShapeNodeIteratorBase& operator++();
+    /// Returns true if the two are at different nodes.
     bool operator!=(const ShapeNodeIteratorBase& other) const;
 
-    /// The product of the transforms from the children of the node where the walk began down to
-    /// this node, outermost left; the transform of the node where the walk began is left out.
-    /// Identity at the end.
+    /// Returns the product of the transforms on the way from the start of the walk down to this
+    /// node, outermost left and without that of the start. Returns the identity at the end.
     QMatrix4x4 getCumulativeTransform() const;
 
 protected:
-    /// The first node with a shape from `start` downwards; the end for null.
+    /// Begins at the first node with a shape from `start` down, or at the end for null.
     explicit ShapeNodeIteratorBase(const ShapeNode* start);
+    /// Returns the current node, or null at the end.
     const ShapeNode* node() const { return path.empty() ? nullptr : path.back().node; }
 
 private:
@@ -111,11 +123,13 @@ private:
     std::vector<Step> path; // from the start to the current node; empty at the end
 };
 
-/// The walk that leaves the nodes as they are. At the end it must not be followed.
+/// Walks through a tree without changing its nodes.
 class COREALGORITHMS_MODEL_EXPORT ConstShapeNodeIteratorBase : public ShapeNodeIteratorBase
 {
 public:
+    /// Returns the current node, or null at the end.
     const ShapeNode* operator->() const { return node(); }
+    /// Returns the current node. Must not be called at the end.
     const ShapeNode& operator*() const { return *node(); }
 
 private:
@@ -123,8 +137,8 @@ private:
     using ShapeNodeIteratorBase::ShapeNodeIteratorBase;
 };
 
-/// Where shapes come from that are not built from numbers, for instance a catalogue of implants.
-/// This one keeps what it is given.
+/// Loads shapes that are not built from measures, for instance from a catalog of implants. This one
+/// returns what was inserted.
 class COREALGORITHMS_MODEL_EXPORT ShapeLoader
 {
 public:
@@ -133,33 +147,37 @@ public:
     ShapeLoader& operator=(const ShapeLoader&) = delete;
     virtual ~ShapeLoader();
 
+    /// Adds or replaces the shape of a name.
     void insert(const QString& shapeName, const Shape& shape);
-    /// Null for a name that the loader does not know.
+    /// Returns a copy of the shape of a name, or null for an unknown name.
     virtual std::unique_ptr<Shape> load(const QString& shapeName) const;
 
 private:
     QHash<QString, Shape> shapes;
 };
 
-/// Makes nodes with shapes; the caller owns them. Round shapes have 32 segments, the first vertex
-/// of every ring on the x axis, and triangles that are counter-clockwise seen from outside.
+/// Makes nodes with shapes, which the caller owns. Round shapes have 32 segments, the first vertex
+/// of every ring on the x axis, and triangles that are counterclockwise seen from outside.
 ///
-/// Lengths are taken as they are: a radius of 0 gives a needle, a negative height turns the shape
-/// over, NaN gives vertices of NaN.
+/// Lengths in mm are used as given: a radius of 0 gives a line, a negative height turns the shape
+/// upside down, and NaN gives vertices of NaN.
 class COREALGORITHMS_MODEL_EXPORT ShapeFactory
 {
 public:
+    /// Constructs a factory that loads shapes with this loader, which must outlive it.
     explicit ShapeFactory(ShapeLoader& shapeLoader);
     ShapeFactory(const ShapeFactory&) = delete;
     ShapeFactory& operator=(const ShapeFactory&) = delete;
     virtual ~ShapeFactory();
 
-    /// Centred on its own origin along z. The open ends are left without a lid.
+    /// Returns a cylinder along z, centered on its own origin. An open end has no lid.
     virtual ShapeNode* generateCylinder(float radius, float height, bool openTop,
                                         bool openBottom) const;
-    /// Stands on its own origin with the tip at z = height; of height 0, a flat disc.
+    /// Returns a cone whose base is at its own origin and whose tip is at z = height. With height
+    /// 0, returns a flat disc. An open base has no lid.
     virtual ShapeNode* generateCone(float radius, float height, bool openBase) const;
-    /// A shape of the loader; a node without a shape if the loader does not know the name.
+    /// Returns a node with a shape of the loader. For an unknown name, returns a node without a
+    /// shape.
     virtual ShapeNode* generateLoaded(const QString& shapeName) const;
 
 private:

@@ -6,8 +6,8 @@
 
 namespace colormap {
 
-/// The grey values at which a colour map places its tissues, in ascending order where they come
-/// from a scan.
+/// Holds the grey values at which a color map places its tissues. Those that come from a scan are
+/// in ascending order.
 struct Tissues
 {
     int air = 0;
@@ -22,7 +22,7 @@ struct Tissues
     int denseBone = 0;
     int enamel = 0;
 
-    /// The eleven levels in the order of the fields.
+    /// Returns the eleven levels in the order of the fields.
     std::vector<int> toVector() const
     {
         return {air,  skin,    fat,          softTissue, cancellousBone, boneSurface,

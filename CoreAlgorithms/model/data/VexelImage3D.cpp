@@ -41,7 +41,7 @@ bool isPositive(float extent)
     return std::isfinite(extent) && extent > 0.0F;
 }
 
-// Bytes that the voxels take, or 0 if the image cannot be.
+// Returns the number of bytes of the voxels, or 0 if there can be no such image.
 std::size_t byteCount(const math::Ivec3& size, const QVector3D& voxelSizeMm, image::DataType type)
 {
     if (size.x <= 0 || size.y <= 0 || size.z <= 0)

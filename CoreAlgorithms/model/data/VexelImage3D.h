@@ -13,7 +13,7 @@
 
 namespace image {
 
-/// Element type of a voxel image. The first three are what scanners deliver.
+/// Names the element type of a voxel image. Scanners deliver the first three.
 enum DataType : int {
     UInt16 = 0,
     Int16 = 1,
@@ -25,47 +25,53 @@ enum DataType : int {
     Float64 = 7
 };
 
-/// Bytes of one element; 0 for a value that is no DataType.
+/// Returns the number of bytes of one element; 0 for a value that is no DataType.
 COREALGORITHMS_MODEL_EXPORT std::size_t elementSize(DataType type);
 
 } // namespace image
 
-/// A voxel image that owns its memory.
+/// Represents a voxel image that owns its memory.
 ///
-/// value(x, y, z) = data[(z * sizeY + y) * sizeX + x]: x fastest, no gaps. Voxel indices name voxel
-/// centres; the centre of voxel (x, y, z) lies at (x * voxelSize.x, y * voxelSize.y, z *
-/// voxelSize.z) of the volume frame, in mm.
+/// value(x, y, z) = data[(z * sizeY + y) * sizeX + x]: x is fastest, and there are no gaps. Voxel
+/// indices denote voxel centers. The center of voxel (x, y, z) is at
+/// (x * voxelSize.x, y * voxelSize.y, z * voxelSize.z) of the volume frame, in mm.
 class COREALGORITHMS_MODEL_EXPORT VexelImage3D
 {
 public:
-    /// No voxels.
+    /// Constructs an image without voxels.
     VexelImage3D() = default;
-    /// All voxels zero. A size that is not positive, a voxel size that is not positive and finite,
-    /// an unknown type, or more voxels than memory can hold give the image without voxels; ask
-    /// isEmpty().
+    /// Constructs an image of zeros; `voxelSize` is in mm. Constructs an image without voxels (see
+    /// isEmpty()) if a size is not positive, a voxel size is not positive and finite, the type is
+    /// unknown, or memory cannot hold the voxels.
     VexelImage3D(const math::Ivec3& imageSize, const QVector3D& voxelSize,
                  image::DataType dataType);
-    /// Leaves the other image without voxels.
+    /// Takes over the voxels; the other image is without voxels afterwards.
     VexelImage3D(VexelImage3D&& other) noexcept;
+    /// Takes over the voxels, as the constructor does.
     VexelImage3D& operator=(VexelImage3D&& other) noexcept;
     VexelImage3D(const VexelImage3D&) = delete;
     VexelImage3D& operator=(const VexelImage3D&) = delete;
     ~VexelImage3D() = default;
 
+    /// Returns true for an image without voxels.
     bool isEmpty() const { return !elements; }
-    /// First element, or null for an image without voxels; aligned for every element type.
+    /// Returns the first element, aligned for every element type, or null without voxels.
     const void* dataPtr() const { return elements.get(); }
+    /// Returns the first element for writing, or null without voxels.
     void* dataPtr() { return elements.get(); }
+    /// Returns the element type.
     image::DataType dataType() const { return type; }
+    /// Returns the numbers of voxels along x, y and z.
     math::Ivec3 imageSize() const { return size; }
-    /// Millimetres per voxel.
+    /// Returns the distances between voxel centers along x, y and z in mm.
     QVector3D voxelSize() const { return spacing; }
+    /// Returns the number of voxels.
     std::size_t voxelCount() const;
 
-    /// One voxel, widened to double; 0 outside the image.
+    /// Returns one voxel, widened to double; 0 outside the image.
     double value(int x, int y, int z) const;
-    /// Smallest and largest element, narrowed to float, NaN left out; (0, 0) for an image without
-    /// voxels or of nothing but NaN. Visits every voxel.
+    /// Returns the smallest and the largest element, narrowed to float. Ignores NaN. Returns (0, 0)
+    /// without voxels and if all are NaN. Visits every voxel.
     math::Range<float> getValueRange() const;
 
 private:

@@ -8,13 +8,13 @@ namespace {
 
 constexpr int kTeethPerArch = 16;
 
-// 1 for a central incisor to 8 for a third molar; 0 for what is no tooth.
+// Returns 1 for a central incisor to 8 for a third molar, and 0 for a number that is not a tooth.
 int placeFromMidline(ToothChart::Tooth tooth)
 {
     if (!ToothChart::isTooth(tooth))
         return 0;
-    const int place =
-        (tooth - 1) % kTeethPerArch; // 0 to 15 along the arch, midline between 7 and 8
+    // 0 to 15 along the arch; the midline is between 7 and 8.
+    const int place = (tooth - 1) % kTeethPerArch;
     return place < kTeethPerArch / 2 ? kTeethPerArch / 2 - place : place - kTeethPerArch / 2 + 1;
 }
 

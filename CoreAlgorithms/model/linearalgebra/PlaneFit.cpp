@@ -7,8 +7,8 @@
 namespace algebra {
 namespace {
 
-// Second singular value over the first, below which the points count as lying in a line: rounding
-// of the centroid alone leaves about 1e-16, and control points are single precision, about 1e-7.
+// The ratio of the second singular value to the first below which the points count as a line.
+// Rounding of the centroid leaves 1e-16, and control points in single precision leave 1e-7.
 constexpr double kLineTolerance = 1e-9;
 
 } // namespace

@@ -11,18 +11,18 @@
 
 namespace algebra {
 
-/// A plane in double precision. The normal comes first: `primitives::Plane(point, normal)` swaps
-/// the two.
+/// Holds a plane in double precision. The normal comes first; in primitives::Plane(point, normal)
+/// it comes second.
 struct Plane
 {
-    /// Unit length; the component of largest magnitude is positive.
+    /// Has unit length; its component of largest magnitude is positive.
     Eigen::Vector3d normal = Eigen::Vector3d::Zero();
     Eigen::Vector3d point = Eigen::Vector3d::Zero();
 };
 
-/// The plane of least squared distances to the points, through their centroid. Empty for fewer than
-/// three points, for points in a line or in one place (spread across the line below 1e-9 of the
-/// spread along it), and for points that are not finite.
+/// Returns the plane of least squared distances to the points, through their centroid. Empty for
+/// fewer than three points, for points that are not finite, and for points in a line or in one
+/// place (if the spread across the line is below 1e-9 of the spread along it).
 COREALGORITHMS_MODEL_EXPORT utility::Optional<Plane>
 fitPlane(const std::vector<Eigen::Vector3d>& points);
 

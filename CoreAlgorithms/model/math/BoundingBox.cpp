@@ -11,7 +11,7 @@
 namespace primitives {
 namespace {
 
-// A NaN in `candidate` loses against `bound`.
+// Returns `bound` if `candidate` is NaN.
 float smaller(float bound, float candidate)
 {
     return candidate < bound ? candidate : bound;

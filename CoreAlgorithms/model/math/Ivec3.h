@@ -4,7 +4,7 @@
 
 namespace math {
 
-/// Three counts or indices, for instance voxels along x, y and z.
+/// Holds three counts or indices, for instance voxels along x, y and z.
 struct Ivec3
 {
     int x = 0;

@@ -11,8 +11,8 @@
 namespace math {
 namespace {
 
-// Sine of the angle below which two directions count as opposite, in rad: directions that a caller
-// computed in single precision are off by about 1e-7.
+// The sine of the angle from exactly opposite up to which two directions count as opposite.
+// Directions that a caller computed in single precision are off by 1e-7 rad.
 constexpr double kOppositeTolerance = 1e-6;
 
 bool hasDirection(const QVector3D& vector)
@@ -21,7 +21,7 @@ bool hasDirection(const QVector3D& vector)
     return finiteness::isFinite(unit) && !unit.isNull();
 }
 
-// Truly of unit length, where QVector3D::normalized() keeps lengths within 1e-5 of 1.
+// Returns a vector of unit length; QVector3D::normalized() keeps lengths within 1e-5 of 1.
 Eigen::Vector3d unitVector(const QVector3D& vector)
 {
     return Eigen::Vector3d(vector.x(), vector.y(), vector.z()).stableNormalized();
@@ -41,7 +41,7 @@ QQuaternion Operations::getRotationTo(const QVector3D& from, const QVector3D& to
     if (sine < kOppositeTolerance && start.dot(end) < 0.0)
         return hasDirection(axis) ? QQuaternion(0.0F, axis.normalized()) : QQuaternion();
 
-    // Sine and cosine of half the angle, each without cancellation.
+    // These are sine and cosine of half the angle, each computed without cancellation.
     const double halfSine = 0.5 * (end - start).norm();
     const double halfCosine = 0.5 * (end + start).norm();
     const Eigen::Vector3d vector =

@@ -10,24 +10,24 @@
 
 namespace primitives {
 
-/// A box with a placement: the axis-aligned box of a local frame, and the matrix that maps that
-/// frame out.
+/// Represents a box with a placement: the axis-aligned box in a local frame, and the matrix that
+/// maps that frame into the outer one.
 class COREALGORITHMS_MODEL_EXPORT OrientedBoundingBox
 {
 public:
-    /// Placed by the identity.
+    /// Constructs a box that is placed by the identity.
     explicit OrientedBoundingBox(const BoundingBox& localBox);
 
-    /// The same box with the matrix applied after its placement.
+    /// Returns the same box with the matrix applied after its placement.
     OrientedBoundingBox transformed(const QMatrix4x4& matrix) const;
 
-    /// Closed, tested in the local frame. A null box contains nothing, nor does one whose
-    /// placement cannot be inverted.
+    /// Returns true if the point is inside or on a face, tested in the local frame. A null box
+    /// contains nothing, nor does a box whose placement cannot be inverted.
     bool isInside(const QVector3D& point) const;
-    /// The axis-aligned box round the placed corners; of a null box, the null box.
+    /// Returns the axis-aligned box around the placed corners, or the null box for a null box.
     BoundingBox getAABBOfTransformedBoundingBox() const;
-    /// The eight placed corners; corner i has the local maximum along x, y, z where bit 0, 1, 2 of
-    /// i is set.
+    /// Returns the eight placed corners; corner i has the local maximum along x, y and z where bit
+    /// 0, 1 and 2 of i is set.
     QList<QVector3D> getCornerPoints() const;
 
 private:
@@ -35,7 +35,7 @@ private:
 
     BoundingBox box;
     QMatrix4x4 outerFromLocal;
-    bool invertible = true; // before localFromOuter, whose initialiser sets it
+    bool invertible = true; // before localFromOuter, whose initializer sets it
     QMatrix4x4 localFromOuter;
 };
 

@@ -4,7 +4,7 @@
 
 namespace math {
 
-/// From min to max, both inclusive; nothing keeps min below max.
+/// Holds a range from min to max, both inclusive. Does not keep min below max.
 template <typename T>
 struct Range
 {

@@ -15,7 +15,7 @@ double distance(const QVector3D& a, const QVector3D& b)
     return std::hypot(double(b.x()) - a.x(), double(b.y()) - a.y(), double(b.z()) - a.z());
 }
 
-// In double precision: the difference of two finite floats may be infinite.
+// Computes in double precision, because the difference of two finite floats may be infinite.
 QVector3D between(const QVector3D& a, const QVector3D& b, double share)
 {
     const auto mix = [share](float from, float to) {
@@ -35,7 +35,7 @@ QList<QVector3D> withoutRepetitions(const QList<QVector3D>& points)
     return distinct;
 }
 
-// Points at equal steps along a chain of chords, then its end.
+// Returns points at equal steps along a chain of chords, followed by its end.
 QList<QVector3D> walk(const QList<QVector3D>& chain, double step)
 {
     double length = 0.0;
@@ -46,7 +46,7 @@ QList<QVector3D> walk(const QList<QVector3D>& chain, double step)
 
     QList<QVector3D> samples{chain.constFirst()};
     samples.reserve(static_cast<qsizetype>(length / step) + 2);
-    double walked = 0.0; // to the start of the chord
+    double walked = 0.0; // length up to the start of the chord
     for (qsizetype i = 1; i < chain.size(); ++i) {
         const double chord = distance(chain[i - 1], chain[i]);
         for (;;) {
@@ -62,8 +62,8 @@ QList<QVector3D> walk(const QList<QVector3D>& chain, double step)
     return samples;
 }
 
-// One segment of the spline, from p1 to p2, by the pyramid of Barry and Goldman on centripetal
-// knots.
+// Computes one segment of the spline, from p1 to p2, with the pyramid of Barry and Goldman on
+// centripetal knots.
 class CentripetalSegment
 {
 public:
@@ -75,7 +75,7 @@ public:
             knots[i] = knots[i - 1] + std::sqrt(distance(points[i - 1], points[i]));
     }
 
-    // u from 0 at p1 to 1 at p2
+    // u runs from 0 at p1 to 1 at p2.
     QVector3D at(double u) const
     {
         const double t = knots[1] + (knots[2] - knots[1]) * u;
@@ -91,7 +91,7 @@ private:
     static QVector3D onKnots(const QVector3D& a, const QVector3D& b, double knotA, double knotB,
                              double t)
     {
-        if (knotA == knotB) // the two are too close to be told apart beside the length so far
+        if (knotA == knotB) // the two are equal compared with the length so far
             return b;
         return between(a, b, (t - knotA) / (knotB - knotA));
     }
