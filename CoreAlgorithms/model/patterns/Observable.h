@@ -7,9 +7,8 @@
 #include <cstddef>
 #include <type_traits>
 
-// A subject is destroyed before its Observable base, whose destructor still hands out the subject's
-// address. That address is never followed there, but the run-time type check of the sanitizers
-// would follow it.
+// The destructor of Observable passes on the address of its subject, which is destroyed by then.
+// Nothing dereferences that address, but the run-time type check of the sanitizers would.
 #if defined(__GNUC__)
 #define COREALGORITHMS_NO_DYNAMIC_TYPE_CHECK __attribute__((no_sanitize("vptr")))
 #else
@@ -21,32 +20,33 @@ namespace patterns {
 template <typename Subject, typename Event>
 class Observer;
 
-/// The observer set of a subject and the telling of changes. Derive subjects from Observable, not
-/// from this class.
+/// Holds the observers of a subject and notifies them of changes. Subjects derive from Observable,
+/// not from this class.
 ///
-/// Virtual slots, in this order: destructor, notify(), canNotifyObservers(). Data: the observer set
-/// alone. Single-threaded; an observer's reaction may attach and detach observers, but must not
-/// destroy the subject.
+/// The virtual functions are, in this order, the destructor, notify() and canNotifyObservers(). The
+/// set of observers is the only data. The class is single-threaded. An observer may attach and
+/// detach observers when it is notified, but must not destroy the subject.
 template <typename Subject, typename Event>
 class ObservableBase
 {
 public:
     ObservableBase() = default;
-    /// Intended: a copy takes over the observer set without registering with those observers. The
-    /// copied subject reaches them by notify(), but they do not know of it; it must not outlive
-    /// them.
+    /// Copies the set of observers without registering with them. The copy notifies them, but they
+    /// do not know of it, so that it must not outlive them.
+    // Intended: a copied subject keeps notifying the observers of its source.
     ObservableBase(const ObservableBase&) = default;
-    /// Intended: as for the copy constructor; the former observers of the target keep their link
-    /// back to it, and must detach or be destroyed before it is.
+    /// Copies the set of observers as the copy constructor does. The former observers of the target
+    /// keep their link to it, and must detach or be destroyed before it is.
+    // Intended: as above.
     ObservableBase& operator=(const ObservableBase&) = default;
     virtual ~ObservableBase() = default;
 
-    /// Tells every attached observer that the subject has changed, in no particular order.
-    /// Observers attached meanwhile are not told; those detached meanwhile are passed over. With an
-    /// event type, the event is null.
+    /// Notifies every attached observer that the subject has changed, in no particular order.
+    /// Observers that are attached or detached meanwhile are not notified. With an event type, the
+    /// event is null.
     virtual void notify()
     {
-        tellObservers([](Observer<Subject, Event>& observer, Subject* subject) {
+        forEachObserver([](Observer<Subject, Event>& observer, Subject* subject) {
             if constexpr (std::is_same_v<Event, std::nullptr_t>)
                 observer.changedEvent(subject);
             else
@@ -54,44 +54,71 @@ public:
         });
     }
 
-    /// A subject answers false to keep notify() from telling anyone.
+    /// Returns false while notify() must not notify anyone.
     virtual bool canNotifyObservers() const = 0;
 
-    /// notify() with an event for the observers; not for subjects whose Event is std::nullptr_t.
+    /// Notifies the observers as notify() does, with an event. Exists only for subjects with an
+    /// event type.
     void notify(Event* event) requires(!std::is_same_v<Event, std::nullptr_t>)
     {
-        tellObservers([event](Observer<Subject, Event>& observer, Subject* subject) {
+        forEachObserver([event](Observer<Subject, Event>& observer, Subject* subject) {
             observer.changedEvent(subject, event);
         });
     }
 
+    /// Returns the number of attached observers.
     int getNumObservers() const { return static_cast<int>(observers.size()); }
 
-    /// The live observer set.
+    /// Returns the set of attached observers, not a copy.
     const QSet<Observer<Subject, Event>*>& getObservers() const { return observers; }
 
 protected:
     QSet<Observer<Subject, Event>*> observers; // not owned
 
 private:
-    template <typename Tell>
-    void tellObservers(Tell tell)
+    template <typename Notification>
+    void forEachObserver(Notification notifyObserver)
     {
         if (!canNotifyObservers())
             return;
         const auto observersAtStart = observers;
         for (Observer<Subject, Event>* observer : observersAtStart) {
             if (observers.contains(observer))
-                tell(*observer, static_cast<Subject*>(this));
+                notifyObserver(*observer, static_cast<Subject*>(this));
         }
     }
 };
 
-/// Base of a subject: `class Detector : public patterns::Observable<Detector, std::nullptr_t>`.
+/// Notifies observers of changes of a subject, which derives from this class:
+/// `class Detector : public patterns::Observable<Detector, std::nullptr_t>`. All data objects do.
 ///
-/// Subject and observers hold raw pointers to each other, kept consistent by both sides: observer o
-/// is in the set of subject s exactly when s is in the set of o (copied subjects excepted, see
-/// ObservableBase).
+/// Example (examples/observe_changes.cpp):
+/// \code
+/// class View : public patterns::Observer<DataObject, std::nullptr_t>
+/// {
+/// public:
+///     void changedEvent(DataObject* /*subject*/) override { ++redraws; }
+///     void destroyed(DataObject* /*subject*/) override { isOpen = false; }
+///
+///     int redraws = 0;
+///     bool isOpen = true;
+/// };
+///
+/// View view;
+/// implant->attach(&view);
+/// implant->setDimensions({4.0F, 10.0F}); // notifies the view
+/// {
+///     // The two changes notify the view once, at the end of the scope.
+///     const EditLocker lock(implant.get());
+///     implant->setDimensions({4.0F, 12.0F});
+///     implant->setObjectTransform(placement);
+/// }
+/// implant.reset(); // calls destroyed() and detaches the view
+/// \endcode
+///
+/// Subject and observers hold raw pointers to each other, which both sides keep consistent:
+/// observer o is in the set of subject s exactly if s is in the set of o. Copied
+/// subjects are the only exception, see ObservableBase.
 template <typename Subject, typename Event>
 class Observable : public ObservableBase<Subject, Event>
 {
@@ -100,14 +127,14 @@ public:
     Observable(const Observable&) = default;
     Observable& operator=(const Observable&) = default;
 
-    /// Tells every observer of the destruction and unlinks it. An observer's destroyed() must not
+    /// Notifies every observer of the destruction and detaches it. Observer::destroyed() must not
     /// destroy any observer of this subject, itself included: unlike notify(), this loop does not
-    /// ask the live set again.
+    /// check whether an observer is still attached.
     COREALGORITHMS_NO_DYNAMIC_TYPE_CHECK ~Observable() override
     {
         auto* subject = static_cast<Subject*>(this);
-        // Intended: everyone of the copy is told, also one that an earlier observer has just
-        // detached; listeners rely on exactly one destroyed().
+        // Intended: every observer in the copy is notified, even if an earlier one has just
+        // detached it. Observers rely on exactly one destroyed().
         const auto observersAtStart = this->observers;
         for (Observer<Subject, Event>* observer : observersAtStart) {
             observer->destroyed(subject);
@@ -115,9 +142,10 @@ public:
         }
     }
 
+    /// Returns true.
     bool canNotifyObservers() const override { return true; }
 
-    /// Links both sides. Attaching twice is harmless; null is ignored.
+    /// Attaches an observer, on both sides. Does nothing for null and for an attached observer.
     void attach(Observer<Subject, Event>* observer)
     {
         if (!observer)
@@ -126,8 +154,8 @@ public:
         observer->addObservable(this);
     }
 
-    /// Unlinks both sides. Detaching an observer that is not attached changes nothing; null is
-    /// ignored.
+    /// Detaches an observer, on both sides. Does nothing for null and for an observer that is not
+    /// attached.
     void detach(Observer<Subject, Event>* observer)
     {
         if (!observer)

@@ -10,7 +10,8 @@
 
 namespace patterns {
 
-/// What a listener must implement. Virtual slots, in this order: destructor, changedEvent().
+/// Declares what an observer implements. The virtual functions are, in this order, the destructor
+/// and changedEvent().
 template <typename Subject, typename Event>
 class ObserverBase
 {
@@ -20,11 +21,11 @@ public:
     ObserverBase& operator=(const ObserverBase&) = default;
     virtual ~ObserverBase() = default;
 
-    /// The reaction to a change; `event` is null when the subject was told to notify without one.
+    /// Reacts to a change of the subject; `event` is null if the subject notifies without one.
     virtual void changedEvent(Subject* subject, Event* event) = 0;
 };
 
-/// The form without event data.
+/// Declares what an observer without events implements.
 template <typename Subject>
 class ObserverBase<Subject, std::nullptr_t>
 {
@@ -34,28 +35,29 @@ public:
     ObserverBase& operator=(const ObserverBase&) = default;
     virtual ~ObserverBase() = default;
 
+    /// Reacts to a change of the subject.
     virtual void changedEvent(Subject* subject) = 0;
 };
 
-/// Base of a listener to subjects of one kind. Virtual slots, in this order: destructor,
-/// changedEvent(), destroyed().
-///
-/// A copy of a listener is attached to nothing; assignment leaves the links of both sides as they
-/// are.
+/// Observes subjects of one kind; Observable shows an example. The virtual functions are, in this
+/// order, the destructor, changedEvent() and destroyed().
 template <typename Subject, typename Event>
 class Observer : public ObserverBase<Subject, Event>
 {
 public:
     Observer() = default;
+    /// Constructs an observer that is attached to nothing.
     Observer(const Observer& other) : ObserverBase<Subject, Event>(other) {}
+    /// Keeps the attachments of both observers.
     Observer& operator=(const Observer&) { return *this; }
+    /// Detaches the observer from every subject.
     ~Observer() override { detachAll(); }
 
-    /// Called once by a subject that is being destroyed. The subject's derived parts are gone: only
-    /// its address may be used.
+    /// Reacts to the destruction of a subject, which calls this once. Its derived parts are already
+    /// destroyed, so that only its address may be used.
     virtual void destroyed(Subject* /*subject*/) {}
 
-    /// Detaches this listener from every subject.
+    /// Detaches the observer from every subject.
     void detachAll()
     {
         const auto observablesAtStart = observables;
@@ -63,6 +65,7 @@ public:
             observable->detach(this);
     }
 
+    /// Returns the number of subjects to which the observer is attached.
     int getNumObservables() const { return static_cast<int>(observables.size()); }
 
 private:
