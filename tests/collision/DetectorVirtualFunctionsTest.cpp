@@ -5,13 +5,13 @@
 // The base class, the order of the fields and the slots of the virtual functions.
 
 #include <tests/collision/DetectorFixture.h>
+#include <tests/support/VirtualSlots.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <functional>
 #include <type_traits>
 
@@ -38,29 +38,8 @@ TEST_F(ImplantCollisionDetectorTest, HoldsItsFieldsInOrder)
 
 #if defined(__GNUC__)
 
-// In the Itanium C++ ABI, a pointer to a virtual member function holds 1 + the byte offset of its
-// slot; on ARM the 1 is in the second word instead. The destructor takes slots 0 (complete) and
-// 1 (deleting).
-template <typename MemberFunction>
-std::size_t slotOf(MemberFunction function)
-{
-    std::ptrdiff_t words[2] = {};
-    static_assert(sizeof words == sizeof function);
-    std::memcpy(words, &function, sizeof words);
-#if defined(__arm__) || defined(__aarch64__)
-    return static_cast<std::size_t>(words[0]) / sizeof(void*);
-#else
-    return static_cast<std::size_t>(words[0] - 1) / sizeof(void*);
-#endif
-}
-
-// A virtual function that a derived class adds takes the first slot behind those of its base.
-class WithOneMore : public ImplantCollisionDetector
-{
-public:
-    using ImplantCollisionDetector::ImplantCollisionDetector;
-    virtual void oneMore() {}
-};
+using test::slotCountOf;
+using test::slotOf;
 
 TEST(ImplantCollisionDetectorSlots, AreThoseOfObservableAndNoMore)
 {
@@ -68,7 +47,7 @@ TEST(ImplantCollisionDetectorSlots, AreThoseOfObservableAndNoMore)
                   &ImplantCollisionDetector::notify)),
               2U);
     EXPECT_EQ(slotOf(&ImplantCollisionDetector::canNotifyObservers), 3U);
-    EXPECT_EQ(slotOf(&WithOneMore::oneMore), 4U);
+    EXPECT_EQ(slotCountOf<ImplantCollisionDetector>(), 4U);
 }
 
 #endif
