@@ -42,8 +42,8 @@ public:
     virtual ~ObservableBase() = default;
 
     /// Notifies every attached observer that the subject has changed, in no particular order.
-    /// Observers that are attached or detached meanwhile are not notified. With an event type, the
-    /// event is null.
+    /// Skips observers that are attached meanwhile, and those that are detached when their turn
+    /// comes. With an event type, the event is null.
     virtual void notify()
     {
         forEachObserver([](Observer<Subject, Event>& observer, Subject* subject) {
@@ -90,7 +90,7 @@ private:
 };
 
 /// Notifies observers of changes of a subject, which derives from this class:
-/// `class Detector : public patterns::Observable<Detector, std::nullptr_t>`. All data objects do.
+/// `class Detector : public patterns::Observable<Detector, std::nullptr_t>`. DataObject derives so.
 ///
 /// Example (examples/observe_changes.cpp):
 /// \code
