@@ -34,7 +34,7 @@ bool isPositive(float measure)
 // Tested before a zone is made, since the margin would give even an implant without extent a body.
 bool hasBody(const Implant3D& implant)
 {
-    const dataobject::ImplantDimensions& dimensions = implant.getDimensions();
+    const auto& dimensions = implant.getDimensions();
     return isPositive(dimensions.diameter) && isPositive(dimensions.length);
 }
 
