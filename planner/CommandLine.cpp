@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <planner/CommandLine.h>
 
-#include <planner/Failure.h>
+#include <planner/input/Failure.h>
 
 #include <CLI/CLI.hpp>
 
@@ -92,8 +92,9 @@ std::optional<Options> parseCommandLine(int argumentCount, const char* const* ar
         throw Failure(QStringLiteral("--ct needs the name of a file or a folder"));
     if (landmarks->count() > 0 && landmarksPath.empty())
         throw Failure(QStringLiteral("--landmarks needs the name of a file"));
-    return Options{pathFrom(ctPath), pathFrom(landmarksPath), pathFrom(reportFolder), voxelSizeMm,
-                   QString::fromStdString(series)};
+    return Options{
+        {pathFrom(ctPath), pathFrom(landmarksPath), QString::fromStdString(series), voxelSizeMm},
+        pathFrom(reportFolder)};
 }
 
 } // namespace planner

@@ -1,17 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/Case.h>
-#include <planner/CollisionSection.h>
 #include <planner/CommandLine.h>
-#include <planner/DentalSection.h>
-#include <planner/Failure.h>
-#include <planner/GreyValuesSection.h>
-#include <planner/PanoramicSection.h>
-#include <planner/PlanSection.h>
-#include <planner/Progress.h>
-#include <planner/Report.h>
-#include <planner/ScansSection.h>
-#include <planner/ViewsSection.h>
+#include <planner/input/Case.h>
+#include <planner/input/Failure.h>
+#include <planner/input/Progress.h>
+#include <planner/report/CollisionSection.h>
+#include <planner/report/DentalSection.h>
+#include <planner/report/GreyValuesSection.h>
+#include <planner/report/PanoramicSection.h>
+#include <planner/report/PlanSection.h>
+#include <planner/report/Report.h>
+#include <planner/report/ScansSection.h>
+#include <planner/report/ViewsSection.h>
 
 #include <QGuiApplication>
 #include <QtGlobal>
@@ -40,7 +40,7 @@ void run(const planner::Options& options)
 {
     planner::Report::checkFolder(options.reportFolder); // before the long steps
     planner::Progress progress;
-    const planner::Case planned = planner::openCase(options, progress);
+    const planner::Case planned = planner::openCase(options.files, progress);
     progress.finish();
     for (const QString& warning : planned.warnings)
         std::fprintf(stderr, "planner: warning: %s\n", warning.toLocal8Bit().constData());

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/Case.h>
+#include <planner/input/Case.h>
 
 // Covered: openCase() with the built-in patient: its landmarks and its frame; with a landmark file:
 // what it warns of.
 
 #include <planner/CommandLine.h>
-#include <planner/Failure.h>
+#include <planner/input/Failure.h>
 #include <tests/planner/NiftiFiles.h>
 #include <tests/planner/SilentProgress.h>
 
@@ -25,10 +25,10 @@ namespace {
 
 constexpr float kVoxelSizeMm = 4.0F;
 
-planner::Case opened(const planner::Options& options)
+planner::Case opened(const planner::CaseFiles& files)
 {
     test::SilentProgress progress;
-    return planner::openCase(options, progress);
+    return planner::openCase(files, progress);
 }
 
 class BuiltInCase : public testing::Test

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/CollisionFindings.h>
+#include <planner/planning/CollisionFindings.h>
 
 // Covered: findCollisions(), what is told of single objects, dragDeeper().
 

@@ -5,7 +5,7 @@
 // Covered: parseCommandLine(): what the arguments say; how bad ones are refused is tested by runs
 // of the program.
 
-#include <planner/Failure.h>
+#include <planner/input/Failure.h>
 
 #include <gmock/gmock.h>
 
@@ -26,17 +26,17 @@ TEST(CommandLine, WithAReportAloneAsksForTheBuiltInPatient)
     const auto options = parse({"--report", "out"});
     ASSERT_TRUE(options);
     EXPECT_EQ(options->reportFolder, QStringLiteral("out"));
-    EXPECT_TRUE(options->ctPath.isEmpty());
-    EXPECT_TRUE(options->landmarksPath.isEmpty());
-    EXPECT_EQ(options->voxelSizeMm, 0.5F);
+    EXPECT_TRUE(options->files.ctPath.isEmpty());
+    EXPECT_TRUE(options->files.landmarksPath.isEmpty());
+    EXPECT_EQ(options->files.voxelSizeMm, 0.5F);
 }
 
 TEST(CommandLine, NamesCtAndLandmarks)
 {
     const auto options = parse({"--ct", "ct.nii", "--landmarks", "l.json", "--report=out"});
     ASSERT_TRUE(options);
-    EXPECT_EQ(options->ctPath, QStringLiteral("ct.nii"));
-    EXPECT_EQ(options->landmarksPath, QStringLiteral("l.json"));
+    EXPECT_EQ(options->files.ctPath, QStringLiteral("ct.nii"));
+    EXPECT_EQ(options->files.landmarksPath, QStringLiteral("l.json"));
 }
 
 TEST(CommandLine, TakesASeriesForACtOnly)

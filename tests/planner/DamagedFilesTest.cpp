@@ -5,12 +5,12 @@
 // loaded, within the limits for volumes, or refused with a sentence, and memory stays bounded. The
 // seed that a failure names makes the same file on every machine.
 
-#include <planner/DicomReader.h>
-#include <planner/Failure.h>
-#include <planner/MetaImageReader.h>
-#include <planner/NiftiReader.h>
-#include <planner/NrrdReader.h>
-#include <planner/VolumeLimits.h>
+#include <planner/input/DicomReader.h>
+#include <planner/input/Failure.h>
+#include <planner/input/MetaImageReader.h>
+#include <planner/input/NiftiReader.h>
+#include <planner/input/NrrdReader.h>
+#include <planner/input/VolumeLimits.h>
 #include <tests/planner/DicomFiles.h>
 #include <tests/planner/TextVolumes.h>
 

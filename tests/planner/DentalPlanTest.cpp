@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/DentalPlan.h>
+#include <planner/planning/DentalPlan.h>
 
 // Covered: arches drawn through tooth landmarks, the tooth that is left out and created, proposed
 // nerves, distances.

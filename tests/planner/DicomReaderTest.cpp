@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/DicomReader.h>
+#include <planner/input/DicomReader.h>
 
 // Covered: readDicom(): order of slices, geometry, rescaling, frames of one file, the choice of a
 // series, and files that make no volume.
 
-#include <planner/Failure.h>
+#include <planner/input/Failure.h>
 #include <tests/planner/DicomFiles.h>
 
 #include <gmock/gmock.h>

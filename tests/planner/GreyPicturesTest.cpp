@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/GreyPictures.h>
+#include <planner/drawing/GreyPictures.h>
 
 // Covered: cuts and projections along the axes of the world, windows, boxes on cuts, tiles, plots.
 
-#include <planner/Sampling.h>
+#include <planner/drawing/Sampling.h>
 #include <tests/planner/GuiTest.h>
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/GreyRegions.h>
+#include <planner/planning/GreyRegions.h>
 
 // Covered: a case as the estimation of tissues sees it, the boxes that are drawn, other scanners.
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/GreyScale.h>
+#include <planner/drawing/GreyScale.h>
 
 // Covered: GreyScale: which values a volume holds by their range, and how they are shown.
 

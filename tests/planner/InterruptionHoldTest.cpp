@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/InterruptionHold.h>
+#include <planner/report/InterruptionHold.h>
 
 // Covered: InterruptionHold: when a signal ends the process, with and without holds, from any
 // thread. Each case runs in a child process.

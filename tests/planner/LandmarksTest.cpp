@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/Landmarks.h>
+#include <planner/input/Landmarks.h>
 
 // Covered: readLandmarks() and landmarksOf(): both ways to write a position, canals, damaged files,
 // tooth numbers, warnings; the example in docs.
 
-#include <planner/Failure.h>
+#include <planner/input/Failure.h>
 
 #include <phantom/Phantom.h>
 

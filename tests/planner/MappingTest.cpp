@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/Mapping.h>
+#include <planner/planning/Mapping.h>
 
 // Covered: mapOntoPlanar(), mapOntoCeph(), mapSegment(): the numbers of the report's table.
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/MeshView.h>
+#include <planner/drawing/MeshView.h>
 
 // Covered: Camera::project() and paintScene(): where things are shown, what hides what.
 
-#include <planner/Sampling.h>
-#include <planner/Volume.h>
+#include <planner/drawing/Sampling.h>
+#include <planner/input/Volume.h>
 
 #include <gtest/gtest.h>
 

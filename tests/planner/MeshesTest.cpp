@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/Meshes.h>
+#include <planner/planning/Meshes.h>
 
 // Covered: tubeMesh(), placedMesh() and cutMesh(): closed tubes, and the outlines of cuts.
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/MetaImageReader.h>
+#include <planner/input/MetaImageReader.h>
 
 // Covered: readMetaImage(): positions, element types, where the voxels may be, and files that are
 // no volume.
 
-#include <planner/Failure.h>
+#include <planner/input/Failure.h>
 #include <tests/planner/TextVolumes.h>
 
 #include <gmock/gmock.h>

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/NiftiReader.h>
+#include <planner/input/NiftiReader.h>
 
 // Covered: readNifti(): element types, positions, scaling, and files that are no volume.
 
-#include <planner/Failure.h>
+#include <planner/input/Failure.h>
 
 #include <tests/planner/NiftiFiles.h>
 

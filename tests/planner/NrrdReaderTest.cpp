@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/NrrdReader.h>
+#include <planner/input/NrrdReader.h>
 
 // Covered: readNrrd(): spaces and positions, element types, where the voxels may be, and files that
 // are no volume.
 
-#include <planner/Failure.h>
+#include <planner/input/Failure.h>
 #include <tests/planner/TextVolumes.h>
 
 #include <gmock/gmock.h>

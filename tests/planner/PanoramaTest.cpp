@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/Panorama.h>
+#include <planner/planning/Panorama.h>
 
 // Covered: panorama(): its path, what it shows, when there is none; wide columns; implants and
 // their turning; landmarks mapped into a panoramic view; unroll().
 
-#include <planner/GreyScale.h>
-#include <planner/Mapping.h>
-#include <planner/Sampling.h>
+#include <planner/drawing/GreyScale.h>
+#include <planner/drawing/Sampling.h>
+#include <planner/planning/Mapping.h>
 
 #include <CoreAlgorithms/reslice/CoordinateMapper.h>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/Picture.h>
+#include <planner/drawing/Picture.h>
 
 // Covered: paintPicture(): marks lie on the pixels that they mark.
 

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/Plan.h>
+#include <planner/planning/Plan.h>
 
 // Covered: createPlan() on the built-in patient and on a CT that was read, clearances and nearest
 // points.
 
-#include <planner/Case.h>
-#include <planner/Meshes.h>
+#include <planner/input/Case.h>
+#include <planner/planning/Meshes.h>
 #include <tests/planner/PlanBuilders.h>
 
 #include <phantom/Phantom.h>

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/Progress.h>
+#include <planner/input/Progress.h>
 
 // Covered: Progress: what it prints on a terminal and elsewhere, and that a stream that fails is a
 // failure.
 
-#include <planner/Failure.h>
+#include <planner/input/Failure.h>
 
 #include <gmock/gmock.h>
 

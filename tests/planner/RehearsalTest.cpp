@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/Rehearsal.h>
+#include <planner/input/Rehearsal.h>
 
 // Covered: rehearse() and allowMemory(): what becomes of work that succeeds, refuses, crashes or
 // takes too much memory.
 
-#include <planner/Failure.h>
+#include <planner/input/Failure.h>
 
 #include <gtest/gtest.h>
 

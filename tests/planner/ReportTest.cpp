@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/Report.h>
+#include <planner/report/Report.h>
 
 // Covered: Report: a whole folder or nothing, also after a signal, and no file that is not its own
 // is touched.
 
-#include <planner/Failure.h>
+#include <planner/input/Failure.h>
 #include <tests/planner/SilentProgress.h>
 
 #include <gmock/gmock.h>

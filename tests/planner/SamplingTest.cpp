@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/Sampling.h>
+#include <planner/drawing/Sampling.h>
 
 // Covered: Sampler, cutOut() and project(): trilinear values, the pixel rule, the faces of the
 // volume.
 
-#include <planner/Failure.h>
-#include <planner/GreyScale.h>
+#include <planner/drawing/GreyScale.h>
+#include <planner/input/Failure.h>
 
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/ScansSection.h>
+#include <planner/report/ScansSection.h>
 
 // Covered: the section on jaw scans, with the built-in patient and without, and the surface of the
 // crowns.
 
-#include <planner/CrownScan.h>
+#include <planner/planning/CrownScan.h>
 #include <tests/planner/GuiTest.h>
 #include <tests/planner/SilentProgress.h>
 

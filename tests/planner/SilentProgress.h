@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <planner/Progress.h>
+#include <planner/input/Progress.h>
 
 #include <cstdio>
 #include <memory>

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/SurfacePicture.h>
+#include <planner/drawing/SurfacePicture.h>
 
 // Covered: from where the camera looks, what is written onto a scene, and tiles.
 
-#include <planner/PictureStyle.h>
+#include <planner/drawing/PictureStyle.h>
 #include <tests/planner/GuiTest.h>
 
 #include <gtest/gtest.h>

@@ -3,8 +3,8 @@
 // Writes MetaImage and NRRD files, good ones and bad ones.
 #pragma once
 
-#include <planner/Failure.h>
-#include <planner/Volume.h>
+#include <planner/input/Failure.h>
+#include <planner/input/Volume.h>
 #include <tests/planner/NiftiFiles.h>
 
 #include <gtest/gtest.h>

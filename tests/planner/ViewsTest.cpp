@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/Views.h>
+#include <planner/planning/Views.h>
 
 // Covered: axialView(), obliqueView(), lateralView(): where the views lie and which way they are
 // seen.

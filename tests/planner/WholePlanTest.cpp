@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/WholePlan.h>
+#include <planner/planning/WholePlan.h>
 
 // The whole plan on the built-in patient, its way into a new frame and back, and the section that
 // shows it.
 
-#include <planner/PlanSection.h>
+#include <planner/report/PlanSection.h>
 #include <tests/planner/GuiTest.h>
 #include <tests/planner/SilentProgress.h>
 
@@ -71,7 +71,7 @@ TEST(WholePlan, EveryObjectMovesAndAllButPlanesAndSurgeryAreReturned)
 TEST(WholePlan, ShowsWhatStandsWhereItStands)
 {
     const WholePlan plan = makePlan();
-    const auto centre = [&plan] { return plan.shownSurfaces().first().mesh.getVertices().first(); };
+    const auto centre = [&plan] { return plan.surfaces().first().mesh.getVertices().first(); };
     const QVector3D before = centre();
     QMatrix4x4 frame;
     frame.translate(100.0F, 0.0F, 0.0F);

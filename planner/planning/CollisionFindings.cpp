@@ -1,0 +1,150 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <planner/planning/CollisionFindings.h>
+
+#include <CoreAlgorithms/collision/ImplantCollisionDetector.h>
+
+#include <algorithm>
+
+namespace planner {
+
+namespace {
+
+using collision::ImplantCollisionDetector;
+
+struct Objects
+{
+    explicit Objects(const Plan& plan)
+    {
+        for (const PlannedImplant& implant : plan.implants)
+            implants.insert(implant.object);
+        for (const PlannedNerve& nerve : plan.nerves)
+            nerves.insert(nerve.object);
+        for (const PlannedPin& pin : plan.pins)
+            pins.insert(pin.object);
+    }
+
+    QSet<std::shared_ptr<dataobject::Implant3D>> implants;
+    QSet<std::shared_ptr<dataobject::Nerve>> nerves;
+    QSet<std::shared_ptr<dataobject::AnchorPin3D>> pins;
+};
+
+void detectAll(ImplantCollisionDetector& detector, const Objects& objects)
+{
+    detector.prepareAndStartDetection(objects.implants,
+                                      {objects.implants.cbegin(), objects.implants.cend()},
+                                      objects.pins, {}, objects.nerves, {});
+}
+
+class Listener : public patterns::Observer<ImplantCollisionDetector, std::nullptr_t>
+{
+public:
+    void changedEvent(ImplantCollisionDetector*) override { ++changes; }
+
+    int changes = 0;
+};
+
+} // namespace
+
+QList<Finding> findCollisions(const Plan& plan)
+{
+    geometry::ShapeLoader loader;
+    ImplantCollisionDetector detector(loader);
+    detectAll(detector, Objects(plan));
+    const collision::ImplantCollisions& found = detector.getImplantCollisions();
+
+    QList<Finding> findings;
+    const auto add = [&findings](qsizetype implant, PartKind kind, qsizetype number, bool collides,
+                                 const auto& from, const auto& to) {
+        findings.append(
+            {implant, {kind, number}, collides, clearance(from, to), nearestPoint(from, to)});
+    };
+    for (qsizetype i = 0; i < plan.implants.size(); ++i) {
+        const PlannedImplant& implant = plan.implants[i];
+        for (qsizetype j = i + 1; j < plan.implants.size(); ++j) {
+            const PlannedImplant& other = plan.implants[j];
+            add(i, PartKind::Implant, j,
+                found.implantImplantCollisions.contains(
+                    collision::makePair(implant.object, other.object)),
+                implant, other);
+        }
+        for (qsizetype j = 0; j < plan.nerves.size(); ++j) {
+            const PlannedNerve& nerve = plan.nerves[j];
+            add(i, PartKind::Nerve, j,
+                found.implantNerveCollisions.contains(
+                    collision::makePair(implant.object, nerve.object)),
+                implant, nerve);
+        }
+        for (qsizetype j = 0; j < plan.pins.size(); ++j) {
+            const PlannedPin& pin = plan.pins[j];
+            add(i, PartKind::Pin, j,
+                found.implantAnchorPinCollisions.contains(
+                    collision::makePair(implant.object, pin.object)),
+                implant, pin);
+        }
+    }
+    return findings;
+}
+
+const QString& nameOf(const Plan& plan, const PlanPart& part)
+{
+    switch (part.kind) {
+    case PartKind::Implant:
+        return plan.implants[part.number].name;
+    case PartKind::Nerve:
+        return plan.nerves[part.number].name;
+    case PartKind::Pin:
+        break;
+    }
+    return plan.pins[part.number].name;
+}
+
+bool isColliding(const QList<Finding>& findings, const PlanPart& part)
+{
+    return std::any_of(findings.cbegin(), findings.cend(), [&part](const Finding& finding) {
+        return finding.collides &&
+               (finding.other == part || PlanPart{PartKind::Implant, finding.implant} == part);
+    });
+}
+
+bool isZoneMet(const QList<Finding>& findings, qsizetype implant)
+{
+    return std::any_of(findings.cbegin(), findings.cend(), [implant](const Finding& finding) {
+        return finding.collides && finding.implant == implant &&
+               finding.other.kind != PartKind::Implant;
+    });
+}
+
+QList<DragStep> dragDeeper(const Plan& plan, qsizetype implant, qsizetype nerve, int steps,
+                           double stepMm)
+{
+    const auto& object = plan.implants[implant].object;
+    const QMatrix4x4 start = object->getObjectTransform();
+    const Objects objects(plan);
+    geometry::ShapeLoader loader;
+    Listener listener;
+    ImplantCollisionDetector detector(loader);
+    detectAll(detector, objects);
+    detector.attach(&listener);
+
+    QList<DragStep> drag;
+    for (int i = 0; i < steps; ++i) {
+        const int before = listener.changes;
+        DragStep step;
+        step.wayMm = i * stepMm;
+        step.placement = start;
+        step.placement.translate(0.0F, 0.0F, static_cast<float>(-step.wayMm));
+        object->setObjectTransform(step.placement, TransformManipulationType::Translation);
+        detector.shapeHasChanged(object);
+        detector.prepareAndStartDetection(objects.implants, {object}, objects.pins, {},
+                                          objects.nerves, {});
+        step.collides = detector.isCollidingWithNerve(*object);
+        step.told = listener.changes > before;
+        step.clearanceMm = clearance(plan.implants[implant], plan.nerves[nerve]);
+        drag.append(step);
+    }
+    object->setObjectTransform(start);
+    return drag;
+}
+
+} // namespace planner

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <planner/planning/Plan.h>
+
+#include <QList>
+#include <QMatrix4x4>
+#include <QVector3D>
+
+namespace planner {
+
+enum class PartKind { Implant, Nerve, Pin };
+
+/// An object of a plan: the kind and the place in the plan's list.
+struct PlanPart
+{
+    PartKind kind = PartKind::Implant;
+    qsizetype number = 0;
+
+    friend bool operator==(const PlanPart&, const PlanPart&) = default;
+};
+
+/// What is known of an implant and another object: the detector's verdict, and the clearance that
+/// the planner has measured by itself.
+struct Finding
+{
+    qsizetype implant = 0;
+    PlanPart other;
+    bool collides = false;
+    double clearanceMm = 0.0; ///< between the envelope and the other object
+    QVector3D nearest;        ///< on the axis or centre line of the other object
+};
+
+/// Every pair that the detector tests: of each implant with each later implant, then with each
+/// nerve and each pin.
+QList<Finding> findCollisions(const Plan& plan);
+
+const QString& nameOf(const Plan& plan, const PlanPart& part);
+/// Whether any of the findings tells of a collision of the object.
+bool isColliding(const QList<Finding>& findings, const PlanPart& part);
+/// Whether the implant's zone of 3 mm meets a nerve or a pin.
+bool isZoneMet(const QList<Finding>& findings, qsizetype implant);
+
+/// One step of a drag.
+struct DragStep
+{
+    double wayMm = 0.0; ///< from where the implant was planned
+    QMatrix4x4 placement;
+    bool collides = false; ///< with the nerve
+    bool told = false;     ///< the detector told its observer of a change
+    double clearanceMm = 0.0;
+};
+
+/// Pushes an implant along its axis, apex ahead, `stepMm` a step, and has a detector judge each;
+/// the first step is where it stands. The implant is put back afterwards.
+QList<DragStep> dragDeeper(const Plan& plan, qsizetype implant, qsizetype nerve, int steps,
+                           double stepMm);
+
+} // namespace planner

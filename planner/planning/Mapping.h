@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <planner/input/Landmarks.h>
+
+#include <QLineF>
+#include <QList>
+#include <QPoint>
+#include <QPointF>
+#include <QString>
+#include <QVector3D>
+
+#include <optional>
+
+class CephReslice;
+class PanoramicReslice;
+class PlanarReslice;
+class Reslice;
+
+namespace planner {
+
+/// A landmark in a view and on its way back to the world.
+struct MappedLandmark
+{
+    Landmark landmark;
+    QPointF inView; ///< view coordinates, mm
+    QPoint pixel;   ///< the one that holds the view point; may lie outside the picture
+    QVector3D back; ///< world point of `inView`, on the plane of the view
+    double errorMm; ///< from `back` to the foot of the landmark on that plane
+    /// The same from the world point of the pixel's centre: what a click on the mark gives.
+    double clickErrorMm;
+    std::optional<bool> inPlane; ///< within the slab; nothing for a projection, which has none
+    std::optional<bool> inSlice; ///< within the slab and the rectangle
+};
+
+/// A segment in a planar view.
+struct MappedSegment
+{
+    QString name;
+    QLineF
+        whole; ///< from the view point of one end to that of the other, whether in the slab or not
+    QLineF clipped; ///< the part within the slab
+    bool inPlane = false;
+};
+
+/// Returns the view point at the centre of a pixel, in mm: ((column + 0.5) * sampleSize.x, (row +
+/// 0.5) * sampleSize.y). This is the pixel rule of every picture: pixel (column, row) counts from
+/// the upper left corner of the view.
+QPointF pixelCentre(const Reslice& reslice, const QPoint& pixel);
+/// Returns the pixel that holds a view point; it may lie outside the picture.
+QPoint pixelAt(const Reslice& reslice, const QPointF& inView);
+
+QList<MappedLandmark> mapOntoPlanar(const QList<Landmark>& landmarks, const PlanarReslice& reslice);
+QList<MappedLandmark> mapOntoCeph(const QList<Landmark>& landmarks, const CephReslice& reslice);
+/// Errors are those along the surface, the foot being that on the tangent plane where the point was
+/// mapped to.
+QList<MappedLandmark> mapOntoPanoramic(const QList<Landmark>& landmarks,
+                                       const PanoramicReslice& reslice);
+MappedSegment mapSegment(const QString& name, const QVector3D& start, const QVector3D& end,
+                         const PlanarReslice& reslice);
+
+} // namespace planner

@@ -1,0 +1,352 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <planner/planning/Plan.h>
+
+#include <planner/input/Case.h>
+#include <planner/input/Landmarks.h>
+#include <planner/planning/Meshes.h>
+#include <planner/planning/Panorama.h>
+#include <planner/planning/Vectors.h>
+
+#include <CoreAlgorithms/collision/ImplantSafetyZone.h>
+#include <CoreAlgorithms/model/data/Shapes.h>
+
+#include <phantom/Phantom.h>
+
+#include <Eigen/Geometry>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numbers>
+#include <utility>
+#include <vector>
+
+namespace planner {
+
+namespace {
+
+struct ImplantSite
+{
+    int tooth; // Universal numbering
+    float diameter;
+    float length;
+    double depth;       // of the platform below the neck of the tooth
+    double mesialTilt;  // degrees by which the apex leans along the arch to the midline
+    double outwardTilt; // and to the cheek
+};
+
+constexpr ImplantSite kBuiltInSites[] = {
+    {30, 4.8F, 10.0F, 0.5, 0.0, 12.0}, {28, 4.1F, 11.5F, 0.5, 0.0, 0.0},
+    {27, 4.1F, 11.5F, 0.5, 0.0, 0.0},  {26, 3.3F, 11.5F, 0.5, 0.0, 0.0},
+    {23, 3.3F, 11.5F, 0.5, 0.0, 0.0},  {22, 4.1F, 13.0F, 0.5, 0.0, 0.0},
+    {21, 4.1F, 13.0F, 0.5, 30.0, 0.0}, {19, 4.8F, 15.0F, 0.5, 0.0, 14.0},
+};
+
+struct PinSite
+{
+    double acrossMidline; // x of the point where the pin crosses the arch, from the midline
+    double height;        // z of that point
+};
+
+constexpr PinSite kPinSites[] = {{-19.5, 45.0}, {-1.5, 45.0}, {3.5, 45.0}, {19.5, 45.0}};
+constexpr float kPinRadius = 0.75F;
+constexpr float kPinLength = 16.0F;
+constexpr float kPinHeadLength = 2.0F; // the head is twice as thick as the shaft
+constexpr double kPinTipBehindArch = 3.0;
+
+constexpr double kSampling = 0.2; // mm between points on a surface
+
+double radians(double degrees)
+{
+    return degrees * std::numbers::pi / 180.0;
+}
+
+// The arch where a tooth or a pin stands.
+struct ArchPlace
+{
+    Eigen::Vector3d point;
+    Eigen::Vector3d toMidline; // along the arch, unit
+    Eigen::Vector3d outwards;  // across it, horizontal, unit
+};
+
+ArchPlace placeOn(const QList<QVector3D>& arch, qsizetype index)
+{
+    const Eigen::Vector3d before = toEigen(arch[std::max<qsizetype>(index - 1, 0)]);
+    const Eigen::Vector3d after = toEigen(arch[std::min(index + 1, arch.size() - 1)]);
+    Eigen::Vector3d toLeft = after - before;
+    toLeft.z() = 0.0;
+    toLeft.normalize();
+    ArchPlace place;
+    place.point = toEigen(arch[index]);
+    place.toMidline = index < arch.size() / 2 ? toLeft : Eigen::Vector3d(-toLeft);
+    place.outwards =
+        toLeft.cross(Eigen::Vector3d::UnitZ()); // the arch runs round the front from right to left
+    return place;
+}
+
+template <typename Distance>
+ArchPlace nearestPlace(const QList<QVector3D>& arch, const Distance& distance)
+{
+    const auto nearest =
+        std::min_element(arch.cbegin(), arch.cend(), [&](const auto& a, const auto& b) {
+            return distance(toEigen(a)) < distance(toEigen(b));
+        });
+    return placeOn(arch, nearest - arch.cbegin());
+}
+
+// The frame whose z axis has the given direction.
+QMatrix4x4 placement(const Eigen::Vector3d& origin, const Eigen::Vector3d& zAxis)
+{
+    const Eigen::Vector3d z = zAxis.normalized();
+    const Eigen::Vector3d x = z.unitOrthogonal();
+    QMatrix4x4 matrix;
+    matrix.setColumn(0, QVector4D(toQt(x), 0.0F));
+    matrix.setColumn(1, QVector4D(toQt(z.cross(x)), 0.0F));
+    matrix.setColumn(2, QVector4D(toQt(z), 0.0F));
+    matrix.setColumn(3, QVector4D(toQt(origin), 1.0F));
+    return matrix;
+}
+
+PlannedImplant planImplant(const ImplantSite& site, const phantom::Patient& patient)
+{
+    const phantom::Tooth tooth = patient.tooth(site.tooth).value();
+    const auto& arch = patient.archCurve(ToothChart::getArchTypeOfTooth(tooth.number));
+    const Eigen::Vector3d crown = toEigen(tooth.occlusalPoint);
+    const ArchPlace place = nearestPlace(
+        arch, [&](const Eigen::Vector3d& p) { return (p - crown).head<2>().squaredNorm(); });
+    const Eigen::Vector3d apex = toEigen(tooth.apex);
+    const Eigen::Vector3d toCrown = toEigen(tooth.axisToCrown);
+    const double neck = (place.point.z() - apex.z()) / toCrown.z();
+    const Eigen::Vector3d platform = apex + (neck - site.depth) * toCrown;
+    const Eigen::Vector3d axis = toCrown - std::tan(radians(site.mesialTilt)) * place.toMidline -
+                                 std::tan(radians(site.outwardTilt)) * place.outwards;
+
+    PlannedImplant planned;
+    planned.name = QString::number(fdiNumber(site.tooth));
+    planned.object = std::make_shared<dataobject::Implant3D>();
+    planned.object->setDimensions({site.diameter, site.length});
+    planned.object->setObjectTransform(placement(platform, axis));
+    return planned;
+}
+
+PlannedNerve planNerve(const CanalLine& canal)
+{
+    PlannedNerve planned{sideName(canal.right) + QStringLiteral(" nerve"),
+                         std::make_shared<dataobject::Nerve>(), canal.points,
+                         canal.radiusMm.value_or(kAssumedCanalRadiusMm)};
+    planned.object->setMesh(tubeMesh(planned.centreLine, planned.radiusMm));
+    return planned;
+}
+
+void raise(geometry::ShapeNode& node, float height)
+{
+    QMatrix4x4 upwards;
+    upwards.translate(0.0F, 0.0F, height);
+    node.setTransform(upwards * node.getTransform());
+}
+
+PlannedPin planPin(const QString& name, const PinSite& site, const phantom::Patient& patient)
+{
+    const auto& arch = patient.archCurve(
+        ToothChart::getArchTypeOfTooth(ToothChart::Tooth(kBuiltInSites[0].tooth)));
+    const double midline = toEigen(arch[arch.size() / 2]).x();
+    const ArchPlace place = nearestPlace(arch, [&](const Eigen::Vector3d& p) {
+        return std::abs(p.x() - midline - site.acrossMidline);
+    });
+    Eigen::Vector3d tip = place.point - kPinTipBehindArch * place.outwards;
+    tip.z() = site.height;
+
+    geometry::ShapeLoader loader;
+    const geometry::ShapeFactory factory(loader);
+    auto root = std::make_unique<geometry::ShapeNode>(name);
+    geometry::ShapeNode* shaft = factory.generateCylinder(kPinRadius, kPinLength, false, false);
+    raise(*shaft, kPinLength / 2.0F);
+    root->addChild(shaft);
+    geometry::ShapeNode* head =
+        factory.generateCylinder(2.0F * kPinRadius, kPinHeadLength, false, false);
+    raise(*head, kPinLength + kPinHeadLength / 2.0F);
+    root->addChild(head);
+
+    PlannedPin planned{name, std::make_shared<dataobject::AnchorPin3D>(), kPinRadius, kPinLength};
+    planned.object->setShapeNode(std::move(root));
+    planned.object->setObjectTransform(placement(tip, place.outwards));
+    return planned;
+}
+
+// An implant's envelope, or a pin's shaft.
+struct Cylinder
+{
+    Eigen::Vector3d start;
+    Eigen::Vector3d axis; // unit
+    double length;
+    double radius;
+
+    double distanceTo(const Eigen::Vector3d& point) const
+    {
+        const double along = (point - start).dot(axis);
+        const double across = (point - start - along * axis).norm();
+        const double beyond = std::max({0.0, -along, along - length});
+        return std::hypot(beyond, std::max(0.0, across - radius));
+    }
+
+    std::vector<Eigen::Vector3d> axisPoints() const
+    {
+        std::vector<Eigen::Vector3d> points;
+        const auto steps = static_cast<int>(std::ceil(length / kSampling));
+        for (int i = 0; i <= steps; ++i)
+            points.emplace_back(start + length * i / steps * axis);
+        return points;
+    }
+
+    std::vector<Eigen::Vector3d> surfacePoints() const
+    {
+        const Eigen::Vector3d x = axis.unitOrthogonal();
+        const Eigen::Vector3d y = axis.cross(x);
+        const auto around =
+            static_cast<int>(std::ceil(2.0 * std::numbers::pi * radius / kSampling));
+        const auto rings = static_cast<int>(std::ceil(radius / kSampling));
+        std::vector<Eigen::Vector3d> points;
+        const auto addRing = [&](const Eigen::Vector3d& centre, double ringRadius) {
+            for (int k = 0; k < around; ++k) {
+                const double angle = 2.0 * std::numbers::pi * k / around;
+                points.emplace_back(centre +
+                                    ringRadius * (std::cos(angle) * x + std::sin(angle) * y));
+            }
+        };
+        for (const Eigen::Vector3d& centre : axisPoints())
+            addRing(centre, radius);
+        for (int ring = 0; ring < rings; ++ring) {
+            addRing(start, radius * ring / rings);
+            addRing(start + length * axis, radius * ring / rings);
+        }
+        return points;
+    }
+};
+
+Cylinder cylinder(const QMatrix4x4& frame, double fromZ, double length, double radius)
+{
+    const Eigen::Vector3d axis = toEigen(frame.column(2).toVector3D());
+    return {toEigen(frame.column(3).toVector3D()) + fromZ * axis, axis, length, radius};
+}
+
+Cylinder cylinder(const PlannedImplant& implant)
+{
+    const double length = static_cast<double>(implant.object->getDimensions().length);
+    return cylinder(implant.object->getObjectTransform(), -length, length,
+                    static_cast<double>(implant.object->getDimensions().diameter) / 2.0);
+}
+
+Cylinder cylinder(const PlannedPin& pin)
+{
+    return cylinder(pin.object->getObjectTransform(), 0.0, static_cast<double>(pin.lengthMm),
+                    static_cast<double>(pin.radiusMm));
+}
+
+double distance(const Cylinder& a, const Cylinder& b)
+{
+    double nearest = std::numeric_limits<double>::infinity();
+    for (const Eigen::Vector3d& point : b.surfacePoints())
+        nearest = std::min(nearest, a.distanceTo(point));
+    for (const Eigen::Vector3d& point : a.surfacePoints())
+        nearest = std::min(nearest, b.distanceTo(point));
+    return nearest;
+}
+
+// The points of the line at most as far apart as those on surfaces are.
+std::vector<Eigen::Vector3d> finely(const QList<QVector3D>& line)
+{
+    std::vector<Eigen::Vector3d> points = {toEigen(line.first())};
+    for (const QVector3D& sample : line) {
+        const Eigen::Vector3d from = points.back();
+        const Eigen::Vector3d way = toEigen(sample) - from;
+        const auto steps = static_cast<int>(std::ceil(way.norm() / kSampling));
+        for (int i = 1; i <= steps; ++i)
+            points.emplace_back(from + way * i / steps);
+    }
+    return points;
+}
+
+Eigen::Vector3d nearest(const Cylinder& implant, const std::vector<Eigen::Vector3d>& points)
+{
+    return *std::min_element(points.cbegin(), points.cend(), [&](const auto& a, const auto& b) {
+        return implant.distanceTo(a) < implant.distanceTo(b);
+    });
+}
+
+} // namespace
+
+Plan createPlan(const phantom::Patient& patient)
+{
+    Plan plan;
+    for (const ImplantSite& site : kBuiltInSites)
+        plan.implants.append(planImplant(site, patient));
+    for (const CanalLine& canal : canalsOf(patient))
+        plan.nerves.append(planNerve(canal));
+    for (const PinSite& site : kPinSites)
+        plan.pins.append(
+            planPin(QStringLiteral("pin %1").arg(plan.pins.size() + 1), site, patient));
+    return plan;
+}
+
+Plan createPlan(const Case& planned)
+{
+    if (planned.patient)
+        return createPlan(*planned.patient);
+    Plan plan;
+    for (const char* site : kImplantSites) {
+        const QString fdi = QLatin1String(site);
+        if (const auto implant = implantAt(planned, fdi))
+            plan.implants.append({fdi, implant});
+    }
+    for (const CanalLine& canal : planned.canals)
+        plan.nerves.append(planNerve(canal));
+    return plan;
+}
+
+geometry::Mesh zoneMesh(const PlannedImplant& implant, float margin)
+{
+    geometry::ShapeLoader loader;
+    const auto factory = std::make_unique<geometry::ShapeFactory>(loader);
+    return placedMesh(*collision::generateSafetyZone(factory, *implant.object, margin),
+                      implant.object->getObjectTransform());
+}
+
+geometry::Mesh pinMesh(const PlannedPin& pin)
+{
+    return placedMesh(*pin.object->getShapeNode(), pin.object->getObjectTransform());
+}
+
+double clearance(const PlannedImplant& implant, const PlannedImplant& other)
+{
+    return distance(cylinder(implant), cylinder(other));
+}
+
+double clearance(const PlannedImplant& implant, const PlannedNerve& nerve)
+{
+    const Cylinder body = cylinder(implant);
+    const double toCentreLine = body.distanceTo(nearest(body, finely(nerve.centreLine)));
+    return std::max(0.0, toCentreLine - static_cast<double>(nerve.radiusMm));
+}
+
+double clearance(const PlannedImplant& implant, const PlannedPin& pin)
+{
+    return distance(cylinder(implant), cylinder(pin));
+}
+
+QVector3D nearestPoint(const PlannedImplant& implant, const PlannedImplant& other)
+{
+    return toQt(nearest(cylinder(implant), cylinder(other).axisPoints()));
+}
+
+QVector3D nearestPoint(const PlannedImplant& implant, const PlannedNerve& nerve)
+{
+    return toQt(nearest(cylinder(implant), finely(nerve.centreLine)));
+}
+
+QVector3D nearestPoint(const PlannedImplant& implant, const PlannedPin& pin)
+{
+    return toQt(nearest(cylinder(implant), cylinder(pin).axisPoints()));
+}
+
+} // namespace planner

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <planner/input/Case.h>
+
+#include <CoreAlgorithms/model/dataobjects/Reslices.h>
+
+#include <QString>
+#include <QVector3D>
+
+#include <memory>
+
+namespace planner {
+
+/// A planar cut and why it lies where it does.
+struct PlanarView
+{
+    QString id; ///< of its picture's file name
+    QString title;
+    QString place; ///< a sentence
+    std::shared_ptr<PlanarReslice> reslice;
+};
+
+/// A cephalometric projection.
+struct CephView
+{
+    QString id;
+    QString title;
+    QString place;
+    std::shared_ptr<CephReslice> reslice;
+};
+
+/// Across the head at the height where most teeth and arch points lie, 3 mm thick; anterior is up
+/// and the patient's right is on the left, as if seen from the feet. Its normal points to superior,
+/// so it is mirrored vertically.
+PlanarView axialView(const Case& planned);
+
+/// Tilted: the plane of least squared distances to the four foramina, 4 mm thick; without them 30
+/// degrees down to anterior through the middle of the volume. Anterior is up and the patient's
+/// right is on the left, without mirroring.
+PlanarView obliqueView(const Case& planned);
+
+/// From the patient's right with parallel rays, so that the face looks to the right; the whole
+/// volume. Points are mapped onto the plane midway between the foramina of either side, or in the
+/// middle of the volume.
+CephView lateralView(const Case& planned);
+
+/// Where a direction points to, as the letters R, L, A, P, S, I, the strongest first; a letter for
+/// each component above a quarter. With a question mark behind them if the orientation of the
+/// volume is not known.
+QString directionLetters(const QVector3D& direction, bool orientationKnown);
+
+} // namespace planner

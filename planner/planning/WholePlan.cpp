@@ -1,0 +1,560 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <planner/planning/WholePlan.h>
+
+#include <CoreAlgorithms/model/dataobjects/Annotations.h>
+#include <CoreAlgorithms/model/dataobjects/CTData.h>
+#include <CoreAlgorithms/model/dataobjects/Distraction.h>
+#include <CoreAlgorithms/model/dataobjects/Endodontics.h>
+#include <CoreAlgorithms/model/dataobjects/GuidingLines.h>
+#include <CoreAlgorithms/model/dataobjects/Implants.h>
+#include <CoreAlgorithms/model/dataobjects/JawParts.h>
+#include <CoreAlgorithms/model/dataobjects/Joints.h>
+#include <CoreAlgorithms/model/dataobjects/Occlusions.h>
+#include <CoreAlgorithms/model/dataobjects/PatientSurfaces.h>
+#include <CoreAlgorithms/model/dataobjects/PlacedSurfaces.h>
+#include <CoreAlgorithms/model/dataobjects/Plans.h>
+#include <CoreAlgorithms/model/dataobjects/PolyLines.h>
+#include <CoreAlgorithms/model/dataobjects/SurfaceScans.h>
+#include <CoreAlgorithms/model/dataobjects/Teeth.h>
+#include <CoreAlgorithms/model/dataobjects/VolumeObject.h>
+
+#include <phantom/Phantom.h>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <numbers>
+#include <utility>
+
+namespace planner {
+
+namespace {
+
+constexpr int kSides = 12; // of a tube
+
+// Two triangles between the rings that start at two vertex numbers.
+void closeRings(geometry::Mesh& mesh, int first, int second)
+{
+    for (int side = 0; side < kSides; ++side) {
+        const int next = (side + 1) % kSides;
+        mesh.addTriangle(first + side, first + next, second + side);
+        mesh.addTriangle(first + next, second + next, second + side);
+    }
+}
+
+struct Ring
+{
+    QVector3D centre;
+    QVector3D along;
+    float radius;
+};
+
+geometry::Mesh sweep(const QList<Ring>& rings)
+{
+    QList<QVector3D> vertices;
+    for (const Ring& ring : rings) {
+        const QVector3D helper = std::abs(ring.along.z()) < 0.9F ? QVector3D(0.0F, 0.0F, 1.0F)
+                                                                 : QVector3D(1.0F, 0.0F, 0.0F);
+        const QVector3D u = QVector3D::crossProduct(helper, ring.along).normalized();
+        const QVector3D v = QVector3D::crossProduct(ring.along, u).normalized();
+        for (int side = 0; side < kSides; ++side) {
+            const auto angle = static_cast<float>(2.0 * std::numbers::pi * side / kSides);
+            vertices.append(ring.centre +
+                            (u * std::cos(angle) + v * std::sin(angle)) * ring.radius);
+        }
+    }
+    geometry::Mesh mesh(vertices, {});
+    for (int i = 0; i + 1 < static_cast<int>(rings.size()); ++i)
+        closeRings(mesh, i * kSides, (i + 1) * kSides);
+    return mesh;
+}
+
+geometry::Mesh tube(const QList<QVector3D>& path, float radiusMm)
+{
+    QList<Ring> rings;
+    for (qsizetype i = 0; i < path.size(); ++i) {
+        const QVector3D along =
+            path[std::min(i + 1, path.size() - 1)] - path[std::max<qsizetype>(i - 1, 0)];
+        rings.append({path[i], along.normalized(), radiusMm});
+    }
+    return sweep(rings);
+}
+
+geometry::Mesh ball(const QVector3D& centre, float radiusMm)
+{
+    constexpr int kRings = 9;
+    QList<Ring> rings;
+    for (int i = 0; i < kRings; ++i) {
+        const auto angle = static_cast<float>(std::numbers::pi * i / (kRings - 1));
+        rings.append({centre - QVector3D(0.0F, 0.0F, radiusMm * std::cos(angle)),
+                      {0.0F, 0.0F, 1.0F},
+                      radiusMm * std::sin(angle)});
+    }
+    return sweep(rings);
+}
+
+geometry::Mesh placed(geometry::Mesh mesh, const QMatrix4x4& placement)
+{
+    mesh.applyTransformation(placement);
+    return mesh;
+}
+
+// Along the negative z axis from the platform at the origin.
+geometry::Mesh implantBody(const dataobject::ImplantDimensions& measures)
+{
+    const float radius = measures.diameter * 0.5F;
+    const QVector3D down(0.0F, 0.0F, -1.0F);
+    return sweep({{{}, down, radius * 0.2F},
+                  {{}, down, radius},
+                  {down * (measures.length * 0.6F), down, radius * 0.9F},
+                  {down * measures.length, down, radius * 0.4F}});
+}
+
+// The third axis along the direction.
+QMatrix4x4 standing(const QVector3D& origin, const QVector3D& axis)
+{
+    QMatrix4x4 matrix;
+    matrix.translate(origin);
+    matrix.rotate(QQuaternion::rotationTo({0.0F, 0.0F, 1.0F}, axis));
+    return matrix;
+}
+
+QList<QVector3D> cornersOf(const QMatrix4x4& placement)
+{
+    return {placement.map(QVector3D()), placement.map(QVector3D(1.0F, 0.0F, 0.0F)),
+            placement.map(QVector3D(0.0F, 1.0F, 0.0F)), placement.map(QVector3D(0.0F, 0.0F, 1.0F))};
+}
+
+QList<QVector3D> positionsOf(const QList<std::shared_ptr<Point>>& points)
+{
+    QList<QVector3D> positions;
+    std::transform(points.begin(), points.end(), std::back_inserter(positions),
+                   [](const auto& point) { return point->getPosition(); });
+    return positions;
+}
+
+// Every n-th sample.
+QList<QVector3D> thinned(const QList<QVector3D>& path, int step)
+{
+    QList<QVector3D> samples;
+    for (qsizetype i = 0; i < path.size(); i += step)
+        samples.append(path[i]);
+    return samples;
+}
+
+class Builder
+{
+public:
+    Builder(const phantom::Patient& planned, const geometry::Mesh& upper,
+            const geometry::Mesh& lower)
+        : patient(planned), upperCrowns(upper), lowerCrowns(lower)
+    {}
+
+    WholePlan build()
+    {
+        addArches();
+        addAnnotations();
+        addNerves();
+        addScans();
+        addJawsAndSurfaces();
+        addSurgery();
+        addImplants();
+        addRest();
+        std::stable_sort(
+            plan.objects.begin(), plan.objects.end(),
+            [](const PlannedObject& a, const PlannedObject& b) { return a.step < b.step; });
+        plan.surfaces = [parts = shown] {
+            QList<PlanSurface> surfaces;
+            for (const auto& part : parts)
+                surfaces += part();
+            return surfaces;
+        };
+        return plan;
+    }
+
+private:
+    phantom::Tooth tooth(int number) const { return patient.tooth(number).value(); }
+
+    void add(int step, const QString& kind, const std::shared_ptr<DataObject>& object,
+             std::function<QList<QVector3D>()> coordinates)
+    {
+        plan.objects.append({step, kind, object, std::move(coordinates)});
+    }
+
+    template <typename Kind>
+    std::shared_ptr<Kind> addSurface(int step, const QString& kind, const geometry::Mesh& mesh)
+    {
+        auto surface = std::make_shared<Kind>();
+        surface->setMesh(mesh);
+        add(step, kind, surface, [surface] { return surface->getMesh().getVertices(); });
+        return surface;
+    }
+
+    // The built-in patient's extent at voxels of 1 mm, empty: the arches ask for nothing but its
+    // box.
+    void addCt()
+    {
+        const QVector3D extent = patient.extentMm();
+        const auto volume = std::make_shared<ImageVolume>();
+        volume->setImage(VexelImage3D({static_cast<int>(extent.x()), static_cast<int>(extent.y()),
+                                       static_cast<int>(extent.z())},
+                                      {1.0F, 1.0F, 1.0F}, image::UInt8));
+        const auto scan = std::make_shared<CTData>();
+        scan->setImageVolume(volume);
+        auto object = std::make_shared<CTDataVolumeObject>();
+        object->setCTData(scan);
+        plan.otherObjects.append(object);
+    }
+
+    void addArches()
+    {
+        addCt();
+        for (const auto arch : {ToothChart::UpperArch, ToothChart::LowerArch}) {
+            auto spline = std::make_shared<PlanarDentalSpline>();
+            spline->setArchType(arch);
+            for (const phantom::Tooth& t : patient.teeth()) {
+                if (ToothChart::getArchTypeOfTooth(t.number) == arch)
+                    spline->setTooth(t.number, spline->appendControlPoint(t.occlusalPoint));
+            }
+            add(1,
+                QStringLiteral("dental arch, %1")
+                    .arg(arch == ToothChart::UpperArch ? QStringLiteral("upper")
+                                                       : QStringLiteral("lower")),
+                spline, [spline] { return positionsOf(spline->getControlPoints()); });
+            shown.append([spline] {
+                return QList<PlanSurface>{
+                    {tube(thinned(spline->getOriginalPath(), 8), 0.7F), SurfaceKind::Arch}};
+            });
+        }
+    }
+
+    void addAnnotations()
+    {
+        for (const int number : {19, 30}) {
+            auto label = std::make_shared<ToothAnnotation3D>();
+            label->setCreationType(ManuallyCreated);
+            label->setToothType(ToothChart::Tooth(number));
+            label->setPosition(tooth(number).occlusalPoint + QVector3D(0.0F, 0.0F, 9.0F));
+            add(2, QStringLiteral("tooth label %1").arg(number), label,
+                [label] { return QList<QVector3D>{label->getPosition()}; });
+        }
+        auto tied = std::make_shared<dataobject::AttachablePoint>();
+        tied->setPosition(patient.rightCanal().mentalForamen);
+        add(3, QStringLiteral("attachable point, right mental foramen"), tied,
+            [tied] { return QList<QVector3D>{tied->getPosition()}; });
+        auto marked = std::make_shared<PointAnnotation>();
+        marked->changePosition(patient.leftCanal().mentalForamen);
+        add(4, QStringLiteral("point, left mental foramen"), marked,
+            [marked] { return QList<QVector3D>{marked->getPosition()}; });
+        auto distance = std::make_shared<LineAnnotation>();
+        distance->setPositions(
+            {patient.rightCanal().mandibularForamen, patient.leftCanal().mandibularForamen});
+        add(5, QStringLiteral("line between the mandibular foramina"), distance,
+            [distance] { return distance->getPositions(); });
+        auto pencil = std::make_shared<PencilAnnotation3D>();
+        pencil->setPositions(thinned(patient.archCurve(ToothChart::LowerArch), 3));
+        add(6, QStringLiteral("pencil stroke along the lower arch"), pencil,
+            [pencil] { return pencil->getPositions(); });
+        auto angle = std::make_shared<dataobject::PointBased3DAnnotationBase>();
+        angle->setPositions({tooth(19).apex, tooth(24).apex, tooth(30).apex});
+        add(7, QStringLiteral("angle between three apices"), angle,
+            [angle] { return angle->getPositions(); });
+        auto arrow = std::make_shared<ArrowAnnotation3D>();
+        arrow->setArrow(tooth(30).occlusalPoint + tooth(30).axisToCrown * 12.0F,
+                        tooth(30).occlusalPoint);
+        add(8, QStringLiteral("arrow at tooth 30"), arrow, [arrow] {
+            return QList<QVector3D>{arrow->getTail(), arrow->getTip()};
+        });
+        auto circle = std::make_shared<CircleAnnotation3D>();
+        circle->setCircle(tooth(8).occlusalPoint, tooth(8).axisToCrown, 5.0F);
+        add(9, QStringLiteral("circle round tooth 8"), circle, [circle] {
+            return QList<QVector3D>{circle->getCenter(), circle->getCenter() + circle->getNormal()};
+        });
+        auto text = std::make_shared<TextAnnotation3D>();
+        text->setText(QStringLiteral("check occlusion"));
+        text->setPosition(tooth(3).occlusalPoint);
+        add(10, QStringLiteral("text at tooth 3"), text,
+            [text] { return QList<QVector3D>{text->getPosition()}; });
+        auto reslice = std::make_shared<CustomResliceAnnotation>();
+        reslice->setResliceTransform(standing(tooth(14).apex, tooth(14).axisToCrown));
+        add(11, QStringLiteral("annotation in a custom reslice"), reslice,
+            [reslice] { return cornersOf(reslice->getResliceTransform()); });
+        auto line = std::make_shared<PolyLine>();
+        line->addPoint(std::make_shared<PointLinked>(tied));
+        for (const QVector3D& position : thinned(patient.rightCanal().centreLine, 10))
+            line->addPoint(std::make_shared<PointUnlinked>(position));
+        add(12, QStringLiteral("poly-line along the right canal, one point tied"), line, [line] {
+            QList<QVector3D> positions;
+            for (int i = 0; i < line->getNumPositions(); ++i)
+                positions.append(line->getPosition(i, VolumeContext).value());
+            return positions;
+        });
+        auto grey = std::make_shared<GreyValueMeasurement>();
+        grey->changePosition((tooth(24).apex + tooth(25).apex) * 0.5F);
+        add(13, QStringLiteral("grey value between teeth 24 and 25"), grey,
+            [grey] { return QList<QVector3D>{grey->getPosition()}; });
+        shown.append([tied, marked, angle] {
+            QList<PlanSurface> balls;
+            for (const QVector3D& position :
+                 QList<QVector3D>{tied->getPosition(), marked->getPosition()} +
+                     angle->getPositions())
+                balls.append({ball(position, 1.6F), SurfaceKind::Mark});
+            return balls;
+        });
+    }
+
+    void addNerves()
+    {
+        for (const bool right : {true, false}) {
+            const phantom::NerveCanal& canal = right ? patient.rightCanal() : patient.leftCanal();
+            auto nerve = std::make_shared<dataobject::Nerve>();
+            nerve->setMesh(tube(canal.centreLine, canal.radiusMm));
+            auto line = std::make_shared<GuidingSpline>();
+            for (const QVector3D& position : thinned(canal.centreLine, 10))
+                line->appendControlPoint(position);
+            nerve->setGuidingLine(line);
+            add(15, right ? QStringLiteral("nerve, right") : QStringLiteral("nerve, left"), nerve,
+                [nerve, line] {
+                    return nerve->getMesh().getVertices() + positionsOf(line->getControlPoints());
+                });
+            shown.append([nerve] {
+                return QList<PlanSurface>{{nerve->getMesh(), SurfaceKind::Nerve}};
+            });
+        }
+    }
+
+    void addScans()
+    {
+        const auto scanOf = [this](const QString& name, const geometry::Mesh& crowns, JawType jaw) {
+            auto scan = addSurface<DentalScan>(16, name, crowns);
+            scan->setJawType(jaw);
+            scan->setFreehandAligned(true); // its total transform is the planning transform
+            shown.append([scan] {
+                return QList<PlanSurface>{{scan->getMesh(), SurfaceKind::Crowns}};
+            });
+        };
+        scanOf(QStringLiteral("scan of the upper crowns"), upperCrowns, UpperJaw);
+        scanOf(QStringLiteral("scan of the lower crowns"), lowerCrowns, LowerJaw);
+    }
+
+    void addJawsAndSurfaces()
+    {
+        const QList<QVector3D> lowerArch = patient.archCurve(ToothChart::LowerArch);
+        const QList<QVector3D> upperArch = patient.archCurve(ToothChart::UpperArch);
+        addSurface<dataobject::SurgicalSplint>(14, QStringLiteral("splint"), tube(lowerArch, 4.0F));
+
+        auto mandibula = std::make_shared<Mandibula>();
+        mandibula->setMesh(tube(lowerArch, 8.0F));
+        mandibula->setCondylePositions(
+            {patient.leftCanal().mandibularForamen + QVector3D(0.0F, 0.0F, 25.0F),
+             patient.rightCanal().mandibularForamen + QVector3D(0.0F, 0.0F, 25.0F)},
+            true);
+        mandibula->setOcclusalPlanePositions(
+            {tooth(19).occlusalPoint, tooth(24).occlusalPoint, tooth(30).occlusalPoint});
+        add(17, QStringLiteral("mandible with condyles and occlusal plane"), mandibula,
+            [mandibula] {
+                const auto [left, right] = mandibula->getCondylePositions();
+                return mandibula->getMesh().getVertices() + mandibula->getOcclusalPlanePositions() +
+                       QList<QVector3D>{left, right,
+                                        mandibula->getLeftAutoRotationPoint()->getPosition(),
+                                        mandibula->getRightAutoRotationPoint()->getPosition()};
+            });
+        auto maxilla = std::make_shared<Maxilla>();
+        maxilla->setMesh(tube(upperArch, 8.0F));
+        maxilla->setRotationPosition(tooth(8).apex);
+        add(17, QStringLiteral("maxilla with the point it turns about"), maxilla, [maxilla] {
+            return maxilla->getMesh().getVertices() +
+                   QList<QVector3D>{maxilla->getRotationPosition()};
+        });
+        auto anatomy = std::make_shared<Anatomy>();
+        auto cranium = std::make_shared<Surface3DModel>();
+        auto mandible = std::make_shared<Surface3DModel>();
+        cranium->setMesh(ball(patient.extentMm() * 0.5F + QVector3D(0.0F, 0.0F, 40.0F), 60.0F));
+        mandible->setMesh(tube(lowerArch, 9.0F));
+        anatomy->setOriginalModels(cranium, mandible);
+        add(18, QStringLiteral("original models of skull and mandible"), anatomy,
+            [cranium, mandible] {
+                return cranium->getMesh().getVertices() + mandible->getMesh().getVertices();
+            });
+
+        auto distractor = std::make_shared<Distractor>();
+        auto tree = std::make_shared<SurfaceTree>();
+        distractor->setSurfaceTree(tree);
+        distractor->setTransform(standing(tooth(24).apex, {0.0F, -1.0F, 0.0F}));
+        add(19, QStringLiteral("distractor"), distractor, [distractor, tree] {
+            return QList<QVector3D>{distractor->getTransform().column(3).toVector3D()} +
+                   cornersOf(tree->getObjectTransform());
+        });
+
+        const QVector3D middle = patient.extentMm() * 0.5F;
+        addSurface<SoftTissueModel>(20, QStringLiteral("soft tissue of the face"),
+                                    ball(middle, 70.0F));
+        addSurface<Skin>(21, QStringLiteral("skin"), ball(middle, 74.0F));
+        addSurface<OsteotomySurface>(
+            22, QStringLiteral("osteotomy"),
+            geometry::Mesh({tooth(2).apex, tooth(15).apex, tooth(8).apex}, {0, 1, 2, -1}));
+        addSurface<dataobject::Airway>(
+            26, QStringLiteral("airway"),
+            tube({middle + QVector3D(0.0F, 25.0F, -40.0F), middle + QVector3D(0.0F, 28.0F, 0.0F),
+                  middle + QVector3D(0.0F, 22.0F, 30.0F)},
+                 7.0F));
+        addSurface<ShowObject>(27, QStringLiteral("imported surface"),
+                               ball(tooth(9).occlusalPoint, 3.0F));
+        addSurface<dataobject::PatientSurfaceModel>(28, QStringLiteral("photographed face"),
+                                                    ball(middle, 75.0F));
+    }
+
+    void addSurgery()
+    {
+        plan.surgery = std::make_shared<MaxillofacialSurgery>();
+        auto* maxillary = new OcclusionMovement(MovementTypes::m_maxillary_occlusion_movement);
+        auto* mandibular = new OcclusionMovement(MovementTypes::m_mandibular_occlusion_movement);
+        for (Movement* movement : QList<Movement*>{
+                 maxillary, mandibular,
+                 new CompositeMovement(MovementTypes::m_maxillary_segmental_occlusion_movement),
+                 new CompositeMovement(MovementTypes::m_mandibular_segmental_occlusion_movement)})
+            plan.surgery->addMovement(movement);
+
+        // Recorded over a wafer: the lower jaw opens by 4 degrees about its joints and comes
+        // forward by 2 mm.
+        const QVector3D hinge =
+            (patient.leftCanal().mandibularForamen + patient.rightCanal().mandibularForamen) * 0.5F;
+        QMatrix4x4 opening;
+        opening.translate(hinge + QVector3D(0.0F, -2.0F, 0.0F));
+        opening.rotate(4.0F, 1.0F, 0.0F, 0.0F);
+        opening.translate(-hinge);
+        auto bite = std::make_shared<Occlusion>();
+        bite->setTransformations(
+            {{Maxilla::getClassTypeId(), QMatrix4x4()}, {Mandibula::getClassTypeId(), opening}});
+        plan.otherObjects.append(bite);
+        add(23, QStringLiteral("surgery: occlusion movements, computed anew"), plan.surgery,
+            [maxillary, mandibular, owner = plan.surgery] {
+                QList<QVector3D> corners;
+                for (const OcclusionMovement* movement : {maxillary, mandibular})
+                    corners += cornersOf(movement
+                                             ->getOcclusionModeTransformation(
+                                                 MovementModes::OCCLUSION_PLASTER_CAST_MODE)
+                                             .value());
+                return corners;
+            });
+    }
+
+    void addImplants()
+    {
+        for (const int number : {3, 14, 19, 30}) {
+            auto implant = std::make_shared<dataobject::Implant3D>();
+            implant->setDimensions({4.1F, 10.0F});
+            const phantom::Tooth t = tooth(number);
+            implant->setObjectTransform(
+                standing(t.occlusalPoint - t.axisToCrown * 8.0F, t.axisToCrown));
+            add(32, QStringLiteral("implant at tooth %1").arg(number), implant,
+                [implant] { return cornersOf(implant->getObjectTransform()); });
+            shown.append([implant] {
+                return QList<PlanSurface>{
+                    {placed(implantBody(implant->getDimensions()), implant->getObjectTransform()),
+                     SurfaceKind::Implant}};
+            });
+        }
+        for (const int number : {22, 27}) {
+            auto pin = std::make_shared<dataobject::AnchorPin3D>();
+            pin->setObjectTransform(
+                standing(tooth(number).apex + QVector3D(0.0F, -10.0F, 0.0F), {0.0F, -1.0F, 0.0F}));
+            add(31, QStringLiteral("anchor pin at tooth %1").arg(number), pin,
+                [pin] { return cornersOf(pin->getObjectTransform()); });
+            shown.append([pin] {
+                return QList<PlanSurface>{
+                    {placed(tube({{0.0F, 0.0F, 6.0F}, {0.0F, 0.0F, -12.0F}}, 0.9F),
+                            pin->getObjectTransform()),
+                     SurfaceKind::Pin}};
+            });
+        }
+        auto locked = std::make_shared<dataobject::LockedImplantPlan>();
+        locked->lock({standing(tooth(19).occlusalPoint, tooth(19).axisToCrown)});
+        add(30, QStringLiteral("locked implant plan"), locked, [locked] {
+            return cornersOf(locked->getScannerOrientation() *
+                             locked->getImplantPlacements().first());
+        });
+        const auto addTemplate = [this](int step, const QString& kind, const auto& surface) {
+            surface->setMesh(tube(patient.archCurve(ToothChart::LowerArch), 5.0F));
+            add(step, kind, surface, [surface] {
+                return placed(surface->getMesh(), surface->getObjectTransform()).getVertices();
+            });
+        };
+        addTemplate(33, QStringLiteral("template being designed"),
+                    std::make_shared<dataobject::PreviewSurgicalTemplate>());
+        addTemplate(34, QStringLiteral("surgical template"),
+                    std::make_shared<dataobject::SurgicalTemplate3D>());
+    }
+
+    void addRest()
+    {
+        auto shell = std::make_shared<TempShell>();
+        add(24, QStringLiteral("temporary shell"), shell,
+            [shell] { return cornersOf(shell->getObjectTransform()); });
+        auto joint = std::make_shared<dataobject::TemporomandibularJoint>();
+        auto line = std::make_shared<GuidingSpline>();
+        const QVector3D condyle =
+            patient.rightCanal().mandibularForamen + QVector3D(0.0F, 0.0F, 25.0F);
+        for (const float x : {-8.0F, 0.0F, 8.0F})
+            line->appendControlPoint(condyle + QVector3D(x, 0.0F, -std::abs(x) * 0.3F));
+        joint->setGuidingLine(line);
+        add(25, QStringLiteral("jaw joint, right"), joint,
+            [joint, line] { return positionsOf(line->getControlPoints()); });
+        auto ceph = std::make_shared<CephPlaneBase>();
+        ceph->setPlane(primitives::Plane(tooth(19).occlusalPoint, tooth(30).occlusalPoint,
+                                         tooth(24).occlusalPoint));
+        add(29, QStringLiteral("cephalometric occlusal plane"), ceph, [ceph] {
+            return QList<QVector3D>{ceph->getPlane().getPoint(),
+                                    ceph->getPlane().getPoint() + ceph->getPlane().getNormal()};
+        });
+        auto collection = std::make_shared<dataobject::PlannedToPostOpCollection>();
+        const QString part = Maxilla::getClassTypeId();
+        QMatrix4x4 advance;
+        advance.translate(0.0F, -4.0F, 1.0F);
+        advance.rotate(3.0F, 1.0F, 0.0F, 0.0F);
+        collection->setFromPreOpToPlannedAndPostOpTransformations({{part, advance}},
+                                                                  {{part, advance}});
+        collection->setPreOpRotationPoint(part, tooth(8).apex);
+        add(35, QStringLiteral("planned and post-operative moves of the maxilla"), collection,
+            [collection, part] {
+                return cornersOf(collection->getFromPreOpToPlannedTransformation(part).value()) +
+                       cornersOf(collection->getFromPreOpToPostOpTransformation(part).value()) +
+                       QList<QVector3D>{collection->getPreOpRotationPoint(part).value()};
+            });
+        auto apex = std::make_shared<dataobject::Apex>();
+        apex->setPosition(tooth(30).apex);
+        add(36, QStringLiteral("apex of tooth 30"), apex,
+            [apex] { return QList<QVector3D>{apex->getPosition()}; });
+        auto canal = std::make_shared<dataobject::RootCanal>();
+        canal->setBasePosition(tooth(30).apex + tooth(30).axisToCrown * 12.0F);
+        add(37, QStringLiteral("root canal of tooth 30"), canal,
+            [canal] { return QList<QVector3D>{canal->getBasePosition()}; });
+    }
+
+    const phantom::Patient& patient;
+    const geometry::Mesh& upperCrowns;
+    const geometry::Mesh& lowerCrowns;
+    WholePlan plan;
+    QList<std::function<QList<PlanSurface>()>> shown;
+};
+
+} // namespace
+
+QList<DataObject*> WholePlan::dataObjects() const
+{
+    QList<DataObject*> all;
+    for (const auto& other : otherObjects)
+        all.append(other.get());
+    for (const PlannedObject& planned : objects)
+        all.append(planned.object.get());
+    return all;
+}
+
+WholePlan planEverything(const phantom::Patient& patient, const geometry::Mesh& upperCrowns,
+                         const geometry::Mesh& lowerCrowns)
+{
+    return Builder(patient, upperCrowns, lowerCrowns).build();
+}
+
+} // namespace planner

@@ -1,0 +1,308 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <planner/report/CollisionSection.h>
+
+#include <planner/drawing/CollisionPictures.h>
+#include <planner/drawing/GreyScale.h>
+#include <planner/drawing/Sampling.h>
+#include <planner/input/Progress.h>
+#include <planner/planning/CollisionFindings.h>
+#include <planner/planning/Plan.h>
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+namespace planner {
+
+namespace {
+
+constexpr qsizetype kDraggedImplant = 0; // 46 where it is planned
+constexpr int kDragSteps = 6;
+constexpr double kDragStepMm = 0.8;
+
+QString millimetres(double value)
+{
+    return QString::number(value, 'f', 1);
+}
+
+QList<Finding> collisionsOf(const QList<Finding>& findings)
+{
+    QList<Finding> found;
+    std::copy_if(findings.cbegin(), findings.cend(), std::back_inserter(found),
+                 [](const Finding& finding) { return finding.collides; });
+    return found;
+}
+
+// The pair with a nerve that is clear by least, to be shown beside the collisions.
+std::optional<Finding> closestClearNerve(const QList<Finding>& findings)
+{
+    std::optional<Finding> closest;
+    for (const Finding& finding : findings) {
+        if (!finding.collides && finding.other.kind == PartKind::Nerve &&
+            (!closest || finding.clearanceMm < closest->clearanceMm))
+            closest = finding;
+    }
+    return closest;
+}
+
+QString legendItem(QRgb colour, double opacity, const QString& text)
+{
+    return QStringLiteral(
+               "<li><svg width=\"16\" height=\"16\"><circle cx=\"8\" cy=\"8\" r=\"6\" fill=\"%1\" "
+               "fill-opacity=\"%2\" stroke=\"%1\" stroke-width=\"2\"/></svg>%3</li>")
+        .arg(QColor(colour).name())
+        .arg(opacity)
+        .arg(text);
+}
+
+QString legendHtml(const Plan& plan)
+{
+    return QStringLiteral("<ul class=\"legend\">") +
+           legendItem(0xff9fb0bf, 1.0, QStringLiteral("implant")) +
+           legendItem(collisionColours::kZone, 0.2, QStringLiteral("its zone of 3 mm")) +
+           legendItem(collisionColours::kNerve, 1.0, QStringLiteral("nerve")) +
+           (plan.pins.isEmpty()
+                ? QString()
+                : legendItem(collisionColours::kPin, 1.0, QStringLiteral("anchor pin"))) +
+           legendItem(collisionColours::kColliding, 1.0, QStringLiteral("colliding")) +
+           QStringLiteral("</ul>\n");
+}
+
+QString cell(const Finding& finding)
+{
+    const QString clearance = millimetres(finding.clearanceMm);
+    return finding.collides
+               ? QStringLiteral("<td style=\"background:#fbdedb;color:#9b1c16;font-weight:700\">"
+                                "collision %1</td>")
+                     .arg(clearance)
+               : QStringLiteral("<td>clear %1</td>").arg(clearance);
+}
+
+QString measures(const PlannedImplant& implant)
+{
+    const dataobject::ImplantDimensions& size = implant.object->getDimensions();
+    return QStringLiteral("%1 × %2")
+        .arg(static_cast<double>(size.diameter))
+        .arg(static_cast<double>(size.length));
+}
+
+// A row for each implant, a column for each object; what two rows share stands once, above the
+// diagonal.
+QString verdictTable(const Plan& plan, const QList<Finding>& findings)
+{
+    QString html = QStringLiteral("<div class=\"scroll\"><table>\n<tr><th>implant</th><th>mm</th>");
+    for (const PlannedImplant& implant : plan.implants)
+        html += QStringLiteral("<th>%1</th>").arg(implant.name);
+    for (const PlannedNerve& nerve : plan.nerves)
+        html += QStringLiteral("<th>%1</th>").arg(nerve.name);
+    for (const PlannedPin& pin : plan.pins)
+        html += QStringLiteral("<th>%1</th>").arg(pin.name);
+    html += QStringLiteral("</tr>\n");
+    auto next = findings.cbegin();
+    for (qsizetype i = 0; i < plan.implants.size(); ++i) {
+        html += QStringLiteral("<tr><td><b>%1</b></td><td>%2</td>")
+                    .arg(plan.implants[i].name, measures(plan.implants[i]));
+        for (qsizetype j = 0; j <= i; ++j)
+            html += QStringLiteral("<td></td>");
+        for (; next != findings.cend() && next->implant == i; ++next)
+            html += cell(*next);
+        html += QStringLiteral("</tr>\n");
+    }
+    return html + QStringLiteral("</table></div>\n");
+}
+
+QString summary(const Plan& plan, const QList<Finding>& findings)
+{
+    const QList<Finding> collisions = collisionsOf(findings);
+    QStringList names;
+    for (const Finding& finding : collisions)
+        names.append(QStringLiteral("%1 and %2")
+                         .arg(plan.implants[finding.implant].name, nameOf(plan, finding.other)));
+    const auto counted = [](qsizetype count, const QString& thing) {
+        return QStringLiteral("%1 %2%3").arg(count).arg(thing, count == 1 ? QString()
+                                                                          : QStringLiteral("s"));
+    };
+    const QString implants = counted(plan.implants.size(), QStringLiteral("implant"));
+    const QString nerves = counted(plan.nerves.size(), QStringLiteral("nerve"));
+    const QString objects =
+        plan.pins.isEmpty()
+            ? QStringLiteral("%1 and %2").arg(implants, nerves)
+            : QStringLiteral("%1, %2 and %3")
+                  .arg(implants, nerves, counted(plan.pins.size(), QStringLiteral("anchor pin")));
+    return QStringLiteral("%1: %2 of %3 pairs collide%4.")
+        .arg(objects)
+        .arg(collisions.size())
+        .arg(findings.size())
+        .arg(names.isEmpty() ? QString()
+                             : QStringLiteral(" (%1)").arg(names.join(QStringLiteral("; "))));
+}
+
+// The nerve that an implant is closest to.
+qsizetype closestNerve(const QList<Finding>& findings, qsizetype implant)
+{
+    const Finding* closest = nullptr;
+    for (const Finding& finding : findings) {
+        if (finding.implant == implant && finding.other.kind == PartKind::Nerve &&
+            (!closest || finding.clearanceMm < closest->clearanceMm))
+            closest = &finding;
+    }
+    return closest->other.number;
+}
+
+QString dragSentence(const Plan& plan, const PlannedNerve& nerve, const QList<DragStep>& steps)
+{
+    const auto first = std::find_if(steps.cbegin(), steps.cend(),
+                                    [](const DragStep& step) { return step.collides; });
+    const auto notified =
+        std::count_if(steps.cbegin(), steps.cend(), [](const DragStep& step) { return step.told; });
+    const QString name = plan.implants[kDraggedImplant].name;
+    const QString observer =
+        QStringLiteral(" In %1 steps the detector notified its observer of a change %2.")
+            .arg(steps.size())
+            .arg(notified == 1 ? QStringLiteral("once") : QStringLiteral("%1 times").arg(notified));
+    if (first == steps.cend())
+        return QStringLiteral(
+                   "Implant %1, pushed deeper in steps of %2 mm, stays clear of the %3: %4 mm are "
+                   "left between them at the end.")
+                   .arg(name, millimetres(kDragStepMm), nerve.name,
+                        millimetres(steps.last().clearanceMm)) +
+               observer;
+    if (first == steps.cbegin())
+        return QStringLiteral(
+                   "Implant %1 collides with the %2 already where it is planned, with %3 mm left "
+                   "between them, and on its way deeper.")
+                   .arg(name, nerve.name, millimetres(first->clearanceMm)) +
+               observer;
+    return QStringLiteral("Implant %1, pushed deeper in steps of %2 mm, collides with the %3 from "
+                          "%4 mm on, with "
+                          "%5 mm left between them.")
+               .arg(name, millimetres(kDragStepMm), nerve.name, millimetres(first->wayMm),
+                    millimetres(first->clearanceMm)) +
+           observer;
+}
+
+Section emptySection()
+{
+    Section section;
+    section.id = QStringLiteral("collisions");
+    section.title = QStringLiteral("Collisions");
+    return section;
+}
+
+// Why there is nothing to test; empty if there is something.
+QString missing(const Plan& plan)
+{
+    if (plan.nerves.isEmpty())
+        return QStringLiteral("No collisions are tested: the course of the nerves is not known.");
+    if (plan.implants.isEmpty())
+        return QStringLiteral("No collisions are tested: an implant takes the place of tooth 46 or "
+                              "36, and of neither "
+                              "are crown and apex both known.");
+    return {};
+}
+
+QString introduction(const Case& planned)
+{
+    QString sentences =
+        planned.patient
+            ? QStringLiteral(
+                  "A plan made to show collisions: the lower teeth give way to eight implants.")
+            : QStringLiteral("Implants take the places of lower first molars, 1 mm above the apex "
+                             "of the root, and "
+                             "are tested against the known canals.");
+    sentences += QStringLiteral(
+        " Implants must not meet each other; within the zone of 3 mm there must be no nerve and "
+        "no anchor pin. The zone reaches 3 mm below an implant and 1.5 mm to its sides.");
+    for (const bool right : {true, false}) {
+        const CanalLine* canal = findCanal(planned.canals, right);
+        if (!canal)
+            sentences +=
+                QStringLiteral(
+                    " The course of the %1 nerve is not known: nothing is tested against it.")
+                    .arg(sideName(right));
+        else if (!canal->radiusMm)
+            sentences +=
+                QStringLiteral(" The radius of the %1 canal is not known: %2 mm are assumed.")
+                    .arg(sideName(right))
+                    .arg(static_cast<double>(kAssumedCanalRadiusMm));
+    }
+    return sentences;
+}
+
+QString cutsTitle(const QList<Finding>& shown)
+{
+    const auto collisions = std::count_if(shown.cbegin(), shown.cend(),
+                                          [](const Finding& finding) { return finding.collides; });
+    if (collisions == shown.size())
+        return QStringLiteral("The collisions");
+    return collisions > 0 ? QStringLiteral("The collisions, and the closest nerve that is clear")
+                          : QStringLiteral("The closest nerve, which is clear");
+}
+
+} // namespace
+
+Section createCollisionSection(const Case& planned, Progress& progress)
+{
+    Section section = emptySection();
+    const Plan plan = createPlan(planned);
+    const QString why = missing(plan);
+    if (!why.isEmpty()) {
+        section.introductionHtml = QStringLiteral("<p>%1</p>\n").arg(why);
+        section.plainText = why + u'\n';
+        return section;
+    }
+    progress.step(QStringLiteral("Detecting collisions"));
+    const QList<Finding> findings = findCollisions(plan);
+    const qsizetype nerve = closestNerve(findings, kDraggedImplant);
+    const QList<DragStep> steps = dragDeeper(plan, kDraggedImplant, nerve, kDragSteps, kDragStepMm);
+    const QString drag = dragSentence(plan, plan.nerves[nerve], steps);
+
+    progress.step(QStringLiteral("Painting the lower jaw"));
+    const Sampler sampler(planned.volume);
+    const GreyScale scale(planned.volume.image);
+    const bool known = planned.volume.orientationKnown;
+    QList<Finding> shown = collisionsOf(findings);
+    if (const auto clear = closestClearNerve(findings))
+        shown.append(*clear);
+    section.pictures.append(
+        {QStringLiteral("collisions-jaw.png"), QStringLiteral("The lower jaw"),
+         QStringLiteral("<p>Seen from the front, from above and from the patient's left%1. An "
+                        "implant in red collides "
+                        "with whatever else is red next to it; a red zone means that a nerve or a "
+                        "pin is within "
+                        "it.</p>")
+             .arg(isBoneShown(scale)
+                      ? QStringLiteral(", the bone as glass and cut at the necks of the teeth")
+                      : QStringLiteral(", without the bone, which these grey values do not tell")),
+         paintJaw(planned, sampler, scale, plan, findings,
+                  [&progress](double done) { progress.fraction(done); })});
+    section.pictures.append({QStringLiteral("collisions-cuts.png"), cutsTitle(shown),
+                             QStringLiteral("<p>Cuts through the axis of the first implant and the "
+                                            "place of the nerve or pin that is "
+                                            "nearest to it, or the platform of the second implant. "
+                                            "Dashed: the zone in which no nerve and "
+                                            "no pin may be. The CT still shows the teeth.</p>"),
+                             paintFindings(sampler, scale, known, plan, shown)});
+    section.pictures.append(
+        {QStringLiteral("collisions-drag.png"),
+         QStringLiteral("Implant %1 on its way to the nerve")
+             .arg(plan.implants[kDraggedImplant].name),
+         QStringLiteral("<p>%1</p>").arg(drag.toHtmlEscaped()),
+         paintDrag(sampler, scale, known, plan, kDraggedImplant, nerve, steps)});
+    progress.finish();
+
+    section.introductionHtml =
+        QStringLiteral("<p>%1</p>\n").arg(introduction(planned).toHtmlEscaped()) + legendHtml(plan);
+    section.detailsHtml =
+        QStringLiteral("<p>%1</p>\n<details open><summary>All verdicts</summary>\n<p>Each cell "
+                       "holds the verdict of "
+                       "the detector and, measured apart from it, the clearance between the bodies "
+                       "in mm.</p>\n"
+                       "%2</details>\n")
+            .arg(summary(plan, findings).toHtmlEscaped(), verdictTable(plan, findings));
+    section.plainText = summary(plan, findings) + u'\n' + drag + u'\n';
+    return section;
+}
+
+} // namespace planner

@@ -1,0 +1,372 @@
+// SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
+// SPDX-License-Identifier: MIT
+#include <planner/report/PlanSection.h>
+
+#include <planner/drawing/PictureStyle.h>
+#include <planner/drawing/SurfacePicture.h>
+#include <planner/input/Progress.h>
+#include <planner/planning/CrownScan.h>
+#include <planner/planning/WholePlan.h>
+
+#include <CoreAlgorithms/model/dataobjects/JawParts.h>
+#include <CoreAlgorithms/transforms/OcclusionMovementCalculator.h>
+#include <CoreAlgorithms/transforms/OcclusionMovements.h>
+#include <CoreAlgorithms/transforms/PlanningApplyTransform.h>
+#include <CoreAlgorithms/transforms/SetOcclusionMovementTransformationsUndoCommand.h>
+
+#include <phantom/Phantom.h>
+
+#include <QUndoStack>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+namespace planner {
+
+namespace {
+
+const QColor kFormer(0x4a, 0x52, 0x5a);
+constexpr QSize kTile(560, 400);
+
+QString number(double value, int decimals)
+{
+    return QString::number(value, 'f', decimals);
+}
+
+// Largest distance between coordinates of the same place in the lists, worked out in double
+// precision; infinite if one list has lost or gained some.
+double largestDistance(const QList<QVector3D>& a, const QList<QVector3D>& b)
+{
+    if (a.size() != b.size())
+        return std::numeric_limits<double>::infinity();
+    double largest = 0.0;
+    for (qsizetype i = 0; i < a.size(); ++i) {
+        const double x = double(a[i].x()) - double(b[i].x());
+        const double y = double(a[i].y()) - double(b[i].y());
+        const double z = double(a[i].z()) - double(b[i].z());
+        largest = std::max(largest, std::sqrt(x * x + y * y + z * z));
+    }
+    return largest;
+}
+
+struct Row
+{
+    int step;
+    QString kind;
+    qsizetype coordinates;
+    double movedMm;
+    bool recorded;
+    double afterWayBackMm;
+};
+
+QList<QList<QVector3D>> coordinatesOf(const WholePlan& plan)
+{
+    QList<QList<QVector3D>> all;
+    for (const PlannedObject& object : plan.objects)
+        all.append(object.coordinates());
+    return all;
+}
+
+QColor colourOf(SurfaceKind kind)
+{
+    switch (kind) {
+    case SurfaceKind::Crowns:
+        return kToothColour;
+    case SurfaceKind::Arch:
+        return {0x4f, 0xb0, 0x6d};
+    case SurfaceKind::Nerve:
+        return {0xe8, 0xb3, 0x2a};
+    case SurfaceKind::Implant:
+        return {0x5f, 0xa8, 0xe8};
+    case SurfaceKind::Pin:
+        return {0x9a, 0xa4, 0xae};
+    case SurfaceKind::Mark:
+        break;
+    }
+    return {0xd0, 0x4a, 0x4a};
+}
+
+QList<ShownMesh> surfacesOf(const WholePlan& plan)
+{
+    QList<ShownMesh> shown;
+    for (const PlanSurface& surface : plan.surfaces())
+        shown.append({surface.mesh, colourOf(surface.kind)});
+    return shown;
+}
+
+struct Journey
+{
+    QList<Row> rows;
+    QList<QImage> tiles;
+};
+
+// The scanner has the head turned by 14 degrees and 25 mm away.
+QMatrix4x4 newFrame(const QVector3D& middle)
+{
+    QMatrix4x4 frame;
+    frame.translate(middle + QVector3D(18.0F, -12.0F, 14.0F));
+    frame.rotate(14.0F, QVector3D(0.2F, 1.0F, 0.5F));
+    frame.translate(-middle);
+    return frame;
+}
+
+Journey thereAndBack(const WholePlan& plan, const QVector3D& middle,
+                     const geometry::Mesh& upperCrowns, const geometry::Mesh& lowerCrowns)
+{
+    const Camera camera = cameraFromTheFront(middle, 135.0, kTile);
+    const QMatrix4x4 frame = newFrame(middle);
+    PlanningApplyTransform apply;
+    apply.setDataObjects(plan.dataObjects());
+    apply.applyTransform({}); // computes the movements of the surgery for the first time
+
+    Journey journey;
+    const auto before = coordinatesOf(plan);
+    journey.tiles << paintSurfaces(camera, surfacesOf(plan), QStringLiteral("1  before"));
+
+    const QList<ShownMesh> former = {{upperCrowns, kFormer}, {lowerCrowns, kFormer}};
+    apply.setNewScannerTransform(frame);
+    const QList<DataObject*> changed = apply.applyTransform(frame);
+    const auto there = coordinatesOf(plan);
+    journey.tiles << paintSurfaces(
+        camera, surfacesOf(plan) + former,
+        QStringLiteral("2  in the new frame, grey: where the crowns stood"));
+
+    apply.setNewScannerTransform({});
+    apply.applyTransform(frame.inverted());
+    const auto back = coordinatesOf(plan);
+    journey.tiles << paintSurfaces(camera, surfacesOf(plan), QStringLiteral("3  and back"));
+
+    for (qsizetype i = 0; i < plan.objects.size(); ++i) {
+        const PlannedObject& object = plan.objects[i];
+        journey.rows.append(
+            {object.step, object.kind, before[i].size(), largestDistance(before[i], there[i]),
+             changed.contains(object.object.get()), largestDistance(before[i], back[i])});
+    }
+    return journey;
+}
+
+QString rowsHtml(const QList<Row>& rows)
+{
+    QString html =
+        QStringLiteral("<div class=\"scroll\"><table>\n<tr><th>object</th><th>step</th>"
+                       "<th>coordinates</th><th>moved by up to mm</th><th>returned as changed</th>"
+                       "<th>largest deviation after the way back mm</th></tr>\n");
+    for (const Row& row : rows)
+        html += QStringLiteral(
+                    "<tr><td>%1</td><td>%2</td><td>%3</td><td>%4</td><td>%5</td><td>%6</td></tr>\n")
+                    .arg(row.kind.toHtmlEscaped())
+                    .arg(row.step)
+                    .arg(row.coordinates)
+                    .arg(number(row.movedMm, 2),
+                         row.recorded ? QStringLiteral("yes") : QStringLiteral("no"),
+                         number(row.afterWayBackMm, 6));
+    return html + QStringLiteral("</table></div>\n");
+}
+
+QString rowsText(const QList<Row>& rows)
+{
+    QString text = QStringLiteral(
+        "step  object                                             moved mm  back mm\n");
+    for (const Row& row : rows)
+        text += QString::number(row.step).rightJustified(4) + QStringLiteral("  ") +
+                row.kind.leftJustified(50) + number(row.movedMm, 2).rightJustified(9) +
+                number(row.afterWayBackMm, 6).rightJustified(10) + u'\n';
+    return text;
+}
+
+QString rowsSummary(const QList<Row>& rows)
+{
+    qsizetype coordinates = 0;
+    double largest = 0.0;
+    for (const Row& row : rows) {
+        coordinates += row.coordinates;
+        largest = std::max(largest, row.afterWayBackMm);
+    }
+    return QStringLiteral(
+               "%1 objects with %2 coordinates went into the new frame and back: the largest "
+               "deviation is %3 mm.")
+        .arg(rows.size())
+        .arg(coordinates)
+        .arg(number(largest, 6));
+}
+
+// ---- the bite
+
+struct BiteRow
+{
+    QString action;
+    QString mode;
+    QString transformation;
+    double openMm;
+    QString compared;
+};
+
+bool sameBits(const QMatrix4x4& a, const QMatrix4x4& b)
+{
+    return std::equal(a.constData(), a.constData() + 16, b.constData(), [](float x, float y) {
+        return std::bit_cast<std::uint32_t>(x) == std::bit_cast<std::uint32_t>(y);
+    });
+}
+
+struct BiteStory
+{
+    QList<BiteRow> rows;
+    QList<QImage> tiles;
+};
+
+// A bite of the patient's own, under the mode of patient scans, on a stack as an application has
+// it.
+BiteStory applyUndoRedo(const WholePlan& plan, const QVector3D& incisor, const QVector3D& hinge,
+                        const geometry::Mesh& upperCrowns, const geometry::Mesh& lowerCrowns)
+{
+    // The lower jaw was scanned with the mouth open; in the bite the crowns stand as they were
+    // made.
+    QMatrix4x4 opening;
+    opening.translate(hinge);
+    opening.rotate(12.0F, 1.0F, 0.0F, 0.0F);
+    opening.translate(-hinge);
+    OcclusionMovementCalculator::Data data;
+    data.occlusionTransformations = {{Maxilla::getClassTypeId(), QMatrix4x4()},
+                                     {Mandibula::getClassTypeId(), QMatrix4x4()}};
+    data.mandibulaRegistration = opening;
+    const OcclusionMovements movements = utility::getOcclusionMovements(*plan.surgery);
+    const OcclusionMovement& mandibular = *movements.mandibularMovement;
+
+    BiteStory story;
+    const Camera camera{incisor + QVector3D(0.0F, 20.0F, -2.0F),
+                        {-0.866F, 0.5F, 0.0F},
+                        {0.0F, 0.0F, 1.0F},
+                        75.0 / kTile.width(),
+                        kTile};
+    const auto inForce = [&] {
+        return mandibular.getOcclusionModeTransformation(data.movementMode);
+    };
+    const auto show = [&](const QString& label) {
+        geometry::Mesh lower = lowerCrowns;
+        lower.applyTransformation(inForce().value() * opening); // the identity if there is none
+        story.tiles << paintSurfaces(camera, {{upperCrowns, kToothColour}, {lower, kScanColour}},
+                                     label);
+    };
+    const auto record = [&](const QString& action, const QString& compared) {
+        const auto matrix = inForce();
+        story.rows.append({action, mandibular.getMovementMode(),
+                           matrix ? QStringLiteral("stored") : QStringLiteral("none"),
+                           double((matrix.value() * opening).map(incisor).distanceToPoint(incisor)),
+                           compared});
+    };
+    const QStringList modesBefore = mandibular.getMovementModes();
+    record(QStringLiteral("before"), QStringLiteral("-"));
+    show(QStringLiteral("1  before the bite"));
+
+    QUndoStack stack;
+    stack.push(new SetOcclusionMovementTransformationsUndoCommand(
+        OcclusionMovementCalculator(data).calculate(), movements, data.movementMode, nullptr));
+    const QMatrix4x4 applied = inForce().value();
+    record(QStringLiteral("bite applied"), QStringLiteral("-"));
+    show(QStringLiteral("2  bite applied"));
+    stack.undo();
+    record(QStringLiteral("undone"), !inForce() && mandibular.getMovementModes() == modesBefore
+                                         ? QStringLiteral("as before")
+                                         : QStringLiteral("NOT as before"));
+    show(QStringLiteral("3  undone"));
+    stack.redo();
+    record(QStringLiteral("redone"), inForce() && sameBits(inForce().value(), applied)
+                                         ? QStringLiteral("the bits of the first time")
+                                         : QStringLiteral("NOT the bits of the first time"));
+    show(QStringLiteral("4  redone"));
+    return story;
+}
+
+QString biteHtml(const QList<BiteRow>& rows)
+{
+    QString html = QStringLiteral(
+        "<div class=\"scroll\"><table>\n<tr><th></th><th>mode of the mandibular movement"
+        "</th><th>transformation for patient scans</th><th>lower incisor from its place in the "
+        "bite mm</th>"
+        "<th>compared</th></tr>\n");
+    for (const BiteRow& row : rows)
+        html +=
+            QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td><td>%4</td><td>%5</td></tr>\n")
+                .arg(row.action, row.mode, row.transformation, number(row.openMm, 3), row.compared);
+    return html + QStringLiteral("</table></div>\n");
+}
+
+QString biteText(const QList<BiteRow>& rows)
+{
+    QString text = QStringLiteral("bite          transformation     open mm  compared\n");
+    for (const BiteRow& row : rows)
+        text += row.action.leftJustified(14) + row.transformation.leftJustified(14) +
+                number(row.openMm, 3).rightJustified(12) + QStringLiteral("  ") + row.compared +
+                u'\n';
+    return text;
+}
+
+} // namespace
+
+Section createPlanSection(const Case& planned, Progress& progress)
+{
+    Section section;
+    section.id = QStringLiteral("plan");
+    section.title = QStringLiteral("A whole plan in a new scanner frame, and a bite with undo");
+    if (!planned.patient) {
+        const QString sentence = QStringLiteral("A plan with objects of every kind exists for the "
+                                                "built-in patient only: none was moved.");
+        section.introductionHtml = QStringLiteral("<p>%1</p>\n").arg(sentence);
+        section.plainText = sentence + u'\n';
+        return section;
+    }
+    const phantom::Patient& patient = *planned.patient;
+    progress.step(QStringLiteral("Planning on the built-in patient"));
+    const geometry::Mesh upper =
+        scanCrowns(patient, ToothChart::UpperArch,
+                   [&progress](double done) { progress.fraction(0.5 * done); });
+    const geometry::Mesh lower =
+        scanCrowns(patient, ToothChart::LowerArch,
+                   [&progress](double done) { progress.fraction(0.5 + 0.5 * done); });
+    const WholePlan plan = planEverything(patient, upper, lower);
+
+    progress.step(QStringLiteral("Moving the plan into a new scanner frame and back"));
+    const QVector3D incisor = patient.tooth(24).value().occlusalPoint;
+    const Journey journey =
+        thereAndBack(plan, incisor + QVector3D(4.0F, 22.0F, 0.0F), upper, lower);
+    progress.step(QStringLiteral("Applying a bite, undoing and redoing it"));
+    const QVector3D hinge =
+        (patient.rightCanal().mandibularForamen + patient.leftCanal().mandibularForamen) * 0.5F;
+    const BiteStory bite = applyUndoRedo(plan, incisor, hinge, upper, lower);
+    progress.finish();
+
+    section.introductionHtml = QStringLiteral(
+        "<p>The CT was made again with the head in another position. PlanningApplyTransform "
+        "carries the plan "
+        "along, one "
+        "kind of object after the other. Cephalometric planes move but are not returned as "
+        "changed; the "
+        "movements of the surgery are computed anew from the scans and the recorded bite.</p>\n");
+    section.pictures.append({QStringLiteral("plan-frames.png"),
+                             QStringLiteral("The plan before, in the new frame, and back"),
+                             QStringLiteral("<p>Seen from the front, a little from above and from "
+                                            "the patient's right, by a viewer who "
+                                            "stays. Crowns as scanned, the arches green, nerves "
+                                            "yellow, implants blue, anchor pins grey, "
+                                            "marked points red.</p>"),
+                             tile(journey.tiles, 3)});
+    section.pictures.append(
+        {QStringLiteral("plan-bite.png"), QStringLiteral("A bite, undone and redone"),
+         QStringLiteral(
+             "<p>Seen from the patient's left and front. The lower crowns (blue) stand where the "
+             "mandibular movement has them. The jaw was scanned open, by 12 "
+             "degrees about its joints.</p>"),
+         tile(bite.tiles, 2)});
+    section.detailsHtml =
+        QStringLiteral("<p>%1</p>\n%2<details><summary>All objects</summary>\n%3</details>\n")
+            .arg(rowsSummary(journey.rows).toHtmlEscaped(), biteHtml(bite.rows),
+                 rowsHtml(journey.rows));
+    section.plainText =
+        rowsText(journey.rows) + rowsSummary(journey.rows) + u'\n' + biteText(bite.rows);
+    return section;
+}
+
+} // namespace planner
