@@ -17,8 +17,8 @@ struct Options
     QString reportFolder;
 };
 
-/// Reads the arguments. Nothing if they asked for the help or the version, which then has been
-/// printed; Failure for arguments that cannot be understood.
+/// Reads the arguments. Returns nothing if they ask for the help or the version, and prints that.
+/// Throws Failure for arguments that cannot be understood.
 std::optional<Options> parseCommandLine(int argumentCount, const char* const* arguments);
 
 } // namespace planner

@@ -4,14 +4,8 @@
 #include <planner/input/Case.h>
 #include <planner/input/Failure.h>
 #include <planner/input/Progress.h>
-#include <planner/report/CollisionSection.h>
-#include <planner/report/DentalSection.h>
-#include <planner/report/GreyValuesSection.h>
-#include <planner/report/PanoramicSection.h>
-#include <planner/report/PlanSection.h>
 #include <planner/report/Report.h>
-#include <planner/report/ScansSection.h>
-#include <planner/report/ViewsSection.h>
+#include <planner/report/Sections.h>
 
 #include <QGuiApplication>
 #include <QtGlobal>
@@ -28,12 +22,12 @@ namespace {
 
 constexpr int kCannotDo = 2; // exit status
 
-// In the order of the report.
+// The order of the report.
 constexpr planner::Section (*kSections[])(const planner::Case&, planner::Progress&) = {
-    planner::createViewsSection,     planner::createDentalSection,
-    planner::createCollisionSection, planner::createGreyValuesSection,
-    planner::createPanoramicSection, planner::createScansSection,
-    planner::createPlanSection,
+    planner::createViewsSection,        planner::createDentalSection,
+    planner::createCollisionSection,    planner::createGreyValuesSection,
+    planner::createPanoramicSection,    planner::createScansSection,
+    planner::createScannerFrameSection,
 };
 
 void run(const planner::Options& options)

@@ -2,21 +2,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <planner/drawing/MeshView.h>
 #include <planner/planning/CollisionFindings.h>
-#include <planner/planning/Plan.h>
+#include <planner/planning/CollisionPlan.h>
 
 #include <QColor>
 #include <QImage>
 #include <QList>
 
+#include <functional>
+
 namespace planner {
 
+struct Case;
 class GreyScale;
 class Sampler;
-struct Case;
 
-/// Colours of the objects in all pictures of collisions.
+/// Colors of the objects in all pictures of collisions.
 namespace collisionColours {
 inline constexpr QRgb kImplant = 0xffdfe6ec;
 inline constexpr QRgb kZone = 0xff45c4f2;
@@ -25,24 +26,27 @@ inline constexpr QRgb kPin = 0xff8f7bff;
 inline constexpr QRgb kColliding = 0xffff3b30;
 } // namespace collisionColours
 
+/// Returns the color of an object: red if it collides.
+QColor partColour(const QList<Finding>& findings, const PlanPart& part);
+
 /// Returns whether the grey values tell where bone is, so that paintJaw() shows it.
 bool isBoneShown(const GreyScale& scale);
 /// Paints the plan within the lower jaw, seen from the front, from above and from the patient's
 /// left. The bone is shown as glass without the crowns of its teeth, if the grey values tell where
 /// it is. The plan has an implant. Needs a QGuiApplication, as all do.
 QImage paintJaw(const Case& planned, const Sampler& sampler, const GreyScale& scale,
-                const Plan& plan, const QList<Finding>& findings,
+                const CollisionPlan& plan, const QList<Finding>& findings,
                 const std::function<void(double)>& progress = {});
 
-/// A cut through the CT for each finding, two beside each other: through the axis of the implant
-/// and the nearest point of what it is too close to.
+/// Paints a cut through the CT for each finding, two beside each other: through the axis of the
+/// implant and the nearest point of what it is too close to.
 QImage paintFindings(const Sampler& sampler, const GreyScale& scale, bool orientationKnown,
-                     const Plan& plan, const QList<Finding>& shown);
+                     const CollisionPlan& plan, const QList<Finding>& shown);
 
-/// The steps of a drag beside each other, as cuts through the implant's axis and the nearest point
-/// of the nerve.
+/// Paints the steps of a drag beside each other, as cuts through the implant's axis and the nearest
+/// point of the nerve.
 QImage paintDrag(const Sampler& sampler, const GreyScale& scale, bool orientationKnown,
-                 const Plan& plan, qsizetype implant, qsizetype nerve,
+                 const CollisionPlan& plan, qsizetype implant, qsizetype nerve,
                  const QList<DragStep>& steps);
 
 } // namespace planner

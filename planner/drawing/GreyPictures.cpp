@@ -29,15 +29,6 @@ constexpr int kCaptionPixels = 16;
 constexpr int kScalePixels = 15;
 const QColor kGrid(0x36, 0x41, 0x4d);
 
-primitives::BoundingBox extentOf(const Volume& volume)
-{
-    const math::Ivec3 size = volume.image.imageSize();
-    const QVector3D half(0.5F, 0.5F, 0.5F);
-    const QVector3D counts(static_cast<float>(size.x), static_cast<float>(size.y),
-                           static_cast<float>(size.z));
-    return primitives::BoundingBox(-half, counts - half).transformed(volume.worldFromVoxel);
-}
-
 // An empty raster over the extent, seen along the axis; its spacing is wider than asked if it would
 // have more pixels along a side than the last argument.
 GreyCut rasterAcross(const primitives::BoundingBox& extent, int axis, float at, float spacingMm,
@@ -77,19 +68,19 @@ QVector3D worldOf(const GreyCut& cut, int column, int row)
            cut.down * ((static_cast<float>(row) + 0.5F) * cut.spacingMm);
 }
 
-// In pixels from the upper left corner.
+// Pixels from the upper left corner.
 QPointF onCut(const GreyCut& cut, const QVector3D& world)
 {
     const QVector3D fromCorner = (world - cut.corner) / cut.spacingMm;
-    return {static_cast<double>(QVector3D::dotProduct(fromCorner, cut.toRight)),
-            static_cast<double>(QVector3D::dotProduct(fromCorner, cut.down))};
+    return {QVector3D::dotProduct(fromCorner, cut.toRight),
+            QVector3D::dotProduct(fromCorner, cut.down)};
 }
 
 } // namespace
 
 GreyCut cutAcross(const Volume& volume, const Sampler& sampler, int axis, float at, float spacingMm)
 {
-    GreyCut cut = rasterAcross(extentOf(volume), axis, at, spacingMm, kMostPixels);
+    GreyCut cut = rasterAcross(volume.extent(), axis, at, spacingMm, kMostPixels);
     cut.values.reserve(qsizetype(cut.columns) * cut.rows);
     for (int row = 0; row < cut.rows; ++row) {
         for (int column = 0; column < cut.columns; ++column)
@@ -101,7 +92,7 @@ GreyCut cutAcross(const Volume& volume, const Sampler& sampler, int axis, float 
 GreyCut maximumIntensity(const Volume& volume, const Sampler& sampler, float spacingMm,
                          const std::function<void(double)>& progress)
 {
-    const primitives::BoundingBox extent = extentOf(volume);
+    const primitives::BoundingBox extent = volume.extent();
     GreyCut cut = rasterAcross(extent, 1, extent.min().y(), spacingMm, kMostRays);
     const Eigen::Vector3d backwards = Eigen::Vector3d::UnitY();
     const double stepMm = std::max(static_cast<double>(spacingMm),
@@ -114,11 +105,11 @@ GreyCut maximumIntensity(const Volume& volume, const Sampler& sampler, float spa
         for (int column = 0; column < cut.columns; ++column) {
             sampler.valuesAlongRay(sampler.voxelFromWorld(toEigen(worldOf(cut, column, row))), step,
                                    values);
-            const auto largest = std::max_element(values.cbegin(), values.cend());
+            const auto largest = std::ranges::max_element(values);
             cut.values.append(largest != values.cend() ? static_cast<float>(*largest)
                                                        : std::numeric_limits<float>::lowest());
         }
-        progress(static_cast<double>(row + 1) / cut.rows);
+        progress((row + 1.0) / cut.rows);
     }
     return cut;
 }
@@ -171,7 +162,7 @@ QImage drawBoxes(const GreyCut& cut, const QImage& shaded, const QList<ColouredB
     QPainter painter(&image);
     painter.scale(2.0, 2.0);
     for (const ColouredBoxes& coloured : all) {
-        QColor inside = coloured.colour;
+        QColor inside = coloured.color;
         inside.setAlpha(45);
         for (const primitives::BoundingBox& box : coloured.boxes) {
             if (cut.at < box.min()[cut.axis] || cut.at > box.max()[cut.axis])
@@ -179,7 +170,7 @@ QImage drawBoxes(const GreyCut& cut, const QImage& shaded, const QList<ColouredB
             const QRectF outline =
                 QRectF(onCut(cut, box.min()), onCut(cut, box.max())).normalized();
             painter.fillRect(outline, inside);
-            painter.setPen(QPen(coloured.colour, 1.0));
+            painter.setPen(QPen(coloured.color, 1.0));
             painter.drawRect(outline);
         }
     }
@@ -240,8 +231,7 @@ QImage plot(const TissueEstimationHistogram& histogram, const QList<Peak>& peaks
     const double first = histogram.getLowestBinStart() - binWidth;
     const double last =
         histogram.getLowestBinStart() + binWidth * (static_cast<double>(bins.size()) + 1.0);
-    const double highest =
-        static_cast<double>(std::max(*std::max_element(bins.begin(), bins.end()), 1e-30F));
+    const double highest = std::max(*std::ranges::max_element(bins), 1e-30F);
     const auto xOf = [&](double grey) {
         return area.left() + (grey - first) / (last - first) * area.width();
     };
@@ -264,9 +254,9 @@ QImage plot(const TissueEstimationHistogram& histogram, const QList<Peak>& peaks
     inside.setAlpha(150);
     for (std::size_t i = 0; i < bins.size(); ++i) {
         const double from = histogram.getLowestBinStart() + binWidth * static_cast<double>(i);
-        painter.fillRect(QRectF(QPointF(xOf(from), yOf(static_cast<double>(bins[i]))),
-                                QPointF(xOf(from + binWidth), area.bottom())),
-                         inside);
+        painter.fillRect(
+            QRectF(QPointF(xOf(from), yOf(bins[i])), QPointF(xOf(from + binWidth), area.bottom())),
+            inside);
     }
     for (const Peak& peak : peaks) {
         const double x = xOf(peak.greyValue);

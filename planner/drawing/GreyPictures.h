@@ -35,21 +35,21 @@ struct GreyCut
     QList<float> values;
 };
 
-/// Axial (axis 2): anterior up, the patient's right on the left. Sagittal (axis 0): seen from the
-/// patient's right, superior up, the face to the right.
+/// Samples a cut. An axial one (axis 2) has anterior up and the patient's right on the left, a
+/// sagittal one (axis 0) is seen from the patient's right with superior up.
 GreyCut cutAcross(const Volume& volume, const Sampler& sampler, int axis, float at,
                   float spacingMm);
-/// The largest grey value along each ray from anterior to posterior: superior up, the patient's
-/// right on the left.
+/// Samples the largest grey value along each ray from anterior to posterior. Superior is up and the
+/// patient's right on the left.
 GreyCut maximumIntensity(const Volume& volume, const Sampler& sampler, float spacingMm,
                          const std::function<void(double)>& progress);
 
-/// The pixels that show a box of the world, enlarged by nothing.
+/// Returns the pixels that show a box of the world.
 GreyCut cropped(const GreyCut& cut, const primitives::BoundingBox& world);
 
-/// Linear from black at min to white at max; outside the volume black.
+/// Paints a cut, linear from black at min to white at max; black outside the volume.
 QImage shade(const GreyCut& cut, const math::Range<float>& window);
-/// The colour of each grey value.
+/// Paints each grey value in its color.
 QImage colour(const GreyCut& cut, const std::function<QColor(float)>& colourOf);
 
 struct ColouredBoxes
@@ -58,7 +58,7 @@ struct ColouredBoxes
     QColor colour;
 };
 
-/// The shaded cut with the outlines of the boxes that it meets.
+/// Paints the shaded cut with the outlines of the boxes that it meets.
 QImage drawBoxes(const GreyCut& cut, const QImage& shaded, const QList<ColouredBoxes>& all);
 
 /// A picture with a caption above it.
@@ -68,7 +68,7 @@ struct Tile
     QImage image;
 };
 
-/// Tiles in rows of so many columns, on the reports' dark ground, each scaled to the same width.
+/// Paints tiles in rows of so many columns on a dark ground, each scaled to the same width.
 QImage montage(const QList<Tile>& tiles, int columns, int tileWidth);
 
 /// A peak with its name, for a plot.
@@ -78,7 +78,7 @@ struct Peak
     QString name;
 };
 
-/// The bins over their grey values, with the peaks marked.
+/// Paints the bins over their grey values, with the peaks marked.
 QImage plot(const TissueEstimationHistogram& histogram, const QList<Peak>& peaks,
             const QColor& colour);
 

@@ -24,10 +24,9 @@ constexpr double kDensest = 100.0; // of water; more is a damaged voxel
 
 GreyValueKind kindOf(const VexelImage3D& image, const math::Range<float>& range)
 {
-    if (static_cast<double>(range.min) <= kAirAtMost)
+    if (range.min <= kAirAtMost)
         return GreyValueKind::Hounsfield;
-    if (isInteger(image.dataType()) && range.min >= 0.0F &&
-        static_cast<double>(range.max) <= kLabelsAtMost)
+    if (isInteger(image.dataType()) && range.min >= 0.0F && range.max <= kLabelsAtMost)
         return GreyValueKind::Labels;
     return GreyValueKind::Raw;
 }
@@ -37,8 +36,8 @@ GreyValueKind kindOf(const VexelImage3D& image, const math::Range<float>& range)
 GreyScale::GreyScale(const VexelImage3D& image)
 {
     const math::Range<float> range = image.getValueRange();
-    smallest = static_cast<double>(range.min);
-    largest = static_cast<double>(range.max);
+    smallest = range.min;
+    largest = range.max;
     valueKind = kindOf(image, range);
     black = smallest;
     white = largest;

@@ -24,13 +24,13 @@ public:
     GreyValueKind kind() const { return valueKind; }
     double low() const { return black; }
     double high() const { return white; }
-    /// 0 to 255; NaN, a place outside the volume, is black.
+    /// Returns 0 to 255 for a value; 0 for NaN, a place outside the volume.
     unsigned char brightness(double value) const;
-    /// How strongly the value weakens X-rays, relative to water where Hounsfield units are known;
-    /// never negative, and 0 for NaN. Linear in the value up to 300 HU and three times as steep
-    /// above, as bone stands out with the soft rays of a cephalogram.
+    /// Returns how strongly the value weakens X-rays, relative to water where Hounsfield units are
+    /// known; never negative, and 0 for NaN. Linear in the value up to 300 HU and three times as
+    /// steep above, as bone stands out with the soft rays of a cephalogram.
     double attenuation(double value) const;
-    /// The window as a phrase for a caption.
+    /// Returns the window as a phrase for a caption.
     QString description() const;
 
 private:

@@ -68,7 +68,7 @@ Look lookOf(const QColor& colour, double opacity)
     return {{colour.redF(), colour.greenF(), colour.blueF()}, opacity};
 }
 
-// Of a surface whose unit normal is seen as given.
+// The look of a surface whose unit normal is seen as given.
 Look lit(const Look& look, const Vector3d& normal)
 {
     static const Vector3d light = Vector3d(-0.32, -0.42, -0.85).normalized();
@@ -77,7 +77,7 @@ Look lit(const Look& look, const Vector3d& normal)
     const double diffuse = std::max(0.0, towards.dot(light));
     const double shine = std::pow(std::max(0.0, towards.dot(highlight)), 40.0);
     const Vector3d colour =
-        (0.42 + 0.64 * diffuse) * look.colour + 0.30 * shine * Vector3d::Ones() * look.opacity;
+        (0.42 + 0.64 * diffuse) * look.color + 0.30 * shine * Vector3d::Ones() * look.opacity;
     const double side = 1.0 + towards.z();
     const double opacity = look.opacity + (1.0 - look.opacity) * 0.7 * side * side;
     return {colour.cwiseMin(1.0), opacity};
@@ -127,7 +127,7 @@ void addTriangles(std::vector<SeenTriangle>& triangles, const ShownMesh& shown, 
             (seen[vertex(1)] - seen[vertex(0)]).cross(seen[vertex(2)] - seen[vertex(0)]));
         firsts.push_back(first);
     }
-    const Look look = lookOf(shown.colour, shown.opacity);
+    const Look look = lookOf(shown.color, shown.opacity);
     const Vector3d scale(kFiner / camera.mmPerPixel, kFiner / camera.mmPerPixel, 1.0);
     const Vector3d middle(kFiner * camera.pixels.width() / 2.0,
                           kFiner * camera.pixels.height() / 2.0, 0.0);
@@ -189,22 +189,22 @@ public:
                                      (t.look.opacity < 1.0 ? kGlassBehindMm : 0.0);
                 add(column, row,
                     {static_cast<float>(depth), static_cast<float>(look.opacity),
-                     look.colour.cast<float>()});
+                     look.color.cast<float>()});
             }
         }
     }
 
-    // From the eye away; what is behind something solid does not count.
+    // Goes from the eye away; what is behind something solid does not count.
     Eigen::Vector3f colourAt(int column, int row)
     {
         auto& fragments =
             samples[std::size_t(row - first) * std::size_t(width) + std::size_t(column)];
-        std::sort(fragments.begin(), fragments.end(),
-                  [](const Fragment& a, const Fragment& b) { return a.depth < b.depth; });
+        std::ranges::sort(fragments,
+                          [](const Fragment& a, const Fragment& b) { return a.depth < b.depth; });
         Eigen::Vector3f colour = Eigen::Vector3f::Zero();
         float open = 1.0F;
         for (const Fragment& fragment : fragments) {
-            colour += open * fragment.opacity * fragment.colour;
+            colour += open * fragment.opacity * fragment.color;
             open *= 1.0F - fragment.opacity;
         }
         return colour + open * kBackground;
@@ -238,14 +238,14 @@ public:
     BoneCaster(const ShownBone& shown, const Axes& seenAxes)
         : bone(shown),
           axes(seenAxes),
-          look(lookOf(shown.colour, shown.opacity)),
+          look(lookOf(shown.color, shown.opacity)),
           low(toEigen(shown.low)),
           high(toEigen(shown.high))
     {}
 
     std::optional<Fragment> cast(double x, double y) const
     {
-        const auto [first, last] = withinBox(axes.world({x, y, 0.0}));
+        const auto [first, last] = spanWithin(low, high, axes.world({x, y, 0.0}), axes.forward);
         for (int step = 0; first + step * kRayStepMm <= last; ++step) {
             const double z = first + step * kRayStepMm;
             if (!isBone({x, y, z}))
@@ -258,40 +258,20 @@ public:
             }
             const Look seen = lit(look, normalAt({x, y, inside}));
             return Fragment{static_cast<float>(inside), static_cast<float>(seen.opacity),
-                            seen.colour.cast<float>()};
+                            seen.color.cast<float>()};
         }
         return std::nullopt;
     }
 
 private:
-    // Where the line of sight through a point enters and leaves the box; if nowhere, the second is
-    // smaller.
-    std::pair<double, double> withinBox(const Vector3d& point) const
-    {
-        double first = std::numeric_limits<double>::lowest();
-        double last = std::numeric_limits<double>::max();
-        for (int axis = 0; axis < 3; ++axis) {
-            if (std::abs(axes.forward[axis]) < 1e-9) {
-                if (point[axis] < low[axis] || point[axis] > high[axis])
-                    return {1.0, 0.0};
-                continue;
-            }
-            const double a = (low[axis] - point[axis]) / axes.forward[axis];
-            const double b = (high[axis] - point[axis]) / axes.forward[axis];
-            first = std::max(first, std::min(a, b));
-            last = std::min(last, std::max(a, b));
-        }
-        return {first, last};
-    }
-
     bool isBone(const Vector3d& seen) const
     {
         const QVector3D world = toQt(axes.world(seen));
         return bone.isShown(world) && bone.sampler->valueAt(world) >= bone.threshold;
     }
 
-    // From the bone to where there is none. The voxels' steps are evened out by asking around in
-    // all directions.
+    // Points from the bone to where there is none. The voxels' steps are evened out by asking
+    // around in all directions.
     Vector3d normalAt(const Vector3d& seen) const
     {
         Vector3d outwards = Vector3d::Zero();

@@ -18,7 +18,7 @@ namespace planner {
 
 class Sampler;
 
-/// From where a scene is seen, with parallel rays.
+/// The place from which a scene is seen, with parallel rays.
 struct Camera
 {
     QVector3D centre;    ///< shown in the middle of the picture
@@ -27,7 +27,8 @@ struct Camera
     double mmPerPixel = 0.1;
     QSize pixels;
 
-    /// Where a point of the world is shown, in pixels from the upper left corner of the picture.
+    /// Returns where a point of the world is shown, in pixels from the upper left corner of the
+    /// picture.
     QPointF project(const QVector3D& point) const;
 };
 
@@ -44,16 +45,16 @@ struct ShownBone
 {
     const Sampler* sampler = nullptr;
     double threshold = 0.0;
-    std::function<bool(const QVector3D&)>
-        isShown;   ///< where the volume is cut away; the cut is shown too
-    QVector3D low; ///< corners of the box that is searched
+    std::function<bool(const QVector3D&)> isShown; ///< false where the volume is cut away
+    QVector3D low;                                 ///< corners of the box that is searched
     QVector3D high;
     QColor colour;
     double opacity = 0.3;
 };
 
-/// Shaded, with a light beside the eye. Edges sharper than 40 degrees stay sharp. Triangles with
-/// index entries that name no vertex, or with a corner that is not finite, are left out.
+/// Paints meshes and bone shaded, with a light beside the eye. Edges sharper than 40 degrees stay
+/// sharp. Triangles with index entries that name no vertex, or with a corner that is not finite,
+/// are left out.
 QImage paintScene(const Camera& camera, const QList<ShownMesh>& meshes,
                   const std::optional<ShownBone>& bone = std::nullopt,
                   const std::function<void(double)>& progress = {});

@@ -3,6 +3,7 @@
 #include <planner/drawing/Picture.h>
 
 #include <planner/drawing/PictureStyle.h>
+#include <planner/planning/Views.h>
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -26,19 +27,13 @@ constexpr double kDotRadius = 4.0;
 constexpr double kRingRadius = 8.0;
 constexpr int kLabelPixels = 15;
 constexpr int kLetterPixels = 20;
+const QColor kRim(0, 0, 0, 210); // of text
+constexpr double kRimPixels = 3.0;
 
 double radius(LandmarkKind kind)
 {
-    switch (kind) {
-    case LandmarkKind::Foramen:
-        return 6.0;
-    case LandmarkKind::Tooth:
-        return 4.5;
-    case LandmarkKind::Apex:
-    case LandmarkKind::Arch:
-        break;
-    }
-    return 3.5;
+    constexpr double radii[] = {6.0, 4.5, 3.5, 3.5};
+    return radii[static_cast<int>(kind)];
 }
 
 class Canvas
@@ -78,12 +73,12 @@ public:
 private:
     int longerSide() const { return std::max(content.samples.width(), content.samples.height()); }
 
-    // Of a point in view coordinates: pixel (c, r) of the samples covers zoom x zoom pixels of the
-    // canvas.
+    // The place of a point in view coordinates: pixel (c, r) of the samples covers zoom x zoom
+    // pixels of the canvas.
     QPointF onCanvas(const QPointF& inView) const
     {
-        return {kFrame + inView.x() / static_cast<double>(content.sampleSizeMm.x()) * zoom,
-                kFrame + inView.y() / static_cast<double>(content.sampleSizeMm.y()) * zoom};
+        return {kFrame + inView.x() / content.sampleSizeMm.x() * zoom,
+                kFrame + inView.y() / content.sampleSizeMm.y() * zoom};
     }
 
     void paintCurve(QPainter& painter, const PictureCurve& curve) const
@@ -95,7 +90,7 @@ private:
             QPen(QColor(0, 0, 0, 150), curve.widthPixels + 2.0, Qt::SolidLine, Qt::RoundCap));
         if (!curve.dotted)
             painter.drawPolyline(line);
-        painter.setPen(QPen(curve.colour, curve.widthPixels,
+        painter.setPen(QPen(curve.color, curve.widthPixels,
                             curve.dotted ? Qt::DotLine : Qt::SolidLine, Qt::RoundCap));
         painter.drawPolyline(line);
     }
@@ -109,28 +104,13 @@ private:
             painter.setBrush(Qt::NoBrush);
             painter.setPen(QPen(QColor(0, 0, 0, 170), 3.5));
             painter.drawEllipse(at, r, r);
-            painter.setPen(QPen(note.colour, filled ? 1.6 : 2.2));
-            painter.setBrush(filled ? QBrush(note.colour) : QBrush(Qt::NoBrush));
+            painter.setPen(QPen(note.color, filled ? 1.6 : 2.2));
+            painter.setBrush(filled ? QBrush(note.color) : QBrush(Qt::NoBrush));
             painter.drawEllipse(at, r, r);
             return;
         }
         painter.setFont(fontOf(kLabelPixels, true));
-        const QFontMetricsF metrics(painter.font());
-        paintText(painter,
-                  {at.x() - metrics.horizontalAdvance(note.text) / 2.0,
-                   at.y() + metrics.ascent() / 2.0 - 1.0},
-                  note.text, note.colour);
-    }
-
-    // In a dark rim.
-    static void paintText(QPainter& painter, const QPointF& baseline, const QString& text,
-                          const QColor& colour)
-    {
-        QPainterPath letters;
-        letters.addText(baseline, painter.font(), text);
-        painter.strokePath(
-            letters, QPen(QColor(0, 0, 0, 210), 3.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter.fillPath(letters, colour);
+        paintCentred(painter, at, note.text, note.color, kRim, kRimPixels);
     }
 
     void paintSegment(QPainter& painter) const
@@ -153,8 +133,7 @@ private:
         QColor colour = markColour(mark.landmark.kind);
         int rim = 170;
         if (!filled) {
-            const double distance =
-                static_cast<double>((mark.landmark.position - mark.back).length());
+            const double distance = (mark.landmark.position - mark.back).length();
             const double strength = std::clamp(1.0 - distance / kFadedMm, kFaintest, 1.0);
             colour.setAlphaF(static_cast<float>(strength));
             rim = static_cast<int>(rim * strength);
@@ -212,16 +191,16 @@ private:
             std::rotate(places.begin(), places.begin() + 2, places.begin() + 4);
         const auto isFree = [this](const QRectF& place) {
             return QRectF(inner).contains(place) &&
-                   std::none_of(taken.cbegin(), taken.cend(),
-                                [&place](const QRectF& other) { return other.intersects(place); });
+                   std::ranges::none_of(
+                       taken, [&place](const QRectF& other) { return other.intersects(place); });
         };
-        const auto* place = std::find_if(places.cbegin(), places.cend(), isFree);
+        const auto* place = std::ranges::find_if(places, isFree);
         if (place == places.cend() && !(always && inner.contains(at.toPoint())))
             return;
         const QRectF chosen = place == places.cend() ? places.front() : *place;
         taken.append(chosen);
-        paintText(painter, {chosen.left(), chosen.top() + metrics.ascent()}, mark.landmark.label,
-                  markColour(mark.landmark.kind).lighter(125));
+        paintRimmed(painter, {chosen.left(), chosen.top() + metrics.ascent()}, mark.landmark.label,
+                    markColour(mark.landmark.kind).lighter(125), kRim, kRimPixels);
     }
 
     void paintLetters(QPainter& painter) const
@@ -239,7 +218,7 @@ private:
     // Below the picture, so that it hides nothing.
     void paintBar(QPainter& painter) const
     {
-        const double length = kBarMm / static_cast<double>(content.sampleSizeMm.x()) * zoom;
+        const double length = kBarMm / content.sampleSizeMm.x() * zoom;
         const double y = image.height() - kFrame / 2.0;
         painter.fillRect(QRectF(kFrame, y - 1.5, length, 3.0), kTextColour);
         painter.fillRect(QRectF(kFrame, y - 5.0, 2.0, 10.0), kTextColour);
@@ -259,19 +238,25 @@ private:
 
 } // namespace
 
+EdgeLetters edgesOf(const PlanarReslice& reslice, bool orientationKnown)
+{
+    return edgesOf(
+        reslice.getDirection0(false) * (reslice.isMirroredHorizontallyIn2D() ? -1.0F : 1.0F),
+        reslice.getDirection1(false) * (reslice.isMirroredVerticallyIn2D() ? -1.0F : 1.0F),
+        orientationKnown);
+}
+
+EdgeLetters edgesOf(const QVector3D& toRight, const QVector3D& toTop, bool orientationKnown)
+{
+    return {directionLetters(-toRight, orientationKnown),
+            directionLetters(toRight, orientationKnown), directionLetters(toTop, orientationKnown),
+            directionLetters(-toTop, orientationKnown)};
+}
+
 QColor markColour(LandmarkKind kind)
 {
-    switch (kind) {
-    case LandmarkKind::Foramen:
-        return {0xff, 0x9d, 0x2e};
-    case LandmarkKind::Tooth:
-        return {0x3d, 0xb8, 0xff};
-    case LandmarkKind::Apex:
-        return {0xff, 0x6f, 0xae};
-    case LandmarkKind::Arch:
-        break;
-    }
-    return {0x62, 0xd0, 0x72};
+    constexpr QRgb colours[] = {0xff9d2e, 0x3db8ff, 0xff6fae, 0x62d072};
+    return colours[static_cast<int>(kind)];
 }
 
 QColor segmentColour()

@@ -24,6 +24,12 @@ struct EdgeLetters
     QString bottom;
 };
 
+/// Returns where the edges of a planar view point, with its mirroring; with question marks if the
+/// orientation of the volume is not known.
+EdgeLetters edgesOf(const PlanarReslice& reslice, bool orientationKnown);
+/// Returns the same for a view whose axes point to the right and to the top.
+EdgeLetters edgesOf(const QVector3D& toRight, const QVector3D& toTop, bool orientationKnown);
+
 /// A line drawn onto a view, such as an arch.
 struct PictureCurve
 {
@@ -33,7 +39,7 @@ struct PictureCurve
     bool dotted = false;
 };
 
-/// A dot or ring and a short text, centred, drawn onto a view.
+/// A dot or ring and a short text, centerd, drawn onto a view.
 struct PictureNote
 {
     enum Symbol { NoSymbol, Dot, Ring };
@@ -58,12 +64,12 @@ struct PictureContent
     QList<PictureNote> notes = {};   ///< above all else
 };
 
-/// Colour of the marks of a kind, and of segments.
+/// Return the colors of the marks of a kind and of segments.
 QColor markColour(LandmarkKind kind);
 QColor segmentColour();
 
-/// The samples, enlarged by a whole number if they are few, in a dark frame that holds the letters,
-/// with marks, labels, segment and a bar of 20 mm. Needs a QGuiApplication.
+/// Paints the samples, enlarged by a whole number if they are few, in a dark frame that holds the
+/// letters, with marks, labels, segment and a bar of 20 mm. Needs a QGuiApplication.
 QImage paintPicture(const PictureContent& content);
 
 } // namespace planner

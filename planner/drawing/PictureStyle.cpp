@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include <planner/drawing/PictureStyle.h>
 
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPainterPath>
+
 namespace planner {
 
 QFont fontOf(int pixels, bool bold)
@@ -11,6 +15,25 @@ QFont fontOf(int pixels, bool bold)
     font.setPixelSize(pixels);
     font.setBold(bold);
     return font;
+}
+
+void paintRimmed(QPainter& painter, const QPointF& baseline, const QString& text,
+                 const QColor& colour, const QColor& rim, double rimPixels)
+{
+    QPainterPath letters;
+    letters.addText(baseline, painter.font(), text);
+    painter.strokePath(letters, QPen(rim, rimPixels, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.fillPath(letters, colour);
+}
+
+void paintCentred(QPainter& painter, const QPointF& middle, const QString& text,
+                  const QColor& colour, const QColor& rim, double rimPixels)
+{
+    const QFontMetricsF metrics(painter.font());
+    paintRimmed(painter,
+                {middle.x() - metrics.horizontalAdvance(text) / 2.0,
+                 middle.y() + metrics.ascent() / 2.0 - 1.0},
+                text, colour, rim, rimPixels);
 }
 
 } // namespace planner

@@ -4,6 +4,10 @@
 
 #include <QColor>
 #include <QFont>
+#include <QPointF>
+#include <QString>
+
+class QPainter;
 
 namespace planner {
 
@@ -13,7 +17,15 @@ inline constexpr QColor kTextColour(0xf2, 0xf4, 0xf6);   ///< of letters, captio
 inline constexpr QColor kToothColour(0xe6, 0xdf, 0xcc);
 inline constexpr QColor kScanColour(0x5f, 0xa8, 0xe8); ///< of the crowns that are moved
 
-/// The sans-serif font of all text. Needs a QGuiApplication.
+/// Returns the sans-serif font of all text. Needs a QGuiApplication.
 QFont fontOf(int pixels, bool bold);
+
+/// Paints a text in the painter's font, with a dark rim that many pixels wide, from its baseline.
+void paintRimmed(QPainter& painter, const QPointF& baseline, const QString& text,
+                 const QColor& colour, const QColor& rim, double rimPixels);
+/// Paints a text in the same way, with its middle at a point.
+void paintCentred(QPainter& painter, const QPointF& middle, const QString& text,
+                  const QColor& colour, const QColor& rim = QColor(0, 0, 0, 220),
+                  double rimPixels = 4.0);
 
 } // namespace planner

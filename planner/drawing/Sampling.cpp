@@ -31,17 +31,7 @@ constexpr double kMostPixels = 4096;  // along a side of a picture
 constexpr double kMostRaySteps = 3e7; // of a projection; they take about a second
 constexpr double kAirSum = 4.0;       // mm of water; less is air with noise
 
-Eigen::Affine3d affine(const QMatrix4x4& matrix)
-{
-    Eigen::Affine3d result = Eigen::Affine3d::Identity();
-    for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 4; ++column)
-            result(row, column) = static_cast<double>(matrix(row, column));
-    }
-    return result;
-}
-
-// The lower of the two neighbours along an axis, and how far the position is on the way to the
+// The lower of the two neighbors along an axis, and how far the position is on the way to the
 // upper one.
 struct Place
 {
@@ -52,7 +42,7 @@ struct Place
 
 inline Place placeOf(double index, int count)
 {
-    const double clamped = std::min(std::max(index, 0.0), static_cast<double>(count - 1));
+    const double clamped = std::min(std::max(index, 0.0), count - 1.0);
     const int lower = static_cast<int>(clamped);
     return {static_cast<std::size_t>(lower),
             static_cast<std::size_t>(std::min(lower + 1, count - 1)), clamped - lower};
@@ -72,8 +62,7 @@ inline double interpolate(const void* data, const math::Ivec3& size, const Place
     };
     const auto alongX = [&](std::size_t yIndex, std::size_t zIndex) {
         const Element* line = elements + zIndex * slice + yIndex * row;
-        return between(static_cast<double>(line[x.lower]), static_cast<double>(line[x.upper]),
-                       x.fraction);
+        return between(line[x.lower], line[x.upper], x.fraction);
     };
     const auto alongY = [&](std::size_t zIndex) {
         return between(alongX(y.lower, zIndex), alongX(y.upper, zIndex), y.fraction);
@@ -95,48 +84,19 @@ QSize pixelCount(const Reslice& reslice)
 void tell(const std::function<void(double)>& progress, int row, int rows)
 {
     if (progress)
-        progress(static_cast<double>(row + 1) / static_cast<double>(rows));
-}
-
-// The part of a ray, start + t * step, that lies within the box of the volume's voxels; empty if
-// first > last.
-struct Span
-{
-    double first;
-    double last;
-};
-
-Span within(const Eigen::Vector3d& start, const Eigen::Vector3d& step, const math::Ivec3& size)
-{
-    Span span{-std::numeric_limits<double>::infinity(), std::numeric_limits<double>::infinity()};
-    const std::array<int, 3> counts = {size.x, size.y, size.z};
-    for (int axis = 0; axis < 3; ++axis) {
-        const double low = -0.5;
-        const double high = counts[static_cast<std::size_t>(axis)] - 0.5;
-        if (std::abs(step[axis]) < 1e-9) {
-            if (start[axis] < low || start[axis] > high)
-                return {1.0, 0.0};
-            continue;
-        }
-        const double a = (low - start[axis]) / step[axis];
-        const double b = (high - start[axis]) / step[axis];
-        span.first = std::max(span.first, std::min(a, b));
-        span.last = std::min(span.last, std::max(a, b));
-    }
-    return span;
+        progress((row + 1.0) / rows);
 }
 
 QImage stretched(const std::vector<float>& sums, const QSize& size)
 {
     std::vector<float> shown;
-    std::copy_if(sums.cbegin(), sums.cend(), std::back_inserter(shown),
-                 [](float sum) { return static_cast<double>(sum) > kAirSum; });
+    std::ranges::copy_if(sums, std::back_inserter(shown), [](float sum) { return sum > kAirSum; });
     double white = 1.0;
     if (!shown.empty()) {
         const auto rank = static_cast<std::ptrdiff_t>((1.0 - kWhiteFraction) *
                                                       static_cast<double>(shown.size() - 1));
         std::nth_element(shown.begin(), shown.begin() + rank, shown.end());
-        white = static_cast<double>(shown[static_cast<std::size_t>(rank)]);
+        white = shown[rank];
     }
     QImage picture(size, QImage::Format_Grayscale8);
     for (int row = 0; row < size.height(); ++row) {
@@ -145,7 +105,7 @@ QImage stretched(const std::vector<float>& sums, const QSize& size)
             const std::size_t index =
                 static_cast<std::size_t>(row) * static_cast<std::size_t>(size.width()) +
                 static_cast<std::size_t>(column);
-            const double part = std::clamp(static_cast<double>(sums[index]) / white, 0.0, 1.0);
+            const double part = std::clamp(sums[index] / white, 0.0, 1.0);
             line[column] = static_cast<uchar>(std::lround(std::pow(part, kGamma) * 255.0));
         }
     }
@@ -155,7 +115,7 @@ QImage stretched(const std::vector<float>& sums, const QSize& size)
 } // namespace
 
 Sampler::Sampler(const Volume& volume)
-    : image(&volume.image), inverse(affine(volume.worldFromVoxel).inverse())
+    : image(&volume.image), inverse(Eigen::Affine3d(toEigen(volume.worldFromVoxel)).inverse())
 {}
 
 double Sampler::valueAt(const QVector3D& worldMm) const
@@ -187,13 +147,14 @@ void Sampler::valuesAlongRay(const Eigen::Vector3d& start, const Eigen::Vector3d
     if (image->isEmpty())
         return;
     const math::Ivec3 size = image->imageSize();
-    const Span span = within(start, step, size);
-    const double count = std::max(0.0, std::round(span.last - span.first));
+    const Eigen::Vector3d half = Eigen::Vector3d::Constant(0.5);
+    const auto [first, last] =
+        spanWithin(-half, Eigen::Vector3d(size.x, size.y, size.z) - half, start, step);
+    const double count = std::max(0.0, std::round(last - first));
     values.resize(static_cast<std::size_t>(count));
     visitElementType(image->dataType(), [&](auto zero) {
         for (std::size_t i = 0; i < values.size(); ++i) {
-            const Eigen::Vector3d index =
-                start + (span.first + static_cast<double>(i) + 0.5) * step;
+            const Eigen::Vector3d index = start + (first + static_cast<double>(i) + 0.5) * step;
             values[i] =
                 interpolate<decltype(zero)>(image->dataPtr(), size, placeOf(index.x(), size.x),
                                             placeOf(index.y(), size.y), placeOf(index.z(), size.z));
@@ -205,12 +166,31 @@ double Sampler::rayStepMm(const Eigen::Vector3d& direction, qint64 rays) const
 {
     const math::Ivec3 size = image->imageSize();
     const QVector3D spacing = image->voxelSize();
-    const Eigen::Vector3d along =
-        (inverse.linear() * direction.normalized()).cwiseAbs(); // voxels per mm
+    // Voxels per mm.
+    const Eigen::Vector3d along = (inverse.linear() * direction.normalized()).cwiseAbs();
     const double longestMm = std::min({size.x / along.x(), size.y / along.y(), size.z / along.z()});
     const double allowed = std::max(1.0, kMostRaySteps / static_cast<double>(rays));
     return std::max(static_cast<double>(std::min({spacing.x(), spacing.y(), spacing.z()})),
                     longestMm / allowed);
+}
+
+std::pair<double, double> spanWithin(const Eigen::Vector3d& low, const Eigen::Vector3d& high,
+                                     const Eigen::Vector3d& start, const Eigen::Vector3d& step)
+{
+    double first = -std::numeric_limits<double>::infinity();
+    double last = std::numeric_limits<double>::infinity();
+    for (int axis = 0; axis < 3; ++axis) {
+        if (std::abs(step[axis]) < 1e-9) {
+            if (start[axis] < low[axis] || start[axis] > high[axis])
+                return {1.0, 0.0};
+            continue;
+        }
+        const double a = (low[axis] - start[axis]) / step[axis];
+        const double b = (high[axis] - start[axis]) / step[axis];
+        first = std::max(first, std::min(a, b));
+        last = std::min(last, std::max(a, b));
+    }
+    return {first, last};
 }
 
 QImage cutOut(const Sampler& sampler, const GreyScale& scale, const PlanarReslice& reslice,
@@ -283,9 +263,8 @@ QImage unroll(const Sampler& sampler, const GreyScale& scale, const PanoramicRes
             visible[column] = std::isnan(sampler.valueAt(world)) ? 0 : 255;
             double total = 0.0;
             for (int i = -steps; i <= steps; ++i)
-                total += scale.attenuation(
-                    sampler.valueAt(world + depths[static_cast<std::size_t>(column)] *
-                                                (static_cast<float>(i) * kDepthStepMm)));
+                total += scale.attenuation(sampler.valueAt(
+                    world + depths[column] * (static_cast<float>(i) * kDepthStepMm)));
             *sum = static_cast<float>(total) * kDepthStepMm;
         }
         tell(progress, row, size.height());

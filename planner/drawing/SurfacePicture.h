@@ -12,14 +12,15 @@
 
 namespace planner {
 
-/// From the front, a little from above and from the patient's right; superior is up.
+/// Returns a camera that looks from the front, a little from above and from the patient's right;
+/// superior is up.
 Camera cameraFromTheFront(const QVector3D& centre, double widthMm, const QSize& pixels);
 
-/// The scene with a label in its upper left corner and a bar of 20 mm in the lower left one. Needs
-/// a QGuiApplication.
+/// Paints the scene with a label in its upper left corner and a bar of 20 mm in the lower left one.
+/// Needs a QGuiApplication.
 QImage paintSurfaces(const Camera& camera, const QList<ShownMesh>& surfaces, const QString& label);
 
-/// Pictures of equal size side by side, in rows of the given length.
+/// Returns one picture of several of equal size, side by side in rows of the given length.
 QImage tile(const QList<QImage>& pictures, int columns);
 
 } // namespace planner

@@ -23,7 +23,7 @@ public:
         Deflated ///< gzip, in one part or several, or zlib
     };
 
-    /// Starts at an offset into the file; Failure if the file cannot be read.
+    /// Starts at an offset into the file. Throws Failure if the file cannot be read.
     ByteSource(const QString& path, Coding coding, qint64 offset = 0);
     ~ByteSource();
     ByteSource(const ByteSource&) = delete;

@@ -2,12 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <planner/input/Case.h>
 
-#include <planner/input/DicomReader.h>
 #include <planner/input/Failure.h>
-#include <planner/input/MetaImageReader.h>
-#include <planner/input/NiftiReader.h>
-#include <planner/input/NrrdReader.h>
 #include <planner/input/Progress.h>
+#include <planner/input/VolumeReaders.h>
 
 #include <phantom/Phantom.h>
 
@@ -33,9 +30,9 @@ QString sizeAndSpacing(const VexelImage3D& image)
         .arg(size.x)
         .arg(size.y)
         .arg(size.z)
-        .arg(static_cast<double>(spacing.x()), 0, 'g', 4)
-        .arg(static_cast<double>(spacing.y()), 0, 'g', 4)
-        .arg(static_cast<double>(spacing.z()), 0, 'g', 4);
+        .arg(spacing.x(), 0, 'g', 4)
+        .arg(spacing.y(), 0, 'g', 4)
+        .arg(spacing.z(), 0, 'g', 4);
 }
 
 Case paintBuiltInPatient(float voxelSizeMm, Progress& progress)
@@ -46,8 +43,7 @@ Case paintBuiltInPatient(float voxelSizeMm, Progress& progress)
     const auto patient = std::make_shared<const phantom::Patient>(settings);
     Case built;
     built.title = QStringLiteral("Built-in patient");
-    built.volume.image =
-        patient->createVolume([&progress](double done) { progress.fraction(done); });
+    built.volume.image = patient->createVolume(progress.onFraction());
     if (built.volume.image.isEmpty())
         throw Failure(QStringLiteral("There is not enough memory for the built-in patient"));
     built.volume.worldFromVoxel.scale(built.volume.image.voxelSize());
@@ -55,9 +51,8 @@ Case paintBuiltInPatient(float voxelSizeMm, Progress& progress)
     built.landmarks = landmarksOf(*patient);
     built.patient = patient;
     built.canals = canalsOf(*patient);
-    built.source = QStringLiteral(
-        "A synthetic patient that is painted from formulas; no person was scanned. Its landmarks "
-        "are known exactly.");
+    built.source = QStringLiteral("A synthetic patient that is painted from formulas; no person "
+                                  "was scanned. Its landmarks are known exactly.");
     return built;
 }
 
@@ -69,7 +64,7 @@ Volume readVolume(const QString& path, const QString& series, Progress& progress
     progress.step(
         QStringLiteral("Reading %1").arg(info.fileName().isEmpty() ? path : info.fileName()));
     if (info.isDir() || isDicomFile(path))
-        return readDicom(path, series, [&progress](double done) { progress.fraction(done); });
+        return readDicom(path, series, progress.onFraction());
     if (!series.isEmpty())
         throw Failure(
             path,
@@ -87,10 +82,9 @@ Volume readVolume(const QString& path, const QString& series, Progress& progress
             return path.endsWith(QLatin1String(known.suffix), Qt::CaseInsensitive);
         });
     if (format == std::end(formats))
-        throw Failure(path,
-                      QStringLiteral(
-                          "a CT is a NIfTI file (.nii, .nii.gz), a MetaImage file (.mha, .mhd), an "
-                          "NRRD file (.nrrd, .nhdr), or a DICOM file or folder"));
+        throw Failure(
+            path, QStringLiteral("a CT is a NIfTI file (.nii, .nii.gz), a MetaImage file (.mha, "
+                                 ".mhd), an NRRD file (.nrrd, .nhdr), or a DICOM file or folder"));
     if (!info.isFile() || !info.isReadable())
         throw Failure(path, QStringLiteral("the file cannot be read"));
     return format->read(path);
@@ -101,14 +95,13 @@ Volume readVolume(const QString& path, const QString& series, Progress& progress
 float distanceOutside(const Volume& volume, const QVector3D& position)
 {
     const QVector3D voxel = volume.worldFromVoxel.inverted().map(position);
-    const math::Ivec3 size = volume.image.imageSize();
-    const QVector3D spacing = volume.image.voxelSize();
-    const auto beyond = [](float index, int count) {
-        return std::max({0.0F, -0.5F - index, index - (static_cast<float>(count) - 0.5F)});
-    };
-    return std::max({beyond(voxel.x(), size.x) * spacing.x(),
-                     beyond(voxel.y(), size.y) * spacing.y(),
-                     beyond(voxel.z(), size.z) * spacing.z()});
+    float largest = 0.0F;
+    for (int axis = 0; axis < 3; ++axis) {
+        const float beyond =
+            std::max(-0.5F - voxel[axis], voxel[axis] - (volume.counts()[axis] - 0.5F));
+        largest = std::max(largest, beyond * volume.image.voxelSize()[axis]);
+    }
+    return largest;
 }
 
 // Warns of landmarks outside the volume, and leaves out what is so far away that no view could show
@@ -128,23 +121,22 @@ void checkPlaces(const QString& path, LandmarkFile& file, const Volume& volume)
             names.append(landmark.name);
     }
     if (!names.isEmpty())
-        file.warnings.append(
-            QStringLiteral("%1 of the %2 landmarks are outside the volume, the first is \"%3\": "
-                           "they may be voxels of another grid.")
-                .arg(names.size())
-                .arg(count)
-                .arg(names.first()));
+        file.warnings.append(QStringLiteral("%1 of the %2 landmarks are outside the volume, the "
+                                            "first is \"%3\": they may be voxels of another grid.")
+                                 .arg(names.size())
+                                 .arg(count)
+                                 .arg(names.first()));
     const auto removed = file.landmarks.removeIf([&](const Landmark& landmark) {
         return farOutside(landmark.position);
     }) + file.canals.removeIf([&](const CanalLine& canal) {
-        return std::any_of(canal.points.cbegin(), canal.points.cend(), farOutside);
+        return std::ranges::any_of(canal.points, farOutside);
     });
     if (removed > 0)
         file.warnings.append(
             QStringLiteral(
                 "%1 landmarks or canals are more than %2 mm outside the volume and left out.")
                 .arg(removed)
-                .arg(static_cast<double>(kFarthestOutsideMm)));
+                .arg(kFarthestOutsideMm));
     if (names.size() == count)
         throw Failure(
             path,

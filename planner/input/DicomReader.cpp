@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/input/DicomReader.h>
+#include <planner/input/VolumeReaders.h>
 
 #include <planner/input/DicomSlices.h>
 #include <planner/input/Elements.h>
@@ -34,8 +34,7 @@ namespace planner {
 
 namespace {
 
-constexpr double kSpacingTolerance =
-    0.1; // of the distance between slices; a missing slice makes it 1
+constexpr double kSpacingTolerance = 0.1; // relative; a missing slice makes it 1
 constexpr double kTiltTolerance = 0.01; // sine of the angle between the stack's axis and the normal
 constexpr double kEqualSpacingMm = 1e-4; // of pixels
 constexpr qsizetype kMostFiles = 50'000; // in a folder; a study of a whole body has some thousands
@@ -53,11 +52,9 @@ QStringList filesAt(const QString& path)
     while (entries.hasNext()) {
         files.append(entries.next());
         if (files.size() > kMostFiles)
-            throw Failure(path,
-                          QStringLiteral(
-                              "the folder and its subfolders hold more than %1 files; name the one "
-                              "with the DICOM series")
-                              .arg(kMostFiles));
+            throw Failure(path, QStringLiteral("the folder and its subfolders hold more than %1 "
+                                               "files; name the one with the DICOM series")
+                                    .arg(kMostFiles));
     }
     files.sort();
     return files;
@@ -99,9 +96,8 @@ const DicomStack& chosen(const QString& path, const QList<DicomStack>& stacks,
     const qlonglong number = series.toLongLong(&isNumber);
     if (isNumber && number >= 1 && number <= stacks.size())
         return stacks[number - 1];
-    const auto byUid =
-        std::find_if(stacks.cbegin(), stacks.cend(),
-                     [&series](const DicomStack& stack) { return stack.seriesUid == series; });
+    const auto byUid = std::ranges::find_if(
+        stacks, [&series](const DicomStack& stack) { return stack.seriesUid == series; });
     if (byUid == stacks.cend())
         throw Failure(path, QStringLiteral("there is no DICOM series %1; --series takes one of: %2")
                                 .arg(series, listed(stacks)));
@@ -125,8 +121,8 @@ QList<DicomSlice> findSlices(const QString& path, const QString& series, QString
         throw Failure(path, QStringLiteral("no DICOM picture is a slice of a volume (%1)")
                                 .arg(withFirst(found.skipped)));
     QList<DicomStack> volumes;
-    std::copy_if(found.stacks.cbegin(), found.stacks.cend(), std::back_inserter(volumes),
-                 [](const DicomStack& stack) { return stack.slices.size() > 1; });
+    std::ranges::copy_if(found.stacks, std::back_inserter(volumes),
+                         [](const DicomStack& stack) { return stack.slices.size() > 1; });
     if (volumes.isEmpty())
         throw Failure(
             path, QStringLiteral("there are no two DICOM slices of one series, so no volume%1")
@@ -161,7 +157,7 @@ QVector3D orderSlices(const QString& folder, QList<DicomSlice>& slices)
 {
     const QVector3D normal =
         QVector3D::crossProduct(slices.first().rowDirection, slices.first().columnDirection);
-    std::sort(slices.begin(), slices.end(), [&normal](const DicomSlice& a, const DicomSlice& b) {
+    std::ranges::sort(slices, [&normal](const DicomSlice& a, const DicomSlice& b) {
         return alongNormal(a, normal) < alongNormal(b, normal);
     });
     const auto gaps = static_cast<double>(slices.size() - 1);
@@ -173,12 +169,11 @@ QVector3D orderSlices(const QString& folder, QList<DicomSlice>& slices)
             throw Failure(folder,
                           QStringLiteral("two slices of the DICOM series lie at the same place"));
         if (std::abs(gap - mean) > kSpacingTolerance * mean)
-            throw Failure(
-                folder, QStringLiteral(
-                            "the slices of the DICOM series are not evenly spaced (%1 mm and %2 mm "
-                            "on average); one may be missing")
-                            .arg(gap, 0, 'f', 2)
-                            .arg(mean, 0, 'f', 2));
+            throw Failure(folder,
+                          QStringLiteral("the slices of the DICOM series are not evenly spaced (%1 "
+                                         "mm and %2 mm on average); one may be missing")
+                              .arg(gap, 0, 'f', 2)
+                              .arg(mean, 0, 'f', 2));
     }
     const QVector3D step =
         (slices.last().position - slices.first().position) / static_cast<float>(gaps);
@@ -186,7 +181,7 @@ QVector3D orderSlices(const QString& folder, QList<DicomSlice>& slices)
         const QVector3D aside =
             slices[i].position - slices.first().position - step * static_cast<float>(i);
         const QVector3D within = aside - normal * QVector3D::dotProduct(aside, normal);
-        if (static_cast<double>(within.length()) > slices.first().columnSpacingMm)
+        if (within.length() > slices.first().columnSpacingMm)
             throw Failure(
                 folder,
                 QStringLiteral("the slices of the DICOM series do not lie in a straight row"));
@@ -207,40 +202,31 @@ void checkAlike(const QList<DicomSlice>& slices)
             std::abs(slice.rowSpacingMm - first.rowSpacingMm) > kEqualSpacingMm)
             throw Failure(
                 slice.file,
-                QStringLiteral("this DICOM slice has another pixel spacing than the first of "
-                               "its series"));
+                QStringLiteral(
+                    "this DICOM slice has another pixel spacing than the first of its series"));
     }
 }
 
 std::optional<image::DataType> elementType(const gdcm::PixelFormat& format)
 {
-    switch (format.GetScalarType()) {
-    case gdcm::PixelFormat::UINT8:
-        return image::UInt8;
-    case gdcm::PixelFormat::INT8:
-        return image::Int8;
-    case gdcm::PixelFormat::UINT16:
-        return image::UInt16;
-    case gdcm::PixelFormat::INT16:
-        return image::Int16;
-    case gdcm::PixelFormat::UINT32:
-        return image::UInt32;
-    case gdcm::PixelFormat::INT32:
-        return image::Int32;
-    case gdcm::PixelFormat::FLOAT32:
-        return image::Float32;
-    case gdcm::PixelFormat::FLOAT64:
-        return image::Float64;
-    default:
-        return std::nullopt;
+    using gdcm::PixelFormat;
+    static constexpr std::pair<PixelFormat::ScalarType, image::DataType> types[] = {
+        {PixelFormat::UINT8, image::UInt8},     {PixelFormat::INT8, image::Int8},
+        {PixelFormat::UINT16, image::UInt16},   {PixelFormat::INT16, image::Int16},
+        {PixelFormat::UINT32, image::UInt32},   {PixelFormat::INT32, image::Int32},
+        {PixelFormat::FLOAT32, image::Float32}, {PixelFormat::FLOAT64, image::Float64}};
+    for (const auto& [stored, type] : types) {
+        if (format.GetScalarType() == stored)
+            return type;
     }
+    return std::nullopt;
 }
 
 // The type that holds every value that the slices may hold, once scaled.
 image::DataType storedType(const QList<DicomSlice>& slices, const gdcm::PixelFormat& format,
                            image::DataType type)
 {
-    const bool fitInt16 = std::all_of(slices.cbegin(), slices.cend(), [&](const DicomSlice& slice) {
+    const bool fitInt16 = std::ranges::all_of(slices, [&](const DicomSlice& slice) {
         return scaledType(slice.scaling, type, static_cast<double>(format.GetMin()),
                           static_cast<double>(format.GetMax())) == image::Int16;
     });
@@ -295,9 +281,8 @@ private:
     void readFile(const PixelFile& file)
     {
         const DicomSlice& first = slices[file.slices.first()];
-        const std::size_t pixelCount =
-            static_cast<std::size_t>(first.columns) * static_cast<std::size_t>(first.rows);
-        const auto frames = static_cast<std::size_t>(first.framesInFile);
+        const std::size_t pixelCount = std::size_t(first.columns) * first.rows;
+        const std::size_t frames = first.framesInFile;
         // GDCM holds the file, its decoded pixels and, of some codecs, 32 bits of each; the image
         // has its own limit.
         allowMemory(kMemoryAnyway + 2 * QFileInfo(file.path).size() +
@@ -306,9 +291,8 @@ private:
         gdcm::ImageReader reader;
         reader.SetFileName(QFile::encodeName(file.path).constData());
         const Failure unreadable(
-            file.path,
-            QStringLiteral("the pixels of this DICOM picture cannot be read; they are damaged "
-                           "or compressed in a way that is not supported"));
+            file.path, QStringLiteral("the pixels of this DICOM picture cannot be read; they are "
+                                      "damaged or compressed in a way that is not supported"));
         if (!reader.Read())
             throw unreadable;
         const gdcm::Image& picture = reader.GetImage();
@@ -333,8 +317,7 @@ private:
         if (!picture.GetBuffer(pixels.data()))
             throw unreadable;
         for (const qsizetype k : file.slices)
-            store(pixels.data() + frameBytes * static_cast<std::size_t>(slices[k].frame),
-                  pixelCount, k);
+            store(pixels.data() + frameBytes * slices[k].frame, pixelCount, k);
     }
 
     void createImage(const gdcm::PixelFormat& format, image::DataType found)
@@ -356,7 +339,7 @@ private:
     {
         visitElementType(type, [&](auto zero) { // bits beyond those that are in use may be set
             storeScaled(reinterpret_cast<const decltype(zero)*>(pixels), count, slices[k].scaling,
-                        image, count * static_cast<std::size_t>(k));
+                        image, count * k);
         });
     }
 
@@ -378,23 +361,19 @@ Volume readSeries(const QString& path, const QString& series,
     const DicomSlice& first = slices.first();
     const QVector3D normal = QVector3D::crossProduct(first.rowDirection, first.columnDirection);
 
-    volume.worldFromVoxel.setColumn(
-        0, QVector4D(first.rowDirection * static_cast<float>(first.columnSpacingMm), 0.0F));
-    volume.worldFromVoxel.setColumn(
-        1, QVector4D(first.columnDirection * static_cast<float>(first.rowSpacingMm), 0.0F));
+    const auto columnMm = static_cast<float>(first.columnSpacingMm);
+    const auto rowMm = static_cast<float>(first.rowSpacingMm);
+    volume.worldFromVoxel.setColumn(0, QVector4D(first.rowDirection * columnMm, 0.0F));
+    volume.worldFromVoxel.setColumn(1, QVector4D(first.columnDirection * rowMm, 0.0F));
     volume.worldFromVoxel.setColumn(2, QVector4D(step, 0.0F));
     volume.worldFromVoxel.setColumn(3, QVector4D(first.position, 1.0F));
     const std::array<qint64, 3> counts = {first.columns, first.rows, slices.size()};
     checkVoxelCounts(path, counts);
     checkGeometry(path, volume.worldFromVoxel, counts);
-    volume.image = PixelReader(slices, {static_cast<float>(first.columnSpacingMm),
-                                        static_cast<float>(first.rowSpacingMm), step.length()})
-                       .read(progress);
-    if (static_cast<double>(QVector3D::crossProduct(step.normalized(), normal).length()) >
-        kTiltTolerance)
-        volume.remarks.append(QStringLiteral(
-            "The gantry was tilted: the slices are shifted against each other, which is "
-            "accounted for."));
+    volume.image = PixelReader(slices, {columnMm, rowMm, step.length()}).read(progress);
+    if (QVector3D::crossProduct(step.normalized(), normal).length() > kTiltTolerance)
+        volume.remarks.append(QStringLiteral("The gantry was tilted: the slices are shifted "
+                                             "against each other, which is accounted for."));
     volume.description = (QFileInfo(path).isDir() ? QStringLiteral("DICOM series in the folder %1")
                                                   : QStringLiteral("DICOM file %1"))
                              .arg(QFileInfo(QDir::cleanPath(path)).fileName());

@@ -31,7 +31,7 @@ namespace planner {
 
 namespace {
 
-// Of unit length and right angles; the tags are written with 4 to 6 digits.
+// How exact unit lengths and right angles are; the tags are written with 4 to 6 digits.
 constexpr double kOrientationTolerance = 1e-3;
 constexpr double kLargestNumber = 1e9; // of a tag; what follows is in single precision
 // What the tags of a file may take in memory: a multiple of the file, and what libraries take
@@ -46,7 +46,7 @@ const gdcm::Tag kIntercept(0x0028, 0x1052);
 const gdcm::Tag kSlope(0x0028, 0x1053);
 const gdcm::Tag kFrames(0x0028, 0x0008);
 const gdcm::Tag kSeries(0x0020, 0x000e);
-// Of files with several frames: sequences that hold one item for all frames, and one for each of
+// Files with several frames have sequences that hold one item for all frames, and one for each of
 // them. Their items hold sequences of one item each, for each subject.
 const gdcm::Tag kShared(0x5200, 0x9229);
 const gdcm::Tag kPerFrame(0x5200, 0x9230);
@@ -152,9 +152,9 @@ QVector3D vectorFrom(double x, double y, double z)
 
 bool areUnitAndPerpendicular(const QVector3D& a, const QVector3D& b)
 {
-    return std::abs(static_cast<double>(a.length()) - 1.0) < kOrientationTolerance &&
-           std::abs(static_cast<double>(b.length()) - 1.0) < kOrientationTolerance &&
-           std::abs(static_cast<double>(QVector3D::dotProduct(a, b))) < kOrientationTolerance;
+    return std::abs(a.length() - 1.0) < kOrientationTolerance &&
+           std::abs(b.length() - 1.0) < kOrientationTolerance &&
+           std::abs(QVector3D::dotProduct(a, b)) < kOrientationTolerance;
 }
 
 // Sets where the slice lies.
@@ -242,7 +242,7 @@ using Key = std::tuple<int, QByteArray, std::array<double, 6>>;
 Key keyOf(const DicomStack& stack, const DicomSlice& slice)
 {
     const auto rounded = [](float component) { // + 0.0: no negative zero
-        return std::round(static_cast<double>(component) * 1000.0) + 0.0;
+        return std::round(component * 1000.0) + 0.0;
     };
     const QVector3D& row = slice.rowDirection;
     const QVector3D& column = slice.columnDirection;
@@ -262,7 +262,7 @@ void readFile(const QString& path, QMap<Key, DicomStack>& stacks)
             throw NoSlice{structure.damage};
         return;
     }
-    // Without the pixels, which GDCM would read.
+    // GDCM would read the pixels, too.
     QFile file(path);
     std::istringstream beforePixels(
         (file.open(QIODevice::ReadOnly) ? file.read(structure.pixelsAt) : QByteArray())

@@ -42,16 +42,15 @@ struct Element
 
 bool isTypeName(const std::array<char, 2>& letters)
 {
-    return std::all_of(letters.begin(), letters.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
+    return std::ranges::all_of(letters, [](char c) { return c >= 'A' && c <= 'Z'; });
 }
 
 bool hasLongLength(const std::array<char, 2>& type)
 {
     static const std::array<const char*, 13> names = {"OB", "OD", "OF", "OL", "OV", "OW", "SQ",
                                                       "SV", "UC", "UN", "UR", "UT", "UV"};
-    return std::any_of(names.begin(), names.end(), [&type](const char* name) {
-        return type[0] == name[0] && type[1] == name[1];
-    });
+    return std::ranges::any_of(
+        names, [&type](const char* name) { return type[0] == name[0] && type[1] == name[1]; });
 }
 
 class Walk
@@ -91,7 +90,7 @@ private:
         return plausible ? std::optional<qint64>(0) : std::nullopt;
     }
 
-    // By the letters of the first element's type: what is stated is not always true.
+    // Judges by the letters of the first element's type: what is stated is not always true.
     Encoding encodingAt(qint64 position)
     {
         const QByteArray head = file.seek(position) ? file.read(6) : QByteArray();

@@ -65,7 +65,7 @@ inline Scaling usableScaling(double slope, double intercept)
                : Scaling{};
 }
 
-/// The type for scaled values, whose originals are of the given type and lie between the two
+/// Returns the type for scaled values whose originals are of the given type and between the two
 /// limits: 16-bit integers if these hold every such value exactly, else single precision.
 inline image::DataType scaledType(const Scaling& scaling, image::DataType type, double smallest,
                                   double largest)
@@ -93,7 +93,7 @@ void storeScaled(const Element* stored, std::size_t count, const Scaling& scalin
             }
         }
         for (std::size_t i = 0; i < count; ++i) {
-            const double value = scaling.scaled(static_cast<double>(stored[i]));
+            const double value = scaling.scaled(stored[i]);
             if constexpr (std::is_same_v<Target, std::int16_t>)
                 target[i] = static_cast<Target>(std::clamp(value, -32768.0, 32767.0));
             else if constexpr (std::is_floating_point_v<Target>)

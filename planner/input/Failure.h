@@ -14,7 +14,7 @@ class Failure : public std::runtime_error
 {
 public:
     explicit Failure(const QString& sentence) : std::runtime_error(sentence.toStdString()) {}
-    /// What is wrong with a file or folder.
+    /// Says what is wrong with a file or folder.
     Failure(const QString& path, const QString& what)
         : Failure(QStringLiteral("%1: %2").arg(path, what))
     {}

@@ -1,7 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/input/LandmarkChecks.h>
-
 #include <planner/input/Landmarks.h>
 
 #include <QVector2D>
@@ -13,10 +11,9 @@ namespace planner {
 
 namespace {
 
-constexpr float kLargestCanalGapMm = 10.0F; // between the end of a canal and its foramen
-constexpr double kLargestArchOffsetMm =
-    10.0; // of the teeth and mental foramina from the arch, their mean
-constexpr float kNarrowestArchMm = 25.0F; // from its right to its left end
+constexpr float kLargestCanalGapMm = 10.0F;   // between the end of a canal and its foramen
+constexpr double kLargestArchOffsetMm = 10.0; // mean, of teeth and mental foramina
+constexpr float kNarrowestArchMm = 25.0F;     // from its right to its left end
 constexpr float kWidestArchMm = 130.0F;
 constexpr qsizetype kMostNamedPairs = 3; // of teeth; more are counted
 
@@ -86,7 +83,7 @@ void addIfApart(QStringList& doubts, const LandmarkFile& file, const CanalLine& 
             QStringLiteral("The %1 canal %2 %3 mm from the \"%4\", where it should %5.")
                 .arg(sideName(canal.right),
                      start ? QStringLiteral("starts") : QStringLiteral("ends"))
-                .arg(static_cast<double>(gap), 0, 'f', 0)
+                .arg(gap, 0, 'f', 0)
                 .arg(foramen->name, start ? QStringLiteral("start") : QStringLiteral("end")));
 }
 
@@ -130,25 +127,23 @@ void addArchDoubts(QStringList& doubts, const QList<Landmark>& landmarks)
                             [](const QVector3D& a, const QVector3D& b) { return a.x() < b.x(); });
     const float width = left->x() - right->x();
     if (width < kNarrowestArchMm || width > kWidestArchMm)
-        doubts.append(
-            QStringLiteral(
-                "The arch points span %1 mm from right to left, which is no jaw: they may "
-                "be voxels of another grid.")
-                .arg(static_cast<double>(width), 0, 'f', 0));
+        doubts.append(QStringLiteral("The arch points span %1 mm from right to left, which is no "
+                                     "jaw: they may be voxels of another grid.")
+                          .arg(width, 0, 'f', 0));
 
     double sum = 0.0;
     int count = 0;
     for (const Landmark& landmark : landmarks) {
         if (!runsAlongTheArch(landmark))
             continue;
-        sum += static_cast<double>(distance(landmark.position, arch));
+        sum += distance(landmark.position, arch);
         ++count;
     }
     if (count > 0 && sum / count > kLargestArchOffsetMm)
         doubts.append(
             QStringLiteral(
-                "Seen from above, the lower teeth and mental foramina are %1 mm from the "
-                "line of the arch points on average: these may be voxels of another grid.")
+                "Seen from above, the lower teeth and mental foramina are %1 mm from the line of "
+                "the arch points on average: these may be voxels of another grid.")
                 .arg(sum / count, 0, 'f', 0));
 }
 
@@ -159,11 +154,9 @@ QStringList findContradictions(const LandmarkFile& file)
     QStringList doubts;
     const QStringList exchanged = exchangedSides(file);
     if (!exchanged.isEmpty())
-        doubts.append(
-            QStringLiteral(
-                "Left and right seem to be exchanged (%1): x grows to the patient's left, but "
-                "the right one has the larger x.")
-                .arg(exchanged.join(QStringLiteral(", "))));
+        doubts.append(QStringLiteral("Left and right seem to be exchanged (%1): x grows to the "
+                                     "patient's left, but the right one has the larger x.")
+                          .arg(exchanged.join(QStringLiteral(", "))));
     for (const CanalLine& canal : file.canals) {
         addIfApart(doubts, file, canal, true);
         addIfApart(doubts, file, canal, false);

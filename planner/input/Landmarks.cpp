@@ -3,7 +3,6 @@
 #include <planner/input/Landmarks.h>
 
 #include <planner/input/Failure.h>
-#include <planner/input/LandmarkChecks.h>
 
 #include <phantom/Phantom.h>
 
@@ -108,7 +107,7 @@ private:
             if (!canal.points.isEmpty() && canal.points.last() == next)
                 continue;
             if (!canal.points.isEmpty())
-                length += static_cast<double>((next - canal.points.last()).length());
+                length += (next - canal.points.last()).length();
             canal.points.append(next);
         }
         if (!(length <= kLongestCanalMm))
@@ -241,8 +240,8 @@ QJsonObject readObject(const QString& path)
 
 const Landmark* findLandmark(const QList<Landmark>& landmarks, const QString& name)
 {
-    const auto found = std::find_if(landmarks.cbegin(), landmarks.cend(),
-                                    [&name](const Landmark& l) { return l.name == name; });
+    const auto found =
+        std::ranges::find_if(landmarks, [&name](const Landmark& l) { return l.name == name; });
     return found == landmarks.cend() ? nullptr : &*found;
 }
 
@@ -253,9 +252,8 @@ QString sideName(bool right)
 
 const CanalLine* findCanal(const QList<CanalLine>& canals, bool right)
 {
-    const auto found =
-        std::find_if(canals.cbegin(), canals.cend(),
-                     [right](const CanalLine& canal) { return canal.right == right; });
+    const auto found = std::ranges::find_if(
+        canals, [right](const CanalLine& canal) { return canal.right == right; });
     return found == canals.cend() ? nullptr : &*found;
 }
 
@@ -316,6 +314,11 @@ int universalNumber(int fdiNumber)
     default:
         return 0;
     }
+}
+
+int toothNumberOf(const Landmark& landmark)
+{
+    return landmark.kind == LandmarkKind::Tooth ? universalNumber(landmark.label.toInt()) : 0;
 }
 
 } // namespace planner

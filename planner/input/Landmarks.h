@@ -38,7 +38,7 @@ inline constexpr char16_t kLeftMentalForamen[] = u"mental foramen, left";
 /// Returns the landmark with the name, or null.
 const Landmark* findLandmark(const QList<Landmark>& landmarks, const QString& name);
 
-/// The centre line of a mandibular canal, from the mandibular to the mental foramen.
+/// The center line of a mandibular canal, from the mandibular to the mental foramen.
 struct CanalLine
 {
     bool right = false;
@@ -65,6 +65,11 @@ struct LandmarkFile
 /// points than an arch or a canal can have.
 LandmarkFile readLandmarks(const QString& path, const QMatrix4x4& worldFromVoxel);
 
+/// Returns a sentence for each way in which landmarks contradict one another or what is known of
+/// every jaw: left and right exchanged, canals that do not start and end at their foramina, arch
+/// points that do not run along the teeth or span no jaw. Empty if there is nothing to doubt.
+QStringList findContradictions(const LandmarkFile& file);
+
 /// Returns foramina, occlusal points and apices of the built-in patient.
 QList<Landmark> landmarksOf(const phantom::Patient& patient);
 
@@ -76,5 +81,7 @@ int fdiNumber(int universalNumber);
 /// Returns the Universal number of a tooth in FDI notation; 0 for a number that no permanent tooth
 /// has.
 int universalNumber(int fdiNumber);
+/// Returns the Universal number of a landmark's tooth; 0 if the landmark is no tooth.
+int toothNumberOf(const Landmark& landmark);
 
 } // namespace planner

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/input/MetaImageReader.h>
+#include <planner/input/VolumeReaders.h>
 
 #include <planner/input/Failure.h>
 #include <planner/input/TextHeader.h>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/input/NiftiReader.h>
+#include <planner/input/VolumeReaders.h>
 
 #include <planner/input/Failure.h>
 #include <planner/input/VolumeLimits.h>
@@ -99,11 +99,9 @@ Header readHeader(const QString& path)
     voxels.skip = std::max(kSmallestOffset, static_cast<qint64>(read.vox_offset));
     const auto type = elementType(read.datatype);
     if (!type)
-        throw Failure(
-            path, QStringLiteral(
-                      "voxels of the type %1 are not supported, only integers up to 32 bits and "
-                      "floating-point numbers up to 64 bits")
-                      .arg(QString::fromLatin1(nifti_datatype_string(read.datatype))));
+        throw Failure(path, QStringLiteral("voxels of the type %1 are not supported, only integers "
+                                           "up to 32 bits and floating-point numbers up to 64 bits")
+                                .arg(QString::fromLatin1(nifti_datatype_string(read.datatype))));
     voxels.type = *type;
     return header;
 }
@@ -115,12 +113,12 @@ float millimetresPerUnit(int unit)
         return 1000.0F;
     case NIFTI_UNITS_MICRON:
         return 0.001F;
-    default: // millimetres, or not stated
+    default: // millimeters, or not stated
         return 1.0F;
     }
 }
 
-// From voxel index to LPS mm.
+// Maps voxel indices to LPS mm.
 QMatrix4x4 worldFromVoxel(const nifti_image& nifti)
 {
     const mat44& ras =
@@ -149,10 +147,8 @@ Volume readNifti(const QString& path)
     Volume volume;
     volume.worldFromVoxel = worldFromVoxel(*nifti);
     checkGeometry(path, volume.worldFromVoxel, header.voxels.counts);
-    volume.image = readVoxels(
-        header.voxels,
-        usableScaling(static_cast<double>(nifti->scl_slope), static_cast<double>(nifti->scl_inter)),
-        voxelSizeMm(volume.worldFromVoxel));
+    volume.image = readVoxels(header.voxels, usableScaling(nifti->scl_slope, nifti->scl_inter),
+                              voxelSizeMm(volume.worldFromVoxel));
 
     volume.orientationKnown = nifti->sform_code > 0 || nifti->qform_code > 0;
     volume.description = QStringLiteral("NIfTI file %1").arg(QFileInfo(path).fileName());

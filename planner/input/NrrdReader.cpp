@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/input/NrrdReader.h>
+#include <planner/input/VolumeReaders.h>
 
 #include <planner/input/Failure.h>
 #include <planner/input/TextHeader.h>
@@ -188,7 +188,7 @@ Volume readNrrd(const QString& path)
 
     Volume volume;
     for (int row = 0; row < 3; ++row) {
-        const double factor = factors[static_cast<std::size_t>(row)];
+        const double factor = factors[row];
         for (int axis = 0; axis < 3; ++axis) {
             const double step = directions ? (*directions)[3 * axis + row]
                                            : (axis == row ? (*spacings)[axis] : 0.0);

@@ -39,8 +39,7 @@ void Progress::finish()
 {
     if (terminal && !current.isEmpty())
         showLine(QStringLiteral("%1: %2 s")
-                     .arg(current,
-                          QString::number(static_cast<double>(time.elapsed()) / 1000.0, 'f', 1)),
+                     .arg(current, QString::number(double(time.elapsed()) / 1000.0, 'f', 1)),
                  true);
     current.clear();
 }
@@ -60,7 +59,7 @@ void Progress::showLine(const QString& line, bool ended)
 
 void Progress::write(const QString& text)
 {
-    // Of a stream that fails, some operations tell and others do not.
+    // If a stream fails, some operations report it and others do not.
     errno = 0;
     const bool written = std::fputs(text.toLocal8Bit().constData(), stream) >= 0 &&
                          std::fflush(stream) == 0 && std::ferror(stream) == 0;

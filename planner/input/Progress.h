@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <cstdio>
+#include <functional>
 
 namespace planner {
 
@@ -23,6 +24,11 @@ public:
     void step(const QString& what);
     /// Shows the fraction done of the current step, 0 to 1. Cheap to call often.
     void fraction(double done);
+    /// Returns a function that shows the fraction done, for work that knows no progress.
+    std::function<void(double)> onFraction()
+    {
+        return [this](double done) { fraction(done); };
+    }
     /// Ends the current step.
     void finish();
     /// Prints whole lines about what was found. Ends the current step.

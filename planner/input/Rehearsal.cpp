@@ -24,7 +24,7 @@ enum Outcome { Succeeded = 0, Refused = 1, Died = 2 };
 
 bool inRehearsal = false;
 
-// Of this process, or -1 where the system does not say.
+// The bytes of this process, or -1 where the system does not say.
 qint64 addressSpaceBytes()
 {
     QFile statistics(QStringLiteral("/proc/self/statm"));

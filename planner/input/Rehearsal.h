@@ -16,8 +16,7 @@ class Failure;
 /// Returns if the work succeeded and may be repeated in this process.
 void rehearse(const std::function<void()>& work, const Failure& otherwise);
 
-/// In a rehearsal, lets the work reserve so many bytes from here on and no more; elsewhere does
-/// nothing.
+/// Limits the bytes that a rehearsal may reserve from here on. Does nothing outside a rehearsal.
 void allowMemory(qint64 bytes);
 
 } // namespace planner

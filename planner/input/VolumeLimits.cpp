@@ -13,7 +13,7 @@ namespace planner {
 
 namespace {
 
-// Of the volume of a voxel to the product of its edges; 1 if the edges are at right angles.
+// The ratio of a voxel's volume to the product of its edges; 1 if the edges are at right angles.
 constexpr double kFlattest = 0.01;
 
 QString inMillimeters(double length)
@@ -47,41 +47,36 @@ void checkGeometry(const QString& path, const QMatrix4x4& worldFromVoxel,
 {
     double product = 1.0;
     for (int axis = 0; axis < 3; ++axis) {
-        const auto voxelMm = static_cast<double>(worldFromVoxel.column(axis).toVector3D().length());
+        const double voxelMm = worldFromVoxel.column(axis).toVector3D().length();
         if (!std::isfinite(voxelMm) || voxelMm <= 0.0)
             throw Failure(path, QStringLiteral("the header's orientation matrix is not usable"));
         if (voxelMm < kSmallestVoxelMm || voxelMm > kLargestVoxelMm)
             throw Failure(
                 path,
-                QStringLiteral("a voxel edge of %1 mm is implausible for a patient; %2 to %3 mm "
-                               "are supported")
+                QStringLiteral(
+                    "a voxel edge of %1 mm is implausible for a patient; %2 to %3 mm are supported")
                     .arg(inMillimeters(voxelMm))
                     .arg(kSmallestVoxelMm)
                     .arg(kLargestVoxelMm));
-        const double extentMm =
-            voxelMm * static_cast<double>(counts[static_cast<std::size_t>(axis)]);
+        const double extentMm = voxelMm * static_cast<double>(counts[axis]);
         if (extentMm > kLargestExtentMm)
-            throw Failure(
-                path,
-                QStringLiteral("an extent of %1 mm along an axis is implausible for a head; up to "
-                               "%2 mm are supported")
-                    .arg(inMillimeters(extentMm))
-                    .arg(kLargestExtentMm));
+            throw Failure(path, QStringLiteral("an extent of %1 mm along an axis is implausible "
+                                               "for a head; up to %2 mm are supported")
+                                    .arg(inMillimeters(extentMm))
+                                    .arg(kLargestExtentMm));
         product *= voxelMm;
     }
-    const auto volume = std::abs(static_cast<double>(worldFromVoxel.determinant()));
+    const double volume = std::abs(worldFromVoxel.determinant());
     if (!std::isfinite(volume) || volume < kFlattest * product)
         throw Failure(path, QStringLiteral("the header's orientation matrix is not usable"));
     const QVector3D first = worldFromVoxel.column(3).toVector3D();
     for (int axis = 0; axis < 3; ++axis) {
-        const auto mm = static_cast<double>(first[axis]);
+        const double mm = first[axis];
         if (!(std::abs(mm) <= kFarthestMm))
-            throw Failure(path,
-                          QStringLiteral(
-                              "a first voxel at %1 mm from the scanner's origin is implausible; up "
-                              "to %2 mm are supported")
-                              .arg(inMillimeters(mm))
-                              .arg(kFarthestMm));
+            throw Failure(path, QStringLiteral("a first voxel at %1 mm from the scanner's origin "
+                                               "is implausible; up to %2 mm are supported")
+                                    .arg(inMillimeters(mm))
+                                    .arg(kFarthestMm));
     }
 }
 
@@ -90,9 +85,8 @@ void checkExpansion(const QString& path, qint64 voxelBytes, qint64 fileBytes)
     if (voxelBytes <= kFreeVoxelBytes || voxelBytes / kMostExpansion <= fileBytes)
         return;
     throw Failure(
-        path, QStringLiteral(
-                  "a file of %1 bytes that stands for %2 million bytes of voxels is not a CT; %3 "
-                  "times the file's size, or %4 million bytes, are supported")
+        path, QStringLiteral("a file of %1 bytes that stands for %2 million bytes of voxels is not "
+                             "a CT; %3 times the file's size, or %4 million bytes, are supported")
                   .arg(fileBytes)
                   .arg(voxelBytes / 1'000'000)
                   .arg(kMostExpansion)

@@ -13,17 +13,17 @@
 /// follows, from pictures to projections, may then rely on them.
 namespace planner {
 
-/// Along one axis. A cone-beam CT of 300 mm with voxels of 0.1 mm has 3000.
+/// Most voxels along one axis. A cone-beam CT of 300 mm with voxels of 0.1 mm has 3000.
 constexpr qint64 kMostVoxelsAlongAxis = 4096;
-/// Of a volume: 2 GiB in 16-bit integers, the cube of 1024.
+/// Most voxels of a volume: 2 GiB in 16-bit integers, the cube of 1024.
 constexpr qint64 kMostVoxels = qint64{1} << 30;
-/// Between the centers of neighboring voxels.
+/// Limits of the distance between the centers of neighboring voxels.
 constexpr double kSmallestVoxelMm = 0.01;
 constexpr double kLargestVoxelMm = 10.0;
-/// Of a volume along one of its axes. A CT of the head, neck and chest has 700 mm.
+/// Largest extent of a volume along one of its axes. A CT of the head, neck and chest has 700 mm.
 constexpr double kLargestExtentMm = 1000.0;
-/// Of the first voxel along each axis of the world, whose origin a scanner puts near its center. Up
-/// to here, single precision keeps positions to 0.001 mm.
+/// Largest coordinate of the first voxel along each axis of the world, whose origin a scanner puts
+/// near its center. Up to here, single precision keeps positions to 0.001 mm.
 constexpr double kFarthestMm = 10'000.0;
 /// Bytes of voxels for each byte of a file, as far as they exceed kFreeVoxelBytes. Grey values of a
 /// CT compress to a quarter, maps of a few labels to a hundredth.

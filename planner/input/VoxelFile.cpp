@@ -57,8 +57,8 @@ void visitVoxels(const VoxelFile& file, const Visitor& visitor)
         if (done < count)
             throw Failure(
                 file.path,
-                QStringLiteral("the file is damaged or cut off: the header announces %1 bytes, "
-                               "%2 can be read")
+                QStringLiteral(
+                    "the file is damaged or cut off: the header announces %1 bytes, %2 can be read")
                     .arg(expected)
                     .arg(bytes));
     };

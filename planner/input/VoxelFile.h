@@ -23,8 +23,7 @@ struct VoxelFile
     qint64 skip = 0;  ///< bytes between there and the first voxel, once they are decoded
     std::array<qint64, 3> counts{};
     image::DataType type = image::UInt8;
-    bool swapped =
-        false; ///< the bytes of an element are in the order that this machine does not have
+    bool swapped = false; ///< the bytes of an element are in the other order
 };
 
 /// Reads the voxels into an image, which takes no more memory than itself. Values that are not

@@ -14,7 +14,7 @@ using collision::ImplantCollisionDetector;
 
 struct Objects
 {
-    explicit Objects(const Plan& plan)
+    explicit Objects(const CollisionPlan& plan)
     {
         for (const PlannedImplant& implant : plan.implants)
             implants.insert(implant.object);
@@ -46,7 +46,7 @@ public:
 
 } // namespace
 
-QList<Finding> findCollisions(const Plan& plan)
+QList<Finding> findCollisions(const CollisionPlan& plan)
 {
     geometry::ShapeLoader loader;
     ImplantCollisionDetector detector(loader);
@@ -54,39 +54,26 @@ QList<Finding> findCollisions(const Plan& plan)
     const collision::ImplantCollisions& found = detector.getImplantCollisions();
 
     QList<Finding> findings;
-    const auto add = [&findings](qsizetype implant, PartKind kind, qsizetype number, bool collides,
-                                 const auto& from, const auto& to) {
-        findings.append(
-            {implant, {kind, number}, collides, clearance(from, to), nearestPoint(from, to)});
-    };
     for (qsizetype i = 0; i < plan.implants.size(); ++i) {
         const PlannedImplant& implant = plan.implants[i];
-        for (qsizetype j = i + 1; j < plan.implants.size(); ++j) {
-            const PlannedImplant& other = plan.implants[j];
-            add(i, PartKind::Implant, j,
-                found.implantImplantCollisions.contains(
-                    collision::makePair(implant.object, other.object)),
-                implant, other);
-        }
-        for (qsizetype j = 0; j < plan.nerves.size(); ++j) {
-            const PlannedNerve& nerve = plan.nerves[j];
-            add(i, PartKind::Nerve, j,
-                found.implantNerveCollisions.contains(
-                    collision::makePair(implant.object, nerve.object)),
-                implant, nerve);
-        }
-        for (qsizetype j = 0; j < plan.pins.size(); ++j) {
-            const PlannedPin& pin = plan.pins[j];
-            add(i, PartKind::Pin, j,
-                found.implantAnchorPinCollisions.contains(
-                    collision::makePair(implant.object, pin.object)),
-                implant, pin);
-        }
+        const auto addAll = [&](PartKind kind, const auto& parts, qsizetype first,
+                                const auto& collisions) {
+            for (qsizetype j = first; j < parts.size(); ++j)
+                findings.append(
+                    {i,
+                     {kind, j},
+                     collisions.contains(collision::makePair(implant.object, parts[j].object)),
+                     clearance(implant, parts[j]),
+                     nearestPoint(implant, parts[j])});
+        };
+        addAll(PartKind::Implant, plan.implants, i + 1, found.implantImplantCollisions);
+        addAll(PartKind::Nerve, plan.nerves, 0, found.implantNerveCollisions);
+        addAll(PartKind::Pin, plan.pins, 0, found.implantAnchorPinCollisions);
     }
     return findings;
 }
 
-const QString& nameOf(const Plan& plan, const PlanPart& part)
+const QString& nameOf(const CollisionPlan& plan, const PlanPart& part)
 {
     switch (part.kind) {
     case PartKind::Implant:
@@ -101,7 +88,7 @@ const QString& nameOf(const Plan& plan, const PlanPart& part)
 
 bool isColliding(const QList<Finding>& findings, const PlanPart& part)
 {
-    return std::any_of(findings.cbegin(), findings.cend(), [&part](const Finding& finding) {
+    return std::ranges::any_of(findings, [&part](const Finding& finding) {
         return finding.collides &&
                (finding.other == part || PlanPart{PartKind::Implant, finding.implant} == part);
     });
@@ -109,13 +96,13 @@ bool isColliding(const QList<Finding>& findings, const PlanPart& part)
 
 bool isZoneMet(const QList<Finding>& findings, qsizetype implant)
 {
-    return std::any_of(findings.cbegin(), findings.cend(), [implant](const Finding& finding) {
+    return std::ranges::any_of(findings, [implant](const Finding& finding) {
         return finding.collides && finding.implant == implant &&
                finding.other.kind != PartKind::Implant;
     });
 }
 
-QList<DragStep> dragDeeper(const Plan& plan, qsizetype implant, qsizetype nerve, int steps,
+QList<DragStep> dragDeeper(const CollisionPlan& plan, qsizetype implant, qsizetype nerve, int steps,
                            double stepMm)
 {
     const auto& object = plan.implants[implant].object;
@@ -139,7 +126,7 @@ QList<DragStep> dragDeeper(const Plan& plan, qsizetype implant, qsizetype nerve,
         detector.prepareAndStartDetection(objects.implants, {object}, objects.pins, {},
                                           objects.nerves, {});
         step.collides = detector.isCollidingWithNerve(*object);
-        step.told = listener.changes > before;
+        step.notified = listener.changes > before;
         step.clearanceMm = clearance(plan.implants[implant], plan.nerves[nerve]);
         drag.append(step);
     }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <planner/planning/Plan.h>
+#include <planner/planning/CollisionPlan.h>
 
 #include <QList>
 #include <QMatrix4x4>
@@ -29,17 +29,18 @@ struct Finding
     PlanPart other;
     bool collides = false;
     double clearanceMm = 0.0; ///< between the envelope and the other object
-    QVector3D nearest;        ///< on the axis or centre line of the other object
+    QVector3D nearest = {};   ///< on the axis or center line of the other object
 };
 
-/// Every pair that the detector tests: of each implant with each later implant, then with each
-/// nerve and each pin.
-QList<Finding> findCollisions(const Plan& plan);
+/// Returns a finding for every pair that the detector tests: of each implant with each later
+/// implant, then with each nerve and each pin.
+QList<Finding> findCollisions(const CollisionPlan& plan);
 
-const QString& nameOf(const Plan& plan, const PlanPart& part);
-/// Whether any of the findings tells of a collision of the object.
+/// Returns the name of an object of the plan.
+const QString& nameOf(const CollisionPlan& plan, const PlanPart& part);
+/// Returns whether the object collides by any of the findings.
 bool isColliding(const QList<Finding>& findings, const PlanPart& part);
-/// Whether the implant's zone of 3 mm meets a nerve or a pin.
+/// Returns whether the implant's zone of 3 mm meets a nerve or a pin.
 bool isZoneMet(const QList<Finding>& findings, qsizetype implant);
 
 /// One step of a drag.
@@ -48,13 +49,13 @@ struct DragStep
     double wayMm = 0.0; ///< from where the implant was planned
     QMatrix4x4 placement;
     bool collides = false; ///< with the nerve
-    bool told = false;     ///< the detector told its observer of a change
+    bool notified = false; ///< the detector notified its observer of a change
     double clearanceMm = 0.0;
 };
 
-/// Pushes an implant along its axis, apex ahead, `stepMm` a step, and has a detector judge each;
-/// the first step is where it stands. The implant is put back afterwards.
-QList<DragStep> dragDeeper(const Plan& plan, qsizetype implant, qsizetype nerve, int steps,
+/// Pushes an implant along its axis, apex ahead, and has a detector judge each step; the first step
+/// is where the implant is planned. The implant is put back afterwards.
+QList<DragStep> dragDeeper(const CollisionPlan& plan, qsizetype implant, qsizetype nerve, int steps,
                            double stepMm);
 
 } // namespace planner

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/planning/CrownScan.h>
+#include <planner/planning/JawScans.h>
 
 #include <phantom/Phantom.h>
 
@@ -16,11 +16,11 @@ namespace planner {
 namespace {
 
 constexpr float kStepMm = 0.5F;
-constexpr float kCrownMm = 6.0F; // kept of each tooth, from its occlusal point towards the root
+constexpr float kCrownMm = 6.0F; // kept of each tooth, from its occlusal point toward the root
 constexpr float kRoundMm = 7.0F; // of every tooth's axis, wide enough for a molar
 constexpr float kAboveMm = 2.0F; // beyond the highest occlusal point, for cusps
 
-// How much of a place's neighbourhood is tooth, 0 to 1, on a grid round one arch.
+// How much of a place's neighborhood is tooth, 0 to 1, on a grid round one arch.
 class ToothGrid
 {
 public:
@@ -77,7 +77,7 @@ private:
     bool toothAt(const phantom::Patient& patient, const QVector3D& place) const
     {
         // Only near a tooth and within its crown: the patient is dear to ask.
-        const bool near = std::any_of(teeth.begin(), teeth.end(), [&](const phantom::Tooth& tooth) {
+        const bool near = std::ranges::any_of(teeth, [&](const phantom::Tooth& tooth) {
             const QVector3D offset = place - tooth.occlusalPoint;
             return std::hypot(offset.x(), offset.y()) < kRoundMm &&
                    offset.z() * crownwards > -kCrownMm;
@@ -202,7 +202,7 @@ private:
             Place around = place;
             around[second] -= n == 0 || n == 3 ? 1 : 0;
             around[third] -= n < 2 ? 1 : 0;
-            corners[static_cast<std::size_t>(n)] = cell(around);
+            corners[n] = cell(around);
         }
         if (!inside)
             std::swap(corners[1], corners[3]);

@@ -17,7 +17,7 @@ constexpr int kSkullRegion = 1;
 
 struct Box
 {
-    QVector3D offset; // of the centre
+    QVector3D offset; // of the center
     QVector3D halfSize;
 };
 
@@ -55,15 +55,6 @@ primitives::BoundingBox boxAround(const QVector3D& centre, const QVector3D& half
     return {centre - halfSize, centre + halfSize};
 }
 
-int universalNumber(const QString& fdi)
-{
-    for (int tooth = 1; tooth <= 32; ++tooth) {
-        if (QString::number(fdiNumber(tooth)) == fdi)
-            return tooth;
-    }
-    return 0;
-}
-
 void setImage(CTData& ct, std::shared_ptr<const VexelImage3D> image)
 {
     auto volume = std::make_shared<ImageVolume>();
@@ -84,9 +75,7 @@ GreyScan scanOf(const Case& planned)
     scan.worldFromVolume.scale(1.0F / spacing.x(), 1.0F / spacing.y(), 1.0F / spacing.z());
     scan.ct->setTotalResampleNHPTransformation(scan.worldFromVolume);
     for (const Landmark& landmark : planned.landmarks) {
-        const int tooth =
-            landmark.kind == LandmarkKind::Tooth ? universalNumber(landmark.label) : 0;
-        if (tooth != 0)
+        if (const int tooth = toothNumberOf(landmark))
             scan.teeth.emplace_back(ToothChart::Tooth(tooth), landmark.position);
     }
     if (planned.patient) {

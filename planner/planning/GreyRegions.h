@@ -26,20 +26,21 @@ struct GreyScan
     QMatrix4x4 worldFromVolume;
 };
 
-/// The case's voxels, not copied: the case must outlive the scan. Natural head position is the
-/// world. Only the built-in patient has landmarks of the skull.
+/// Returns a scan of the case's voxels, which are not copied: the case must outlive the scan.
+/// Natural head position is the world. Only the built-in patient has landmarks of the skull.
 GreyScan scanOf(const Case& planned);
 
-/// The same scan with other voxels of the same geometry, shared, and with or without its landmarks.
+/// Returns the same scan with other voxels of the same geometry, shared, and with or without its
+/// landmarks.
 GreyScan scanWith(const GreyScan& scan, std::shared_ptr<const VexelImage3D> image,
                   bool withLandmarks);
 
-/// The boxes of a region in the world, for drawing: 0 in front of the face, 1 on the surface of the
-/// skull, 2 at the teeth.
+/// Returns the boxes of a region in the world, for drawing: 0 in front of the face, 1 on the
+/// surface of the skull, 2 at the teeth.
 QList<primitives::BoundingBox> boxesOf(const GreyScan& scan, int region);
 
-/// The voxels as a scanner with another gain and offset would give them; null if they are not
-/// 16-bit integers.
+/// Returns the voxels as a scanner with another gain and offset would give them; null if they are
+/// not 16-bit integers.
 std::shared_ptr<VexelImage3D> miscalibrated(const VexelImage3D& image, float gain, float offset);
 
 } // namespace planner

@@ -26,20 +26,36 @@ Eigen::Vector3d footOn(const QMatrix4x4& worldFromLocal, const QVector3D& point)
     return toEigen(point) - normal * normal.dot(toEigen(point) - origin);
 }
 
+template <typename ToWorld>
+MappedLandmark mappedBack(const Landmark& landmark, const Reslice& reslice, const QPointF& inView,
+                          const QMatrix4x4& worldFromView, const ToWorld& toWorld)
+{
+    const QPoint pixel = pixelAt(reslice, inView);
+    const QVector3D back = toWorld(inView);
+    const QVector3D clicked = toWorld(pixelCentre(reslice, pixel));
+    const Eigen::Vector3d foot = footOn(worldFromView, landmark.position);
+    return {landmark,
+            inView,
+            pixel,
+            back,
+            (toEigen(back) - foot).norm(),
+            (toEigen(clicked) - foot).norm(),
+            std::nullopt,
+            std::nullopt};
+}
+
 } // namespace
 
 QPointF pixelCentre(const Reslice& reslice, const QPoint& pixel)
 {
-    return {(pixel.x() + 0.5) * static_cast<double>(reslice.getSampleSize().x()),
-            (pixel.y() + 0.5) * static_cast<double>(reslice.getSampleSize().y())};
+    return {(pixel.x() + 0.5) * reslice.getSampleSize().x(),
+            (pixel.y() + 0.5) * reslice.getSampleSize().y()};
 }
 
 QPoint pixelAt(const Reslice& reslice, const QPointF& inView)
 {
-    return {
-        static_cast<int>(std::floor(inView.x() / static_cast<double>(reslice.getSampleSize().x()))),
-        static_cast<int>(
-            std::floor(inView.y() / static_cast<double>(reslice.getSampleSize().y())))};
+    return {static_cast<int>(std::floor(inView.x() / reslice.getSampleSize().x())),
+            static_cast<int>(std::floor(inView.y() / reslice.getSampleSize().y()))};
 }
 
 QList<MappedLandmark> mapOntoPlanar(const QList<Landmark>& landmarks, const PlanarReslice& reslice)
@@ -48,15 +64,11 @@ QList<MappedLandmark> mapOntoPlanar(const QList<Landmark>& landmarks, const Plan
     for (const Landmark& landmark : landmarks) {
         const auto [inView, inPlane, inSlice] =
             CoordinateMapper::_3D_To_2D_Planar(&reslice, landmark.position);
-        const QPoint pixel = pixelAt(reslice, inView);
-        const QVector3D back = CoordinateMapper::_2D_To_3D_Planar(&reslice, inView);
-        const QVector3D clicked =
-            CoordinateMapper::_2D_To_3D_Planar(&reslice, pixelCentre(reslice, pixel));
-        const Eigen::Vector3d foot =
-            footOn(reslice.getTransformationFromResliceToWorld(), landmark.position);
-        mapped.append({landmark, inView, pixel, back, (toEigen(back) - foot).norm(),
-                       (toEigen(clicked) - foot).norm(), inPlane == PointInPlane::InPlane,
-                       inSlice == PointInSlice::InSlice});
+        mapped.append(mappedBack(
+            landmark, reslice, inView, reslice.getTransformationFromResliceToWorld(),
+            [&](const QPointF& p) { return CoordinateMapper::_2D_To_3D_Planar(&reslice, p); }));
+        mapped.last().inPlane = inPlane == PointInPlane::InPlane;
+        mapped.last().inSlice = inSlice == PointInSlice::InSlice;
     }
     return mapped;
 }
@@ -64,16 +76,11 @@ QList<MappedLandmark> mapOntoPlanar(const QList<Landmark>& landmarks, const Plan
 QList<MappedLandmark> mapOntoCeph(const QList<Landmark>& landmarks, const CephReslice& reslice)
 {
     QList<MappedLandmark> mapped;
-    for (const Landmark& landmark : landmarks) {
-        const QPointF inView = CoordinateMapper::_3D_To_2D_Ceph(&reslice, landmark.position);
-        const QPoint pixel = pixelAt(reslice, inView);
-        const QVector3D back = CoordinateMapper::_2D_To_3D_Ceph(&reslice, inView);
-        const QVector3D clicked =
-            CoordinateMapper::_2D_To_3D_Ceph(&reslice, pixelCentre(reslice, pixel));
-        const Eigen::Vector3d foot = footOn(reslice.getTransformation(), landmark.position);
-        mapped.append({landmark, inView, pixel, back, (toEigen(back) - foot).norm(),
-                       (toEigen(clicked) - foot).norm(), std::nullopt, std::nullopt});
-    }
+    for (const Landmark& landmark : landmarks)
+        mapped.append(mappedBack(
+            landmark, reslice, CoordinateMapper::_3D_To_2D_Ceph(&reslice, landmark.position),
+            reslice.getTransformation(),
+            [&](const QPointF& p) { return CoordinateMapper::_2D_To_3D_Ceph(&reslice, p); }));
     return mapped;
 }
 

@@ -12,6 +12,7 @@
 #include <Eigen/Geometry>
 
 #include <QMap>
+#include <QQuaternion>
 
 #include <algorithm>
 #include <cmath>
@@ -39,7 +40,7 @@ Edge edge(int a, int b)
 QMap<Edge, Edge> followers(const geometry::Mesh& mesh, const std::vector<double>& heights)
 {
     QMap<Edge, Edge> result;
-    const auto isAbove = [&heights](int vertex) { return heights[std::size_t(vertex)] >= 0.0; };
+    const auto isAbove = [&heights](int vertex) { return heights[vertex] >= 0.0; };
     const QList<int>& indices = mesh.getIndices();
     for (qsizetype t = 0; t + 3 < indices.size(); t += 4) {
         Edge up;
@@ -57,6 +58,45 @@ QMap<Edge, Edge> followers(const geometry::Mesh& mesh, const std::vector<double>
             result.insert(down, up);
     }
     return result;
+}
+
+constexpr int kSides = 12; // of an open surface
+
+// Two triangles between the rings that start at two vertex numbers.
+void closeRings(geometry::Mesh& mesh, int first, int second)
+{
+    for (int side = 0; side < kSides; ++side) {
+        const int next = (side + 1) % kSides;
+        mesh.addTriangle(first + side, first + next, second + side);
+        mesh.addTriangle(first + next, second + next, second + side);
+    }
+}
+
+struct Ring
+{
+    QVector3D centre;
+    QVector3D along;
+    float radius;
+};
+
+geometry::Mesh sweep(const QList<Ring>& rings)
+{
+    QList<QVector3D> vertices;
+    for (const Ring& ring : rings) {
+        const QVector3D helper = std::abs(ring.along.z()) < 0.9F ? QVector3D(0.0F, 0.0F, 1.0F)
+                                                                 : QVector3D(1.0F, 0.0F, 0.0F);
+        const QVector3D u = QVector3D::crossProduct(helper, ring.along).normalized();
+        const QVector3D v = QVector3D::crossProduct(ring.along, u).normalized();
+        for (int side = 0; side < kSides; ++side) {
+            const auto angle = static_cast<float>(2.0 * std::numbers::pi * side / kSides);
+            vertices.append(ring.centre +
+                            (u * std::cos(angle) + v * std::sin(angle)) * ring.radius);
+        }
+    }
+    geometry::Mesh mesh(vertices, {});
+    for (int i = 0; i + 1 < static_cast<int>(rings.size()); ++i)
+        closeRings(mesh, i * kSides, (i + 1) * kSides);
+    return mesh;
 }
 
 } // namespace
@@ -103,14 +143,54 @@ geometry::Mesh tubeMesh(const QList<QVector3D>& centreLine, float radiusMm)
     return mesh;
 }
 
+geometry::Mesh openTube(const QList<QVector3D>& path, float radiusMm)
+{
+    QList<Ring> rings;
+    for (qsizetype i = 0; i < path.size(); ++i) {
+        const QVector3D along =
+            path[std::min(i + 1, path.size() - 1)] - path[std::max<qsizetype>(i - 1, 0)];
+        rings.append({path[i], along.normalized(), radiusMm});
+    }
+    return sweep(rings);
+}
+
+geometry::Mesh ball(const QVector3D& centre, float radiusMm)
+{
+    constexpr int kRings = 9;
+    QList<Ring> rings;
+    for (int i = 0; i < kRings; ++i) {
+        const auto angle = static_cast<float>(std::numbers::pi * i / (kRings - 1));
+        rings.append({centre - QVector3D(0.0F, 0.0F, radiusMm * std::cos(angle)),
+                      {0.0F, 0.0F, 1.0F},
+                      radiusMm * std::sin(angle)});
+    }
+    return sweep(rings);
+}
+
+geometry::Mesh implantBody(const dataobject::ImplantDimensions& measures)
+{
+    const float radius = measures.diameter * 0.5F;
+    const QVector3D down(0.0F, 0.0F, -1.0F);
+    return sweep({{{}, down, radius * 0.2F},
+                  {{}, down, radius},
+                  {down * (measures.length * 0.6F), down, radius * 0.9F},
+                  {down * measures.length, down, radius * 0.4F}});
+}
+
+geometry::Mesh placedMesh(geometry::Mesh mesh, const QMatrix4x4& sceneFromMesh)
+{
+    mesh.applyTransformation(sceneFromMesh);
+    return mesh;
+}
+
 geometry::Mesh placedMesh(const geometry::ShapeNode& root, const QMatrix4x4& sceneFromRoot)
 {
     QList<QVector3D> vertices;
     QList<int> indices;
     const auto end = root.cend();
     for (auto node = root.cbeginNodesWithShape(); node != end; ++node) {
-        geometry::Mesh mesh = node->getShape()->getMesh();
-        mesh.applyTransformation(sceneFromRoot * node.getCumulativeTransform());
+        const geometry::Mesh mesh =
+            placedMesh(node->getShape()->getMesh(), sceneFromRoot * node.getCumulativeTransform());
         const auto first = static_cast<int>(vertices.size());
         vertices += mesh.getVertices();
         for (const int entry : mesh.getIndices())
@@ -121,9 +201,23 @@ geometry::Mesh placedMesh(const geometry::ShapeNode& root, const QMatrix4x4& sce
 
 geometry::Mesh placedMesh(const Surface3DModel& model)
 {
-    geometry::Mesh mesh = model.getMesh();
-    mesh.applyTransformation(model.getObjectTransform());
-    return mesh;
+    return placedMesh(model.getMesh(), model.getObjectTransform());
+}
+
+QMatrix4x4 standing(const QVector3D& origin, const QVector3D& axis)
+{
+    QMatrix4x4 matrix;
+    matrix.translate(origin);
+    matrix.rotate(QQuaternion::rotationTo({0.0F, 0.0F, 1.0F}, axis));
+    return matrix;
+}
+
+QList<QVector3D> thinned(const QList<QVector3D>& path, int step)
+{
+    QList<QVector3D> samples;
+    for (qsizetype i = 0; i < path.size(); i += step)
+        samples.append(path[i]);
+    return samples;
 }
 
 QList<QPolygonF> cutMesh(const geometry::Mesh& mesh, const PlanarReslice& reslice)
@@ -142,8 +236,8 @@ QList<QPolygonF> cutMesh(const geometry::Mesh& mesh, const PlanarReslice& reslic
         QList<QVector3D> points;
         for (auto step = open.find(first); step != open.end();) {
             const auto [a, b] = step.key();
-            const double heightA = heights[std::size_t(a)];
-            const double fraction = heightA / (heightA - heights[std::size_t(b)]);
+            const double heightA = heights[a];
+            const double fraction = heightA / (heightA - heights[b]);
             const Eigen::Vector3d from = toEigen(mesh.getVertices()[a]);
             points.append(toQt(from + fraction * (toEigen(mesh.getVertices()[b]) - from)));
             const Edge next = step.value();

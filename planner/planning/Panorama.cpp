@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include <planner/planning/Panorama.h>
 
+#include <planner/planning/Vectors.h>
+
 #include <CoreAlgorithms/reslice/ImplantRotationCalculator.h>
 
 #include <QMatrix4x4>
-#include <QVector4D>
 
 #include <algorithm>
 #include <array>
@@ -21,10 +22,9 @@ constexpr double kShortestArchMm = 20.0; // five teeth
 constexpr double kLongestArchMm = 600.0; // twice the way around a large jaw with both rami
 constexpr float kPixelMm = 0.2F;
 constexpr qsizetype kPixelsPerWideColumn = 25;
-constexpr float kThicknessMm =
-    30.0F;                         // of the slab: crowns, roots and canals of both jaws lie within
-constexpr float kBelowMm = 22.0F;  // shown below the lowest landmark
-constexpr float kAboveMm = 28.0F;  // and above the highest
+constexpr float kThicknessMm = 30.0F; // crowns, roots and canals of both jaws are within
+constexpr float kBelowMm = 22.0F;     // shown below the lowest landmark
+constexpr float kAboveMm = 28.0F;     // and above the highest
 constexpr float kBehindMm = 14.0F; // the path goes on behind the foramina, to the back of the ramus
 constexpr float kImplantLengthMm = 10.0F;
 constexpr float kImplantDiameterMm = 4.1F;
@@ -38,7 +38,7 @@ QList<QVector3D> archPoints(const Case& planned)
             points.append(landmark.position);
     }
     if (!points.isEmpty() && points.first().x() > points.last().x())
-        std::reverse(points.begin(), points.end());
+        std::ranges::reverse(points);
     return points;
 }
 
@@ -47,10 +47,9 @@ QList<QVector3D> lowerTeeth(const Case& planned)
 {
     QList<QVector3D> points;
     for (const char* fdi : {"47", "45", "43", "41", "31", "33", "35", "37"}) {
-        const auto tooth = std::find_if(
-            planned.landmarks.cbegin(), planned.landmarks.cend(), [fdi](const Landmark& landmark) {
-                return landmark.kind == LandmarkKind::Tooth && landmark.label == QLatin1String(fdi);
-            });
+        const auto tooth = std::ranges::find_if(planned.landmarks, [fdi](const Landmark& landmark) {
+            return landmark.kind == LandmarkKind::Tooth && landmark.label == QLatin1String(fdi);
+        });
         if (tooth != planned.landmarks.cend())
             points.append(tooth->position);
     }
@@ -87,9 +86,9 @@ Lead leadOf(const Case& planned)
     if (!lead.byArch)
         lead.points = lowerTeeth(planned);
     if (lead.points.size() < kFewestPoints) {
-        lead.problem = QStringLiteral(
-            "A panoramic view needs five arch points, or five of the lower teeth 47, 45, 43, "
-            "41, 31, 33, 35 and 37; fewer are known, so there is none.");
+        lead.problem =
+            QStringLiteral("A panoramic view needs five arch points, or five of the lower teeth "
+                           "47, 45, 43, 41, 31, 33, 35 and 37; fewer are known, so there is none.");
         return lead;
     }
     float height = 0.0F;
@@ -103,7 +102,7 @@ Lead leadOf(const Case& planned)
     for (qsizetype i = 0; i < lead.points.size(); ++i) {
         lead.points[i].setZ(height);
         if (i > 0)
-            length += static_cast<double>((lead.points[i] - lead.points[i - 1]).length());
+            length += (lead.points[i] - lead.points[i - 1]).length();
     }
     if (!(length >= kShortestArchMm && length <= kLongestArchMm))
         lead.problem = QStringLiteral("A panoramic view needs an arch of %1 to %2 mm; %3 make one "
@@ -150,13 +149,12 @@ std::optional<Panorama> panorama(const Case& planned)
     view.reslice->setThickness(kThicknessMm);
     view.reslice->setSampleSize({kPixelMm, kPixelMm, kPixelMm});
     // The last sample closes the last column.
-    view.reslice->setDimensions(
-        QSizeF(static_cast<double>(path.size() - 1),
-               std::ceil(static_cast<double>((range.max - range.min) / kPixelMm))));
+    view.reslice->setDimensions(QSizeF(static_cast<double>(path.size() - 1),
+                                       std::ceil((range.max - range.min) / kPixelMm)));
     view.place = QStringLiteral("Along %1 at z = %2 mm, from the patient's right to the left.")
                      .arg(lead.byArch ? QStringLiteral("the arch points")
                                       : QStringLiteral("the lower teeth"))
-                     .arg(static_cast<double>(height), 0, 'f', 1);
+                     .arg(height, 0, 'f', 1);
     return view;
 }
 
@@ -190,15 +188,10 @@ std::shared_ptr<dataobject::Implant3D> implantAt(const Case& planned, const QStr
     const QVector3D z = (crown->position - apex->position).normalized();
     const QVector3D x = QVector3D::crossProduct(QVector3D(0.0F, 1.0F, 0.0F), z).normalized();
     const QVector3D y = QVector3D::crossProduct(z, x);
-    QMatrix4x4 placement;
-    placement.setColumn(0, QVector4D(x, 0.0F));
-    placement.setColumn(1, QVector4D(y, 0.0F));
-    placement.setColumn(2, QVector4D(z, 0.0F));
-    placement.setColumn(3, QVector4D(apex->position + z * (kApexToImplantMm + kImplantLengthMm),
-                                     1.0F)); // the platform
+    const QVector3D platform = apex->position + z * (kApexToImplantMm + kImplantLengthMm);
     auto implant = std::make_shared<dataobject::Implant3D>();
     implant->setDimensions({kImplantDiameterMm, kImplantLengthMm});
-    implant->setObjectTransform(placement);
+    implant->setObjectTransform(frameOf(x, y, z, platform));
     return implant;
 }
 
@@ -210,6 +203,21 @@ double turnSquare(dataobject::Implant3D& implant, GuidingLine& arch)
     implant.setObjectTransform(placement * rotation, TransformManipulationType::Rotation);
     return std::atan2(static_cast<double>(rotation(1, 0)), static_cast<double>(rotation(0, 0))) *
            180.0 / std::numbers::pi;
+}
+
+QList<TurnedImplant> placeTurnedImplants(const Case& planned, GuidingLine& arch)
+{
+    QList<TurnedImplant> placed;
+    for (const char* site : kImplantSites) {
+        const QString fdi = QLatin1String(site);
+        const auto implant = implantAt(planned, fdi);
+        if (!implant)
+            continue;
+        const QMatrix4x4 before = implant->getObjectTransform();
+        const double turned = turnSquare(*implant, arch);
+        placed.append({fdi, implant, before, turned});
+    }
+    return placed;
 }
 
 } // namespace planner

@@ -8,6 +8,8 @@
 #include <CoreAlgorithms/model/dataobjects/Implants.h>
 #include <CoreAlgorithms/model/dataobjects/Reslices.h>
 
+#include <QList>
+#include <QMatrix4x4>
 #include <QString>
 
 #include <array>
@@ -32,19 +34,31 @@ std::optional<Panorama> panorama(const Case& planned);
 /// Returns the reason for which there is no panorama, as a sentence; empty if there is one.
 QString whyNoPanorama(const Case& planned);
 
-/// The same view with columns of 5 mm. Their positions in mm are the same but for the arch's
-/// curvature within a column; lines count as in slice up to 5 mm from the surface.
+/// Returns the same view with columns of 5 mm. Their positions in mm are the same but for the
+/// arch's curvature within a column; lines count as in slice up to 5 mm from the surface.
 std::shared_ptr<PanoramicReslice> withWideColumns(const PanoramicReslice& reslice);
 
 /// The teeth whose places implants take, by FDI number.
 inline constexpr std::array<const char*, 2> kImplantSites = {"46", "36"};
 
-/// An implant in the place of a tooth whose occlusal point and apex are known: along the tooth, its
-/// platform towards the crown, its local y axis to posterior as far as the tooth allows. Null
-/// without them.
+/// Returns an implant in the place of a tooth whose occlusal point and apex are known: along the
+/// tooth, its platform toward the crown, its local y axis to posterior as far as the tooth allows.
+/// Null without them.
 std::shared_ptr<dataobject::Implant3D> implantAt(const Case& planned, const QString& fdi);
 
 /// Turns the implant about its axis, square to the arch. Returns by how many degrees.
 double turnSquare(dataobject::Implant3D& implant, GuidingLine& arch);
+
+/// An implant that was turned square to the arch.
+struct TurnedImplant
+{
+    QString fdi;
+    std::shared_ptr<dataobject::Implant3D> implant;
+    QMatrix4x4 before;
+    double turnedDegrees;
+};
+
+/// Returns the implants at those of kImplantSites where one can be placed, turned.
+QList<TurnedImplant> placeTurnedImplants(const Case& planned, GuidingLine& arch);
 
 } // namespace planner

@@ -47,25 +47,6 @@ struct Frame
     Interval along1;
 };
 
-std::array<QVector3D, 8> corners(const Volume& volume)
-{
-    const math::Ivec3 size = volume.image.imageSize();
-    std::array<QVector3D, 8> positions;
-    for (std::size_t i = 0; i < positions.size(); ++i) {
-        const QVector3D voxel((i & 1U) != 0 ? static_cast<float>(size.x) - 0.5F : -0.5F,
-                              (i & 2U) != 0 ? static_cast<float>(size.y) - 0.5F : -0.5F,
-                              (i & 4U) != 0 ? static_cast<float>(size.z) - 0.5F : -0.5F);
-        positions[i] = volume.worldFromVoxel.map(voxel);
-    }
-    return positions;
-}
-
-QVector3D centre(const Volume& volume)
-{
-    const std::array<QVector3D, 8> all = corners(volume);
-    return (all.front() + all.back()) / 2.0F;
-}
-
 void include(Frame& frame, const QVector3D& position)
 {
     frame.along0.include(QVector3D::dotProduct(position - frame.point, frame.direction0));
@@ -74,7 +55,7 @@ void include(Frame& frame, const QVector3D& position)
 
 void coverVolume(Frame& frame, const Volume& volume)
 {
-    for (const QVector3D& corner : corners(volume))
+    for (const QVector3D& corner : volume.corners())
         include(frame, corner);
 }
 
@@ -115,17 +96,12 @@ QMatrix4x4 rasterFrame(Reslice& reslice, const Frame& frame, float slabMm, int m
     const float height = frame.along1.high - frame.along1.low;
     const float spacing = sampleSpacing(std::max(width, height), mostSamples);
     reslice.setSampleSize({spacing, spacing, slabMm});
-    reslice.setDimensions({std::max(1.0, std::ceil(static_cast<double>(width / spacing) - 1e-3)),
-                           std::max(1.0, std::ceil(static_cast<double>(height / spacing) - 1e-3))});
-    QMatrix4x4 matrix;
-    matrix.setColumn(0, QVector4D(frame.direction0, 0.0F));
-    matrix.setColumn(1, QVector4D(frame.direction1, 0.0F));
-    matrix.setColumn(2,
-                     QVector4D(QVector3D::crossProduct(frame.direction0, frame.direction1), 0.0F));
-    matrix.setColumn(3, QVector4D(frame.point + frame.direction0 * frame.along0.low +
-                                      frame.direction1 * frame.along1.low,
-                                  1.0F));
-    return matrix;
+    reslice.setDimensions({std::max(1.0, std::ceil(width / spacing - 1e-3)),
+                           std::max(1.0, std::ceil(height / spacing - 1e-3))});
+    return frameOf(frame.direction0, frame.direction1,
+                   QVector3D::crossProduct(frame.direction0, frame.direction1),
+                   frame.point + frame.direction0 * frame.along0.low +
+                       frame.direction1 * frame.along1.low);
 }
 
 // Height of the slab that holds the most teeth and arch points, in the middle of those; of the
@@ -138,8 +114,8 @@ float axialHeight(const Case& planned, float slabMm)
             heights.push_back(landmark.position.z());
     }
     if (heights.empty())
-        return centre(planned.volume).z();
-    std::sort(heights.begin(), heights.end());
+        return planned.volume.centre().z();
+    std::ranges::sort(heights);
     auto bestFirst = heights.cbegin();
     auto bestLast = heights.cbegin();
     for (auto first = heights.cbegin(); first != heights.cend(); ++first) {
@@ -167,7 +143,7 @@ std::vector<Eigen::Vector3d> foramina(const Case& planned)
 PlanarView axialView(const Case& planned)
 {
     Frame frame;
-    frame.point = centre(planned.volume);
+    frame.point = planned.volume.centre();
     frame.point.setZ(axialHeight(planned, kAxialSlabMm));
     frame.direction0 = {1.0F, 0.0F, 0.0F};
     frame.direction1 = {0.0F, 1.0F, 0.0F};
@@ -179,9 +155,9 @@ PlanarView axialView(const Case& planned)
     view.place =
         planned.landmarks.isEmpty()
             ? QStringLiteral("Through the middle of the volume, z = %1 mm.")
-                  .arg(static_cast<double>(frame.point.z()), 0, 'f', 1)
+                  .arg(frame.point.z(), 0, 'f', 1)
             : QStringLiteral("At the height where most tooth and arch points lie, z = %1 mm.")
-                  .arg(static_cast<double>(frame.point.z()), 0, 'f', 1);
+                  .arg(frame.point.z(), 0, 'f', 1);
     view.reslice = std::make_shared<PlanarReslice>();
     view.reslice->setTransformationFromResliceToWorld(
         rasterFrame(*view.reslice, frame, kAxialSlabMm, kPlanarSamples));
@@ -197,7 +173,7 @@ PlanarView obliqueView(const Case& planned)
     constexpr float tilt = kDefaultTilt * std::numbers::pi_v<float> / 180.0F;
 
     Frame frame;
-    frame.point = centre(planned.volume);
+    frame.point = planned.volume.centre();
     QVector3D normal(0.0F, std::sin(tilt), -std::cos(tilt));
     const bool usable = plane.hasValue() &&
                         std::abs(plane.value().normal.x()) < 0.9; // a sagittal one has no left edge
@@ -230,7 +206,7 @@ PlanarView obliqueView(const Case& planned)
 CephView lateralView(const Case& planned)
 {
     Frame frame;
-    frame.point = centre(planned.volume);
+    frame.point = planned.volume.centre();
     Interval sides;
     for (const Eigen::Vector3d& foramen : foramina(planned))
         sides.include(static_cast<float>(foramen.x()));
@@ -251,7 +227,7 @@ CephView lateralView(const Case& planned)
     view.title = QStringLiteral("Lateral cephalogram");
     view.place = QStringLiteral("Parallel rays along x through the whole volume; points are mapped "
                                 "onto the plane x = %1 mm.")
-                     .arg(static_cast<double>(frame.point.x()), 0, 'f', 1);
+                     .arg(frame.point.x(), 0, 'f', 1);
     view.reslice = std::make_shared<CephReslice>();
     view.reslice->setTransformation(rasterFrame(*view.reslice, frame, 1.0F, samples));
     view.reslice->setPointOfView(meta::FromRight);
@@ -269,8 +245,8 @@ QString directionLetters(const QVector3D& direction, bool orientationKnown)
     std::array<Part, 3> parts = {Part{std::abs(unit.x()), unit.x() > 0.0F ? u'L' : u'R'},
                                  Part{std::abs(unit.y()), unit.y() > 0.0F ? u'P' : u'A'},
                                  Part{std::abs(unit.z()), unit.z() > 0.0F ? u'S' : u'I'}};
-    std::stable_sort(parts.begin(), parts.end(),
-                     [](const Part& a, const Part& b) { return a.strength > b.strength; });
+    std::ranges::stable_sort(parts,
+                             [](const Part& a, const Part& b) { return a.strength > b.strength; });
     QString letters;
     for (const Part& part : parts) {
         if (part.strength > 0.25F)

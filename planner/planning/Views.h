@@ -13,41 +13,36 @@
 
 namespace planner {
 
-/// A planar cut and why it lies where it does.
-struct PlanarView
+/// A view and why it lies where it does.
+template <typename Reslice>
+struct View
 {
     QString id; ///< of its picture's file name
     QString title;
     QString place; ///< a sentence
-    std::shared_ptr<PlanarReslice> reslice;
+    std::shared_ptr<Reslice> reslice;
 };
 
-/// A cephalometric projection.
-struct CephView
-{
-    QString id;
-    QString title;
-    QString place;
-    std::shared_ptr<CephReslice> reslice;
-};
+using PlanarView = View<PlanarReslice>;
+using CephView = View<CephReslice>;
 
-/// Across the head at the height where most teeth and arch points lie, 3 mm thick; anterior is up
-/// and the patient's right is on the left, as if seen from the feet. Its normal points to superior,
-/// so it is mirrored vertically.
+/// Returns a view across the head at the height where most teeth and arch points are, 3 mm thick.
+/// Anterior is up and the patient's right is on the left, as if seen from the feet. Its normal
+/// points to superior, so it is mirrored vertically.
 PlanarView axialView(const Case& planned);
 
-/// Tilted: the plane of least squared distances to the four foramina, 4 mm thick; without them 30
-/// degrees down to anterior through the middle of the volume. Anterior is up and the patient's
-/// right is on the left, without mirroring.
+/// Returns a tilted view, 4 mm thick: the plane of least squared distances to the four foramina;
+/// without them 30 degrees down to anterior through the middle of the volume. Anterior is up and
+/// the patient's right is on the left, without mirroring.
 PlanarView obliqueView(const Case& planned);
 
-/// From the patient's right with parallel rays, so that the face looks to the right; the whole
-/// volume. Points are mapped onto the plane midway between the foramina of either side, or in the
-/// middle of the volume.
+/// Returns a view from the patient's right with parallel rays, so that the face looks to the right;
+/// the whole volume. Points are mapped onto the plane midway between the foramina of either side,
+/// or in the middle of the volume.
 CephView lateralView(const Case& planned);
 
-/// Where a direction points to, as the letters R, L, A, P, S, I, the strongest first; a letter for
-/// each component above a quarter. With a question mark behind them if the orientation of the
+/// Returns where a direction points to, as the letters R, L, A, P, S, I, the strongest first: a
+/// letter for each component above a quarter. A question mark follows if the orientation of the
 /// volume is not known.
 QString directionLetters(const QVector3D& direction, bool orientationKnown);
 

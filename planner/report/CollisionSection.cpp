@@ -1,13 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/report/CollisionSection.h>
+#include <planner/report/Sections.h>
 
 #include <planner/drawing/CollisionPictures.h>
 #include <planner/drawing/GreyScale.h>
 #include <planner/drawing/Sampling.h>
 #include <planner/input/Progress.h>
 #include <planner/planning/CollisionFindings.h>
-#include <planner/planning/Plan.h>
+#include <planner/planning/CollisionPlan.h>
+#include <planner/report/Table.h>
 
 #include <algorithm>
 #include <iterator>
@@ -21,16 +22,10 @@ constexpr qsizetype kDraggedImplant = 0; // 46 where it is planned
 constexpr int kDragSteps = 6;
 constexpr double kDragStepMm = 0.8;
 
-QString millimetres(double value)
-{
-    return QString::number(value, 'f', 1);
-}
-
 QList<Finding> collisionsOf(const QList<Finding>& findings)
 {
     QList<Finding> found;
-    std::copy_if(findings.cbegin(), findings.cend(), std::back_inserter(found),
-                 [](const Finding& finding) { return finding.collides; });
+    std::ranges::copy_if(findings, std::back_inserter(found), &Finding::collides);
     return found;
 }
 
@@ -56,7 +51,7 @@ QString legendItem(QRgb colour, double opacity, const QString& text)
         .arg(text);
 }
 
-QString legendHtml(const Plan& plan)
+QString legendHtml(const CollisionPlan& plan)
 {
     return QStringLiteral("<ul class=\"legend\">") +
            legendItem(0xff9fb0bf, 1.0, QStringLiteral("implant")) +
@@ -69,50 +64,45 @@ QString legendHtml(const Plan& plan)
            QStringLiteral("</ul>\n");
 }
 
-QString cell(const Finding& finding)
+TableCell verdictOf(const Finding& finding)
 {
-    const QString clearance = millimetres(finding.clearanceMm);
-    return finding.collides
-               ? QStringLiteral("<td style=\"background:#fbdedb;color:#9b1c16;font-weight:700\">"
-                                "collision %1</td>")
-                     .arg(clearance)
-               : QStringLiteral("<td>clear %1</td>").arg(clearance);
+    const QString clearance = number(finding.clearanceMm, 1);
+    if (finding.collides)
+        return {QStringLiteral("collision ") + clearance, TableCell::Alarming};
+    return QStringLiteral("clear ") + clearance;
 }
 
 QString measures(const PlannedImplant& implant)
 {
     const dataobject::ImplantDimensions& size = implant.object->getDimensions();
-    return QStringLiteral("%1 × %2")
-        .arg(static_cast<double>(size.diameter))
-        .arg(static_cast<double>(size.length));
+    return QStringLiteral("%1 × %2").arg(size.diameter).arg(size.length);
 }
 
 // A row for each implant, a column for each object; what two rows share stands once, above the
 // diagonal.
-QString verdictTable(const Plan& plan, const QList<Finding>& findings)
+Table verdictTable(const CollisionPlan& plan, const QList<Finding>& findings)
 {
-    QString html = QStringLiteral("<div class=\"scroll\"><table>\n<tr><th>implant</th><th>mm</th>");
+    Table table{{QStringLiteral("implant"), QStringLiteral("mm")}};
     for (const PlannedImplant& implant : plan.implants)
-        html += QStringLiteral("<th>%1</th>").arg(implant.name);
+        table.headings.append(implant.name);
     for (const PlannedNerve& nerve : plan.nerves)
-        html += QStringLiteral("<th>%1</th>").arg(nerve.name);
+        table.headings.append(nerve.name);
     for (const PlannedPin& pin : plan.pins)
-        html += QStringLiteral("<th>%1</th>").arg(pin.name);
-    html += QStringLiteral("</tr>\n");
-    auto next = findings.cbegin();
+        table.headings.append(pin.name);
     for (qsizetype i = 0; i < plan.implants.size(); ++i) {
-        html += QStringLiteral("<tr><td><b>%1</b></td><td>%2</td>")
-                    .arg(plan.implants[i].name, measures(plan.implants[i]));
-        for (qsizetype j = 0; j <= i; ++j)
-            html += QStringLiteral("<td></td>");
-        for (; next != findings.cend() && next->implant == i; ++next)
-            html += cell(*next);
-        html += QStringLiteral("</tr>\n");
+        QList<TableCell> row = {{plan.implants[i].name, TableCell::Bold},
+                                measures(plan.implants[i])};
+        row.insert(row.size(), i + 1, QString());
+        for (const Finding& finding : findings) {
+            if (finding.implant == i)
+                row.append(verdictOf(finding));
+        }
+        table.rows.append(row);
     }
-    return html + QStringLiteral("</table></div>\n");
+    return table;
 }
 
-QString summary(const Plan& plan, const QList<Finding>& findings)
+QString summary(const CollisionPlan& plan, const QList<Finding>& findings)
 {
     const QList<Finding> collisions = collisionsOf(findings);
     QStringList names;
@@ -150,55 +140,42 @@ qsizetype closestNerve(const QList<Finding>& findings, qsizetype implant)
     return closest->other.number;
 }
 
-QString dragSentence(const Plan& plan, const PlannedNerve& nerve, const QList<DragStep>& steps)
+QString dragSentence(const CollisionPlan& plan, const PlannedNerve& nerve,
+                     const QList<DragStep>& steps)
 {
-    const auto first = std::find_if(steps.cbegin(), steps.cend(),
-                                    [](const DragStep& step) { return step.collides; });
-    const auto notified =
-        std::count_if(steps.cbegin(), steps.cend(), [](const DragStep& step) { return step.told; });
+    const auto first = std::ranges::find_if(steps, &DragStep::collides);
+    const auto notified = std::ranges::count_if(steps, &DragStep::notified);
     const QString name = plan.implants[kDraggedImplant].name;
     const QString observer =
         QStringLiteral(" In %1 steps the detector notified its observer of a change %2.")
             .arg(steps.size())
             .arg(notified == 1 ? QStringLiteral("once") : QStringLiteral("%1 times").arg(notified));
     if (first == steps.cend())
-        return QStringLiteral(
-                   "Implant %1, pushed deeper in steps of %2 mm, stays clear of the %3: %4 mm are "
-                   "left between them at the end.")
-                   .arg(name, millimetres(kDragStepMm), nerve.name,
-                        millimetres(steps.last().clearanceMm)) +
+        return QStringLiteral("Implant %1, pushed deeper in steps of %2 mm, stays clear of the %3: "
+                              "%4 mm are left between them at the end.")
+                   .arg(name, number(kDragStepMm, 1), nerve.name,
+                        number(steps.last().clearanceMm, 1)) +
                observer;
     if (first == steps.cbegin())
-        return QStringLiteral(
-                   "Implant %1 collides with the %2 already where it is planned, with %3 mm left "
-                   "between them, and on its way deeper.")
-                   .arg(name, nerve.name, millimetres(first->clearanceMm)) +
+        return QStringLiteral("Implant %1 collides with the %2 already where it is planned, with "
+                              "%3 mm left between them, and on its way deeper.")
+                   .arg(name, nerve.name, number(first->clearanceMm, 1)) +
                observer;
     return QStringLiteral("Implant %1, pushed deeper in steps of %2 mm, collides with the %3 from "
-                          "%4 mm on, with "
-                          "%5 mm left between them.")
-               .arg(name, millimetres(kDragStepMm), nerve.name, millimetres(first->wayMm),
-                    millimetres(first->clearanceMm)) +
+                          "%4 mm on, with %5 mm left between them.")
+               .arg(name, number(kDragStepMm, 1), nerve.name, number(first->wayMm, 1),
+                    number(first->clearanceMm, 1)) +
            observer;
 }
 
-Section emptySection()
-{
-    Section section;
-    section.id = QStringLiteral("collisions");
-    section.title = QStringLiteral("Collisions");
-    return section;
-}
-
 // Why there is nothing to test; empty if there is something.
-QString missing(const Plan& plan)
+QString missing(const CollisionPlan& plan)
 {
     if (plan.nerves.isEmpty())
         return QStringLiteral("No collisions are tested: the course of the nerves is not known.");
     if (plan.implants.isEmpty())
         return QStringLiteral("No collisions are tested: an implant takes the place of tooth 46 or "
-                              "36, and of neither "
-                              "are crown and apex both known.");
+                              "36, and of neither are crown and apex both known.");
     return {};
 }
 
@@ -209,11 +186,10 @@ QString introduction(const Case& planned)
             ? QStringLiteral(
                   "A plan made to show collisions: the lower teeth give way to eight implants.")
             : QStringLiteral("Implants take the places of lower first molars, 1 mm above the apex "
-                             "of the root, and "
-                             "are tested against the known canals.");
+                             "of the root, and are tested against the known canals.");
     sentences += QStringLiteral(
-        " Implants must not meet each other; within the zone of 3 mm there must be no nerve and "
-        "no anchor pin. The zone reaches 3 mm below an implant and 1.5 mm to its sides.");
+        " Implants must not meet each other; within the zone of 3 mm there must be no nerve and no "
+        "anchor pin. The zone reaches 3 mm below an implant and 1.5 mm to its sides.");
     for (const bool right : {true, false}) {
         const CanalLine* canal = findCanal(planned.canals, right);
         if (!canal)
@@ -225,15 +201,14 @@ QString introduction(const Case& planned)
             sentences +=
                 QStringLiteral(" The radius of the %1 canal is not known: %2 mm are assumed.")
                     .arg(sideName(right))
-                    .arg(static_cast<double>(kAssumedCanalRadiusMm));
+                    .arg(kAssumedCanalRadiusMm);
     }
     return sentences;
 }
 
 QString cutsTitle(const QList<Finding>& shown)
 {
-    const auto collisions = std::count_if(shown.cbegin(), shown.cend(),
-                                          [](const Finding& finding) { return finding.collides; });
+    const auto collisions = std::ranges::count_if(shown, &Finding::collides);
     if (collisions == shown.size())
         return QStringLiteral("The collisions");
     return collisions > 0 ? QStringLiteral("The collisions, and the closest nerve that is clear")
@@ -244,12 +219,11 @@ QString cutsTitle(const QList<Finding>& shown)
 
 Section createCollisionSection(const Case& planned, Progress& progress)
 {
-    Section section = emptySection();
-    const Plan plan = createPlan(planned);
+    Section section{QStringLiteral("collisions"), QStringLiteral("Collisions")};
+    const CollisionPlan plan = createCollisionPlan(planned);
     const QString why = missing(plan);
     if (!why.isEmpty()) {
-        section.introductionHtml = QStringLiteral("<p>%1</p>\n").arg(why);
-        section.plainText = why + u'\n';
+        section.introduce(why);
         return section;
     }
     progress.step(QStringLiteral("Detecting collisions"));
@@ -268,22 +242,19 @@ Section createCollisionSection(const Case& planned, Progress& progress)
     section.pictures.append(
         {QStringLiteral("collisions-jaw.png"), QStringLiteral("The lower jaw"),
          QStringLiteral("<p>Seen from the front, from above and from the patient's left%1. An "
-                        "implant in red collides "
-                        "with whatever else is red next to it; a red zone means that a nerve or a "
-                        "pin is within "
-                        "it.</p>")
+                        "implant in red collides with whatever else is red next to it; a red zone "
+                        "means that a nerve or a pin is within it.</p>")
              .arg(isBoneShown(scale)
                       ? QStringLiteral(", the bone as glass and cut at the necks of the teeth")
                       : QStringLiteral(", without the bone, which these grey values do not tell")),
-         paintJaw(planned, sampler, scale, plan, findings,
-                  [&progress](double done) { progress.fraction(done); })});
-    section.pictures.append({QStringLiteral("collisions-cuts.png"), cutsTitle(shown),
-                             QStringLiteral("<p>Cuts through the axis of the first implant and the "
-                                            "place of the nerve or pin that is "
-                                            "nearest to it, or the platform of the second implant. "
-                                            "Dashed: the zone in which no nerve and "
-                                            "no pin may be. The CT still shows the teeth.</p>"),
-                             paintFindings(sampler, scale, known, plan, shown)});
+         paintJaw(planned, sampler, scale, plan, findings, progress.onFraction())});
+    section.pictures.append(
+        {QStringLiteral("collisions-cuts.png"), cutsTitle(shown),
+         QStringLiteral(
+             "<p>Cuts through the axis of the first implant and the place of the nerve or pin that "
+             "is nearest to it, or the platform of the second implant. Dashed: the zone in which "
+             "no nerve and no pin may be. The CT still shows the teeth.</p>"),
+         paintFindings(sampler, scale, known, plan, shown)});
     section.pictures.append(
         {QStringLiteral("collisions-drag.png"),
          QStringLiteral("Implant %1 on its way to the nerve")
@@ -296,11 +267,9 @@ Section createCollisionSection(const Case& planned, Progress& progress)
         QStringLiteral("<p>%1</p>\n").arg(introduction(planned).toHtmlEscaped()) + legendHtml(plan);
     section.detailsHtml =
         QStringLiteral("<p>%1</p>\n<details open><summary>All verdicts</summary>\n<p>Each cell "
-                       "holds the verdict of "
-                       "the detector and, measured apart from it, the clearance between the bodies "
-                       "in mm.</p>\n"
-                       "%2</details>\n")
-            .arg(summary(plan, findings).toHtmlEscaped(), verdictTable(plan, findings));
+                       "holds the verdict of the detector and, measured apart from it, the "
+                       "clearance between the bodies in mm.</p>\n%2</details>\n")
+            .arg(summary(plan, findings).toHtmlEscaped(), verdictTable(plan, findings).html());
     section.plainText = summary(plan, findings) + u'\n' + drag + u'\n';
     return section;
 }

@@ -5,6 +5,7 @@
 #include <planner/input/Failure.h>
 #include <planner/input/Progress.h>
 #include <planner/report/InterruptionHold.h>
+#include <planner/report/Style.h>
 
 #include <QBuffer>
 #include <QDir>
@@ -24,43 +25,6 @@ namespace planner {
 namespace {
 
 constexpr char16_t kPageName[] = u"index.html";
-
-constexpr char kStyle[] = R"css(
-:root { color-scheme: light; --ink: #1d2733; --soft: #5a6775; --line: #dde3ea; --paper: #ffffff; --ground: #f4f6f9; --accent: #1463a5; }
-* { box-sizing: border-box; }
-body { margin: 0; background: var(--ground); color: var(--ink); line-height: 1.55;
-       font: 16px/1.55 system-ui, -apple-system, "Segoe UI", Roboto, "Noto Sans", "DejaVu Sans", sans-serif; }
-main, header > div { max-width: 1180px; margin: 0 auto; padding: 0 28px; }
-header { background: var(--paper); border-bottom: 1px solid var(--line); padding: 30px 0 22px; }
-h1 { font-size: 1.9rem; margin: 0 0 4px; letter-spacing: -0.01em; }
-h2 { font-size: 1.35rem; margin: 40px 0 6px; }
-h3 { font-size: 1.05rem; margin: 0 0 4px; }
-p { margin: 6px 0; max-width: 78ch; }
-.facts { color: var(--soft); }
-.notice { display: inline-block; margin: 10px 0 2px; padding: 3px 12px; border-radius: 999px; background: #fdeceb; color: #9b1c16;
-          font-weight: 600; font-size: 0.92rem; }
-.remarks { margin: 12px 0 0; padding: 8px 14px; border-left: 4px solid #e0a100; background: #fff8e3; max-width: 78ch; }
-.warning { margin: 12px 0 0; padding: 8px 14px; border-left: 4px solid #c5221f; background: #fdeceb; max-width: 78ch; }
-nav { margin-top: 12px; }
-nav a { margin-right: 18px; }
-a { color: var(--accent); }
-.pictures { display: grid; grid-template-columns: repeat(auto-fit, minmax(460px, 1fr)); gap: 22px; margin: 18px 0; align-items: start; }
-.pictures figure:last-child:nth-child(odd) { grid-column: 1 / -1; justify-self: center; width: min(100%, 960px); }
-figure { margin: 0; background: var(--paper); border: 1px solid var(--line); border-radius: 10px; overflow: hidden; }
-figure img { display: block; width: 100%; height: auto; background: #12171c; }
-figcaption { padding: 12px 16px 14px; font-size: 0.93rem; }
-figcaption p { margin: 3px 0; color: var(--soft); }
-.legend { display: flex; flex-wrap: wrap; gap: 6px 20px; margin: 12px 0 0; padding: 0; list-style: none; font-size: 0.93rem; }
-.legend svg { vertical-align: -3px; margin-right: 6px; }
-details { background: var(--paper); border: 1px solid var(--line); border-radius: 10px; padding: 10px 16px; margin: 16px 0; }
-summary { cursor: pointer; font-weight: 600; }
-.scroll { overflow-x: auto; }
-table { border-collapse: collapse; font-size: 0.86rem; font-variant-numeric: tabular-nums; margin: 10px 0; width: 100%; }
-th, td { padding: 4px 10px; text-align: right; border-bottom: 1px solid var(--line); white-space: nowrap; }
-th { background: var(--ground); font-weight: 600; }
-th:nth-child(-n+2), td:nth-child(-n+2) { text-align: left; }
-footer { color: var(--soft); font-size: 0.9rem; padding: 26px 0 40px; }
-)css";
 
 QString paragraph(const QString& text, const QString& cssClass)
 {
@@ -107,8 +71,8 @@ QString writeFile(const QString& path, const QByteArray& bytes)
     return file.flush() ? QString() : file.errorString();
 }
 
-// In memory, since the codec has a word of its own on standard error for a file that cannot be
-// written.
+// Works in memory, since the codec has a word of its own on standard error for a file that cannot
+// be written.
 QByteArray pngOf(const QImage& image)
 {
     QBuffer buffer;
@@ -140,6 +104,12 @@ QString absolute(const QString& folder)
 
 } // namespace
 
+void Section::introduce(const QString& sentence)
+{
+    introductionHtml += QStringLiteral("<p>%1</p>\n").arg(sentence.toHtmlEscaped());
+    plainText += sentence + u'\n';
+}
+
 Report::Report(const Case& planned) : title(planned.title)
 {
     headHtml =
@@ -148,7 +118,7 @@ Report::Report(const Case& planned) : title(planned.title)
                   QStringLiteral("facts")) +
         paragraph(
             QStringLiteral(
-                "All positions are LPS millimetres: x to the patient's left, y to posterior, z to "
+                "All positions are LPS millimeters: x to the patient's left, y to posterior, z to "
                 "superior. Letters at the edges of a picture: R right, L left, A anterior, "
                 "P posterior, S superior, I inferior of the patient."),
             QStringLiteral("facts"));

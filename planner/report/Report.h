@@ -26,20 +26,23 @@ struct Section
 {
     QString id; ///< anchor in the page
     QString title;
-    QString introductionHtml;
-    QList<SectionPicture> pictures;
-    QString detailsHtml; ///< below the pictures: tables
-    QString plainText;   ///< what is printed on standard output, lines
+    QString introductionHtml = {};
+    QList<SectionPicture> pictures = {};
+    QString detailsHtml = {}; ///< below the pictures: tables
+    QString plainText = {};   ///< what is printed on standard output, lines
+
+    /// Adds a sentence to the introduction and to what is printed.
+    void introduce(const QString& sentence);
 };
 
 /// A folder with index.html and its pictures, linked relatively.
 class Report
 {
 public:
-    /// The case is described at the top of the page.
+    /// Describes the case at the top of the page.
     explicit Report(const Case& planned);
 
-    /// Sections appear in the order in which they are added.
+    /// Adds a section below the others.
     void add(const Section& section) { sections.append(section); }
 
     /// Throws Failure if a report could not be written to the folder; leaves nothing behind.

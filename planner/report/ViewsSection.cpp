@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/report/ViewsSection.h>
+#include <planner/report/Sections.h>
 
 #include <planner/drawing/GreyScale.h>
 #include <planner/drawing/Picture.h>
@@ -8,6 +8,7 @@
 #include <planner/input/Progress.h>
 #include <planner/planning/Mapping.h>
 #include <planner/planning/Views.h>
+#include <planner/report/Table.h>
 
 #include <algorithm>
 #include <iterator>
@@ -23,86 +24,32 @@ struct Rows
     QList<MappedLandmark> landmarks;
 };
 
-QString number(double value, int decimals)
-{
-    return QString::number(value, 'f', decimals);
-}
-
-QString number(float value, int decimals)
-{
-    return QString::number(static_cast<double>(value), 'f', decimals);
-}
-
 QString yesOrNo(const std::optional<bool>& flag)
 {
     return flag ? (*flag ? QStringLiteral("yes") : QStringLiteral("no")) : QStringLiteral("-");
 }
 
-QStringList cells(const QString& view, const MappedLandmark& row)
+Table tableOf(const QList<Rows>& all)
 {
-    return {view,
-            row.landmark.name,
-            number(row.landmark.position.x(), 2),
-            number(row.landmark.position.y(), 2),
-            number(row.landmark.position.z(), 2),
-            number(row.inView.x(), 2),
-            number(row.inView.y(), 2),
-            number(row.back.x(), 2),
-            number(row.back.y(), 2),
-            number(row.back.z(), 2),
-            number(row.errorMm, 5),
-            QStringLiteral("%1, %2").arg(row.pixel.x()).arg(row.pixel.y()),
-            number(row.clickErrorMm, 2),
-            yesOrNo(row.inPlane),
-            yesOrNo(row.inSlice)};
-}
-
-QStringList headings()
-{
-    return {QStringLiteral("view"),     QStringLiteral("landmark"), QStringLiteral("world x"),
-            QStringLiteral("y"),        QStringLiteral("z"),        QStringLiteral("view x"),
-            QStringLiteral("y"),        QStringLiteral("back x"),   QStringLiteral("y"),
-            QStringLiteral("z"),        QStringLiteral("error mm"), QStringLiteral("pixel"),
-            QStringLiteral("click mm"), QStringLiteral("in plane"), QStringLiteral("in slice")};
-}
-
-QString htmlTable(const QList<Rows>& all)
-{
-    QString html = QStringLiteral("<div class=\"scroll\"><table>\n<tr>");
-    for (const QString& heading : headings())
-        html += QStringLiteral("<th>%1</th>").arg(heading);
-    html += QStringLiteral("</tr>\n");
+    Table table{{QStringLiteral("view"), QStringLiteral("landmark"), QStringLiteral("world x"),
+                 QStringLiteral("y"), QStringLiteral("z"), QStringLiteral("view x"),
+                 QStringLiteral("y"), QStringLiteral("back x"), QStringLiteral("y"),
+                 QStringLiteral("z"), QStringLiteral("error mm"), QStringLiteral("pixel"),
+                 QStringLiteral("click mm"), QStringLiteral("in plane"),
+                 QStringLiteral("in slice")}};
     for (const Rows& rows : all) {
         for (const MappedLandmark& row : rows.landmarks) {
-            html += QStringLiteral("<tr>");
-            for (const QString& cell : cells(rows.view, row))
-                html += QStringLiteral("<td>%1</td>").arg(cell.toHtmlEscaped());
-            html += QStringLiteral("</tr>\n");
+            const QVector3D& world = row.landmark.position;
+            table.rows.append(
+                {rows.view, row.landmark.name, number(world.x(), 2), number(world.y(), 2),
+                 number(world.z(), 2), number(row.inView.x(), 2), number(row.inView.y(), 2),
+                 number(row.back.x(), 2), number(row.back.y(), 2), number(row.back.z(), 2),
+                 number(row.errorMm, 5),
+                 QStringLiteral("%1, %2").arg(row.pixel.x()).arg(row.pixel.y()),
+                 number(row.clickErrorMm, 2), yesOrNo(row.inPlane), yesOrNo(row.inSlice)});
         }
     }
-    return html + QStringLiteral("</table></div>\n");
-}
-
-// The first two columns to the left, numbers to the right.
-QString textTable(const QList<Rows>& all)
-{
-    QList<QStringList> lines = {headings()};
-    for (const Rows& rows : all) {
-        for (const MappedLandmark& row : rows.landmarks)
-            lines.append(cells(rows.view, row));
-    }
-    QList<qsizetype> widths(lines.first().size(), 0);
-    for (const QStringList& line : lines) {
-        for (qsizetype i = 0; i < line.size(); ++i)
-            widths[i] = std::max(widths[i], line[i].size());
-    }
-    QString text;
-    for (const QStringList& line : lines) {
-        for (qsizetype i = 0; i < line.size(); ++i)
-            text += (i < 2 ? line[i].leftJustified(widths[i]) : line[i].rightJustified(widths[i])) +
-                    (i + 1 < line.size() ? QStringLiteral("  ") : QStringLiteral("\n"));
-    }
-    return text;
+    return table;
 }
 
 // The foramina in every view and whatever else lies in a slice: what fits a terminal.
@@ -111,11 +58,10 @@ QList<Rows> notableRows(const QList<Rows>& all)
     QList<Rows> notable;
     for (const Rows& rows : all) {
         Rows kept{rows.view, {}};
-        std::copy_if(rows.landmarks.cbegin(), rows.landmarks.cend(),
-                     std::back_inserter(kept.landmarks), [](const MappedLandmark& row) {
-                         return row.landmark.kind == LandmarkKind::Foramen ||
-                                row.inSlice.value_or(false);
-                     });
+        std::ranges::copy_if(
+            rows.landmarks, std::back_inserter(kept.landmarks), [](const MappedLandmark& row) {
+                return row.landmark.kind == LandmarkKind::Foramen || row.inSlice.value_or(false);
+            });
         notable.append(kept);
     }
     return notable;
@@ -133,39 +79,26 @@ QString summary(const QList<Rows>& all)
             largestClick = std::max(largestClick, row.clickErrorMm);
         }
     }
-    return QStringLiteral(
-               "%1 positions were mapped into the views and back: the largest error is %2 mm, and "
-               "%3 mm if the centre of the marked pixel is mapped back.")
+    return QStringLiteral("%1 positions were mapped into the views and back: the largest error is "
+                          "%2 mm, and %3 mm if the center of the marked pixel is mapped back.")
         .arg(count)
         .arg(largest, 0, 'f', 5)
         .arg(largestClick, 0, 'f', 2);
 }
 
-QString wordFor(QChar letter)
-{
-    switch (letter.unicode()) {
-    case u'R':
-        return QStringLiteral("the patient's right");
-    case u'L':
-        return QStringLiteral("the patient's left");
-    case u'A':
-        return QStringLiteral("anterior");
-    case u'P':
-        return QStringLiteral("posterior");
-    case u'S':
-        return QStringLiteral("superior");
-    default:
-        return QStringLiteral("inferior");
-    }
-}
-
 // The letters in words, for readers whose pictures lack fonts.
 QString inWords(const QString& letters)
 {
+    const QHash<QChar, QString> names = {{u'R', QStringLiteral("the patient's right")},
+                                         {u'L', QStringLiteral("the patient's left")},
+                                         {u'A', QStringLiteral("anterior")},
+                                         {u'P', QStringLiteral("posterior")},
+                                         {u'S', QStringLiteral("superior")},
+                                         {u'I', QStringLiteral("inferior")}};
     QStringList words;
     for (const QChar letter : letters) {
-        if (letter.isLetter())
-            words.append(wordFor(letter));
+        if (names.contains(letter))
+            words.append(names[letter]);
     }
     return words.join(u'-');
 }
@@ -176,7 +109,7 @@ QString captionHtml(const QString& place, const EdgeLetters& edges, const GreySc
     const QString raster = QStringLiteral("%1 × %2 samples of %3 mm")
                                .arg(reslice.getDimensions().width())
                                .arg(reslice.getDimensions().height())
-                               .arg(static_cast<double>(reslice.getSampleSize().x()), 0, 'g', 3);
+                               .arg(reslice.getSampleSize().x(), 0, 'g', 3);
     QString html =
         QStringLiteral("<p>%1%2</p>")
             .arg(place.toHtmlEscaped(), more.isEmpty() ? QString() : u' ' + more.toHtmlEscaped());
@@ -187,26 +120,11 @@ QString captionHtml(const QString& place, const EdgeLetters& edges, const GreySc
     return html;
 }
 
-EdgeLetters edges(const QVector3D& toRight, const QVector3D& toTop, bool known)
-{
-    return {directionLetters(-toRight, known), directionLetters(toRight, known),
-            directionLetters(toTop, known), directionLetters(-toTop, known)};
-}
-
-EdgeLetters planarEdges(const PlanarReslice& reslice, bool known)
-{
-    const QVector3D toRight =
-        reslice.getDirection0(false) * (reslice.isMirroredHorizontallyIn2D() ? -1.0F : 1.0F);
-    const QVector3D toTop =
-        reslice.getDirection1(false) * (reslice.isMirroredVerticallyIn2D() ? -1.0F : 1.0F);
-    return edges(toRight, toTop, known);
-}
-
 EdgeLetters cephEdges(const CephReslice& reslice, bool known)
 {
     const QMatrix4x4 matrix = reslice.getTransformation();
     const float side = reslice.getPointOfView() == meta::FromLeft ? -1.0F : 1.0F;
-    return edges(matrix.column(0).toVector3D() * side, matrix.column(1).toVector3D(), known);
+    return edgesOf(matrix.column(0).toVector3D() * side, matrix.column(1).toVector3D(), known);
 }
 
 std::optional<MappedSegment> nerveChord(const Case& planned, const PlanarReslice& reslice)
@@ -241,20 +159,16 @@ QString dot(const QColor& colour, bool filled, const QString& text)
 
 QString legendHtml(const Case& planned)
 {
+    const std::pair<LandmarkKind, QString> kinds[] = {
+        {LandmarkKind::Foramen, QStringLiteral("foramen")},
+        {LandmarkKind::Tooth, QStringLiteral("tooth, with its FDI number")},
+        {LandmarkKind::Apex, QStringLiteral("root apex")},
+        {LandmarkKind::Arch, QStringLiteral("point of the arch")}};
     QString items;
-    const auto has = [&planned](LandmarkKind kind) {
-        return std::any_of(planned.landmarks.cbegin(), planned.landmarks.cend(),
-                           [kind](const Landmark& l) { return l.kind == kind; });
-    };
-    if (has(LandmarkKind::Foramen))
-        items += dot(markColour(LandmarkKind::Foramen), true, QStringLiteral("foramen"));
-    if (has(LandmarkKind::Tooth))
-        items += dot(markColour(LandmarkKind::Tooth), true,
-                     QStringLiteral("tooth, with its FDI number"));
-    if (has(LandmarkKind::Apex))
-        items += dot(markColour(LandmarkKind::Apex), true, QStringLiteral("root apex"));
-    if (has(LandmarkKind::Arch))
-        items += dot(markColour(LandmarkKind::Arch), true, QStringLiteral("point of the arch"));
+    for (const auto& [kind, text] : kinds) {
+        if (std::ranges::find(planned.landmarks, kind, &Landmark::kind) != planned.landmarks.cend())
+            items += dot(markColour(kind), true, text);
+    }
     if (items.isEmpty())
         return {};
     items += dot(QColor(0x5a, 0x67, 0x75), false,
@@ -269,22 +183,22 @@ Section createViewsSection(const Case& planned, Progress& progress)
     const GreyScale scale(planned.volume.image);
     const Sampler sampler(planned.volume);
     const bool known = planned.volume.orientationKnown;
-    const auto tell = [&progress](double done) { progress.fraction(done); };
+    const auto tell = progress.onFraction();
     QList<Rows> all;
 
-    Section section;
-    section.id = QStringLiteral("views");
-    section.title = QStringLiteral("Views and landmarks");
+    Section section{QStringLiteral("views"), QStringLiteral("Views and landmarks")};
     for (const PlanarView& view : {axialView(planned), obliqueView(planned)}) {
         progress.step(QStringLiteral("Sampling the %1").arg(view.title.toLower()));
         const PlanarReslice& reslice = *view.reslice;
-        PictureContent content{
-            cutOut(sampler, scale, reslice, tell), reslice.getSampleSize(),
-            planarEdges(reslice, known),           mapOntoPlanar(planned.landmarks, reslice),
-            nerveChord(planned, reslice),          true};
+        PictureContent content{cutOut(sampler, scale, reslice, tell),
+                               reslice.getSampleSize(),
+                               edgesOf(reslice, known),
+                               mapOntoPlanar(planned.landmarks, reslice),
+                               nerveChord(planned, reslice),
+                               true};
         const QString slab =
             QStringLiteral("The slab is %1 mm thick, the picture shows its middle.")
-                .arg(static_cast<double>(reslice.getSampleSize().z()));
+                .arg(reslice.getSampleSize().z());
         const QString caption = captionHtml(view.place, content.edges, &scale, reslice,
                                             slab + u' ' + segmentSentence(content.segment));
         section.pictures.append(
@@ -308,21 +222,19 @@ Section createViewsSection(const Case& planned, Progress& progress)
     progress.finish();
 
     section.introductionHtml =
-        QStringLiteral(
-            "<p>The CT cut and projected by trilinear sampling. Landmarks are mapped from the "
-            "world into each view and drawn there.</p>\n") +
+        QStringLiteral("<p>The CT cut and projected by trilinear sampling. Landmarks are mapped "
+                       "from the world into each view and drawn there.</p>\n") +
         legendHtml(planned);
     if (!planned.landmarks.isEmpty()) {
         section.detailsHtml =
             QStringLiteral(
                 "<p>%1</p>\n<details><summary>All positions</summary>\n<p>View coordinates are mm "
                 "from the upper left corner of the picture, x to the right and y down. \"Error\" "
-                "is "
-                "the distance between the point that was mapped back and the foot of the landmark "
-                "on the plane of the view, in mm; \"click\" the same for the centre of the marked "
-                "pixel (column, row).</p>\n%2</details>\n")
-                .arg(summary(all).toHtmlEscaped(), htmlTable(all));
-        section.plainText = textTable(notableRows(all)) + summary(all) + u'\n';
+                "is the distance between the point that was mapped back and the foot of the "
+                "landmark on the plane of the view, in mm; \"click\" the same for the center of "
+                "the marked pixel (column, row).</p>\n%2</details>\n")
+                .arg(summary(all).toHtmlEscaped(), tableOf(all).html());
+        section.plainText = tableOf(notableRows(all)).text() + summary(all) + u'\n';
     }
     return section;
 }

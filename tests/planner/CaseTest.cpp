@@ -115,7 +115,8 @@ TEST_F(OpenedCase, HasNoWarningForLandmarksInTheVolume)
 TEST_F(OpenedCase, WarnsOfLandmarksOutsideTheVolume)
 {
     const planner::Case planned = openWith(
-        R"({"mentalForamen": {"right": {"voxel": [1, 1, 1]}}, "lowerTeeth": {"36": {"voxel": [1, 1, 9]}}})");
+        R"({"mentalForamen": {"right": {"voxel": [1, 1, 1]}},
+            "lowerTeeth": {"36": {"voxel": [1, 1, 9]}}})");
     EXPECT_EQ(planned.landmarks.size(), 2);
     ASSERT_EQ(planned.warnings.size(), 1);
     EXPECT_TRUE(planned.warnings.first().startsWith(
@@ -139,7 +140,8 @@ TEST_F(OpenedCase, LeavesLandmarksAndCanalsOutThatAreFarOutsideTheVolume)
 TEST_F(OpenedCase, CarriesTheWarningsOfItsLandmarkFile)
 {
     const planner::Case planned = openWith(
-        R"({"mentalForamen": {"right": {"voxel": [1, 1, 1]}}, "lowerTeeth": {"99": {"voxel": [1, 1, 1]}}})");
+        R"({"mentalForamen": {"right": {"voxel": [1, 1, 1]}},
+            "lowerTeeth": {"99": {"voxel": [1, 1, 1]}}})");
     ASSERT_EQ(planned.warnings.size(), 1);
     EXPECT_TRUE(planned.warnings.first().startsWith(QStringLiteral("There is no tooth \"99\"")));
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <planner/planning/CollisionFindings.h>
 
-// Covered: findCollisions(), what is told of single objects, dragDeeper().
+// Covered: findCollisions(), what is notified of single objects, dragDeeper().
 
 #include <tests/planner/PlanBuilders.h>
 
@@ -20,7 +20,7 @@ using test::pinAlongX;
 
 namespace {
 
-QStringList collisions(const planner::Plan& plan)
+QStringList collisions(const planner::CollisionPlan& plan)
 {
     QStringList names;
     for (const Finding& finding : planner::findCollisions(plan)) {
@@ -32,7 +32,7 @@ QStringList collisions(const planner::Plan& plan)
 
 TEST(Findings, CoverEveryPairOnce)
 {
-    planner::Plan plan;
+    planner::CollisionPlan plan;
     plan.implants = {implantAt({0, 0, 0}), implantAt({20, 0, 0}), implantAt({40, 0, 0})};
     plan.nerves = {nerveAlong({0, 50, 0}, {9, 50, 0}, 1.0F)};
     plan.pins = {pinAlongX({0, 70, 0}), pinAlongX({0, 80, 0})};
@@ -42,7 +42,7 @@ TEST(Findings, CoverEveryPairOnce)
 
 TEST(Findings, OfANervePassTwoMillimetresBesideAnImplantButNotBelowIt)
 {
-    planner::Plan plan;
+    planner::CollisionPlan plan;
     plan.implants = {implantAt({0, 0, 0})};
     plan.nerves = {nerveAlong({-20, 5, -4}, {20, 5, -4}, 1.0F)}; // 2 mm beside
     EXPECT_FALSE(planner::findCollisions(plan).first().collides);
@@ -53,7 +53,7 @@ TEST(Findings, OfANervePassTwoMillimetresBesideAnImplantButNotBelowIt)
 
 TEST(Findings, TellWhichObjectsCollide)
 {
-    planner::Plan plan;
+    planner::CollisionPlan plan;
     plan.implants = {implantAt({0, 0, 0}), implantAt({3, 0, 1}), implantAt({0, 30, 0})};
     plan.pins = {pinAlongX({3, 30, -5}), pinAlongX({0, 70, 0})};
     const QList<Finding> findings = planner::findCollisions(plan);
@@ -69,7 +69,7 @@ TEST(Findings, InTheBuiltInPatientAreOneOfEachKind)
 {
     phantom::Settings settings;
     settings.voxelSizeMm = 0.0F;
-    EXPECT_EQ(collisions(planner::createPlan(phantom::Patient(settings))),
+    EXPECT_EQ(collisions(planner::createCollisionPlan(phantom::Patient(settings))),
               QStringList({QStringLiteral("32+pin 3"), QStringLiteral("33+34"),
                            QStringLiteral("36+left nerve")}));
 }
@@ -85,7 +85,7 @@ protected:
         steps = planner::dragDeeper(plan, 0, 0, 6, 1.0);
     }
 
-    planner::Plan plan;
+    planner::CollisionPlan plan;
     QList<planner::DragStep> steps;
 };
 
@@ -103,7 +103,7 @@ TEST_F(Drag, CollidesFromTheStepOnAtWhichTheZoneMeetsTheNerve)
 TEST_F(Drag, TellsTheObserverOnceWhenTheVerdictChanges)
 {
     for (qsizetype i = 0; i < steps.size(); ++i)
-        EXPECT_EQ(steps[i].told, i == 3) << i;
+        EXPECT_EQ(steps[i].notified, i == 3) << i;
 }
 
 TEST_F(Drag, PutsTheImplantBack)

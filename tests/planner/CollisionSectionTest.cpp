@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/report/CollisionSection.h>
+#include <planner/report/Sections.h>
 
 // Covered: createCollisionSection(): table, pictures and text of the built-in patient, and of a CT
 // whose canals are known, known in part, or not known.

@@ -41,9 +41,9 @@ TEST(CommandLine, NamesCtAndLandmarks)
 
 TEST(CommandLine, TakesASeriesForACtOnly)
 {
-    EXPECT_EQ(parse({"--report", "out", "--ct", "disc", "--series", "2"})->series,
+    EXPECT_EQ(parse({"--report", "out", "--ct", "disc", "--series", "2"})->files.series,
               QStringLiteral("2"));
-    EXPECT_TRUE(parse({"--report", "out", "--ct", "disc"})->series.isEmpty());
+    EXPECT_TRUE(parse({"--report", "out", "--ct", "disc"})->files.series.isEmpty());
     EXPECT_THROW(parse({"--report", "out", "--series", "2"}), planner::Failure);
 }
 
@@ -56,7 +56,7 @@ TEST(CommandLine, KeepsPathsWithSpacesAndUmlauts)
 
 TEST(CommandLine, TakesAVoxelSizeForTheBuiltInPatientOnly)
 {
-    EXPECT_EQ(parse({"--report", "out", "--voxel-size", "2"})->voxelSizeMm, 2.0F);
+    EXPECT_EQ(parse({"--report", "out", "--voxel-size", "2"})->files.voxelSizeMm, 2.0F);
     EXPECT_THROW(parse({"--report", "out", "--voxel-size", "2", "--ct", "ct.nii"}),
                  planner::Failure);
 }

@@ -5,12 +5,9 @@
 // loaded, within the limits for volumes, or refused with a sentence, and memory stays bounded. The
 // seed that a failure names makes the same file on every machine.
 
-#include <planner/input/DicomReader.h>
 #include <planner/input/Failure.h>
-#include <planner/input/MetaImageReader.h>
-#include <planner/input/NiftiReader.h>
-#include <planner/input/NrrdReader.h>
 #include <planner/input/VolumeLimits.h>
+#include <planner/input/VolumeReaders.h>
 #include <tests/planner/DicomFiles.h>
 #include <tests/planner/TextVolumes.h>
 

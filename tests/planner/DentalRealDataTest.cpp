@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/planning/DentalPlan.h>
+#include <planner/planning/DentalArchPlan.h>
 
 // Covered, on the landmarks of a segmented cone-beam CT of a full dentition: teeth in order along
 // their arches, every tooth nearest to itself, proposed nerves beside the segmented canals.

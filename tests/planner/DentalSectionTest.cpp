@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/report/DentalSection.h>
+#include <planner/report/Sections.h>
 
 // Covered: which pictures the section holds and what it says, with and without landmarks and known
 // canals.

@@ -157,8 +157,8 @@ inline QByteArray pixels(int count, std::uint16_t firstValue)
     return bytes;
 }
 
-/// From the number of samples a pixel to the representation of pixels, without the number of
-/// frames.
+/// Returns the tags from the number of samples a pixel to the representation of pixels, but not the
+/// number of frames.
 inline QByteArray pixelTags(std::uint16_t columns)
 {
     return number(0x00280010, 2) + number(0x00280011, columns);

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/input/DicomReader.h>
+#include <planner/input/VolumeReaders.h>
 
 // Covered: readDicom(): order of slices, geometry, rescaling, frames of one file, the choice of a
 // series, and files that make no volume.

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/report/GreyValuesSection.h>
+#include <planner/report/Sections.h>
 
 // Covered: what the section shows of the built-in patient, of a CT with teeth alone, and what it
 // says of others.

@@ -50,7 +50,8 @@ int main(int argc, char** argv)
           R"({"mandibularForamen": {"right": [-3, -4, 6], "left": [-12, -4, 6]}})");
     write("tooth99.json", R"({"lowerTeeth": {"41": [-8, -8, 6], "99": [-8, -9, 6]}})");
     write("othergrid.json", R"({"lowerTeeth": {"41": [-8, -8, 6]},
-        "mandibleBodyMidline": {"voxel": [[2, 24, 4], [8, 10, 4], [16, 6, 4], [24, 10, 4], [30, 24, 4]]}})");
+        "mandibleBodyMidline": {"voxel": [[2, 24, 4], [8, 10, 4], [16, 6, 4], [24, 10, 4],
+            [30, 24, 4]]}})");
     write("coinciding.json",
           R"({"lowerTeeth": {"35": [-8, -8, 6], "36": [-8, -8, 6], "37": [-8, -8, 6]}})");
     write("crowded.json", "{\"mandibleBodyMidline\": [" +

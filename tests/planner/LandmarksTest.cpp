@@ -68,7 +68,8 @@ private:
 TEST_F(Landmarks, ReadsPositionsInTheWorld)
 {
     const auto landmarks = read(R"({"mandibularForamen": {"right": [1, 2, 3], "left": [4, 5, 6]},
-                                    "teeth": {"36": {"occlusal": [7, 8, 9], "apex": [10, 11, 12], "universal": 19}}})");
+                                    "teeth": {"36": {"occlusal": [7, 8, 9], "apex": [10, 11, 12],
+            "universal": 19}}})");
     ASSERT_EQ(landmarks.size(), 4);
     EXPECT_EQ(landmarks[0].name, QStringLiteral("mandibular foramen, right"));
     EXPECT_EQ(landmarks[0].position, QVector3D(1, 2, 3));
@@ -94,7 +95,8 @@ TEST_F(Landmarks, MapsVoxelPositionsThroughTheVolume)
     QMatrix4x4 worldFromVoxel;
     worldFromVoxel.translate(128, 112, 1500);
     const auto landmarks = read(R"({"mentalForamen": {"left": {"voxel": [144, 59.5, 34]}},
-                                    "mandibleBodyMidline": {"note": "x", "voxel": [[122, 49, 36], [130, 51, 36]]}})",
+                                    "mandibleBodyMidline": {"note": "x", "voxel": [[122, 49, 36],
+            [130, 51, 36]]}})",
                                 worldFromVoxel);
     ASSERT_EQ(landmarks.size(), 3);
     EXPECT_EQ(landmarks[0].position, QVector3D(272, 171.5F, 1534));
@@ -275,16 +277,17 @@ TEST_F(Landmarks, WithLeftAndRightExchangedGetAWarning)
                 testing::HasSubstr("exchanged (mandibular foramina)"));
     EXPECT_THAT(warnings(R"({"mentalForamen": {"right": [90, 0, 0], "left": [10, 0, 0]}})"),
                 testing::HasSubstr("exchanged (mental foramina)"));
-    EXPECT_THAT(
-        warnings(
-            R"({"upperTeeth": {"16": [90, 0, 0], "26": [10, 0, 0], "11": [40, 0, 0], "21": [60, 0, 0]},
+    EXPECT_THAT(warnings(
+                    R"({"upperTeeth": {"16": [90, 0, 0], "26": [10, 0, 0], "11": [40, 0, 0],
+            "21": [60, 0, 0]},
                              "lowerTeeth": {"47": [90, 0, 9], "37": [10, 0, 9]}})"),
-        testing::HasSubstr("exchanged (teeth 16 and 26, teeth 47 and 37)"));
-    EXPECT_THAT(
-        warnings(
-            R"({"lowerTeeth": {"41": [90, 0, 0], "42": [80, 0, 0], "43": [70, 0, 0], "44": [60, 0, 0],
-                             "31": [9, 0, 0], "32": [8, 0, 0], "33": [7, 0, 0], "34": [6, 0, 0]}})"),
-        testing::HasSubstr("exchanged (4 pairs of teeth)"));
+                testing::HasSubstr("exchanged (teeth 16 and 26, teeth 47 and 37)"));
+    EXPECT_THAT(warnings(
+                    R"({"lowerTeeth": {"41": [90, 0, 0], "42": [80, 0, 0], "43": [70, 0, 0],
+            "44": [60, 0, 0],
+                             "31": [9, 0, 0], "32": [8, 0, 0], "33": [7, 0, 0],
+            "34": [6, 0, 0]}})"),
+                testing::HasSubstr("exchanged (4 pairs of teeth)"));
     EXPECT_THAT(warnings(withTooth(R"("canal": {"right": {"points": [[90, 0, 0], [90, 9, 0]]},
                                                 "left": {"points": [[10, 0, 0], [10, 9, 0]]}})")),
                 testing::HasSubstr("exchanged (canals)"));
@@ -320,8 +323,10 @@ QByteArray archInVoxels(double scale)
          {std::pair{40, 80}, {50, 60}, {65, 45}, {80, 40}, {95, 45}, {110, 60}, {120, 80}})
         arch += (arch.isEmpty() ? "[" : ", [") + QByteArray::number(x * scale) + ", " +
                 QByteArray::number(y * scale) + ", 30]";
-    return R"({"lowerTeeth": {"45": {"voxel": [50, 55, 40]}, "41": {"voxel": [75, 36, 40]}, "35": {"voxel": [112, 58, 40]}},
-               "mentalForamen": {"right": {"voxel": [55, 48, 30]}, "left": {"voxel": [103, 49, 30]}},
+    return R"({"lowerTeeth": {"45": {"voxel": [50, 55, 40]}, "41": {"voxel": [75, 36, 40]},
+            "35": {"voxel": [112, 58, 40]}},
+               "mentalForamen": {"right": {"voxel": [55, 48, 30]},
+            "left": {"voxel": [103, 49, 30]}},
                "mandibleBodyMidline": {"voxel": [)" +
            arch + "]}}";
 }

@@ -14,7 +14,7 @@
 
 namespace {
 
-// From the front, so that x is to the right and z up.
+// Looks from the front, so that x is to the right and z up.
 planner::Camera camera()
 {
     planner::Camera result;
@@ -130,7 +130,7 @@ TEST(Scene, ShowsBoneWhereItIsNotCutAway)
     bone.isShown = [](const QVector3D& p) { return p.x() < 10.0F; };
     bone.low = {-5, 0, 15};
     bone.high = {25, 40, 45};
-    bone.colour = Qt::white;
+    bone.color = Qt::white;
     QList<double> told;
     const QImage image =
         paintScene(camera(), {}, bone, [&told](double done) { told.append(done); });

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/input/MetaImageReader.h>
+#include <planner/input/VolumeReaders.h>
 
 // Covered: readMetaImage(): positions, element types, where the voxels may be, and files that are
 // no volume.

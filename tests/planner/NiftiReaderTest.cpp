@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/input/NiftiReader.h>
+#include <planner/input/VolumeReaders.h>
 
 // Covered: readNifti(): element types, positions, scaling, and files that are no volume.
 

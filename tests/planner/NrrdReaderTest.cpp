@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/input/NrrdReader.h>
+#include <planner/input/VolumeReaders.h>
 
 // Covered: readNrrd(): spaces and positions, element types, where the voxels may be, and files that
 // are no volume.

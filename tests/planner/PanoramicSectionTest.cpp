@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/report/PanoramicSection.h>
+#include <planner/report/Sections.h>
 
 // Covered: createPanoramicSection(): which nerves the view shows and what the section says of them
 // and of implants, as far as the case knows them.

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <planner/planning/CollisionPlan.h>
 #include <planner/planning/Meshes.h>
-#include <planner/planning/Plan.h>
 
 #include <CoreAlgorithms/model/data/Shapes.h>
 

@@ -25,7 +25,8 @@ namespace {
 class Program : public testing::Test
 {
 protected:
-    // With standard output on the file descriptor, which is closed here; on none if it is -1.
+    // Starts with standard output on the file descriptor, which is closed here; on none if it is
+    // -1.
     void start(int output, const char* argument)
     {
         const QByteArray report = QFile::encodeName(folder.filePath(QStringLiteral("report")));
@@ -49,7 +50,7 @@ protected:
             close(output);
     }
 
-    // With standard output to be read.
+    // Starts with standard output to be read.
     void start()
     {
         std::array<int, 2> ends{};

@@ -216,7 +216,7 @@ std::FILE* streamThatRaises(int signal)
     return fopencookie(&raised, "w", functions);
 }
 
-// In a child process. The signal arrives when the unfinished folder is there.
+// Writes in a child process. The signal arrives when the unfinished folder is there.
 void writeInterrupted(const Report& report, const QString& folder, int signal)
 {
     planner::Progress progress(streamThatRaises(signal), false);

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/report/ScansSection.h>
+#include <planner/report/Sections.h>
 
 // Covered: the section on jaw scans, with the built-in patient and without, and the surface of the
 // crowns.
 
-#include <planner/planning/CrownScan.h>
+#include <planner/planning/JawScans.h>
 #include <tests/planner/GuiTest.h>
 #include <tests/planner/SilentProgress.h>
 
@@ -43,7 +43,7 @@ TEST_F(ScansSection, TakesTheScanThroughAllPlacementsAndIntoTheBite)
     for (const planner::SectionPicture& picture : section.pictures)
         EXPECT_FALSE(picture.image.isNull()) << picture.fileName.toStdString();
     // Every line of the table: placement, deviation, distance from the crowns.
-    const QRegularExpression line(QStringLiteral("^(.+?) +([0-9.]+) +([0-9.]+)$"));
+    const QRegularExpression line(QStringLiteral("^(.+?) +\\S+ +([0-9.]+) +([0-9.]+)$"));
     QStringList placements;
     for (const QString& text : section.plainText.split(u'\n').mid(1)) {
         const auto match = line.match(text);

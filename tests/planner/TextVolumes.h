@@ -63,7 +63,7 @@ inline QByteArray text(const Fields& fields, const QByteArray& separator)
     return lines;
 }
 
-/// Of the counting voxels, 1 mm apart, behind the header.
+/// Returns the header of the counting voxels, 1 mm apart.
 inline QByteArray metaHeader(const Fields& changes)
 {
     return text(with({{"ObjectType", "Image"},

@@ -45,36 +45,38 @@ struct PlannedPin
     float lengthMm = 0.0F;
 };
 
-/// What is planned in a jaw.
-struct Plan
+/// Implants, nerves and pins in a jaw, to be tested for collisions.
+struct CollisionPlan
 {
     QList<PlannedImplant> implants;
     QList<PlannedNerve> nerves;
     QList<PlannedPin> pins;
 };
 
-/// The lower jaw of the built-in patient: its teeth give way to eight implants, from right to left,
-/// with both nerves as tubes in their canals and four pins for the surgical template, from right to
-/// left. Not all is well with it: 36 is too long and leans over the nerve, 34 leans into 33, and
-/// the third pin stands too near to 32.
-Plan createPlan(const phantom::Patient& patient);
+/// Plans in the lower jaw of the built-in patient: its teeth give way to eight implants, from right
+/// to left, with both nerves as tubes in their canals and four pins for the surgical template, from
+/// right to left. Not all is well with it: 36 is too long and leans over the nerve, 34 leans into
+/// 33, and the third pin stands too near to 32.
+CollisionPlan createCollisionPlan(const phantom::Patient& patient);
 /// Plans in the built-in patient as above, and in another CT as far as its landmarks allow: an
 /// implant in the place of each tooth of kImplantSites and a tube along each known canal.
-Plan createPlan(const Case& planned);
+CollisionPlan createCollisionPlan(const Case& planned);
 
-/// Surface of the implant's safety zone in the scene; of margin 0 the implant's envelope.
+/// Returns the surface of the implant's safety zone in the scene; of margin 0 the implant's
+/// envelope.
 geometry::Mesh zoneMesh(const PlannedImplant& implant, float margin);
+/// Returns the surface of a pin in the scene.
 geometry::Mesh pinMesh(const PlannedPin& pin);
 
-/// What lies between the envelope of an implant and another object, in mm; 0 where they overlap.
-/// Measured from points on the surfaces that lie 0.2 mm apart, so it is too long by 0.05 mm at
-/// most.
+/// Returns the distance in mm between the envelope of an implant and another object; 0 where they
+/// overlap. It is measured between points on the surfaces that are 0.2 mm apart, so it is too long
+/// by 0.05 mm at most.
 double clearance(const PlannedImplant& implant, const PlannedImplant& other);
 double clearance(const PlannedImplant& implant, const PlannedNerve& nerve);
 double clearance(const PlannedImplant& implant, const PlannedPin& pin);
 
-/// The point on the axis of the other implant or pin, or on the centre line of the nerve, that is
-/// nearest to the implant's envelope.
+/// Returns the point on the axis of the other implant or pin, or on the center line of the nerve,
+/// that is nearest to the implant's envelope.
 QVector3D nearestPoint(const PlannedImplant& implant, const PlannedImplant& other);
 QVector3D nearestPoint(const PlannedImplant& implant, const PlannedNerve& nerve);
 QVector3D nearestPoint(const PlannedImplant& implant, const PlannedPin& pin);

@@ -24,16 +24,16 @@ namespace planner {
 struct CreatedTooth
 {
     ToothChart::Tooth number = ToothChart::NoTooth;
-    QVector3D interpolated; ///< its place between its neighbours on the arch
+    QVector3D interpolated; ///< its place between its neighbors on the arch
     QVector3D landmark;     ///< where it really stands
     double distanceMm = 0;  ///< between the two, in the plane of the arch
 };
 
 /// The arches, teeth and labels of a case.
-struct DentalPlan
+struct DentalArchPlan
 {
-    /// Upper before lower; only arches with four teeth or more. Each lies at the mean height of its
-    /// teeth.
+    /// The upper arch before the lower one, each with four teeth or more and at the mean height of
+    /// its teeth.
     QList<std::shared_ptr<PlanarDentalSpline>> arches;
     std::shared_ptr<Diagnosis> diagnosis;
     QList<std::shared_ptr<ToothAnnotation3D>> labels;
@@ -42,20 +42,17 @@ struct DentalPlan
 
 /// Draws the arches through the tooth landmarks, labels the teeth, and shows how a missing tooth is
 /// created: one tooth (46 or, without it, one amid its arch) is left out of arch and mouth, and
-/// labelled at its interpolated place.
-DentalPlan planTeeth(const Case& planned);
+/// labeled at its interpolated place.
+DentalArchPlan planTeeth(const Case& planned);
 
-/// Number of the landmark's tooth in Universal numbering; 0 if it is none.
-int toothNumberOf(const Landmark& landmark);
-
-/// The settings that the planner proposes a nerve with.
+/// Returns the settings with which the planner proposes a nerve.
 ///
-/// Fitted to the four canals of the built-in patient and of a segmented cone-beam CT. Seen from
-/// above, the canals run 1.5 mm to the inner side of the straight line between the foramina, leave
-/// the bone outwards at the mental foramen and come from the inner side at the mandibular one:
-/// hence the two right angles, which bend the ends to opposite sides. With ends of 10 mm the mean
-/// distance seen from above is 1.0 mm, against 1.8 mm for the straight line. Longer ends gain less
-/// than 0.1 mm and leave the jaw.
+/// They are fitted to the four canals of the built-in patient and of a segmented cone-beam CT. Seen
+/// from above, the canals run 1.5 mm to the inner side of the straight line between the foramina,
+/// leave the bone outwards at the mental foramen and come from the inner side at the mandibular
+/// one: hence the two right angles, which bend the ends to opposite sides. With ends of 10 mm the
+/// mean distance seen from above is 1.0 mm, against 1.8 mm for the straight line. Longer ends gain
+/// less than 0.1 mm and leave the jaw.
 NerveGuidingSplineCalculatorSettings nerveSettings(const QVector3D& mandibularForamen,
                                                    const QVector3D& mentalForamen, bool right);
 
@@ -66,10 +63,10 @@ struct NerveProposal
     std::shared_ptr<GuidingSpline> spline;
 };
 
-/// Nothing without both foramina of the side.
+/// Proposes the nerve of a side. Returns nothing without both foramina of that side.
 std::optional<NerveProposal> proposeNerve(const Case& planned, bool right);
 
-/// From the points of a canal's centre line to the nearest sample of a path, mm.
+/// Distances in mm from the points of a canal's center line to the nearest sample of a path.
 struct Distances
 {
     double mean = 0;
@@ -77,7 +74,7 @@ struct Distances
 };
 
 Distances distances(const QList<QVector3D>& canal, const QList<QVector3D>& path);
-/// The same as seen from above.
+/// Returns the same as seen from above.
 Distances horizontalDistances(const QList<QVector3D>& canal, const QList<QVector3D>& path);
 
 } // namespace planner

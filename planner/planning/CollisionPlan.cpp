@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/planning/Plan.h>
+#include <planner/planning/CollisionPlan.h>
 
 #include <planner/input/Case.h>
 #include <planner/input/Landmarks.h>
@@ -80,18 +80,16 @@ ArchPlace placeOn(const QList<QVector3D>& arch, qsizetype index)
     ArchPlace place;
     place.point = toEigen(arch[index]);
     place.toMidline = index < arch.size() / 2 ? toLeft : Eigen::Vector3d(-toLeft);
-    place.outwards =
-        toLeft.cross(Eigen::Vector3d::UnitZ()); // the arch runs round the front from right to left
+    place.outwards = toLeft.cross(Eigen::Vector3d::UnitZ()); // the arch starts on the right
     return place;
 }
 
 template <typename Distance>
 ArchPlace nearestPlace(const QList<QVector3D>& arch, const Distance& distance)
 {
-    const auto nearest =
-        std::min_element(arch.cbegin(), arch.cend(), [&](const auto& a, const auto& b) {
-            return distance(toEigen(a)) < distance(toEigen(b));
-        });
+    const auto nearest = std::ranges::min_element(arch, [&](const auto& a, const auto& b) {
+        return distance(toEigen(a)) < distance(toEigen(b));
+    });
     return placeOn(arch, nearest - arch.cbegin());
 }
 
@@ -100,12 +98,7 @@ QMatrix4x4 placement(const Eigen::Vector3d& origin, const Eigen::Vector3d& zAxis
 {
     const Eigen::Vector3d z = zAxis.normalized();
     const Eigen::Vector3d x = z.unitOrthogonal();
-    QMatrix4x4 matrix;
-    matrix.setColumn(0, QVector4D(toQt(x), 0.0F));
-    matrix.setColumn(1, QVector4D(toQt(z.cross(x)), 0.0F));
-    matrix.setColumn(2, QVector4D(toQt(z), 0.0F));
-    matrix.setColumn(3, QVector4D(toQt(origin), 1.0F));
-    return matrix;
+    return frameOf(toQt(x), toQt(z.cross(x)), toQt(z), toQt(origin));
 }
 
 PlannedImplant planImplant(const ImplantSite& site, const phantom::Patient& patient)
@@ -232,15 +225,14 @@ Cylinder cylinder(const QMatrix4x4& frame, double fromZ, double length, double r
 
 Cylinder cylinder(const PlannedImplant& implant)
 {
-    const double length = static_cast<double>(implant.object->getDimensions().length);
+    const double length = implant.object->getDimensions().length;
     return cylinder(implant.object->getObjectTransform(), -length, length,
-                    static_cast<double>(implant.object->getDimensions().diameter) / 2.0);
+                    implant.object->getDimensions().diameter / 2.0);
 }
 
 Cylinder cylinder(const PlannedPin& pin)
 {
-    return cylinder(pin.object->getObjectTransform(), 0.0, static_cast<double>(pin.lengthMm),
-                    static_cast<double>(pin.radiusMm));
+    return cylinder(pin.object->getObjectTransform(), 0.0, pin.lengthMm, pin.radiusMm);
 }
 
 double distance(const Cylinder& a, const Cylinder& b)
@@ -269,16 +261,16 @@ std::vector<Eigen::Vector3d> finely(const QList<QVector3D>& line)
 
 Eigen::Vector3d nearest(const Cylinder& implant, const std::vector<Eigen::Vector3d>& points)
 {
-    return *std::min_element(points.cbegin(), points.cend(), [&](const auto& a, const auto& b) {
+    return *std::ranges::min_element(points, [&](const auto& a, const auto& b) {
         return implant.distanceTo(a) < implant.distanceTo(b);
     });
 }
 
 } // namespace
 
-Plan createPlan(const phantom::Patient& patient)
+CollisionPlan createCollisionPlan(const phantom::Patient& patient)
 {
-    Plan plan;
+    CollisionPlan plan;
     for (const ImplantSite& site : kBuiltInSites)
         plan.implants.append(planImplant(site, patient));
     for (const CanalLine& canal : canalsOf(patient))
@@ -289,11 +281,11 @@ Plan createPlan(const phantom::Patient& patient)
     return plan;
 }
 
-Plan createPlan(const Case& planned)
+CollisionPlan createCollisionPlan(const Case& planned)
 {
     if (planned.patient)
-        return createPlan(*planned.patient);
-    Plan plan;
+        return createCollisionPlan(*planned.patient);
+    CollisionPlan plan;
     for (const char* site : kImplantSites) {
         const QString fdi = QLatin1String(site);
         if (const auto implant = implantAt(planned, fdi))
@@ -326,7 +318,7 @@ double clearance(const PlannedImplant& implant, const PlannedNerve& nerve)
 {
     const Cylinder body = cylinder(implant);
     const double toCentreLine = body.distanceTo(nearest(body, finely(nerve.centreLine)));
-    return std::max(0.0, toCentreLine - static_cast<double>(nerve.radiusMm));
+    return std::max(0.0, toCentreLine - nerve.radiusMm);
 }
 
 double clearance(const PlannedImplant& implant, const PlannedPin& pin)

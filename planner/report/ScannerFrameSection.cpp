@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/report/PlanSection.h>
+#include <planner/report/Sections.h>
 
 #include <planner/drawing/PictureStyle.h>
 #include <planner/drawing/SurfacePicture.h>
 #include <planner/input/Progress.h>
-#include <planner/planning/CrownScan.h>
-#include <planner/planning/WholePlan.h>
+#include <planner/planning/JawScans.h>
+#include <planner/planning/PlanOfEveryKind.h>
+#include <planner/report/Table.h>
 
 #include <CoreAlgorithms/model/dataobjects/JawParts.h>
 #include <CoreAlgorithms/transforms/OcclusionMovementCalculator.h>
@@ -30,11 +31,6 @@ namespace {
 
 const QColor kFormer(0x4a, 0x52, 0x5a);
 constexpr QSize kTile(560, 400);
-
-QString number(double value, int decimals)
-{
-    return QString::number(value, 'f', decimals);
-}
 
 // Largest distance between coordinates of the same place in the lists, worked out in double
 // precision; infinite if one list has lost or gained some.
@@ -62,7 +58,7 @@ struct Row
     double afterWayBackMm;
 };
 
-QList<QList<QVector3D>> coordinatesOf(const WholePlan& plan)
+QList<QList<QVector3D>> coordinatesOf(const PlanOfEveryKind& plan)
 {
     QList<QList<QVector3D>> all;
     for (const PlannedObject& object : plan.objects)
@@ -72,24 +68,11 @@ QList<QList<QVector3D>> coordinatesOf(const WholePlan& plan)
 
 QColor colourOf(SurfaceKind kind)
 {
-    switch (kind) {
-    case SurfaceKind::Crowns:
-        return kToothColour;
-    case SurfaceKind::Arch:
-        return {0x4f, 0xb0, 0x6d};
-    case SurfaceKind::Nerve:
-        return {0xe8, 0xb3, 0x2a};
-    case SurfaceKind::Implant:
-        return {0x5f, 0xa8, 0xe8};
-    case SurfaceKind::Pin:
-        return {0x9a, 0xa4, 0xae};
-    case SurfaceKind::Mark:
-        break;
-    }
-    return {0xd0, 0x4a, 0x4a};
+    const QColor colours[] = {kToothColour, 0x4fb06d, 0xe8b32a, 0x5fa8e8, 0x9aa4ae, 0xd04a4a};
+    return colours[static_cast<int>(kind)];
 }
 
-QList<ShownMesh> surfacesOf(const WholePlan& plan)
+QList<ShownMesh> surfacesOf(const PlanOfEveryKind& plan)
 {
     QList<ShownMesh> shown;
     for (const PlanSurface& surface : plan.surfaces())
@@ -113,7 +96,7 @@ QMatrix4x4 newFrame(const QVector3D& middle)
     return frame;
 }
 
-Journey thereAndBack(const WholePlan& plan, const QVector3D& middle,
+Journey thereAndBack(const PlanOfEveryKind& plan, const QVector3D& middle,
                      const geometry::Mesh& upperCrowns, const geometry::Mesh& lowerCrowns)
 {
     const Camera camera = cameraFromTheFront(middle, 135.0, kTile);
@@ -148,33 +131,17 @@ Journey thereAndBack(const WholePlan& plan, const QVector3D& middle,
     return journey;
 }
 
-QString rowsHtml(const QList<Row>& rows)
+Table tableOf(const QList<Row>& rows)
 {
-    QString html =
-        QStringLiteral("<div class=\"scroll\"><table>\n<tr><th>object</th><th>step</th>"
-                       "<th>coordinates</th><th>moved by up to mm</th><th>returned as changed</th>"
-                       "<th>largest deviation after the way back mm</th></tr>\n");
+    Table table{{QStringLiteral("object"), QStringLiteral("step"), QStringLiteral("coordinates"),
+                 QStringLiteral("moved by up to mm"), QStringLiteral("returned as changed"),
+                 QStringLiteral("largest deviation after the way back mm")}};
     for (const Row& row : rows)
-        html += QStringLiteral(
-                    "<tr><td>%1</td><td>%2</td><td>%3</td><td>%4</td><td>%5</td><td>%6</td></tr>\n")
-                    .arg(row.kind.toHtmlEscaped())
-                    .arg(row.step)
-                    .arg(row.coordinates)
-                    .arg(number(row.movedMm, 2),
-                         row.recorded ? QStringLiteral("yes") : QStringLiteral("no"),
-                         number(row.afterWayBackMm, 6));
-    return html + QStringLiteral("</table></div>\n");
-}
-
-QString rowsText(const QList<Row>& rows)
-{
-    QString text = QStringLiteral(
-        "step  object                                             moved mm  back mm\n");
-    for (const Row& row : rows)
-        text += QString::number(row.step).rightJustified(4) + QStringLiteral("  ") +
-                row.kind.leftJustified(50) + number(row.movedMm, 2).rightJustified(9) +
-                number(row.afterWayBackMm, 6).rightJustified(10) + u'\n';
-    return text;
+        table.rows.append({row.kind, QString::number(row.step), QString::number(row.coordinates),
+                           number(row.movedMm, 2),
+                           row.recorded ? QStringLiteral("yes") : QStringLiteral("no"),
+                           number(row.afterWayBackMm, 6)});
+    return table;
 }
 
 QString rowsSummary(const QList<Row>& rows)
@@ -185,24 +152,14 @@ QString rowsSummary(const QList<Row>& rows)
         coordinates += row.coordinates;
         largest = std::max(largest, row.afterWayBackMm);
     }
-    return QStringLiteral(
-               "%1 objects with %2 coordinates went into the new frame and back: the largest "
-               "deviation is %3 mm.")
+    return QStringLiteral("%1 objects with %2 coordinates went into the new frame and back: the "
+                          "largest deviation is %3 mm.")
         .arg(rows.size())
         .arg(coordinates)
         .arg(number(largest, 6));
 }
 
 // ---- the bite
-
-struct BiteRow
-{
-    QString action;
-    QString mode;
-    QString transformation;
-    double openMm;
-    QString compared;
-};
 
 bool sameBits(const QMatrix4x4& a, const QMatrix4x4& b)
 {
@@ -213,14 +170,18 @@ bool sameBits(const QMatrix4x4& a, const QMatrix4x4& b)
 
 struct BiteStory
 {
-    QList<BiteRow> rows;
+    Table table{{QString(), QStringLiteral("mode of the mandibular movement"),
+                 QStringLiteral("transformation for patient scans"),
+                 QStringLiteral("lower incisor from its place in the bite mm"),
+                 QStringLiteral("compared")}};
     QList<QImage> tiles;
 };
 
 // A bite of the patient's own, under the mode of patient scans, on a stack as an application has
 // it.
-BiteStory applyUndoRedo(const WholePlan& plan, const QVector3D& incisor, const QVector3D& hinge,
-                        const geometry::Mesh& upperCrowns, const geometry::Mesh& lowerCrowns)
+BiteStory applyUndoRedo(const PlanOfEveryKind& plan, const QVector3D& incisor,
+                        const QVector3D& hinge, const geometry::Mesh& upperCrowns,
+                        const geometry::Mesh& lowerCrowns)
 {
     // The lower jaw was scanned with the mouth open; in the bite the crowns stand as they were
     // made.
@@ -252,10 +213,11 @@ BiteStory applyUndoRedo(const WholePlan& plan, const QVector3D& incisor, const Q
     };
     const auto record = [&](const QString& action, const QString& compared) {
         const auto matrix = inForce();
-        story.rows.append({action, mandibular.getMovementMode(),
-                           matrix ? QStringLiteral("stored") : QStringLiteral("none"),
-                           double((matrix.value() * opening).map(incisor).distanceToPoint(incisor)),
-                           compared});
+        story.table.rows.append(
+            {action, mandibular.getMovementMode(),
+             matrix ? QStringLiteral("stored") : QStringLiteral("none"),
+             number((matrix.value() * opening).map(incisor).distanceToPoint(incisor), 3),
+             compared});
     };
     const QStringList modesBefore = mandibular.getMovementModes();
     record(QStringLiteral("before"), QStringLiteral("-"));
@@ -280,42 +242,15 @@ BiteStory applyUndoRedo(const WholePlan& plan, const QVector3D& incisor, const Q
     return story;
 }
 
-QString biteHtml(const QList<BiteRow>& rows)
-{
-    QString html = QStringLiteral(
-        "<div class=\"scroll\"><table>\n<tr><th></th><th>mode of the mandibular movement"
-        "</th><th>transformation for patient scans</th><th>lower incisor from its place in the "
-        "bite mm</th>"
-        "<th>compared</th></tr>\n");
-    for (const BiteRow& row : rows)
-        html +=
-            QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td><td>%4</td><td>%5</td></tr>\n")
-                .arg(row.action, row.mode, row.transformation, number(row.openMm, 3), row.compared);
-    return html + QStringLiteral("</table></div>\n");
-}
-
-QString biteText(const QList<BiteRow>& rows)
-{
-    QString text = QStringLiteral("bite          transformation     open mm  compared\n");
-    for (const BiteRow& row : rows)
-        text += row.action.leftJustified(14) + row.transformation.leftJustified(14) +
-                number(row.openMm, 3).rightJustified(12) + QStringLiteral("  ") + row.compared +
-                u'\n';
-    return text;
-}
-
 } // namespace
 
-Section createPlanSection(const Case& planned, Progress& progress)
+Section createScannerFrameSection(const Case& planned, Progress& progress)
 {
-    Section section;
-    section.id = QStringLiteral("plan");
-    section.title = QStringLiteral("A whole plan in a new scanner frame, and a bite with undo");
+    Section section{QStringLiteral("plan"),
+                    QStringLiteral("A whole plan in a new scanner frame, and a bite with undo")};
     if (!planned.patient) {
-        const QString sentence = QStringLiteral("A plan with objects of every kind exists for the "
-                                                "built-in patient only: none was moved.");
-        section.introductionHtml = QStringLiteral("<p>%1</p>\n").arg(sentence);
-        section.plainText = sentence + u'\n';
+        section.introduce(QStringLiteral("A plan with objects of every kind exists for the "
+                                         "built-in patient only: none was moved."));
         return section;
     }
     const phantom::Patient& patient = *planned.patient;
@@ -326,7 +261,7 @@ Section createPlanSection(const Case& planned, Progress& progress)
     const geometry::Mesh lower =
         scanCrowns(patient, ToothChart::LowerArch,
                    [&progress](double done) { progress.fraction(0.5 + 0.5 * done); });
-    const WholePlan plan = planEverything(patient, upper, lower);
+    const PlanOfEveryKind plan = planEveryKind(patient, upper, lower);
 
     progress.step(QStringLiteral("Moving the plan into a new scanner frame and back"));
     const QVector3D incisor = patient.tooth(24).value().occlusalPoint;
@@ -340,32 +275,27 @@ Section createPlanSection(const Case& planned, Progress& progress)
 
     section.introductionHtml = QStringLiteral(
         "<p>The CT was made again with the head in another position. PlanningApplyTransform "
-        "carries the plan "
-        "along, one "
-        "kind of object after the other. Cephalometric planes move but are not returned as "
-        "changed; the "
-        "movements of the surgery are computed anew from the scans and the recorded bite.</p>\n");
-    section.pictures.append({QStringLiteral("plan-frames.png"),
-                             QStringLiteral("The plan before, in the new frame, and back"),
-                             QStringLiteral("<p>Seen from the front, a little from above and from "
-                                            "the patient's right, by a viewer who "
-                                            "stays. Crowns as scanned, the arches green, nerves "
-                                            "yellow, implants blue, anchor pins grey, "
-                                            "marked points red.</p>"),
-                             tile(journey.tiles, 3)});
-    section.pictures.append(
+        "carries the plan along, one kind of object after the other. Cephalometric planes move but "
+        "are not returned as changed; the movements of the surgery are computed anew from the "
+        "scans and the recorded bite.</p>\n");
+    section.pictures = {
+        {QStringLiteral("plan-frames.png"),
+         QStringLiteral("The plan before, in the new frame, and back"),
+         QStringLiteral("<p>Seen from the front, a little from above and from the patient's right, "
+                        "by a viewer who stays. Crowns as scanned, the arches green, nerves "
+                        "yellow, implants blue, anchor pins grey, marked points red.</p>"),
+         tile(journey.tiles, 3)},
         {QStringLiteral("plan-bite.png"), QStringLiteral("A bite, undone and redone"),
-         QStringLiteral(
-             "<p>Seen from the patient's left and front. The lower crowns (blue) stand where the "
-             "mandibular movement has them. The jaw was scanned open, by 12 "
-             "degrees about its joints.</p>"),
-         tile(bite.tiles, 2)});
+         QStringLiteral("<p>Seen from the patient's left and front. The lower crowns (blue) stand "
+                        "where the mandibular movement has them. The jaw was scanned open, by 12 "
+                        "degrees about its joints.</p>"),
+         tile(bite.tiles, 2)}};
     section.detailsHtml =
         QStringLiteral("<p>%1</p>\n%2<details><summary>All objects</summary>\n%3</details>\n")
-            .arg(rowsSummary(journey.rows).toHtmlEscaped(), biteHtml(bite.rows),
-                 rowsHtml(journey.rows));
+            .arg(rowsSummary(journey.rows).toHtmlEscaped(), bite.table.html(),
+                 tableOf(journey.rows).html());
     section.plainText =
-        rowsText(journey.rows) + rowsSummary(journey.rows) + u'\n' + biteText(bite.rows);
+        tableOf(journey.rows).text() + rowsSummary(journey.rows) + u'\n' + bite.table.text();
     return section;
 }
 

@@ -1,13 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/planning/WholePlan.h>
+#include <planner/planning/PlanOfEveryKind.h>
 
-// The whole plan on the built-in patient, its way into a new frame and back, and the section that
-// shows it.
-
-#include <planner/report/PlanSection.h>
-#include <tests/planner/GuiTest.h>
-#include <tests/planner/SilentProgress.h>
+// Covered: the plan of every kind on the built-in patient and its way into a new frame.
 
 #include <CoreAlgorithms/transforms/PlanningApplyTransform.h>
 
@@ -17,23 +12,21 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 namespace {
 
 using namespace planner;
 
 // One triangle is scan enough where crowns are not looked at.
-WholePlan makePlan()
+PlanOfEveryKind makePlan()
 {
     const geometry::Mesh crown(
         {{70.0F, 40.0F, 50.0F}, {80.0F, 40.0F, 50.0F}, {75.0F, 45.0F, 55.0F}}, {0, 1, 2, -1});
-    return planEverything(phantom::Patient(), crown, crown);
+    return planEveryKind(phantom::Patient(), crown, crown);
 }
 
-TEST(WholePlan, HasAnObjectForEachOfThe37Steps)
+TEST(PlanOfEveryKind, HasAnObjectForEachOfThe37Steps)
 {
-    const WholePlan plan = makePlan();
+    const PlanOfEveryKind plan = makePlan();
     QSet<int> steps;
     for (const PlannedObject& object : plan.objects) {
         steps.insert(object.step);
@@ -45,9 +38,9 @@ TEST(WholePlan, HasAnObjectForEachOfThe37Steps)
     EXPECT_EQ(plan.dataObjects().size(), plan.objects.size() + plan.otherObjects.size());
 }
 
-TEST(WholePlan, EveryObjectMovesAndAllButPlanesAndSurgeryAreReturned)
+TEST(PlanOfEveryKind, EveryObjectMovesAndAllButPlanesAndSurgeryAreReturned)
 {
-    const WholePlan plan = makePlan();
+    const PlanOfEveryKind plan = makePlan();
     QMatrix4x4 frame;
     frame.translate(30.0F, -20.0F, 10.0F);
     frame.rotate(20.0F, 0.0F, 0.0F, 1.0F);
@@ -68,9 +61,9 @@ TEST(WholePlan, EveryObjectMovesAndAllButPlanesAndSurgeryAreReturned)
     }
 }
 
-TEST(WholePlan, ShowsWhatStandsWhereItStands)
+TEST(PlanOfEveryKind, ShowsWhatStandsWhereItStands)
 {
-    const WholePlan plan = makePlan();
+    const PlanOfEveryKind plan = makePlan();
     const auto centre = [&plan] { return plan.surfaces().first().mesh.getVertices().first(); };
     const QVector3D before = centre();
     QMatrix4x4 frame;
@@ -79,32 +72,6 @@ TEST(WholePlan, ShowsWhatStandsWhereItStands)
     apply.setDataObjects(plan.dataObjects());
     apply.applyTransform(frame);
     EXPECT_LT((centre() - before).distanceToPoint({100.0F, 0.0F, 0.0F}), 0.01F);
-}
-
-using PlanSection = test::GuiTest;
-
-TEST_F(PlanSection, SaysThatItIsLeftOutForAnotherCt)
-{
-    test::SilentProgress progress;
-    const Section section = createPlanSection(Case(), progress);
-    EXPECT_EQ(section.id, QStringLiteral("plan"));
-    EXPECT_TRUE(
-        section.introductionHtml.contains(QStringLiteral("exists for the built-in patient only")));
-    EXPECT_TRUE(section.pictures.isEmpty());
-    EXPECT_TRUE(section.plainText.contains(QStringLiteral("none was moved")));
-}
-
-TEST_F(PlanSection, ShowsTheWayBackAndABiteThatIsUndoneAndRedone)
-{
-    Case built;
-    built.patient = std::make_shared<const phantom::Patient>();
-    test::SilentProgress progress;
-    const Section section = createPlanSection(built, progress);
-    EXPECT_EQ(section.pictures.size(), 2);
-    EXPECT_TRUE(section.plainText.contains(QStringLiteral("46 objects")));
-    EXPECT_TRUE(section.plainText.contains(QStringLiteral("the bits of the first time")));
-    EXPECT_FALSE(section.plainText.contains(QStringLiteral("NOT")));
-    EXPECT_EQ(section.detailsHtml.count(QStringLiteral("<tr><td>")), 46 + 4);
 }
 
 } // namespace

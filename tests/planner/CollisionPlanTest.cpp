@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/planning/Plan.h>
+#include <planner/planning/CollisionPlan.h>
 
-// Covered: createPlan() on the built-in patient and on a CT that was read, clearances and nearest
-// points.
+// Covered: createCollisionPlan() on the built-in patient and on a CT that was read, clearances and
+// nearest points.
 
 #include <planner/input/Case.h>
 #include <planner/planning/Meshes.h>
@@ -46,7 +46,7 @@ bool isInJaw(const QVector3D& position)
 
 TEST(PlanOfTheBuiltInPatient, HasEightImplantsTwoNervesAndFourPinsFromRightToLeft)
 {
-    const planner::Plan plan = planner::createPlan(patient());
+    const planner::CollisionPlan plan = planner::createCollisionPlan(patient());
     QStringList names;
     for (const auto& implant : plan.implants)
         names.append(implant.name);
@@ -67,7 +67,7 @@ TEST(PlanOfTheBuiltInPatient, HasEightImplantsTwoNervesAndFourPinsFromRightToLef
 
 TEST(PlanOfTheBuiltInPatient, HasEveryApexInTheJaw)
 {
-    for (const auto& implant : planner::createPlan(patient()).implants) {
+    for (const auto& implant : planner::createCollisionPlan(patient()).implants) {
         const float length = implant.object->getDimensions().length;
         const QVector3D apex = implant.object->getObjectTransform().map(QVector3D(0, 0, -length));
         EXPECT_TRUE(isInJaw(apex)) << implant.name.toStdString();
@@ -76,7 +76,7 @@ TEST(PlanOfTheBuiltInPatient, HasEveryApexInTheJaw)
 
 TEST(PlanOfTheBuiltInPatient, HasItsNervesInTheirCanals)
 {
-    for (const auto& nerve : planner::createPlan(patient()).nerves) {
+    for (const auto& nerve : planner::createCollisionPlan(patient()).nerves) {
         const geometry::Mesh mesh = planner::placedMesh(*nerve.object);
         for (const QVector3D& vertex : mesh.getVertices()) {
             float nearest = std::numeric_limits<float>::max();
@@ -89,7 +89,7 @@ TEST(PlanOfTheBuiltInPatient, HasItsNervesInTheirCanals)
 
 TEST(PlanOfTheBuiltInPatient, HasPinsWithTheTipInTheJawAndTheHeadOutside)
 {
-    for (const auto& pin : planner::createPlan(patient()).pins) {
+    for (const auto& pin : planner::createCollisionPlan(patient()).pins) {
         const QMatrix4x4& placed = pin.object->getObjectTransform();
         EXPECT_TRUE(isInJaw(placed.column(3).toVector3D()));
         const phantom::Tissue atHead =
@@ -100,7 +100,7 @@ TEST(PlanOfTheBuiltInPatient, HasPinsWithTheTipInTheJawAndTheHeadOutside)
 
 TEST(PlanOfTheBuiltInPatient, HasImplantsThatPointUp)
 {
-    for (const auto& implant : planner::createPlan(patient()).implants)
+    for (const auto& implant : planner::createCollisionPlan(patient()).implants)
         EXPECT_GT(implant.object->getObjectTransform()(2, 2), 0.8F);
 }
 
@@ -153,7 +153,7 @@ TEST(PlanOfACt, HasImplantsAtFirstMolarsAndTubesOfTheCanalsRadius)
     planned.landmarks = planner::landmarksOf(patient());
     planned.canals = {{true, {{0, 0, 0}, {0, 50, 0}}, 2.0F},
                       {false, {{90, 0, 0}, {90, 50, 0}}, std::nullopt}};
-    const planner::Plan plan = planner::createPlan(planned);
+    const planner::CollisionPlan plan = planner::createCollisionPlan(planned);
     ASSERT_EQ(plan.implants.size(), 2);
     EXPECT_EQ(plan.implants[0].name, QStringLiteral("46"));
     EXPECT_EQ(plan.implants[1].name, QStringLiteral("36"));

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/planning/DentalPlan.h>
+#include <planner/planning/DentalArchPlan.h>
 
 #include <planner/planning/Vectors.h>
 
@@ -20,8 +20,7 @@ namespace {
 
 using Teeth = QMap<ToothChart::Tooth, QVector3D>;
 
-constexpr auto kPreferredMissingTooth =
-    ToothChart::Tooth(30); // FDI 46, the tooth that is most often lost
+constexpr auto kPreferredMissingTooth = ToothChart::Tooth(30); // FDI 46, most often lost
 constexpr qsizetype kFewestTeeth = 4;
 constexpr float kLabelOffset = 9.0F; // mm, as for the labels of the other teeth
 
@@ -45,7 +44,7 @@ Teeth ofArch(const Teeth& teeth, ToothChart::ArchType arch)
     return chosen;
 }
 
-// A tooth that has neighbours on either side.
+// A tooth that has neighbors on either side.
 ToothChart::Tooth toothToLeaveOut(const Teeth& teeth)
 {
     for (const auto arch : {ToothChart::LowerArch, ToothChart::UpperArch}) {
@@ -99,19 +98,14 @@ QList<QVector3D> seenFromAbove(QList<QVector3D> points)
 
 } // namespace
 
-int toothNumberOf(const Landmark& landmark)
-{
-    return landmark.kind == LandmarkKind::Tooth ? universalNumber(landmark.label.toInt()) : 0;
-}
-
-DentalPlan planTeeth(const Case& planned)
+DentalArchPlan planTeeth(const Case& planned)
 {
     const Teeth all = teethOf(planned);
     const ToothChart::Tooth missing = toothToLeaveOut(all);
     Teeth present = all;
     present.remove(missing);
 
-    DentalPlan plan;
+    DentalArchPlan plan;
     QList<PlanarDentalSpline*> splines;
     std::shared_ptr<PlanarDentalSpline> archOfMissing;
     for (const auto arch : {ToothChart::UpperArch, ToothChart::LowerArch}) {

@@ -7,6 +7,7 @@
 #include <CoreAlgorithms/model/dataobjects/Movements.h>
 
 #include <QList>
+#include <QMatrix4x4>
 #include <QString>
 #include <QVector3D>
 
@@ -38,23 +39,46 @@ struct PlanSurface
     SurfaceKind kind = SurfaceKind::Crowns;
 };
 
+/// Returns the origin of a placement and the tips of its axes.
+QList<QVector3D> cornersOf(const QMatrix4x4& placement);
+
 /// A plan on the built-in patient with an object of every kind that a new scanner frame moves:
 /// arches, labels and annotations at teeth and foramina, nerves along the canals, scans of the
 /// crowns, implants, templates, a surgery with a recorded bite, and so on.
-struct WholePlan
+struct PlanOfEveryKind
 {
     QList<PlannedObject> objects;                    ///< by step
     std::shared_ptr<MaxillofacialSurgery> surgery;   ///< with its four occlusion movements
     QList<std::shared_ptr<DataObject>> otherObjects; ///< those that no step moves: the CT, the bite
-    /// Returns scans, arches, nerves, implants, pins and marks as they stand.
-    std::function<QList<PlanSurface>()> surfaces;
+    /// Return the surfaces of scans, arches, nerves, implants, pins and marks as they stand.
+    QList<std::function<QList<PlanSurface>()>> shown;
 
-    /// All objects, as the library takes them.
+    QList<PlanSurface> surfaces() const;
+    /// Returns all objects, as the library takes them.
     QList<DataObject*> dataObjects() const;
+
+    void add(int step, const QString& kind, const std::shared_ptr<DataObject>& object,
+             std::function<QList<QVector3D>()> coordinates);
+    /// Adds an object that knows its positions, its position or its placement.
+    template <typename Kind>
+    void add(int step, const QString& kind, const std::shared_ptr<Kind>& object)
+    {
+        add(step, kind, object, [object]() -> QList<QVector3D> {
+            if constexpr (requires { object->getPositions(); })
+                return object->getPositions();
+            else if constexpr (requires { object->getPosition(); })
+                return {object->getPosition()};
+            else
+                return cornersOf(object->getObjectTransform());
+        });
+    }
 };
 
-/// `upperCrowns` and `lowerCrowns` are the surfaces that a scanner sees.
-WholePlan planEverything(const phantom::Patient& patient, const geometry::Mesh& upperCrowns,
-                         const geometry::Mesh& lowerCrowns);
+/// Adds labels, marks, measurements and drawings: steps 2 to 13.
+void addAnnotations(PlanOfEveryKind& plan, const phantom::Patient& patient);
+
+/// Plans on the built-in patient. The crowns are the surfaces that a scanner sees.
+PlanOfEveryKind planEveryKind(const phantom::Patient& patient, const geometry::Mesh& upperCrowns,
+                              const geometry::Mesh& lowerCrowns);
 
 } // namespace planner

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The CoreAlgorithms developers
 // SPDX-License-Identifier: MIT
-#include <planner/planning/DentalPlan.h>
+#include <planner/planning/DentalArchPlan.h>
 
 // Covered: arches drawn through tooth landmarks, the tooth that is left out and created, proposed
 // nerves, distances.
@@ -34,7 +34,7 @@ void addTooth(Case& planned, int fdi, const QVector3D& position)
         {QStringLiteral("tooth"), QString::number(fdi), LandmarkKind::Tooth, position});
 }
 
-TEST(DentalPlan, ArchesRunThroughTheTeethAtTheirMeanHeight)
+TEST(DentalArchPlan, ArchesRunThroughTheTeethAtTheirMeanHeight)
 {
     Case planned;
     addTooth(planned, 31, {5, 0, 10});
@@ -53,7 +53,7 @@ TEST(DentalPlan, ArchesRunThroughTheTeethAtTheirMeanHeight)
     EXPECT_FALSE(plan.created) << "too few to leave one out";
 }
 
-TEST(DentalPlan, TeethAboveEachOtherLeaveNoneToBeCreated)
+TEST(DentalArchPlan, TeethAboveEachOtherLeaveNoneToBeCreated)
 {
     Case planned;
     for (const int fdi : {42, 43, 44, 45, 46, 47})
@@ -63,7 +63,7 @@ TEST(DentalPlan, TeethAboveEachOtherLeaveNoneToBeCreated)
     EXPECT_FALSE(plan.created);
 }
 
-TEST(DentalPlan, BuiltInPatientHasTwoArchesAndALabelForEveryTooth)
+TEST(DentalArchPlan, BuiltInPatientHasTwoArchesAndALabelForEveryTooth)
 {
     const auto plan = planner::planTeeth(builtInPatient());
     ASSERT_EQ(plan.arches.size(), 2);
@@ -79,7 +79,7 @@ TEST(DentalPlan, BuiltInPatientHasTwoArchesAndALabelForEveryTooth)
     EXPECT_EQ(numbers.size(), 28U);
 }
 
-TEST(DentalPlan, ToothThatIsLeftOutIsCreatedFromItsLabel)
+TEST(DentalArchPlan, ToothThatIsLeftOutIsCreatedFromItsLabel)
 {
     const auto plan = planner::planTeeth(builtInPatient());
     ASSERT_TRUE(plan.created);
@@ -92,7 +92,7 @@ TEST(DentalPlan, ToothThatIsLeftOutIsCreatedFromItsLabel)
     EXPECT_FALSE(plan.arches[1]->getObjects().contains(ToothChart::Tooth(30)));
 }
 
-TEST(DentalPlan, WithoutTheFirstMolarAToothAmidItsArchIsLeftOut)
+TEST(DentalArchPlan, WithoutTheFirstMolarAToothAmidItsArchIsLeftOut)
 {
     Case planned;
     for (int place = 1; place <= 5; ++place)
@@ -104,7 +104,7 @@ TEST(DentalPlan, WithoutTheFirstMolarAToothAmidItsArchIsLeftOut)
     EXPECT_EQ(plan.labels.last()->getPosition().z(), 59.0F) << "an upper label stands higher";
 }
 
-TEST(DentalPlan, WithoutTeethThereIsNothing)
+TEST(DentalArchPlan, WithoutTeethThereIsNothing)
 {
     const auto plan = planner::planTeeth({});
     EXPECT_TRUE(plan.arches.isEmpty());
@@ -112,7 +112,7 @@ TEST(DentalPlan, WithoutTeethThereIsNothing)
     EXPECT_FALSE(plan.created);
 }
 
-TEST(DentalPlan, LandmarksThatAreNoTeethHaveNoNumber)
+TEST(DentalArchPlan, LandmarksThatAreNoTeethHaveNoNumber)
 {
     EXPECT_EQ(planner::toothNumberOf({{}, QStringLiteral("46"), LandmarkKind::Tooth, {}}), 30);
     EXPECT_EQ(planner::toothNumberOf({{}, QStringLiteral("46"), LandmarkKind::Apex, {}}), 0);
