@@ -57,7 +57,7 @@ TEST_F(DentalSection, ShowsBothArchesAndBothNervesFromBelowAndFromTheSide)
               (QStringList{QStringLiteral("arch-upper.png"), QStringLiteral("arch-lower.png"),
                            QStringLiteral("nerves-axial.png"), QStringLiteral("nerve-right.png"),
                            QStringLiteral("nerve-left.png")}));
-    EXPECT_TRUE(made.plainText.contains(QStringLiteral("28 teeth labelled on two arches")));
+    EXPECT_TRUE(made.plainText.contains(QStringLiteral("28 teeth labeled on two arches")));
     EXPECT_TRUE(made.plainText.contains(QStringLiteral("Tooth 30 (FDI 46)")));
     EXPECT_TRUE(made.plainText.contains(QStringLiteral("right nerve: mean")));
     EXPECT_TRUE(made.plainText.contains(QStringLiteral("left nerve: mean")));
