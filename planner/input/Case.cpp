@@ -56,7 +56,7 @@ Case paintBuiltInPatient(float voxelSizeMm, Progress& progress)
     return built;
 }
 
-Volume readVolume(const QString& path, const QString& series, Progress& progress)
+Volume openVolume(const QString& path, const QString& series, Progress& progress)
 {
     const QFileInfo info(path);
     if (!info.exists())
@@ -181,7 +181,7 @@ Case openCase(const CaseFiles& files, Progress& progress)
         return built;
     }
     Case opened;
-    opened.volume = readVolume(files.ctPath, files.series, progress);
+    opened.volume = openVolume(files.ctPath, files.series, progress);
     opened.volume.description += QStringLiteral(", ") + sizeAndSpacing(opened.volume.image);
     opened.title = QFileInfo(QDir::cleanPath(files.ctPath)).fileName();
     opened.source = QStringLiteral("A CT that was given to the program.");

@@ -96,8 +96,7 @@ const DicomStack& chosen(const QString& path, const QList<DicomStack>& stacks,
     const qlonglong number = series.toLongLong(&isNumber);
     if (isNumber && number >= 1 && number <= stacks.size())
         return stacks[number - 1];
-    const auto byUid = std::ranges::find_if(
-        stacks, [&series](const DicomStack& stack) { return stack.seriesUid == series; });
+    const auto byUid = std::ranges::find(stacks, series, &DicomStack::seriesUid);
     if (byUid == stacks.cend())
         throw Failure(path, QStringLiteral("there is no DICOM series %1; --series takes one of: %2")
                                 .arg(series, listed(stacks)));
@@ -147,33 +146,30 @@ QList<DicomSlice> findSlices(const QString& path, const QString& series, QString
 
 double alongNormal(const DicomSlice& slice, const QVector3D& normal)
 {
-    return static_cast<double>(slice.position.x()) * static_cast<double>(normal.x()) +
-           static_cast<double>(slice.position.y()) * static_cast<double>(normal.y()) +
-           static_cast<double>(slice.position.z()) * static_cast<double>(normal.z());
+    const QVector3D& at = slice.position;
+    return double(at.x()) * normal.x() + double(at.y()) * normal.y() + double(at.z()) * normal.z();
 }
 
 // Orders the slices along their normal and returns the step from each to the next.
 QVector3D orderSlices(const QString& folder, QList<DicomSlice>& slices)
 {
+    const auto refuse = [&folder](const QString& why) { throw Failure(folder, why); };
     const QVector3D normal =
         QVector3D::crossProduct(slices.first().rowDirection, slices.first().columnDirection);
-    std::ranges::sort(slices, [&normal](const DicomSlice& a, const DicomSlice& b) {
-        return alongNormal(a, normal) < alongNormal(b, normal);
-    });
+    std::ranges::sort(slices, {},
+                      [&normal](const DicomSlice& slice) { return alongNormal(slice, normal); });
     const auto gaps = static_cast<double>(slices.size() - 1);
     const double mean =
         (alongNormal(slices.last(), normal) - alongNormal(slices.first(), normal)) / gaps;
     for (qsizetype i = 1; i < slices.size(); ++i) {
         const double gap = alongNormal(slices[i], normal) - alongNormal(slices[i - 1], normal);
         if (!(gap > 0.001))
-            throw Failure(folder,
-                          QStringLiteral("two slices of the DICOM series lie at the same place"));
+            refuse(QStringLiteral("two slices of the DICOM series lie at the same place"));
         if (std::abs(gap - mean) > kSpacingTolerance * mean)
-            throw Failure(folder,
-                          QStringLiteral("the slices of the DICOM series are not evenly spaced (%1 "
-                                         "mm and %2 mm on average); one may be missing")
-                              .arg(gap, 0, 'f', 2)
-                              .arg(mean, 0, 'f', 2));
+            refuse(QStringLiteral("the slices of the DICOM series are not evenly spaced (%1 "
+                                  "mm and %2 mm on average); one may be missing")
+                       .arg(gap, 0, 'f', 2)
+                       .arg(mean, 0, 'f', 2));
     }
     const QVector3D step =
         (slices.last().position - slices.first().position) / static_cast<float>(gaps);
@@ -182,9 +178,7 @@ QVector3D orderSlices(const QString& folder, QList<DicomSlice>& slices)
             slices[i].position - slices.first().position - step * static_cast<float>(i);
         const QVector3D within = aside - normal * QVector3D::dotProduct(aside, normal);
         if (within.length() > slices.first().columnSpacingMm)
-            throw Failure(
-                folder,
-                QStringLiteral("the slices of the DICOM series do not lie in a straight row"));
+            refuse(QStringLiteral("the slices of the DICOM series do not lie in a straight row"));
     }
     return step;
 }
@@ -193,17 +187,15 @@ QVector3D orderSlices(const QString& folder, QList<DicomSlice>& slices)
 void checkAlike(const QList<DicomSlice>& slices)
 {
     const DicomSlice& first = slices.first();
+    const auto differ = [](double a, double b) { return std::abs(a - b) > kEqualSpacingMm; };
     for (const DicomSlice& slice : slices) {
-        if (slice.columns != first.columns || slice.rows != first.rows)
+        const bool otherSize = slice.columns != first.columns || slice.rows != first.rows;
+        if (otherSize || differ(slice.columnSpacingMm, first.columnSpacingMm) ||
+            differ(slice.rowSpacingMm, first.rowSpacingMm))
             throw Failure(
                 slice.file,
-                QStringLiteral("this DICOM slice has another size than the first of its series"));
-        if (std::abs(slice.columnSpacingMm - first.columnSpacingMm) > kEqualSpacingMm ||
-            std::abs(slice.rowSpacingMm - first.rowSpacingMm) > kEqualSpacingMm)
-            throw Failure(
-                slice.file,
-                QStringLiteral(
-                    "this DICOM slice has another pixel spacing than the first of its series"));
+                QStringLiteral("this DICOM slice has another %1 than the first of its series")
+                    .arg(otherSize ? QStringLiteral("size") : QStringLiteral("pixel spacing")));
     }
 }
 
@@ -245,13 +237,12 @@ QList<PixelFile> filesOf(const QList<DicomSlice>& slices)
     QList<PixelFile> files;
     QHash<QString, qsizetype> places;
     for (qsizetype k = 0; k < slices.size(); ++k) {
-        const auto known = places.constFind(slices[k].file);
-        if (known == places.cend()) {
-            places.insert(slices[k].file, files.size());
-            files.append({slices[k].file, {k}});
-        } else {
-            files[*known].slices.append(k);
+        const QString& file = slices[k].file;
+        if (!places.contains(file)) {
+            places.insert(file, files.size());
+            files.append({file, {}});
         }
+        files[places[file]].slices.append(k);
     }
     return files;
 }

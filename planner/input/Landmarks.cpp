@@ -240,8 +240,7 @@ QJsonObject readObject(const QString& path)
 
 const Landmark* findLandmark(const QList<Landmark>& landmarks, const QString& name)
 {
-    const auto found =
-        std::ranges::find_if(landmarks, [&name](const Landmark& l) { return l.name == name; });
+    const auto found = std::ranges::find(landmarks, name, &Landmark::name);
     return found == landmarks.cend() ? nullptr : &*found;
 }
 
@@ -252,8 +251,7 @@ QString sideName(bool right)
 
 const CanalLine* findCanal(const QList<CanalLine>& canals, bool right)
 {
-    const auto found = std::ranges::find_if(
-        canals, [right](const CanalLine& canal) { return canal.right == right; });
+    const auto found = std::ranges::find(canals, right, &CanalLine::right);
     return found == canals.cend() ? nullptr : &*found;
 }
 

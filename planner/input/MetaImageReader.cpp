@@ -38,10 +38,7 @@ image::DataType elementType(const TextHeader& header)
         if (name == known)
             return type;
     }
-    throw Failure(header.path(),
-                  QStringLiteral("voxels of the type \"%1\" are not supported, only integers up to "
-                                 "32 bits and floating-point numbers up to 64 bits")
-                      .arg(QString::fromLatin1(name.left(40))));
+    throw header.unsupportedType(name);
 }
 
 bool flag(const TextHeader& header, const QList<QByteArray>& names, bool otherwise)
@@ -55,22 +52,14 @@ bool flag(const TextHeader& header, const QList<QByteArray>& names, bool otherwi
 VoxelFile voxelsOf(const TextHeader& header)
 {
     const QString& path = header.path();
-    if (header.wholeNumbers({"ndims"}, 1).value_or(QList<qint64>{0}).first() != 3)
-        throw Failure(
-            path, QStringLiteral("a volume has 3 dimensions, the header says %1")
-                      .arg(QString::fromLatin1(header.value({"ndims"}).value_or("none").left(20))));
-    if (header.wholeNumbers({"elementnumberofchannels"}, 1).value_or(QList<qint64>{1}).first() != 1)
+    const std::array<qint64, 3> counts = header.voxelCounts("ndims", "DimSize");
+    if (header.wholeNumber({"elementnumberofchannels"}, 1) != 1)
         throw Failure(path, QStringLiteral("voxels of several channels are not supported"));
     if (!flag(header, {"binarydata"}, true))
         throw Failure(path, QStringLiteral("voxels that are written as text are not supported"));
 
     VoxelFile voxels;
-    const auto counts = header.wholeNumbers({"dimsize"}, 3);
-    if (!counts)
-        throw Failure(path,
-                      QStringLiteral("the header does not state the number of voxels (DimSize)"));
-    voxels.counts = {(*counts)[0], (*counts)[1], (*counts)[2]};
-    checkVoxelCounts(path, voxels.counts);
+    voxels.counts = counts;
     voxels.type = elementType(header);
     const bool bigEndian = flag(header, {"elementbyteordermsb", "binarydatabyteordermsb"}, false);
     voxels.swapped = bigEndian != (QSysInfo::ByteOrder == QSysInfo::BigEndian);
@@ -88,12 +77,10 @@ VoxelFile voxelsOf(const TextHeader& header)
         throw Failure(path, QStringLiteral("voxels in several files are not supported"));
     voxels.path = local ? path : header.dataFile(name);
     voxels.start = local ? header.size() : 0;
-    const qint64 skipped =
-        header.wholeNumbers({"headersize"}, 1).value_or(QList<qint64>{0}).first();
+    const qint64 skipped = header.wholeNumber({"headersize"}, 0);
     const qint64 fileBytes = QFileInfo(voxels.path).size();
     if (skipped == -1 && !local && !compressed)
-        voxels.start = fileBytes - voxels.counts[0] * voxels.counts[1] * voxels.counts[2] *
-                                       static_cast<qint64>(image::elementSize(voxels.type));
+        voxels.start = fileBytes - voxels.bytes(voxels.type);
     else if (!local)
         voxels.start = skipped;
     if (voxels.start < 0 || voxels.start > fileBytes || (local && skipped > 0))
@@ -117,22 +104,18 @@ Volume readMetaImage(const QString& path)
     const auto origin =
         header.numbers({"offset", "position", "origin"}, 3).value_or(QList<double>{0.0, 0.0, 0.0});
 
-    Volume volume;
+    QMatrix4x4 worldFromVoxel;
     for (int axis = 0; axis < 3; ++axis) {
         for (int row = 0; row < 3; ++row) { // the directions of the axes, one after the other
             const double direction =
                 directions ? (*directions)[3 * axis + row] : (axis == row ? 1.0 : 0.0);
-            volume.worldFromVoxel(row, axis) = static_cast<float>(direction * (*spacing)[axis]);
+            worldFromVoxel(row, axis) = static_cast<float>(direction * (*spacing)[axis]);
         }
-        volume.worldFromVoxel(axis, 3) = static_cast<float>(origin[axis]);
+        worldFromVoxel(axis, 3) = static_cast<float>(origin[axis]);
     }
-    checkGeometry(path, volume.worldFromVoxel, voxels.counts);
-    volume.image = readVoxels(voxels, {}, voxelSizeMm(volume.worldFromVoxel));
-    volume.orientationKnown = directions.has_value();
-    volume.description = QStringLiteral("MetaImage file %1").arg(QFileInfo(path).fileName());
-    if (!volume.orientationKnown)
-        volume.remarks.append(unknownOrientationRemark());
-    return volume;
+    checkGeometry(path, worldFromVoxel, voxels.counts);
+    return readVolume(voxels, {}, worldFromVoxel, directions.has_value(),
+                      QStringLiteral("MetaImage file %1").arg(QFileInfo(path).fileName()));
 }
 
 } // namespace planner

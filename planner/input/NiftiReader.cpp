@@ -144,22 +144,16 @@ Volume readNifti(const QString& path)
     if (!nifti)
         throw Failure(path, QStringLiteral("the NIfTI header is damaged"));
 
-    Volume volume;
-    volume.worldFromVoxel = worldFromVoxel(*nifti);
-    checkGeometry(path, volume.worldFromVoxel, header.voxels.counts);
-    volume.image = readVoxels(header.voxels, usableScaling(nifti->scl_slope, nifti->scl_inter),
-                              voxelSizeMm(volume.worldFromVoxel));
-
-    volume.orientationKnown = nifti->sform_code > 0 || nifti->qform_code > 0;
-    volume.description = QStringLiteral("NIfTI file %1").arg(QFileInfo(path).fileName());
+    const QMatrix4x4 placement = worldFromVoxel(*nifti);
+    checkGeometry(path, placement, header.voxels.counts);
+    QString description = QStringLiteral("NIfTI file %1").arg(QFileInfo(path).fileName());
     const QString statement =
         QString::fromUtf8(nifti->descrip, qstrnlen(nifti->descrip, sizeof nifti->descrip))
             .simplified();
     if (!statement.isEmpty())
-        volume.description += QStringLiteral(" (\"%1\")").arg(statement);
-    if (!volume.orientationKnown)
-        volume.remarks.append(unknownOrientationRemark());
-    return volume;
+        description += QStringLiteral(" (\"%1\")").arg(statement);
+    return readVolume(header.voxels, usableScaling(nifti->scl_slope, nifti->scl_inter), placement,
+                      nifti->sform_code > 0 || nifti->qform_code > 0, description);
 }
 
 } // namespace planner

@@ -44,10 +44,7 @@ image::DataType elementType(const TextHeader& header)
         if (known.names.contains(name))
             return known.type;
     }
-    throw Failure(header.path(),
-                  QStringLiteral("voxels of the type \"%1\" are not supported, only integers up to "
-                                 "32 bits and floating-point numbers up to 64 bits")
-                      .arg(QString::fromLatin1(name.left(40))));
+    throw header.unsupportedType(name);
 }
 
 ByteSource::Coding codingOf(const TextHeader& header)
@@ -76,17 +73,8 @@ bool isSwapped(const TextHeader& header, image::DataType type)
 VoxelFile voxelsOf(const TextHeader& header)
 {
     const QString& path = header.path();
-    if (header.wholeNumbers({"dimension"}, 1).value_or(QList<qint64>{0}).first() != 3)
-        throw Failure(path, QStringLiteral("a volume has 3 dimensions, the header says %1")
-                                .arg(QString::fromLatin1(
-                                    header.value({"dimension"}).value_or("none").left(20))));
     VoxelFile voxels;
-    const auto counts = header.wholeNumbers({"sizes"}, 3);
-    if (!counts)
-        throw Failure(path,
-                      QStringLiteral("the header does not state the number of voxels (sizes)"));
-    voxels.counts = {(*counts)[0], (*counts)[1], (*counts)[2]};
-    checkVoxelCounts(path, voxels.counts);
+    voxels.counts = header.voxelCounts("dimension", "sizes");
     voxels.type = elementType(header);
     voxels.swapped = isSwapped(header, voxels.type);
     voxels.coding = codingOf(header);
@@ -96,18 +84,15 @@ VoxelFile voxelsOf(const TextHeader& header)
         throw Failure(path, QStringLiteral("voxels in several files are not supported"));
     voxels.path = name ? header.dataFile(QString::fromUtf8(*name)) : path;
     voxels.start = name ? 0 : header.size();
-    const qint64 lines =
-        header.wholeNumbers({"line skip", "lineskip"}, 1).value_or(QList<qint64>{0}).first();
-    const qint64 skipped =
-        header.wholeNumbers({"byte skip", "byteskip"}, 1).value_or(QList<qint64>{0}).first();
+    const qint64 lines = header.wholeNumber({"line skip", "lineskip"}, 0);
+    const qint64 skipped = header.wholeNumber({"byte skip", "byteskip"}, 0);
     const qint64 fileBytes = QFileInfo(voxels.path).size();
     const bool plain = voxels.coding == ByteSource::Coding::Plain;
     if (lines != 0 || (skipped != 0 && !plain))
         throw Failure(
             path, QStringLiteral("lines or compressed bytes before the voxels are not supported"));
     if (skipped == -1)
-        voxels.start = fileBytes - voxels.counts[0] * voxels.counts[1] * voxels.counts[2] *
-                                       static_cast<qint64>(image::elementSize(voxels.type));
+        voxels.start = fileBytes - voxels.bytes(voxels.type);
     else if (skipped >= 0 && skipped <= fileBytes)
         voxels.start += skipped;
     if (skipped < -1 || skipped > fileBytes || voxels.start < 0 || voxels.start > fileBytes)
@@ -186,23 +171,19 @@ Volume readNrrd(const QString& path)
     const auto factors = space.value_or(std::array{1.0, 1.0, 1.0});
     const auto origin = vectors(header, "space origin", 1).value_or(QList<double>{0.0, 0.0, 0.0});
 
-    Volume volume;
+    QMatrix4x4 worldFromVoxel;
     for (int row = 0; row < 3; ++row) {
         const double factor = factors[row];
         for (int axis = 0; axis < 3; ++axis) {
             const double step = directions ? (*directions)[3 * axis + row]
                                            : (axis == row ? (*spacings)[axis] : 0.0);
-            volume.worldFromVoxel(row, axis) = static_cast<float>(factor * step);
+            worldFromVoxel(row, axis) = static_cast<float>(factor * step);
         }
-        volume.worldFromVoxel(row, 3) = static_cast<float>(factor * origin[row]);
+        worldFromVoxel(row, 3) = static_cast<float>(factor * origin[row]);
     }
-    checkGeometry(path, volume.worldFromVoxel, voxels.counts);
-    volume.image = readVoxels(voxels, {}, voxelSizeMm(volume.worldFromVoxel));
-    volume.orientationKnown = directions && space;
-    volume.description = QStringLiteral("NRRD file %1").arg(QFileInfo(path).fileName());
-    if (!volume.orientationKnown)
-        volume.remarks.append(unknownOrientationRemark());
-    return volume;
+    checkGeometry(path, worldFromVoxel, voxels.counts);
+    return readVolume(voxels, {}, worldFromVoxel, directions && space,
+                      QStringLiteral("NRRD file %1").arg(QFileInfo(path).fileName()));
 }
 
 } // namespace planner

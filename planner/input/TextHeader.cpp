@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <planner/input/TextHeader.h>
 
-#include <planner/input/Failure.h>
+#include <planner/input/VolumeLimits.h>
 
 #include <QDir>
 #include <QFile>
@@ -104,6 +104,31 @@ std::optional<QList<qint64>> TextHeader::wholeNumbers(const QList<QByteArray>& n
     return listFrom<qint64>(
         value(names), count, headerPath, names.first(),
         [](const QByteArray& part, bool& isNumber) { return qint64{part.toLongLong(&isNumber)}; });
+}
+
+std::array<qint64, 3> TextHeader::voxelCounts(const QByteArray& dimensions,
+                                              const QByteArray& sizes) const
+{
+    if (wholeNumber({dimensions}, 0) != 3)
+        throw Failure(headerPath,
+                      QStringLiteral("a volume has 3 dimensions, the header says %1")
+                          .arg(QString::fromLatin1(value({dimensions}).value_or("none").left(20))));
+    const auto counts = wholeNumbers({sizes.toLower()}, 3);
+    if (!counts)
+        throw Failure(headerPath,
+                      QStringLiteral("the header does not state the number of voxels (%1)")
+                          .arg(QString::fromLatin1(sizes)));
+    const std::array<qint64, 3> all = {(*counts)[0], (*counts)[1], (*counts)[2]};
+    checkVoxelCounts(headerPath, all);
+    return all;
+}
+
+Failure TextHeader::unsupportedType(const QByteArray& name) const
+{
+    return {headerPath,
+            QStringLiteral("voxels of the type \"%1\" are not supported, only integers up to 32 "
+                           "bits and floating-point numbers up to 64 bits")
+                .arg(QString::fromLatin1(name.left(40)))};
 }
 
 QString TextHeader::dataFile(const QString& name) const

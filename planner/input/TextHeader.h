@@ -2,12 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <planner/input/Failure.h>
+
 #include <QByteArray>
 #include <QHash>
 #include <QList>
 #include <QString>
 #include <QtGlobal>
 
+#include <array>
 #include <optional>
 
 namespace planner {
@@ -41,6 +44,17 @@ public:
     /// Returns the same as whole numbers.
     std::optional<QList<qint64>> wholeNumbers(const QList<QByteArray>& names,
                                               qsizetype count) const;
+
+    /// Returns a whole number, or `otherwise` without such a field.
+    qint64 wholeNumber(const QList<QByteArray>& names, qint64 otherwise) const
+    {
+        return wholeNumbers(names, 1).value_or(QList<qint64>{otherwise}).first();
+    }
+    /// Returns the numbers of voxels along three axes, which pass checkVoxelCounts(), from the
+    /// field that the format spells so. Failure if the other field does not state three dimensions.
+    std::array<qint64, 3> voxelCounts(const QByteArray& dimensions, const QByteArray& sizes) const;
+    /// Returns why an element type is refused.
+    Failure unsupportedType(const QByteArray& name) const;
 
     /// Returns the file with the voxels that the header names, which must lie in the header's
     /// folder or below it.

@@ -105,33 +105,38 @@ image::DataType storedType(const VoxelFile& file, const Scaling& scaling)
 
 } // namespace
 
-VexelImage3D readVoxels(const VoxelFile& file, const Scaling& scaling, const QVector3D& voxelSizeMm)
+qint64 VoxelFile::bytes(image::DataType elementType) const
+{
+    return counts[0] * counts[1] * counts[2] * static_cast<qint64>(image::elementSize(elementType));
+}
+
+Volume readVolume(const VoxelFile& file, const Scaling& scaling, const QMatrix4x4& worldFromVoxel,
+                  bool orientationKnown, const QString& description)
 {
     const auto checkBytes = [&file](image::DataType type) {
-        checkExpansion(file.path,
-                       file.counts[0] * file.counts[1] * file.counts[2] *
-                           static_cast<qint64>(image::elementSize(type)),
-                       QFileInfo(file.path).size());
+        checkExpansion(file.path, file.bytes(type), QFileInfo(file.path).size());
     };
     checkBytes(file.type);
     const image::DataType type = storedType(file, scaling);
     checkBytes(type);
-    VexelImage3D image({static_cast<int>(file.counts[0]), static_cast<int>(file.counts[1]),
-                        static_cast<int>(file.counts[2])},
-                       voxelSizeMm, type);
-    if (image.isEmpty())
+    Volume volume{VexelImage3D({static_cast<int>(file.counts[0]), static_cast<int>(file.counts[1]),
+                                static_cast<int>(file.counts[2])},
+                               {worldFromVoxel.column(0).toVector3D().length(),
+                                worldFromVoxel.column(1).toVector3D().length(),
+                                worldFromVoxel.column(2).toVector3D().length()},
+                               type),
+                  worldFromVoxel,
+                  orientationKnown,
+                  description,
+                  {}};
+    if (volume.image.isEmpty())
         throw Failure(file.path, QStringLiteral("there is not enough memory for its voxels"));
     visitVoxels(file, [&](const auto* elements, std::size_t count, std::size_t first) {
-        storeScaled(elements, count, scaling, image, first);
+        storeScaled(elements, count, scaling, volume.image, first);
     });
-    return image;
-}
-
-QVector3D voxelSizeMm(const QMatrix4x4& worldFromVoxel)
-{
-    return {worldFromVoxel.column(0).toVector3D().length(),
-            worldFromVoxel.column(1).toVector3D().length(),
-            worldFromVoxel.column(2).toVector3D().length()};
+    if (!orientationKnown)
+        volume.remarks.append(unknownOrientationRemark());
+    return volume;
 }
 
 } // namespace planner

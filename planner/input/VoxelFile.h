@@ -4,10 +4,10 @@
 
 #include <planner/input/ByteSource.h>
 #include <planner/input/Elements.h>
+#include <planner/input/Volume.h>
 
 #include <QMatrix4x4>
 #include <QString>
-#include <QVector3D>
 #include <QtGlobal>
 
 #include <array>
@@ -24,19 +24,20 @@ struct VoxelFile
     std::array<qint64, 3> counts{};
     image::DataType type = image::UInt8;
     bool swapped = false; ///< the bytes of an element are in the other order
+
+    /// Returns how many bytes the voxels take as elements of a type.
+    qint64 bytes(image::DataType elementType) const;
 };
 
-/// Reads the voxels into an image, which takes no more memory than itself. Values that are not
+/// Reads the voxels into a volume, which takes no more memory than its image. Values that are not
 /// finite become 0. A scaled image holds 16-bit integers if these can hold every value exactly,
 /// else single precision.
 ///
 /// Failure if the voxels end before or after the place that the header announces, if compressed
 /// bytes do not have their checksum, if the file is too small for so many voxels however they are
-/// compressed, or if memory is short. The counts must have passed checkVoxelCounts().
-VexelImage3D readVoxels(const VoxelFile& file, const Scaling& scaling,
-                        const QVector3D& voxelSizeMm);
-
-/// Returns the distances in mm between neighboring voxels along the three axes.
-QVector3D voxelSizeMm(const QMatrix4x4& worldFromVoxel);
+/// compressed, or if memory is short. The counts must have passed checkVoxelCounts(), and the
+/// placement checkGeometry().
+Volume readVolume(const VoxelFile& file, const Scaling& scaling, const QMatrix4x4& worldFromVoxel,
+                  bool orientationKnown, const QString& description);
 
 } // namespace planner

@@ -47,10 +47,8 @@ QList<QVector3D> lowerTeeth(const Case& planned)
 {
     QList<QVector3D> points;
     for (const char* fdi : {"47", "45", "43", "41", "31", "33", "35", "37"}) {
-        const auto tooth = std::ranges::find_if(planned.landmarks, [fdi](const Landmark& landmark) {
-            return landmark.kind == LandmarkKind::Tooth && landmark.label == QLatin1String(fdi);
-        });
-        if (tooth != planned.landmarks.cend())
+        const QString name = QStringLiteral("tooth %1").arg(QLatin1String(fdi));
+        if (const Landmark* tooth = findLandmark(planned.landmarks, name))
             points.append(tooth->position);
     }
     return points;

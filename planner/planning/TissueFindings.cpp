@@ -66,14 +66,12 @@ float heightOfTeeth(const GreyScan& scan, const Volume& volume, ToothChart::Arch
         boxes = boxesOf(scan, TissueEstimationHistogramCreator::TeethRegion);
     if (boxes.isEmpty())
         return volume.worldFromVoxel.map(volume.counts() / 2.0F).z();
-    return std::ranges::max_element(boxes, {},
-                                    [&boxes](const primitives::BoundingBox& box) {
-                                        return std::ranges::count_if(
-                                            boxes, [z = box.centerZ()](const auto& other) {
-                                                return z >= other.min().z() && z <= other.max().z();
-                                            });
-                                    })
-        ->centerZ();
+    const auto countAt = [&boxes](const primitives::BoundingBox& box) {
+        return std::ranges::count_if(boxes, [z = box.centerZ()](const auto& other) {
+            return z >= other.min().z() && z <= other.max().z();
+        });
+    };
+    return std::ranges::max_element(boxes, {}, countAt)->centerZ();
 }
 
 ColormapDisplay::ColormapDisplay(const GreyScan& scan,

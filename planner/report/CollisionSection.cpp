@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <optional>
 
 namespace planner {
 
@@ -29,14 +28,15 @@ QList<Finding> collisionsOf(const QList<Finding>& findings)
     return found;
 }
 
-// The pair with a nerve that is clear by least, to be shown beside the collisions.
-std::optional<Finding> closestClearNerve(const QList<Finding>& findings)
+// The nearest pair with a nerve among those that count; null without one.
+template <typename Counts>
+const Finding* closestNerve(const QList<Finding>& findings, const Counts& counts)
 {
-    std::optional<Finding> closest;
+    const Finding* closest = nullptr;
     for (const Finding& finding : findings) {
-        if (!finding.collides && finding.other.kind == PartKind::Nerve &&
+        if (finding.other.kind == PartKind::Nerve && counts(finding) &&
             (!closest || finding.clearanceMm < closest->clearanceMm))
-            closest = finding;
+            closest = &finding;
     }
     return closest;
 }
@@ -128,18 +128,6 @@ QString summary(const CollisionPlan& plan, const QList<Finding>& findings)
                              : QStringLiteral(" (%1)").arg(names.join(QStringLiteral("; "))));
 }
 
-// The nerve that an implant is closest to.
-qsizetype closestNerve(const QList<Finding>& findings, qsizetype implant)
-{
-    const Finding* closest = nullptr;
-    for (const Finding& finding : findings) {
-        if (finding.implant == implant && finding.other.kind == PartKind::Nerve &&
-            (!closest || finding.clearanceMm < closest->clearanceMm))
-            closest = &finding;
-    }
-    return closest->other.number;
-}
-
 QString dragSentence(const CollisionPlan& plan, const PlannedNerve& nerve,
                      const QList<DragStep>& steps)
 {
@@ -228,7 +216,10 @@ Section createCollisionSection(const Case& planned, Progress& progress)
     }
     progress.step(QStringLiteral("Detecting collisions"));
     const QList<Finding> findings = findCollisions(plan);
-    const qsizetype nerve = closestNerve(findings, kDraggedImplant);
+    const auto isOfDragged = [](const Finding& finding) {
+        return finding.implant == kDraggedImplant;
+    };
+    const qsizetype nerve = closestNerve(findings, isOfDragged)->other.number;
     const QList<DragStep> steps = dragDeeper(plan, kDraggedImplant, nerve, kDragSteps, kDragStepMm);
     const QString drag = dragSentence(plan, plan.nerves[nerve], steps);
 
@@ -237,7 +228,8 @@ Section createCollisionSection(const Case& planned, Progress& progress)
     const GreyScale scale(planned.volume.image);
     const bool known = planned.volume.orientationKnown;
     QList<Finding> shown = collisionsOf(findings);
-    if (const auto clear = closestClearNerve(findings))
+    // Beside the collisions, the nerve that is clear by least.
+    if (const auto* clear = closestNerve(findings, [](const Finding& f) { return !f.collides; }))
         shown.append(*clear);
     section.pictures.append(
         {QStringLiteral("collisions-jaw.png"), QStringLiteral("The lower jaw"),

@@ -37,13 +37,6 @@ SectionPicture archPicture(const DentalPictures& pictures, const DentalArchPlan&
             pictures.paintArch(plan, arch)};
 }
 
-qsizetype comparedNerves(const Case& planned, const QList<NerveProposal>& nerves)
-{
-    return std::ranges::count_if(nerves, [&planned](const NerveProposal& nerve) {
-        return findCanal(planned.canals, nerve.right) != nullptr;
-    });
-}
-
 // A sentence, or nothing if the canal of each proposal is known.
 QString unknownCanals(const Case& planned, const QList<NerveProposal>& nerves)
 {
@@ -80,7 +73,9 @@ SectionPicture nervesPicture(const DentalPictures& pictures, const Case& planned
 {
     progress.step(QStringLiteral("Sampling the nerves from below"));
     QString legend = QStringLiteral("Solid: the proposal with its five control points.");
-    if (comparedNerves(planned, nerves) > 0)
+    if (std::ranges::any_of(nerves, [&](const NerveProposal& nerve) {
+            return findCanal(planned.canals, nerve.right);
+        }))
         legend += QStringLiteral(" Dotted: the canal's known center line.");
     if (const QString unknown = unknownCanals(planned, nerves); !unknown.isEmpty())
         legend += u' ' + unknown;

@@ -23,24 +23,6 @@ QString cropSentence(const QSize& shown, const QSize& whole)
         .arg(whole.height());
 }
 
-struct Errors
-{
-    qsizetype count = 0;
-    double largest = 0.0;
-};
-
-Errors errorsOf(const QList<MappedLandmark>& marks)
-{
-    Errors errors;
-    for (const MappedLandmark& mark : marks) {
-        if (!mark.inPlane.value_or(false))
-            continue;
-        ++errors.count;
-        errors.largest = std::max(errors.largest, mark.errorMm);
-    }
-    return errors;
-}
-
 struct Told
 {
     QString html;
@@ -73,13 +55,20 @@ SectionPicture panoramicPicture(const Case& planned, const Panorama& view,
 {
     progress.step(QStringLiteral("Unrolling the arch"));
     PanoramicPicture picture(planned, view, sampler, scale, progress.onFraction());
-    const Errors errors = errorsOf(picture.marks());
+    qsizetype inSlab = 0;
+    double largestErrorMm = 0.0;
+    for (const MappedLandmark& mark : picture.marks()) {
+        if (!mark.inPlane.value_or(false))
+            continue;
+        ++inSlab;
+        largestErrorMm = std::max(largestErrorMm, mark.errorMm);
+    }
     told.say(
         QStringLiteral("%1 landmarks lie within the slab of %2 mm; mapped into the panoramic view "
                        "and back they come out at most %3 mm from their foot on the surface.")
-            .arg(errors.count)
+            .arg(inSlab)
             .arg(view.reslice->getThickness())
-            .arg(errors.largest, 0, 'f', 4));
+            .arg(largestErrorMm, 0, 'f', 4));
     for (const bool right : {true, false})
         told.say(nerveSentence(picture, findCanal(planned.canals, right), right));
     for (const TurnedImplant& turned : implants)

@@ -48,16 +48,6 @@ double largestDistance(const QList<QVector3D>& a, const QList<QVector3D>& b)
     return largest;
 }
 
-struct Row
-{
-    int step;
-    QString kind;
-    qsizetype coordinates;
-    double movedMm;
-    bool recorded;
-    double afterWayBackMm;
-};
-
 QList<QList<QVector3D>> coordinatesOf(const PlanOfEveryKind& plan)
 {
     QList<QList<QVector3D>> all;
@@ -82,8 +72,12 @@ QList<ShownMesh> surfacesOf(const PlanOfEveryKind& plan)
 
 struct Journey
 {
-    QList<Row> rows;
-    QList<QImage> tiles;
+    Table table{{QStringLiteral("object"), QStringLiteral("step"), QStringLiteral("coordinates"),
+                 QStringLiteral("moved by up to mm"), QStringLiteral("returned as changed"),
+                 QStringLiteral("largest deviation after the way back mm")}};
+    qsizetype coordinates = 0;
+    double largestMm = 0.0; ///< deviation after the way back
+    QList<QImage> tiles = {};
 };
 
 // The scanner has the head turned by 14 degrees and 25 mm away.
@@ -124,42 +118,17 @@ Journey thereAndBack(const PlanOfEveryKind& plan, const QVector3D& middle,
 
     for (qsizetype i = 0; i < plan.objects.size(); ++i) {
         const PlannedObject& object = plan.objects[i];
-        journey.rows.append(
-            {object.step, object.kind, before[i].size(), largestDistance(before[i], there[i]),
-             changed.contains(object.object.get()), largestDistance(before[i], back[i])});
+        const double backMm = largestDistance(before[i], back[i]);
+        journey.table.rows.append(
+            {object.kind, QString::number(object.step), QString::number(before[i].size()),
+             number(largestDistance(before[i], there[i]), 2),
+             changed.contains(object.object.get()) ? QStringLiteral("yes") : QStringLiteral("no"),
+             number(backMm, 6)});
+        journey.coordinates += before[i].size();
+        journey.largestMm = std::max(journey.largestMm, backMm);
     }
     return journey;
 }
-
-Table tableOf(const QList<Row>& rows)
-{
-    Table table{{QStringLiteral("object"), QStringLiteral("step"), QStringLiteral("coordinates"),
-                 QStringLiteral("moved by up to mm"), QStringLiteral("returned as changed"),
-                 QStringLiteral("largest deviation after the way back mm")}};
-    for (const Row& row : rows)
-        table.rows.append({row.kind, QString::number(row.step), QString::number(row.coordinates),
-                           number(row.movedMm, 2),
-                           row.recorded ? QStringLiteral("yes") : QStringLiteral("no"),
-                           number(row.afterWayBackMm, 6)});
-    return table;
-}
-
-QString rowsSummary(const QList<Row>& rows)
-{
-    qsizetype coordinates = 0;
-    double largest = 0.0;
-    for (const Row& row : rows) {
-        coordinates += row.coordinates;
-        largest = std::max(largest, row.afterWayBackMm);
-    }
-    return QStringLiteral("%1 objects with %2 coordinates went into the new frame and back: the "
-                          "largest deviation is %3 mm.")
-        .arg(rows.size())
-        .arg(coordinates)
-        .arg(number(largest, 6));
-}
-
-// ---- the bite
 
 bool sameBits(const QMatrix4x4& a, const QMatrix4x4& b)
 {
@@ -205,40 +174,38 @@ BiteStory applyUndoRedo(const PlanOfEveryKind& plan, const QVector3D& incisor,
     const auto inForce = [&] {
         return mandibular.getOcclusionModeTransformation(data.movementMode);
     };
-    const auto show = [&](const QString& label) {
-        geometry::Mesh lower = lowerCrowns;
-        lower.applyTransformation(inForce().value() * opening); // the identity if there is none
-        story.tiles << paintSurfaces(camera, {{upperCrowns, kToothColour}, {lower, kScanColour}},
-                                     label);
-    };
-    const auto record = [&](const QString& action, const QString& compared) {
+    const auto record = [&](const QString& action, const QString& compared, const QString& label) {
         const auto matrix = inForce();
         story.table.rows.append(
             {action, mandibular.getMovementMode(),
              matrix ? QStringLiteral("stored") : QStringLiteral("none"),
              number((matrix.value() * opening).map(incisor).distanceToPoint(incisor), 3),
              compared});
+        geometry::Mesh lower = lowerCrowns;
+        lower.applyTransformation(matrix.value() * opening); // the identity if there is none
+        story.tiles << paintSurfaces(camera, {{upperCrowns, kToothColour}, {lower, kScanColour}},
+                                     label);
     };
     const QStringList modesBefore = mandibular.getMovementModes();
-    record(QStringLiteral("before"), QStringLiteral("-"));
-    show(QStringLiteral("1  before the bite"));
+    record(QStringLiteral("before"), QStringLiteral("-"), QStringLiteral("1  before the bite"));
 
     QUndoStack stack;
     stack.push(new SetOcclusionMovementTransformationsUndoCommand(
         OcclusionMovementCalculator(data).calculate(), movements, data.movementMode, nullptr));
     const QMatrix4x4 applied = inForce().value();
-    record(QStringLiteral("bite applied"), QStringLiteral("-"));
-    show(QStringLiteral("2  bite applied"));
+    record(QStringLiteral("bite applied"), QStringLiteral("-"), QStringLiteral("2  bite applied"));
     stack.undo();
-    record(QStringLiteral("undone"), !inForce() && mandibular.getMovementModes() == modesBefore
-                                         ? QStringLiteral("as before")
-                                         : QStringLiteral("NOT as before"));
-    show(QStringLiteral("3  undone"));
+    record(QStringLiteral("undone"),
+           !inForce() && mandibular.getMovementModes() == modesBefore
+               ? QStringLiteral("as before")
+               : QStringLiteral("NOT as before"),
+           QStringLiteral("3  undone"));
     stack.redo();
-    record(QStringLiteral("redone"), inForce() && sameBits(inForce().value(), applied)
-                                         ? QStringLiteral("the bits of the first time")
-                                         : QStringLiteral("NOT the bits of the first time"));
-    show(QStringLiteral("4  redone"));
+    record(QStringLiteral("redone"),
+           inForce() && sameBits(inForce().value(), applied)
+               ? QStringLiteral("the bits of the first time")
+               : QStringLiteral("NOT the bits of the first time"),
+           QStringLiteral("4  redone"));
     return story;
 }
 
@@ -290,12 +257,16 @@ Section createScannerFrameSection(const Case& planned, Progress& progress)
                         "where the mandibular movement has them. The jaw was scanned open, by 12 "
                         "degrees about its joints.</p>"),
          tile(bite.tiles, 2)}};
+    const QString summary =
+        QStringLiteral("%1 objects with %2 coordinates went into the new frame and back: the "
+                       "largest deviation is %3 mm.")
+            .arg(plan.objects.size())
+            .arg(journey.coordinates)
+            .arg(number(journey.largestMm, 6));
     section.detailsHtml =
         QStringLiteral("<p>%1</p>\n%2<details><summary>All objects</summary>\n%3</details>\n")
-            .arg(rowsSummary(journey.rows).toHtmlEscaped(), bite.table.html(),
-                 tableOf(journey.rows).html());
-    section.plainText =
-        tableOf(journey.rows).text() + rowsSummary(journey.rows) + u'\n' + bite.table.text();
+            .arg(summary, bite.table.html(), journey.table.html());
+    section.plainText = journey.table.text() + summary + u'\n' + bite.table.text();
     return section;
 }
 

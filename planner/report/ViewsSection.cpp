@@ -11,7 +11,6 @@
 #include <planner/report/Table.h>
 
 #include <algorithm>
-#include <iterator>
 #include <optional>
 
 namespace planner {
@@ -29,7 +28,13 @@ QString yesOrNo(const std::optional<bool>& flag)
     return flag ? (*flag ? QStringLiteral("yes") : QStringLiteral("no")) : QStringLiteral("-");
 }
 
-Table tableOf(const QList<Rows>& all)
+// What fits a terminal: the foramina in every view and whatever else lies in a slice.
+bool isNotable(const MappedLandmark& row)
+{
+    return row.landmark.kind == LandmarkKind::Foramen || row.inSlice.value_or(false);
+}
+
+Table tableOf(const QList<Rows>& all, bool notableOnly)
 {
     Table table{{QStringLiteral("view"), QStringLiteral("landmark"), QStringLiteral("world x"),
                  QStringLiteral("y"), QStringLiteral("z"), QStringLiteral("view x"),
@@ -39,6 +44,8 @@ Table tableOf(const QList<Rows>& all)
                  QStringLiteral("in slice")}};
     for (const Rows& rows : all) {
         for (const MappedLandmark& row : rows.landmarks) {
+            if (notableOnly && !isNotable(row))
+                continue;
             const QVector3D& world = row.landmark.position;
             table.rows.append(
                 {rows.view, row.landmark.name, number(world.x(), 2), number(world.y(), 2),
@@ -50,21 +57,6 @@ Table tableOf(const QList<Rows>& all)
         }
     }
     return table;
-}
-
-// The foramina in every view and whatever else lies in a slice: what fits a terminal.
-QList<Rows> notableRows(const QList<Rows>& all)
-{
-    QList<Rows> notable;
-    for (const Rows& rows : all) {
-        Rows kept{rows.view, {}};
-        std::ranges::copy_if(
-            rows.landmarks, std::back_inserter(kept.landmarks), [](const MappedLandmark& row) {
-                return row.landmark.kind == LandmarkKind::Foramen || row.inSlice.value_or(false);
-            });
-        notable.append(kept);
-    }
-    return notable;
 }
 
 QString summary(const QList<Rows>& all)
@@ -233,8 +225,8 @@ Section createViewsSection(const Case& planned, Progress& progress)
                 "is the distance between the point that was mapped back and the foot of the "
                 "landmark on the plane of the view, in mm; \"click\" the same for the center of "
                 "the marked pixel (column, row).</p>\n%2</details>\n")
-                .arg(summary(all).toHtmlEscaped(), tableOf(all).html());
-        section.plainText = tableOf(notableRows(all)).text() + summary(all) + u'\n';
+                .arg(summary(all).toHtmlEscaped(), tableOf(all, false).html());
+        section.plainText = tableOf(all, true).text() + summary(all) + u'\n';
     }
     return section;
 }
