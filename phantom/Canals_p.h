@@ -23,7 +23,7 @@ public:
 
     explicit CanalShape(std::vector<Point> samples);
 
-    const std::vector<Point>& centreLine() const { return chain; }
+    const std::vector<Point>& centerLine() const { return chain; }
     /// Adds the stretches that a line in x at (y, z) may come close to.
     void addReachable(Row& row, double y, double z) const;
     /// Returns the squared distance from the center line, at most `limit`.

@@ -31,8 +31,8 @@ QList<QVector3D> toList(const std::vector<Point>& points)
 
 NerveCanal describe(const CanalShape& canal)
 {
-    const QList<QVector3D> centreLine = toList(canal.centreLine());
-    return {centreLine, float(kCanalRadius), centreLine.first(), centreLine.last()};
+    const QList<QVector3D> centerLine = toList(canal.centerLine());
+    return {centerLine, float(kCanalRadius), centerLine.first(), centerLine.last()};
 }
 
 float finiteOr(float value, float neutral)

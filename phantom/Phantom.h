@@ -74,7 +74,7 @@ struct Tooth
 struct NerveCanal
 {
     /// Samples 1 mm apart or closer, from the mandibular to the mental foramen.
-    QList<QVector3D> centreLine;
+    QList<QVector3D> centerLine;
     float radiusMm;
     QVector3D mandibularForamen; ///< where the nerve enters: the first point of the center line
     QVector3D mentalForamen; ///< where it leaves, on the outer surface of the bone: the last one

@@ -25,7 +25,7 @@ namespace planner {
 
 namespace {
 
-const QColor kClearColour(0x5f, 0xd3, 0x7a);
+const QColor kClearColor(0x5f, 0xd3, 0x7a);
 
 constexpr float kCutWidthMm = 26.0F;
 constexpr float kCutHeightMm = 30.0F;
@@ -95,8 +95,8 @@ public:
         painter.drawImage(corner, samples);
     }
 
-    void outline(const geometry::Mesh& mesh, const QColor& colour, double filled,
-                 Qt::PenStyle style, double width)
+    void outline(const geometry::Mesh& mesh, const QColor& color, double filled, Qt::PenStyle style,
+                 double width)
     {
         painter.save();
         painter.setClipRect(area);
@@ -110,10 +110,10 @@ public:
             path.addPolygon(onPicture);
         }
         path.setFillRule(Qt::WindingFill);
-        QColor inside = colour;
+        QColor inside = color;
         inside.setAlphaF(static_cast<float>(filled));
         painter.fillPath(path, inside);
-        painter.setPen(QPen(colour, width, style, Qt::RoundCap, Qt::RoundJoin));
+        painter.setPen(QPen(color, width, style, Qt::RoundCap, Qt::RoundJoin));
         painter.setBrush(Qt::NoBrush);
         painter.drawPath(path);
         painter.restore();
@@ -124,8 +124,8 @@ public:
         painter.setFont(fontOf(pixels, true));
         const QStringList sides = cut.letters.split(u' ');
         const double y = area.top() + pixels;
-        paintCentred(painter, QPointF(area.left() + 1.1 * pixels, y), sides.first(), kTextColour);
-        paintCentred(painter, QPointF(area.right() - 1.1 * pixels, y), sides.last(), kTextColour);
+        paintCenterd(painter, QPointF(area.left() + 1.1 * pixels, y), sides.first(), kTextColor);
+        paintCenterd(painter, QPointF(area.right() - 1.1 * pixels, y), sides.last(), kTextColor);
     }
 
     void bar(int pixels)
@@ -134,11 +134,11 @@ public:
         const QPointF from(area.left() + 10.0, area.bottom() - 12.0);
         painter.setPen(QPen(Qt::black, 5.0));
         painter.drawLine(from, from + QPointF(length, 0.0));
-        painter.setPen(QPen(kTextColour, 3.0));
+        painter.setPen(QPen(kTextColor, 3.0));
         painter.drawLine(from, from + QPointF(length, 0.0));
         painter.setFont(fontOf(pixels, false));
-        paintCentred(painter, from + QPointF(length / 2.0, -pixels), QStringLiteral("5 mm"),
-                     kTextColour);
+        paintCenterd(painter, from + QPointF(length / 2.0, -pixels), QStringLiteral("5 mm"),
+                     kTextColor);
     }
 
 private:
@@ -152,34 +152,34 @@ private:
 void outlinePlan(CutPainter& painter, const CollisionPlan& plan, const QList<Finding>& told,
                  qsizetype zone)
 {
-    const QColor red(collisionColours::kColliding);
+    const QColor red(collisionColors::kColliding);
     if (zone >= 0) {
         const bool met = isZoneMet(told, zone);
         painter.outline(zoneMesh(plan.implants[zone], 3.0F),
-                        met ? red : QColor(collisionColours::kZone), 0.16, Qt::DashLine, 2.2);
+                        met ? red : QColor(collisionColors::kZone), 0.16, Qt::DashLine, 2.2);
     }
     for (qsizetype i = 0; i < plan.nerves.size(); ++i)
-        painter.outline(placedMesh(*plan.nerves[i].object), partColour(told, {PartKind::Nerve, i}),
+        painter.outline(placedMesh(*plan.nerves[i].object), partColor(told, {PartKind::Nerve, i}),
                         0.45, Qt::SolidLine, 2.4);
     for (qsizetype i = 0; i < plan.pins.size(); ++i)
-        painter.outline(pinMesh(plan.pins[i]), partColour(told, {PartKind::Pin, i}), 0.45,
+        painter.outline(pinMesh(plan.pins[i]), partColor(told, {PartKind::Pin, i}), 0.45,
                         Qt::SolidLine, 2.4);
     for (qsizetype i = 0; i < plan.implants.size(); ++i)
-        painter.outline(zoneMesh(plan.implants[i], 0.0F), partColour(told, {PartKind::Implant, i}),
+        painter.outline(zoneMesh(plan.implants[i], 0.0F), partColor(told, {PartKind::Implant, i}),
                         0.35, Qt::SolidLine, 2.4);
 }
 
 void write(QPainter& painter, const QRect& place, Qt::Alignment alignment, const QFont& font,
-           const QColor& colour, const QString& text)
+           const QColor& color, const QString& text)
 {
     painter.setFont(font);
-    painter.setPen(colour);
+    painter.setPen(color);
     painter.drawText(place, alignment, text);
 }
 
-QColor verdictColour(bool collides)
+QColor verdictColor(bool collides)
 {
-    return collides ? QColor(collisionColours::kColliding).lighter(120) : kClearColour;
+    return collides ? QColor(collisionColors::kColliding).lighter(120) : kClearColor;
 }
 
 QString verdict(bool collides)
@@ -187,20 +187,20 @@ QString verdict(bool collides)
     return collides ? QStringLiteral("collision") : QStringLiteral("clear");
 }
 
-QString millimetres(double value)
+QString millimeters(double value)
 {
     return QString::number(value, 'f', 1) + QStringLiteral(" mm");
 }
 
 } // namespace
 
-QColor partColour(const QList<Finding>& findings, const PlanPart& part)
+QColor partColor(const QList<Finding>& findings, const PlanPart& part)
 {
     if (isColliding(findings, part))
-        return collisionColours::kColliding;
-    constexpr QRgb colours[] = {collisionColours::kImplant, collisionColours::kNerve,
-                                collisionColours::kPin};
-    return colours[static_cast<int>(part.kind)];
+        return collisionColors::kColliding;
+    constexpr QRgb colors[] = {collisionColors::kImplant, collisionColors::kNerve,
+                               collisionColors::kPin};
+    return colors[static_cast<int>(part.kind)];
 }
 
 QImage paintFindings(const Sampler& sampler, const GreyScale& scale, bool orientationKnown,
@@ -213,7 +213,7 @@ QImage paintFindings(const Sampler& sampler, const GreyScale& scale, bool orient
     const auto rows = static_cast<int>((shown.size() + columns - 1) / columns);
     QImage image(columns * (pixels.width() + gap) + gap,
                  rows * (pixels.height() + titleHeight + gap) + gap, QImage::Format_RGB32);
-    image.fill(kGroundColour);
+    image.fill(kGroundColor);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     for (qsizetype i = 0; i < shown.size(); ++i) {
@@ -223,11 +223,11 @@ QImage paintFindings(const Sampler& sampler, const GreyScale& scale, bool orient
         const QPoint corner(gap + column * (pixels.width() + gap),
                             gap + row * (pixels.height() + titleHeight + gap) + titleHeight);
         const QRect title(corner.x(), corner.y() - titleHeight, pixels.width(), 32);
-        write(painter, title, Qt::AlignLeft | Qt::AlignVCenter, fontOf(22, true), kTextColour,
+        write(painter, title, Qt::AlignLeft | Qt::AlignVCenter, fontOf(22, true), kTextColor,
               QStringLiteral("%1 and %2")
                   .arg(plan.implants[finding.implant].name, nameOf(plan, finding.other)));
         write(painter, {title.x(), title.y() + 32, title.width(), 30},
-              Qt::AlignLeft | Qt::AlignVCenter, fontOf(19, false), verdictColour(finding.collides),
+              Qt::AlignLeft | Qt::AlignVCenter, fontOf(19, false), verdictColor(finding.collides),
               QStringLiteral("%1, %2").arg(verdict(finding.collides), apart(finding.clearanceMm)));
         const Cut cut = cutThrough(plan.implants[finding.implant], besideOf(plan, finding), pixels,
                                    orientationKnown);
@@ -251,7 +251,7 @@ QImage paintDrag(const Sampler& sampler, const GreyScale& scale, bool orientatio
     const auto frames = static_cast<int>(steps.size());
     QImage image(frames * (pixels.width() + gap) + gap,
                  gap + titleHeight + pixels.height() + verdictHeight, QImage::Format_RGB32);
-    image.fill(kGroundColour);
+    image.fill(kGroundColor);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
 
@@ -263,9 +263,9 @@ QImage paintDrag(const Sampler& sampler, const GreyScale& scale, bool orientatio
         const DragStep& step = steps[i];
         const QPoint corner(gap + i * (pixels.width() + gap), gap + titleHeight);
         write(painter, {corner.x(), gap, pixels.width(), titleHeight - 6}, Qt::AlignCenter,
-              fontOf(24, true), kTextColour,
+              fontOf(24, true), kTextColor,
               i == 0 ? QStringLiteral("as planned")
-                     : QStringLiteral("%1 deeper").arg(millimetres(step.wayMm)));
+                     : QStringLiteral("%1 deeper").arg(millimeters(step.wayMm)));
         object->setObjectTransform(step.placement);
         CutPainter cutPainter(painter, sampler, scale, cut, corner);
         const Finding finding{implant, {PartKind::Nerve, nerve}, step.collides, 0.0, {}};
@@ -276,10 +276,10 @@ QImage paintDrag(const Sampler& sampler, const GreyScale& scale, bool orientatio
         }
         const int below = corner.y() + pixels.height();
         write(painter, {corner.x(), below + 8, pixels.width(), 40}, Qt::AlignCenter,
-              fontOf(26, true), verdictColour(step.collides), verdict(step.collides));
+              fontOf(26, true), verdictColor(step.collides), verdict(step.collides));
         write(painter, {corner.x(), below + 48, pixels.width(), 34}, Qt::AlignCenter,
-              fontOf(21, false), kTextColour,
-              QStringLiteral("%1 to the nerve").arg(millimetres(step.clearanceMm)));
+              fontOf(21, false), kTextColor,
+              QStringLiteral("%1 to the nerve").arg(millimeters(step.clearanceMm)));
     }
     object->setObjectTransform(start);
     return image;

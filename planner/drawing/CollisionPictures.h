@@ -18,16 +18,16 @@ class GreyScale;
 class Sampler;
 
 /// Colors of the objects in all pictures of collisions.
-namespace collisionColours {
+namespace collisionColors {
 inline constexpr QRgb kImplant = 0xffdfe6ec;
 inline constexpr QRgb kZone = 0xff45c4f2;
 inline constexpr QRgb kNerve = 0xffffc83d;
 inline constexpr QRgb kPin = 0xff8f7bff;
 inline constexpr QRgb kColliding = 0xffff3b30;
-} // namespace collisionColours
+} // namespace collisionColors
 
 /// Returns the color of an object: red if it collides.
-QColor partColour(const QList<Finding>& findings, const PlanPart& part);
+QColor partColor(const QList<Finding>& findings, const PlanPart& part);
 
 /// Returns whether the grey values tell where bone is, so that paintJaw() shows it.
 bool isBoneShown(const GreyScale& scale);

@@ -22,11 +22,11 @@ constexpr float kMarginMm = 18.0F;
 constexpr float kNerveMarginMm = 28.0F;     // to the teeth and to the edge of the jaw
 constexpr float kLabelBesideArchMm = 11.0F; // so that labels do not hide the teeth
 
-const QColor kArchColour(0xff, 0xe1, 0x4d);
-const QColor kPointColour(0x3d, 0xb8, 0xff);
-const QColor kCreatedColour(0xff, 0x6f, 0xae);
-const QColor kCanalColour(0x62, 0xd0, 0x72);
-const QColor kProposalColour(0xff, 0x9d, 0x2e);
+const QColor kArchColor(0xff, 0xe1, 0x4d);
+const QColor kPointColor(0x3d, 0xb8, 0xff);
+const QColor kCreatedColor(0xff, 0x6f, 0xae);
+const QColor kCanalColor(0x62, 0xd0, 0x72);
+const QColor kProposalColor(0xff, 0x9d, 0x2e);
 
 QString fdiAndUniversal(int tooth)
 {
@@ -89,9 +89,9 @@ QPointF inView(const PlanarReslice& reslice, const QVector3D& position)
 }
 
 PictureCurve curveOf(const QList<QVector3D>& path, const PlanarReslice& reslice,
-                     const QColor& colour, bool dotted = false)
+                     const QColor& color, bool dotted = false)
 {
-    PictureCurve curve{{}, colour, dotted ? 3.5 : 2.5, dotted};
+    PictureCurve curve{{}, color, dotted ? 3.5 : 2.5, dotted};
     for (const auto& [point, verdict] : CoordinateMapper::mapAllPointsOntoReslice(path, reslice))
         curve.inView.append(point);
     return curve;
@@ -120,10 +120,10 @@ void drawNerve(PictureContent& content, const PlanarReslice& reslice, const Nerv
                const CanalLine* canal)
 {
     if (canal)
-        content.curves.append(curveOf(canal->points, reslice, kCanalColour, true));
-    content.curves.append(curveOf(nerve.spline->getOriginalPath(), reslice, kProposalColour));
+        content.curves.append(curveOf(canal->points, reslice, kCanalColor, true));
+    content.curves.append(curveOf(nerve.spline->getOriginalPath(), reslice, kProposalColor));
     for (const QVector3D& point : nerve.points)
-        content.notes.append({inView(reslice, point), PictureNote::Dot, {}, kProposalColour});
+        content.notes.append({inView(reslice, point), PictureNote::Dot, {}, kProposalColor});
 }
 
 } // namespace
@@ -159,22 +159,22 @@ QImage DentalPictures::paintArch(const DentalArchPlan& plan, PlanarDentalSpline&
     const QList<QVector3D>& path = arch.getOriginalPath();
     const auto reslice = axialReslice(path, sliceHeight(arch));
     PictureContent content = cut(*reslice);
-    content.curves.append(curveOf(path, *reslice, kArchColour));
+    content.curves.append(curveOf(path, *reslice, kArchColor));
     for (const auto& point : arch.getControlPoints())
         content.notes.append(
-            {inView(*reslice, point->getPosition()), PictureNote::Dot, {}, kPointColour});
+            {inView(*reslice, point->getPosition()), PictureNote::Dot, {}, kPointColor});
     for (const auto& label : plan.labels) {
         if (!isOfArch(*label, arch))
             continue;
         const bool created = plan.created && plan.created->number == label->getToothType();
         content.notes.append({inView(*reslice, besideArch(*label, arch)), PictureNote::NoSymbol,
                               fdiAndUniversal(label->getToothType()),
-                              created ? kCreatedColour : kPointColour.lighter(125)});
+                              created ? kCreatedColor : kPointColor.lighter(125)});
         if (created)
             content.notes.append({inView(*reslice, plan.created->interpolated),
                                   PictureNote::Ring,
                                   {},
-                                  kCreatedColour});
+                                  kCreatedColor});
     }
     return paintPicture(content);
 }

@@ -135,7 +135,7 @@ GreyCut cropped(const GreyCut& cut, const primitives::BoundingBox& world)
 QImage shade(const GreyCut& cut, const math::Range<float>& window)
 {
     const float width = window.max - window.min;
-    return colour(cut, [&window, width](float grey) {
+    return color(cut, [&window, width](float grey) {
         const float place = width > 0.0F ? (grey - window.min) / width : 0.0F;
         const int brightness =
             static_cast<int>(std::lround(std::clamp(place, 0.0F, 1.0F) * 255.0F));
@@ -143,34 +143,34 @@ QImage shade(const GreyCut& cut, const math::Range<float>& window)
     });
 }
 
-QImage colour(const GreyCut& cut, const std::function<QColor(float)>& colourOf)
+QImage color(const GreyCut& cut, const std::function<QColor(float)>& colorOf)
 {
     QImage image(cut.columns, cut.rows, QImage::Format_RGB32);
     for (int row = 0; row < cut.rows; ++row) {
         for (int column = 0; column < cut.columns; ++column) {
             const float grey = cut.values[qsizetype(row) * cut.columns + column];
-            image.setPixelColor(column, row, std::isnan(grey) ? QColor(Qt::black) : colourOf(grey));
+            image.setPixelColor(column, row, std::isnan(grey) ? QColor(Qt::black) : colorOf(grey));
         }
     }
     return image;
 }
 
-QImage drawBoxes(const GreyCut& cut, const QImage& shaded, const QList<ColouredBoxes>& all)
+QImage drawBoxes(const GreyCut& cut, const QImage& shaded, const QList<ColoredBoxes>& all)
 {
     QImage image = shaded.scaled(shaded.width() * 2, shaded.height() * 2, Qt::IgnoreAspectRatio,
                                  Qt::SmoothTransformation);
     QPainter painter(&image);
     painter.scale(2.0, 2.0);
-    for (const ColouredBoxes& coloured : all) {
-        QColor inside = coloured.color;
+    for (const ColoredBoxes& colored : all) {
+        QColor inside = colored.color;
         inside.setAlpha(45);
-        for (const primitives::BoundingBox& box : coloured.boxes) {
+        for (const primitives::BoundingBox& box : colored.boxes) {
             if (cut.at < box.min()[cut.axis] || cut.at > box.max()[cut.axis])
                 continue;
             const QRectF outline =
                 QRectF(onCut(cut, box.min()), onCut(cut, box.max())).normalized();
             painter.fillRect(outline, inside);
-            painter.setPen(QPen(coloured.color, 1.0));
+            painter.setPen(QPen(colored.color, 1.0));
             painter.drawRect(outline);
         }
     }
@@ -191,11 +191,11 @@ QImage montage(const QList<Tile>& tiles, int columns, int tileWidth)
     for (const int rowHeight : heights)
         height += kCaptionHeight + rowHeight + kGap;
     QImage image(kGap + columns * (tileWidth + kGap), height, QImage::Format_RGB32);
-    image.fill(kGroundColour);
+    image.fill(kGroundColor);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::TextAntialiasing);
     painter.setFont(fontOf(kCaptionPixels, false));
-    painter.setPen(kTextColour);
+    painter.setPen(kTextColor);
     int top = kGap;
     for (int i = 0; i < tiles.size(); ++i) {
         if (i > 0 && i % columns == 0)
@@ -209,19 +209,19 @@ QImage montage(const QList<Tile>& tiles, int columns, int tileWidth)
 }
 
 QImage plot(const TissueEstimationHistogram& histogram, const QList<Peak>& peaks,
-            const QColor& colour)
+            const QColor& color)
 {
     constexpr int width = 900;
     constexpr int height = 380;
     const QRectF area(30.0, 56.0, width - 60.0, height - 56.0 - 48.0);
     QImage image(width, height, QImage::Format_RGB32);
-    image.fill(kGroundColour);
+    image.fill(kGroundColor);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     painter.setFont(fontOf(kScalePixels, false));
     const std::vector<float>& bins = histogram.getBins();
     if (bins.empty()) {
-        painter.setPen(kTextColour);
+        painter.setPen(kTextColor);
         painter.drawText(image.rect(), Qt::AlignCenter, QStringLiteral("no voxels"));
         return image;
     }
@@ -244,13 +244,13 @@ QImage plot(const TissueEstimationHistogram& histogram, const QList<Peak>& peaks
         const double grey = line * step;
         painter.setPen(QPen(kGrid, 1.0));
         painter.drawLine(QPointF(xOf(grey), area.top()), QPointF(xOf(grey), area.bottom()));
-        painter.setPen(kTextColour);
+        painter.setPen(kTextColor);
         painter.drawText(QRectF(xOf(grey) - 60.0, area.bottom() + 4.0, 120.0, 20.0),
                          Qt::AlignCenter, QString::number(grey));
     }
     painter.drawText(QRectF(area.left(), area.bottom() + 24.0, area.width(), 20.0), Qt::AlignCenter,
                      QStringLiteral("grey value, bins of %1").arg(histogram.getBinWidth()));
-    QColor inside = colour;
+    QColor inside = color;
     inside.setAlpha(150);
     for (std::size_t i = 0; i < bins.size(); ++i) {
         const double from = histogram.getLowestBinStart() + binWidth * static_cast<double>(i);
@@ -260,7 +260,7 @@ QImage plot(const TissueEstimationHistogram& histogram, const QList<Peak>& peaks
     }
     for (const Peak& peak : peaks) {
         const double x = xOf(peak.greyValue);
-        painter.setPen(QPen(kTextColour, 1.5, Qt::DashLine));
+        painter.setPen(QPen(kTextColor, 1.5, Qt::DashLine));
         painter.drawLine(QPointF(x, area.top() - 6.0), QPointF(x, area.bottom()));
         const QString text = QStringLiteral("%1 = %2").arg(peak.name).arg(peak.greyValue);
         const double textWidth = QFontMetricsF(painter.font()).horizontalAdvance(text);

@@ -50,16 +50,16 @@ GreyCut cropped(const GreyCut& cut, const primitives::BoundingBox& world);
 /// Paints a cut, linear from black at min to white at max; black outside the volume.
 QImage shade(const GreyCut& cut, const math::Range<float>& window);
 /// Paints each grey value in its color.
-QImage colour(const GreyCut& cut, const std::function<QColor(float)>& colourOf);
+QImage color(const GreyCut& cut, const std::function<QColor(float)>& colorOf);
 
-struct ColouredBoxes
+struct ColoredBoxes
 {
     QList<primitives::BoundingBox> boxes;
-    QColor colour;
+    QColor color;
 };
 
 /// Paints the shaded cut with the outlines of the boxes that it meets.
-QImage drawBoxes(const GreyCut& cut, const QImage& shaded, const QList<ColouredBoxes>& all);
+QImage drawBoxes(const GreyCut& cut, const QImage& shaded, const QList<ColoredBoxes>& all);
 
 /// A picture with a caption above it.
 struct Tile
@@ -80,6 +80,6 @@ struct Peak
 
 /// Paints the bins over their grey values, with the peaks marked.
 QImage plot(const TissueEstimationHistogram& histogram, const QList<Peak>& peaks,
-            const QColor& colour);
+            const QColor& color);
 
 } // namespace planner

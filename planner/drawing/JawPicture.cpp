@@ -20,7 +20,7 @@ namespace planner {
 
 namespace {
 
-const QColor kBoneColour(0xe8, 0xdc, 0xc4);
+const QColor kBoneColor(0xe8, 0xdc, 0xc4);
 const QSize kJawPixels(1240, 880);
 constexpr double kJawMmPerPixel = 0.108;
 constexpr float kAroundJawMm = 13.0F;    // what is searched for bone around the canals and the arch
@@ -77,7 +77,7 @@ ShownBone lowerJaw(const Case& planned, const CollisionPlan& plan, const Sampler
     const QList<QVector3D> arch = archAtNecks(planned, plan);
     QList<QVector3D> points = arch;
     for (const PlannedNerve& nerve : plan.nerves)
-        points += nerve.centreLine;
+        points += nerve.centerLine;
     ShownBone bone;
     bone.low = bone.high = points.first();
     for (const QVector3D& point : points) {
@@ -95,7 +95,7 @@ ShownBone lowerJaw(const Case& planned, const CollisionPlan& plan, const Sampler
     bone.isShown = [=](const QVector3D& p) {
         return p.z() <= necks || (p.y() > behindTeeth && (p.x() < right || p.x() > left));
     };
-    bone.color = kBoneColour;
+    bone.color = kBoneColor;
     bone.opacity = 0.38;
     return bone;
 }
@@ -105,17 +105,16 @@ QList<ShownMesh> sceneOf(const CollisionPlan& plan, const QList<Finding>& findin
     QList<ShownMesh> meshes;
     for (qsizetype i = 0; i < plan.implants.size(); ++i) {
         meshes.append(
-            {zoneMesh(plan.implants[i], 0.0F), partColour(findings, {PartKind::Implant, i})});
+            {zoneMesh(plan.implants[i], 0.0F), partColor(findings, {PartKind::Implant, i})});
         meshes.append(
             {zoneMesh(plan.implants[i], 3.0F),
-             isZoneMet(findings, i) ? collisionColours::kColliding : collisionColours::kZone,
-             0.13});
+             isZoneMet(findings, i) ? collisionColors::kColliding : collisionColors::kZone, 0.13});
     }
     for (qsizetype i = 0; i < plan.nerves.size(); ++i)
         meshes.append(
-            {placedMesh(*plan.nerves[i].object), partColour(findings, {PartKind::Nerve, i})});
+            {placedMesh(*plan.nerves[i].object), partColor(findings, {PartKind::Nerve, i})});
     for (qsizetype i = 0; i < plan.pins.size(); ++i)
-        meshes.append({pinMesh(plan.pins[i]), partColour(findings, {PartKind::Pin, i})});
+        meshes.append({pinMesh(plan.pins[i]), partColor(findings, {PartKind::Pin, i})});
     return meshes;
 }
 
@@ -126,21 +125,21 @@ void paintNames(QPainter& painter, const Camera& camera, const CollisionPlan& pl
     for (qsizetype i = 0; i < plan.implants.size(); ++i) {
         const QVector3D above =
             plan.implants[i].object->getObjectTransform().map(QVector3D(0.0F, 0.0F, 3.0F));
-        paintCentred(painter, camera.project(above) - QPointF(0.0, 14.0), plan.implants[i].name,
-                     partColour(findings, {PartKind::Implant, i}));
+        paintCenterd(painter, camera.project(above) - QPointF(0.0, 14.0), plan.implants[i].name,
+                     partColor(findings, {PartKind::Implant, i}));
     }
     painter.setFont(fontOf(18, false));
     for (qsizetype i = 0; i < plan.pins.size(); ++i) {
         const QVector3D beyond = plan.pins[i].object->getObjectTransform().map(
             QVector3D(0.0F, 0.0F, plan.pins[i].lengthMm + 2.0F));
-        paintCentred(painter, camera.project(beyond) + QPointF(0.0, 34.0), plan.pins[i].name,
-                     partColour(findings, {PartKind::Pin, i}).lighter(125));
+        paintCenterd(painter, camera.project(beyond) + QPointF(0.0, 34.0), plan.pins[i].name,
+                     partColor(findings, {PartKind::Pin, i}).lighter(125));
     }
     for (qsizetype i = 0; i < plan.nerves.size(); ++i) {
-        const QList<QVector3D>& line = plan.nerves[i].centreLine;
+        const QList<QVector3D>& line = plan.nerves[i].centerLine;
         const QVector3D start = line.first();
-        paintCentred(painter, camera.project(start) + QPointF(0.0, -26.0), plan.nerves[i].name,
-                     partColour(findings, {PartKind::Nerve, i}));
+        paintCenterd(painter, camera.project(start) + QPointF(0.0, -26.0), plan.nerves[i].name,
+                     partColor(findings, {PartKind::Nerve, i}));
     }
 }
 
@@ -158,7 +157,7 @@ QImage paintJaw(const Case& planned, const Sampler& sampler, const GreyScale& sc
     ShownBone bone = lowerJaw(planned, plan, sampler);
     bone.threshold = boneThreshold(scale).value_or(0.0);
     Camera camera;
-    camera.centre = (bone.low + bone.high) / 2.0F + QVector3D(5.0F, -4.0F, 2.0F);
+    camera.center = (bone.low + bone.high) / 2.0F + QVector3D(5.0F, -4.0F, 2.0F);
     camera.direction = {-0.14F, 0.74F, -0.62F};
     camera.up = {0.0F, 0.0F, 1.0F};
     camera.mmPerPixel = kJawMmPerPixel;

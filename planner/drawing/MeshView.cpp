@@ -28,14 +28,13 @@ constexpr double kSharpEdge = 0.766; // cosine of 40 degrees
 constexpr double kRayStepMm = 0.6;
 constexpr double kNormalReachMm = 1.6;
 constexpr double kGlassBehindMm = 0.02; // where glass lies upon something solid, this is seen
-const Eigen::Vector3f kBackground(kGroundColour.redF(), kGroundColour.greenF(),
-                                  kGroundColour.blueF());
+const Eigen::Vector3f kBackground(kGroundColor.redF(), kGroundColor.greenF(), kGroundColor.blueF());
 
 // x to the right, y down, z away from the eye; mm from the middle of the picture.
 struct Axes
 {
     explicit Axes(const Camera& camera)
-        : origin(toEigen(camera.centre)),
+        : origin(toEigen(camera.center)),
           forward(toEigen(camera.direction).normalized()),
           right(forward.cross(toEigen(camera.up)).normalized()),
           down(forward.cross(right))
@@ -59,13 +58,13 @@ struct Axes
 
 struct Look
 {
-    Vector3d colour;
+    Vector3d color;
     double opacity;
 };
 
-Look lookOf(const QColor& colour, double opacity)
+Look lookOf(const QColor& color, double opacity)
 {
-    return {{colour.redF(), colour.greenF(), colour.blueF()}, opacity};
+    return {{color.redF(), color.greenF(), color.blueF()}, opacity};
 }
 
 // The look of a surface whose unit normal is seen as given.
@@ -76,18 +75,18 @@ Look lit(const Look& look, const Vector3d& normal)
     const Vector3d towards = normal.z() > 0.0 ? Vector3d(-normal) : normal;
     const double diffuse = std::max(0.0, towards.dot(light));
     const double shine = std::pow(std::max(0.0, towards.dot(highlight)), 40.0);
-    const Vector3d colour =
+    const Vector3d color =
         (0.42 + 0.64 * diffuse) * look.color + 0.30 * shine * Vector3d::Ones() * look.opacity;
     const double side = 1.0 + towards.z();
     const double opacity = look.opacity + (1.0 - look.opacity) * 0.7 * side * side;
-    return {colour.cwiseMin(1.0), opacity};
+    return {color.cwiseMin(1.0), opacity};
 }
 
 struct Fragment
 {
     float depth;
     float opacity;
-    Eigen::Vector3f colour;
+    Eigen::Vector3f color;
 };
 
 struct SeenTriangle
@@ -195,19 +194,19 @@ public:
     }
 
     // Goes from the eye away; what is behind something solid does not count.
-    Eigen::Vector3f colourAt(int column, int row)
+    Eigen::Vector3f colorAt(int column, int row)
     {
         auto& fragments =
             samples[std::size_t(row - first) * std::size_t(width) + std::size_t(column)];
         std::ranges::sort(fragments,
                           [](const Fragment& a, const Fragment& b) { return a.depth < b.depth; });
-        Eigen::Vector3f colour = Eigen::Vector3f::Zero();
+        Eigen::Vector3f color = Eigen::Vector3f::Zero();
         float open = 1.0F;
         for (const Fragment& fragment : fragments) {
-            colour += open * fragment.opacity * fragment.color;
+            color += open * fragment.opacity * fragment.color;
             open *= 1.0F - fragment.opacity;
         }
-        return colour + open * kBackground;
+        return color + open * kBackground;
     }
 
 private:
@@ -297,12 +296,12 @@ private:
     Vector3d high;
 };
 
-QRgb pixelOf(const Eigen::Vector3f& colour)
+QRgb pixelOf(const Eigen::Vector3f& color)
 {
     const auto byte = [](float value) {
         return static_cast<int>(std::lround(std::clamp(value, 0.0F, 1.0F) * 255.0F));
     };
-    return qRgb(byte(colour.x()), byte(colour.y()), byte(colour.z()));
+    return qRgb(byte(color.x()), byte(color.y()), byte(color.z()));
 }
 
 void addBone(Band& band, const BoneCaster& caster, const Camera& camera, int firstRow, int rows)
@@ -352,7 +351,7 @@ QImage paintScene(const Camera& camera, const QList<ShownMesh>& meshes,
             for (int column = 0; column < image.width(); ++column) {
                 Eigen::Vector3f sum = Eigen::Vector3f::Zero();
                 for (int i = 0; i < kFiner * kFiner; ++i)
-                    sum += band.colourAt(kFiner * column + i % kFiner, kFiner * row + i / kFiner);
+                    sum += band.colorAt(kFiner * column + i % kFiner, kFiner * row + i / kFiner);
                 image.setPixel(column, row, pixelOf(sum / float(kFiner * kFiner)));
             }
         }

@@ -21,7 +21,7 @@ class Sampler;
 /// The place from which a scene is seen, with parallel rays.
 struct Camera
 {
-    QVector3D centre;    ///< shown in the middle of the picture
+    QVector3D center;    ///< shown in the middle of the picture
     QVector3D direction; ///< of sight
     QVector3D up;        ///< not parallel to it; shown upwards
     double mmPerPixel = 0.1;
@@ -35,7 +35,7 @@ struct Camera
 struct ShownMesh
 {
     geometry::Mesh mesh; ///< in the world
-    QColor colour;
+    QColor color;
     double opacity = 1.0; ///< below 1: glass, denser where it is seen from the side
 };
 
@@ -48,7 +48,7 @@ struct ShownBone
     std::function<bool(const QVector3D&)> isShown; ///< false where the volume is cut away
     QVector3D low;                                 ///< corners of the box that is searched
     QVector3D high;
-    QColor colour;
+    QColor color;
     double opacity = 0.3;
 };
 

@@ -20,10 +20,10 @@ constexpr float kStepMm = 0.25F; // of lines that are bent onto the surface
 constexpr float kCloseUpMm = 26.0F;
 constexpr float kCloseUpPixelMm = 0.05F;
 constexpr int kAir = 12; // brightness up to which a pixel of a cut counts as air
-const QColor kNerveColour(0xff, 0xd2, 0x3f);
-const QColor kImplantColour(0x6c, 0xf0, 0xc2);
-const QColor kBeforeColour(0xff, 0x7a, 0x59);
-const QColor kArchColour(0x62, 0xd0, 0x72);
+const QColor kNerveColor(0xff, 0xd2, 0x3f);
+const QColor kImplantColor(0x6c, 0xf0, 0xc2);
+const QColor kBeforeColor(0xff, 0x7a, 0x59);
+const QColor kArchColor(0x62, 0xd0, 0x72);
 
 // The visible part of a picture, and everything drawn onto it moved along. Returns its rectangle in
 // the picture.
@@ -46,7 +46,7 @@ QRect crop(PictureContent& content)
 
 // A world line bent onto the surface, as far as it lies in the slab: a curve for each part of it.
 QList<PictureCurve> bent(const QList<QVector3D>& line, const PanoramicReslice& reslice,
-                         const QColor& colour, double width)
+                         const QColor& color, double width)
 {
     QList<PictureCurve> curves;
     bool open = false;
@@ -56,7 +56,7 @@ QList<PictureCurve> bent(const QList<QVector3D>& line, const PanoramicReslice& r
         const QPointF inView =
             CoordinateMapper::_3D_To_2D_Panoramic(&reslice, point, inPlane, inSlice, false);
         if (inPlane && !open)
-            curves.append({{}, colour, width, true});
+            curves.append({{}, color, width, true});
         if (inPlane)
             curves.last().inView.append(inView);
         open = inPlane;
@@ -73,22 +73,22 @@ QList<PictureCurve> bent(const QList<QVector3D>& line, const PanoramicReslice& r
 }
 
 // Goes on with the last curve where the line starts at its end.
-void append(QList<PictureCurve>& curves, const QLineF& line, const QColor& colour, double width)
+void append(QList<PictureCurve>& curves, const QLineF& line, const QColor& color, double width)
 {
     if (curves.isEmpty() || curves.last().inView.last() != line.p1())
-        curves.append({{line.p1()}, colour, width, false});
+        curves.append({{line.p1()}, color, width, false});
     curves.last().inView.append(line.p2());
 }
 
 // Its parts within one column's width of the surface.
 QList<PictureCurve> nearSurface(const QList<QVector3D>& line, const PanoramicReslice& reslice,
-                                const QColor& colour, double width)
+                                const QColor& color, double width)
 {
     QList<PictureCurve> curves;
     for (qsizetype i = 0; i + 1 < line.size(); ++i) {
         for (const QLineF& part : CoordinateMapper::_3D_To_2D_Line_Panoramic(
                  &reslice, line[i], line[i + 1], false, kStepMm))
-            append(curves, part, colour, width);
+            append(curves, part, color, width);
     }
     return curves;
 }
@@ -143,7 +143,7 @@ std::shared_ptr<PlanarReslice> closeUpAt(const QVector3D& position)
 
 // A square round the implant's platform and an arrow along its local y axis.
 QList<PictureCurve> footprint(const QMatrix4x4& placement, float diameter,
-                              const PlanarReslice& reslice, const QColor& colour, bool dotted)
+                              const PlanarReslice& reslice, const QColor& color, bool dotted)
 {
     const auto at = [&](float x, float y) {
         return CoordinateMapper::_3D_To_2D_PlanarPoint(&reslice,
@@ -151,10 +151,10 @@ QList<PictureCurve> footprint(const QMatrix4x4& placement, float diameter,
     };
     const float r = diameter / 2.0F;
     const float tip = diameter * 1.6F;
-    return {{{at(-r, -r), at(r, -r), at(r, r), at(-r, r), at(-r, -r)}, colour, 3.0, dotted},
-            {{at(0.0F, 0.0F), at(0.0F, tip)}, colour, 3.0, dotted},
+    return {{{at(-r, -r), at(r, -r), at(r, r), at(-r, r), at(-r, -r)}, color, 3.0, dotted},
+            {{at(0.0F, 0.0F), at(0.0F, tip)}, color, 3.0, dotted},
             {{at(-r * 0.4F, tip - r * 0.6F), at(0.0F, tip), at(r * 0.4F, tip - r * 0.6F)},
-             colour,
+             color,
              3.0,
              false}};
 }
@@ -191,8 +191,8 @@ PanoramicPicture::PanoramicPicture(const Case& planned, const Panorama& view,
 
 LengthsInView PanoramicPicture::addNerve(const CanalLine& canal)
 {
-    const QList<PictureCurve> nerve = bent(canal.points, reslice, kNerveColour, 2.0);
-    const QList<PictureCurve> near = nearSurface(canal.points, *wide, kNerveColour, 3.0);
+    const QList<PictureCurve> nerve = bent(canal.points, reslice, kNerveColor, 2.0);
+    const QList<PictureCurve> near = nearSurface(canal.points, *wide, kNerveColor, 3.0);
     content.curves += nerve;
     content.curves += near;
     return {lengthOf(nerve), lengthOf(near)};
@@ -201,8 +201,8 @@ LengthsInView PanoramicPicture::addNerve(const CanalLine& canal)
 void PanoramicPicture::addImplant(const dataobject::Implant3D& implant)
 {
     for (const QList<QVector3D>& line : linesOf(implant)) {
-        content.curves += bent(line, reslice, kImplantColour, 2.0);
-        content.curves += nearSurface(line, *wide, kImplantColour, 2.5);
+        content.curves += bent(line, reslice, kImplantColor, 2.0);
+        content.curves += nearSurface(line, *wide, kImplantColor, 2.5);
     }
 }
 
@@ -225,12 +225,12 @@ QImage paintTurn(const Case& planned, const TurnedImplant& turned, const Guiding
                            {},
                            std::nullopt,
                            false};
-    PictureCurve path{{}, kArchColour, 2.0, true};
+    PictureCurve path{{}, kArchColor, 2.0, true};
     for (const QVector3D& sample : arch.getOriginalPath())
         path.inView.append(CoordinateMapper::_3D_To_2D_PlanarPoint(reslice.get(), sample));
     content.curves.append(path);
-    content.curves += footprint(turned.before, diameter, *reslice, kBeforeColour, true);
-    content.curves += footprint(after, diameter, *reslice, kImplantColour, false);
+    content.curves += footprint(turned.before, diameter, *reslice, kBeforeColor, true);
+    content.curves += footprint(after, diameter, *reslice, kImplantColor, false);
     return paintPicture(content);
 }
 
@@ -253,7 +253,7 @@ CutView paintCut(PlanarReslice& reslice, const PlanarReslice& cutting, bool orie
     if (ends.size() >= 2) {
         content.curves.append({{CoordinateMapper::_3D_To_2D_PlanarPoint(&reslice, ends.first()),
                                 CoordinateMapper::_3D_To_2D_PlanarPoint(&reslice, ends.last())},
-                               segmentColour(),
+                               segmentColor(),
                                3.0,
                                false});
         view.lineMm = (ends.last() - ends.first()).length();

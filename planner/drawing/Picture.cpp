@@ -46,7 +46,7 @@ public:
                 shown.samples.height() * zoom + 2 * kFrame, QImage::Format_RGB32),
           inner(kFrame, kFrame, shown.samples.width() * zoom, shown.samples.height() * zoom)
     {
-        image.fill(kGroundColour);
+        image.fill(kGroundColor);
     }
 
     QImage paint()
@@ -110,19 +110,19 @@ private:
             return;
         }
         painter.setFont(fontOf(kLabelPixels, true));
-        paintCentred(painter, at, note.text, note.color, kRim, kRimPixels);
+        paintCenterd(painter, at, note.text, note.color, kRim, kRimPixels);
     }
 
     void paintSegment(QPainter& painter) const
     {
         if (!content.segment)
             return;
-        painter.setPen(QPen(segmentColour(), 1.5, Qt::DotLine));
+        painter.setPen(QPen(segmentColor(), 1.5, Qt::DotLine));
         painter.drawLine(onCanvas(content.segment->whole.p1()),
                          onCanvas(content.segment->whole.p2()));
         if (!content.segment->inPlane)
             return;
-        painter.setPen(QPen(segmentColour(), 4.0, Qt::SolidLine, Qt::RoundCap));
+        painter.setPen(QPen(segmentColor(), 4.0, Qt::SolidLine, Qt::RoundCap));
         painter.drawLine(onCanvas(content.segment->clipped.p1()),
                          onCanvas(content.segment->clipped.p2()));
     }
@@ -130,12 +130,12 @@ private:
     void paintMark(QPainter& painter, const MappedLandmark& mark)
     {
         const bool filled = mark.inPlane.value_or(true);
-        QColor colour = markColour(mark.landmark.kind);
+        QColor color = markColor(mark.landmark.kind);
         int rim = 170;
         if (!filled) {
             const double distance = (mark.landmark.position - mark.back).length();
             const double strength = std::clamp(1.0 - distance / kFadedMm, kFaintest, 1.0);
-            colour.setAlphaF(static_cast<float>(strength));
+            color.setAlphaF(static_cast<float>(strength));
             rim = static_cast<int>(rim * strength);
         }
         const double r = radius(mark.landmark.kind);
@@ -144,8 +144,8 @@ private:
         painter.setPen(
             QPen(QColor(0, 0, 0, rim), filled ? 3.0 : 3.5)); // a dark rim, for marks on bright bone
         painter.drawEllipse(at, r, r);
-        painter.setPen(QPen(colour, 1.6));
-        painter.setBrush(filled ? QBrush(colour) : QBrush(Qt::NoBrush));
+        painter.setPen(QPen(color, 1.6));
+        painter.setBrush(filled ? QBrush(color) : QBrush(Qt::NoBrush));
         painter.drawEllipse(at, r, r);
         taken.append(QRectF(at.x() - r, at.y() - r, 2.0 * r, 2.0 * r));
     }
@@ -200,13 +200,13 @@ private:
         const QRectF chosen = place == places.cend() ? places.front() : *place;
         taken.append(chosen);
         paintRimmed(painter, {chosen.left(), chosen.top() + metrics.ascent()}, mark.landmark.label,
-                    markColour(mark.landmark.kind).lighter(125), kRim, kRimPixels);
+                    markColor(mark.landmark.kind).lighter(125), kRim, kRimPixels);
     }
 
     void paintLetters(QPainter& painter) const
     {
         painter.setFont(fontOf(kLetterPixels, true));
-        painter.setPen(kTextColour);
+        painter.setPen(kTextColor);
         const int w = image.width();
         const int h = image.height();
         painter.drawText(QRect(0, 0, kFrame, h), Qt::AlignCenter, content.edges.left);
@@ -220,11 +220,11 @@ private:
     {
         const double length = kBarMm / content.sampleSizeMm.x() * zoom;
         const double y = image.height() - kFrame / 2.0;
-        painter.fillRect(QRectF(kFrame, y - 1.5, length, 3.0), kTextColour);
-        painter.fillRect(QRectF(kFrame, y - 5.0, 2.0, 10.0), kTextColour);
-        painter.fillRect(QRectF(kFrame + length - 2.0, y - 5.0, 2.0, 10.0), kTextColour);
+        painter.fillRect(QRectF(kFrame, y - 1.5, length, 3.0), kTextColor);
+        painter.fillRect(QRectF(kFrame, y - 5.0, 2.0, 10.0), kTextColor);
+        painter.fillRect(QRectF(kFrame + length - 2.0, y - 5.0, 2.0, 10.0), kTextColor);
         painter.setFont(fontOf(kLabelPixels, false));
-        painter.setPen(kTextColour);
+        painter.setPen(kTextColor);
         painter.drawText(QRectF(kFrame + length + 8.0, y - kFrame / 2.0, 120.0, kFrame),
                          Qt::AlignVCenter | Qt::AlignLeft, QStringLiteral("%1 mm").arg(kBarMm));
     }
@@ -253,13 +253,13 @@ EdgeLetters edgesOf(const QVector3D& toRight, const QVector3D& toTop, bool orien
             directionLetters(-toTop, orientationKnown)};
 }
 
-QColor markColour(LandmarkKind kind)
+QColor markColor(LandmarkKind kind)
 {
-    constexpr QRgb colours[] = {0xff9d2e, 0x3db8ff, 0xff6fae, 0x62d072};
-    return colours[static_cast<int>(kind)];
+    constexpr QRgb colors[] = {0xff9d2e, 0x3db8ff, 0xff6fae, 0x62d072};
+    return colors[static_cast<int>(kind)];
 }
 
-QColor segmentColour()
+QColor segmentColor()
 {
     return {0xff, 0xe1, 0x4d};
 }

@@ -34,12 +34,12 @@ EdgeLetters edgesOf(const QVector3D& toRight, const QVector3D& toTop, bool orien
 struct PictureCurve
 {
     QList<QPointF> inView; ///< view coordinates, mm
-    QColor colour;
+    QColor color;
     double widthPixels = 2.5;
     bool dotted = false;
 };
 
-/// A dot or ring and a short text, centerd, drawn onto a view.
+/// A dot or ring and a short text, centered, drawn onto a view.
 struct PictureNote
 {
     enum Symbol { NoSymbol, Dot, Ring };
@@ -47,7 +47,7 @@ struct PictureNote
     QPointF inView; ///< view coordinates, mm
     Symbol symbol = NoSymbol;
     QString text; ///< instead of a symbol
-    QColor colour;
+    QColor color;
 };
 
 /// A sampled view and what is drawn onto it.
@@ -65,8 +65,8 @@ struct PictureContent
 };
 
 /// Return the colors of the marks of a kind and of segments.
-QColor markColour(LandmarkKind kind);
-QColor segmentColour();
+QColor markColor(LandmarkKind kind);
+QColor segmentColor();
 
 /// Paints the samples, enlarged by a whole number if they are few, in a dark frame that holds the
 /// letters, with marks, labels, segment and a bar of 20 mm. Needs a QGuiApplication.

@@ -18,22 +18,22 @@ QFont fontOf(int pixels, bool bold)
 }
 
 void paintRimmed(QPainter& painter, const QPointF& baseline, const QString& text,
-                 const QColor& colour, const QColor& rim, double rimPixels)
+                 const QColor& color, const QColor& rim, double rimPixels)
 {
     QPainterPath letters;
     letters.addText(baseline, painter.font(), text);
     painter.strokePath(letters, QPen(rim, rimPixels, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.fillPath(letters, colour);
+    painter.fillPath(letters, color);
 }
 
-void paintCentred(QPainter& painter, const QPointF& middle, const QString& text,
-                  const QColor& colour, const QColor& rim, double rimPixels)
+void paintCenterd(QPainter& painter, const QPointF& middle, const QString& text,
+                  const QColor& color, const QColor& rim, double rimPixels)
 {
     const QFontMetricsF metrics(painter.font());
     paintRimmed(painter,
                 {middle.x() - metrics.horizontalAdvance(text) / 2.0,
                  middle.y() + metrics.ascent() / 2.0 - 1.0},
-                text, colour, rim, rimPixels);
+                text, color, rim, rimPixels);
 }
 
 } // namespace planner

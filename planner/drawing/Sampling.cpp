@@ -202,7 +202,7 @@ QImage cutOut(const Sampler& sampler, const GreyScale& scale, const PlanarReslic
         uchar* line = picture.scanLine(row);
         for (int column = 0; column < size.width(); ++column) {
             const QVector3D world =
-                CoordinateMapper::_2D_To_3D_Planar(&reslice, pixelCentre(reslice, {column, row}));
+                CoordinateMapper::_2D_To_3D_Planar(&reslice, pixelCenter(reslice, {column, row}));
             line[column] = scale.brightness(sampler.valueAt(world));
         }
         tell(progress, row, size.height());
@@ -226,7 +226,7 @@ QImage project(const Sampler& sampler, const GreyScale& scale, const CephReslice
     for (int row = 0; row < size.height(); ++row) {
         for (int column = 0; column < size.width(); ++column, ++sum) {
             const QVector3D world =
-                CoordinateMapper::_2D_To_3D_Ceph(&reslice, pixelCentre(reslice, {column, row}));
+                CoordinateMapper::_2D_To_3D_Ceph(&reslice, pixelCenter(reslice, {column, row}));
             sampler.valuesAlongRay(sampler.voxelFromWorld(toEigen(world)), step, values);
             double total = 0.0;
             for (const double value : values)
@@ -246,7 +246,7 @@ QImage unroll(const Sampler& sampler, const GreyScale& scale, const PanoramicRes
     depths.reserve(static_cast<std::size_t>(size.width()));
     for (int column = 0; column < size.width(); ++column)
         depths.push_back(CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(
-                             &reslice, pixelCentre(reslice, {column, 0}))
+                             &reslice, pixelCenter(reslice, {column, 0}))
                              .column(2)
                              .toVector3D());
     const int steps = std::max(1, static_cast<int>(depthMm / kDepthStepMm));
@@ -259,7 +259,7 @@ QImage unroll(const Sampler& sampler, const GreyScale& scale, const PanoramicRes
         uchar* visible = outside.scanLine(row);
         for (int column = 0; column < size.width(); ++column, ++sum) {
             const QVector3D world = CoordinateMapper::_2D_To_3D_Panoramic(
-                &reslice, pixelCentre(reslice, {column, row}));
+                &reslice, pixelCenter(reslice, {column, row}));
             visible[column] = std::isnan(sampler.valueAt(world)) ? 0 : 255;
             double total = 0.0;
             for (int i = -steps; i <= steps; ++i)

@@ -59,7 +59,7 @@ private:
 std::pair<double, double> spanWithin(const Eigen::Vector3d& low, const Eigen::Vector3d& high,
                                      const Eigen::Vector3d& start, const Eigen::Vector3d& step);
 
-// Each of the following pictures has one pixel for each sample of the reslice, where pixelCentre()
+// Each of the following pictures has one pixel for each sample of the reslice, where pixelCenter()
 // says, with 8 bits of grey. A reslice with more than 4096 samples along a side is refused with a
 // Failure.
 

@@ -18,9 +18,9 @@ constexpr double kBarMm = 20.0;
 
 } // namespace
 
-Camera cameraFromTheFront(const QVector3D& centre, double widthMm, const QSize& pixels)
+Camera cameraFromTheFront(const QVector3D& center, double widthMm, const QSize& pixels)
 {
-    return {centre, {0.228F, 0.91F, -0.344F}, {0.0F, 0.0F, 1.0F}, widthMm / pixels.width(), pixels};
+    return {center, {0.228F, 0.91F, -0.344F}, {0.0F, 0.0F, 1.0F}, widthMm / pixels.width(), pixels};
 }
 
 QImage paintSurfaces(const Camera& camera, const QList<ShownMesh>& surfaces, const QString& label)
@@ -29,11 +29,11 @@ QImage paintSurfaces(const Camera& camera, const QList<ShownMesh>& surfaces, con
     QPainter painter(&image);
     painter.setRenderHint(QPainter::TextAntialiasing);
     painter.setFont(fontOf(kLabelPixels, false));
-    painter.setPen(kTextColour);
+    painter.setPen(kTextColor);
     const QRect text(kMargin, 8, image.width() - 2 * kMargin, kLabelHeight);
     painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter, label);
     const int bottom = image.height() - 14;
-    painter.fillRect(kMargin, bottom, static_cast<int>(kBarMm / camera.mmPerPixel), 3, kTextColour);
+    painter.fillRect(kMargin, bottom, static_cast<int>(kBarMm / camera.mmPerPixel), 3, kTextColor);
     painter.drawText(text.translated(0, bottom - kLabelHeight - text.top()),
                      Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("%1 mm").arg(kBarMm));
     return image;

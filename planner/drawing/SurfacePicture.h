@@ -14,7 +14,7 @@ namespace planner {
 
 /// Returns a camera that looks from the front, a little from above and from the patient's right;
 /// superior is up.
-Camera cameraFromTheFront(const QVector3D& centre, double widthMm, const QSize& pixels);
+Camera cameraFromTheFront(const QVector3D& center, double widthMm, const QSize& pixels);
 
 /// Paints the scene with a label in its upper left corner and a bar of 20 mm in the lower left one.
 /// Needs a QGuiApplication.

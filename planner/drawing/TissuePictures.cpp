@@ -18,8 +18,8 @@ using Window = math::Range<float>;
 constexpr float kAroundTeethMm = 14.0F;
 
 // Colors of the three regions: in front of the face, on the surface of the skull, at the teeth.
-const std::array<QColor, 3> kRegionColours = {QColor(0x3d, 0xb8, 0xff), QColor(0xff, 0x9d, 0x2e),
-                                              QColor(0x62, 0xd0, 0x72)};
+const std::array<QColor, 3> kRegionColors = {QColor(0x3d, 0xb8, 0xff), QColor(0xff, 0x9d, 0x2e),
+                                             QColor(0x62, 0xd0, 0x72)};
 
 QColor mixed(const QColor& a, const QColor& b, double part)
 {
@@ -29,14 +29,14 @@ QColor mixed(const QColor& a, const QColor& b, double part)
     return {channel(a.red(), b.red()), channel(a.green(), b.green()), channel(a.blue(), b.blue())};
 }
 
-QColor greyColour(float grey, const Window& window)
+QColor greyColor(float grey, const Window& window)
 {
     const float place = (grey - window.min) / (window.max - window.min);
     const int brightness = static_cast<int>(std::clamp(place, 0.0F, 1.0F) * 255.0F);
     return {brightness, brightness, brightness};
 }
 
-QColor colourOf(const QList<colormap::TransferFunction::ControlPoint>& points, float grey)
+QColor colorOf(const QList<colormap::TransferFunction::ControlPoint>& points, float grey)
 {
     if (grey <= points.first().greyValue)
         return points.first().color;
@@ -55,8 +55,8 @@ QImage paintPulp(const ColormapDisplay& display, const GreyCut& cut)
     const auto limits = display.pulpAndRestoration();
     if (!limits)
         return shade(cut, display.window);
-    return colour(cut, [&](float grey) {
-        const QColor plain = greyColour(grey, display.window);
+    return color(cut, [&](float grey) {
+        const QColor plain = greyColor(grey, display.window);
         if (grey >= limits->max)
             return mixed(plain, QColor(0xff, 0x4f, 0x8b), 0.6);
         return grey <= limits->min ? mixed(plain, QColor(0x1f, 0x6f, 0xd0), 0.45) : plain;
@@ -68,9 +68,9 @@ QImage paintPulp(const ColormapDisplay& display, const GreyCut& cut)
 QImage paintRegions(const GreyScan& scan, const Volume& volume, const Sampler& sampler,
                     const GreyCut& roots, const Window& window, bool hasLandmarks)
 {
-    QList<ColouredBoxes> boxes;
+    QList<ColoredBoxes> boxes;
     for (int region = 0; region < 3; ++region)
-        boxes.append({boxesOf(scan, region), kRegionColours[region]});
+        boxes.append({boxesOf(scan, region), kRegionColors[region]});
     QList<Tile> tiles;
     const auto add = [&](const QString& caption, const GreyCut& cut) {
         tiles.append({caption.arg(cut.at, 0, 'f', 1), drawBoxes(cut, shade(cut, window), boxes)});
@@ -98,7 +98,7 @@ QImage paintHistogram(const TissueEstimationHistogram& histogram, Creator::Estim
     QList<Peak> peaks;
     if (const auto maxima = histogram.findMaxima())
         peaks = {{maxima.value().first, lowerPeak}, {maxima.value().second, higherPeak}};
-    return plot(histogram, peaks, kRegionColours[region]);
+    return plot(histogram, peaks, kRegionColors[region]);
 }
 
 QImage paintWindows(const GreyCut& cut, const std::optional<colormap::Tissues>& tissues,
@@ -135,18 +135,18 @@ QImage paintColormap(const ColormapDisplay& display, ColormapKind kind, const Ti
         return shade(cuts.projection, {level - half, level + half});
     }
     case ColormapKind::Threshold:
-        return colour(
-            cuts.roots, [&display, from = static_cast<float>(display.threshold())](float grey) {
-                const QColor plain = greyColour(grey, display.window);
-                return grey >= from ? mixed(plain, QColor(0xff, 0x9d, 0x2e), 0.65) : plain;
-            });
+        return color(cuts.roots,
+                     [&display, from = static_cast<float>(display.threshold())](float grey) {
+                         const QColor plain = greyColor(grey, display.window);
+                         return grey >= from ? mixed(plain, QColor(0xff, 0x9d, 0x2e), 0.65) : plain;
+                     });
     case ColormapKind::Pulp:
         return paintPulp(display, cuts.crowns);
     case ColormapKind::Transfer:
         break;
     }
-    return colour(cuts.roots, [points = display.transfer->getControlPoints()](float grey) {
-        return colourOf(points, grey);
+    return color(cuts.roots, [points = display.transfer->getControlPoints()](float grey) {
+        return colorOf(points, grey);
     });
 }
 

@@ -279,7 +279,7 @@ QList<Landmark> landmarksOf(const phantom::Patient& patient)
 QList<CanalLine> canalsOf(const phantom::Patient& patient)
 {
     const auto line = [](const phantom::NerveCanal& canal, bool right) {
-        return CanalLine{right, canal.centreLine, canal.radiusMm};
+        return CanalLine{right, canal.centerLine, canal.radiusMm};
     };
     return {line(patient.rightCanal(), true), line(patient.leftCanal(), false)};
 }

@@ -106,7 +106,7 @@ Header readHeader(const QString& path)
     return header;
 }
 
-float millimetresPerUnit(int unit)
+float millimetersPerUnit(int unit)
 {
     switch (unit) {
     case NIFTI_UNITS_METER:
@@ -123,7 +123,7 @@ QMatrix4x4 worldFromVoxel(const nifti_image& nifti)
 {
     const mat44& ras =
         nifti.sform_code > 0 ? nifti.sto_xyz : nifti.qto_xyz; // without a qform: the bare spacing
-    const float scale = millimetresPerUnit(nifti.xyz_units);
+    const float scale = millimetersPerUnit(nifti.xyz_units);
     QMatrix4x4 matrix;
     for (int row = 0; row < 3; ++row) {
         const float sign = row < 2 ? -scale : scale; // RAS to LPS

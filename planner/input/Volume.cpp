@@ -21,7 +21,7 @@ std::array<QVector3D, 8> Volume::corners() const
     return positions;
 }
 
-QVector3D Volume::centre() const
+QVector3D Volume::center() const
 {
     return (corners().front() + corners().back()) / 2.0F;
 }

@@ -33,7 +33,7 @@ struct Volume
     /// Returns the outer corners of the voxels at the corners of the volume, in the world.
     std::array<QVector3D, 8> corners() const;
     /// Returns the middle of the volume in the world.
-    QVector3D centre() const;
+    QVector3D center() const;
     /// Returns the box around the corners.
     primitives::BoundingBox extent() const;
 };

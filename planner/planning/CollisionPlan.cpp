@@ -128,7 +128,7 @@ PlannedNerve planNerve(const CanalLine& canal)
     PlannedNerve planned{sideName(canal.right) + QStringLiteral(" nerve"),
                          std::make_shared<dataobject::Nerve>(), canal.points,
                          canal.radiusMm.value_or(kAssumedCanalRadiusMm)};
-    planned.object->setMesh(tubeMesh(planned.centreLine, planned.radiusMm));
+    planned.object->setMesh(tubeMesh(planned.centerLine, planned.radiusMm));
     return planned;
 }
 
@@ -200,15 +200,15 @@ struct Cylinder
             static_cast<int>(std::ceil(2.0 * std::numbers::pi * radius / kSampling));
         const auto rings = static_cast<int>(std::ceil(radius / kSampling));
         std::vector<Eigen::Vector3d> points;
-        const auto addRing = [&](const Eigen::Vector3d& centre, double ringRadius) {
+        const auto addRing = [&](const Eigen::Vector3d& center, double ringRadius) {
             for (int k = 0; k < around; ++k) {
                 const double angle = 2.0 * std::numbers::pi * k / around;
-                points.emplace_back(centre +
+                points.emplace_back(center +
                                     ringRadius * (std::cos(angle) * x + std::sin(angle) * y));
             }
         };
-        for (const Eigen::Vector3d& centre : axisPoints())
-            addRing(centre, radius);
+        for (const Eigen::Vector3d& center : axisPoints())
+            addRing(center, radius);
         for (int ring = 0; ring < rings; ++ring) {
             addRing(start, radius * ring / rings);
             addRing(start + length * axis, radius * ring / rings);
@@ -317,8 +317,8 @@ double clearance(const PlannedImplant& implant, const PlannedImplant& other)
 double clearance(const PlannedImplant& implant, const PlannedNerve& nerve)
 {
     const Cylinder body = cylinder(implant);
-    const double toCentreLine = body.distanceTo(nearest(body, finely(nerve.centreLine)));
-    return std::max(0.0, toCentreLine - nerve.radiusMm);
+    const double toCenterLine = body.distanceTo(nearest(body, finely(nerve.centerLine)));
+    return std::max(0.0, toCenterLine - nerve.radiusMm);
 }
 
 double clearance(const PlannedImplant& implant, const PlannedPin& pin)
@@ -333,7 +333,7 @@ QVector3D nearestPoint(const PlannedImplant& implant, const PlannedImplant& othe
 
 QVector3D nearestPoint(const PlannedImplant& implant, const PlannedNerve& nerve)
 {
-    return toQt(nearest(cylinder(implant), finely(nerve.centreLine)));
+    return toQt(nearest(cylinder(implant), finely(nerve.centerLine)));
 }
 
 QVector3D nearestPoint(const PlannedImplant& implant, const PlannedPin& pin)

@@ -32,7 +32,7 @@ struct PlannedNerve
 {
     QString name;
     std::shared_ptr<dataobject::Nerve> object;
-    QList<QVector3D> centreLine; ///< of the tube that the object's mesh is
+    QList<QVector3D> centerLine; ///< of the tube that the object's mesh is
     float radiusMm = 0.0F;
 };
 

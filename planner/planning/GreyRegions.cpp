@@ -50,9 +50,9 @@ float depthAtTooth(ToothChart::Tooth tooth)
     return isUpper ? 8.0F : -8.0F;
 }
 
-primitives::BoundingBox boxAround(const QVector3D& centre, const QVector3D& halfSize)
+primitives::BoundingBox boxAround(const QVector3D& center, const QVector3D& halfSize)
 {
-    return {centre - halfSize, centre + halfSize};
+    return {center - halfSize, center + halfSize};
 }
 
 void setImage(CTData& ct, std::shared_ptr<const VexelImage3D> image)

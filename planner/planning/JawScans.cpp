@@ -177,7 +177,7 @@ void closeMouth(JawScans& scans)
 
 SynthesizedBite synthesizeBite(const geometry::Mesh& upperCrowns, const geometry::Mesh& lowerCrowns)
 {
-    const auto centred = [](const geometry::Mesh& mesh) {
+    const auto centered = [](const geometry::Mesh& mesh) {
         QMatrix4x4 matrix;
         matrix.translate(-mesh.getBoundingBox().center());
         return moved(mesh, matrix);
@@ -186,10 +186,10 @@ SynthesizedBite synthesizeBite(const geometry::Mesh& upperCrowns, const geometry
     crownsUp.rotate(180.0F, 0.0F, 1.0F, 0.0F);
     const auto upper = std::make_shared<ScannableRegion>();
     upper->setRegion(ToothChart::Tooth(2), ToothChart::Tooth(15));
-    upper->setMesh(moved(centred(upperCrowns), crownsUp));
+    upper->setMesh(moved(centered(upperCrowns), crownsUp));
     const auto lower = std::make_shared<ScannableRegion>();
     lower->setRegion(ToothChart::Tooth(18), ToothChart::Tooth(31));
-    lower->setMesh(centred(lowerCrowns));
+    lower->setMesh(centered(lowerCrowns));
     ScanSetup setup;
     setup.addScannableRegion(upper);
     setup.addScannableRegion(lower);

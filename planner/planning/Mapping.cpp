@@ -32,7 +32,7 @@ MappedLandmark mappedBack(const Landmark& landmark, const Reslice& reslice, cons
 {
     const QPoint pixel = pixelAt(reslice, inView);
     const QVector3D back = toWorld(inView);
-    const QVector3D clicked = toWorld(pixelCentre(reslice, pixel));
+    const QVector3D clicked = toWorld(pixelCenter(reslice, pixel));
     const Eigen::Vector3d foot = footOn(worldFromView, landmark.position);
     return {landmark,
             inView,
@@ -46,7 +46,7 @@ MappedLandmark mappedBack(const Landmark& landmark, const Reslice& reslice, cons
 
 } // namespace
 
-QPointF pixelCentre(const Reslice& reslice, const QPoint& pixel)
+QPointF pixelCenter(const Reslice& reslice, const QPoint& pixel)
 {
     return {(pixel.x() + 0.5) * reslice.getSampleSize().x(),
             (pixel.y() + 0.5) * reslice.getSampleSize().y()};
@@ -96,7 +96,7 @@ QList<MappedLandmark> mapOntoPanoramic(const QList<Landmark>& landmarks,
         const QVector3D back = CoordinateMapper::_2D_To_3D_Panoramic(&reslice, inView);
         const QPoint pixel = pixelAt(reslice, inView);
         const QVector3D clicked =
-            CoordinateMapper::_2D_To_3D_Panoramic(&reslice, pixelCentre(reslice, pixel));
+            CoordinateMapper::_2D_To_3D_Panoramic(&reslice, pixelCenter(reslice, pixel));
         const QVector3D depth =
             CoordinateMapper::getPanoramicOrthonormalBasisAtPosition(&reslice, inView)
                 .column(2)

@@ -46,7 +46,7 @@ struct MappedSegment
 /// Returns the view point at the center of a pixel, in mm: ((column + 0.5) * sampleSize.x, (row +
 /// 0.5) * sampleSize.y). This is the pixel rule of every picture: pixel (column, row) counts from
 /// the upper left corner of the view.
-QPointF pixelCentre(const Reslice& reslice, const QPoint& pixel);
+QPointF pixelCenter(const Reslice& reslice, const QPoint& pixel);
 /// Returns the pixel that holds a view point; it may lie outside the picture.
 QPoint pixelAt(const Reslice& reslice, const QPointF& inView);
 

@@ -74,7 +74,7 @@ void closeRings(geometry::Mesh& mesh, int first, int second)
 
 struct Ring
 {
-    QVector3D centre;
+    QVector3D center;
     QVector3D along;
     float radius;
 };
@@ -89,7 +89,7 @@ geometry::Mesh sweep(const QList<Ring>& rings)
         const QVector3D v = QVector3D::crossProduct(ring.along, u).normalized();
         for (int side = 0; side < kSides; ++side) {
             const auto angle = static_cast<float>(2.0 * std::numbers::pi * side / kSides);
-            vertices.append(ring.centre +
+            vertices.append(ring.center +
                             (u * std::cos(angle) + v * std::sin(angle)) * ring.radius);
         }
     }
@@ -101,17 +101,17 @@ geometry::Mesh sweep(const QList<Ring>& rings)
 
 } // namespace
 
-geometry::Mesh tubeMesh(const QList<QVector3D>& centreLine, float radiusMm)
+geometry::Mesh tubeMesh(const QList<QVector3D>& centerLine, float radiusMm)
 {
-    const auto rings = static_cast<int>(centreLine.size());
+    const auto rings = static_cast<int>(centerLine.size());
     if (rings < 2)
         return {};
     QList<QVector3D> vertices;
     Eigen::Vector3d across = Eigen::Vector3d::Zero();
     for (int i = 0; i < rings; ++i) {
-        const Eigen::Vector3d centre = toEigen(centreLine[i]);
-        const Eigen::Vector3d along = (toEigen(centreLine[std::min(i + 1, rings - 1)]) -
-                                       toEigen(centreLine[std::max(i - 1, 0)]))
+        const Eigen::Vector3d center = toEigen(centerLine[i]);
+        const Eigen::Vector3d along = (toEigen(centerLine[std::min(i + 1, rings - 1)]) -
+                                       toEigen(centerLine[std::max(i - 1, 0)]))
                                           .normalized();
         // The rings turn with the line and not about it.
         across -= across.dot(along) * along;
@@ -122,11 +122,11 @@ geometry::Mesh tubeMesh(const QList<QVector3D>& centreLine, float radiusMm)
         for (int k = 0; k < kTubeSegments; ++k) {
             const double angle = 2.0 * std::numbers::pi * k / kTubeSegments;
             vertices.append(
-                toQt(centre + static_cast<double>(radiusMm) *
+                toQt(center + static_cast<double>(radiusMm) *
                                   (std::cos(angle) * across + std::sin(angle) * other)));
         }
     }
-    vertices << centreLine.first() << centreLine.last();
+    vertices << centerLine.first() << centerLine.last();
 
     geometry::Mesh mesh(vertices, {});
     const int last = (rings - 1) * kTubeSegments;
@@ -154,13 +154,13 @@ geometry::Mesh openTube(const QList<QVector3D>& path, float radiusMm)
     return sweep(rings);
 }
 
-geometry::Mesh ball(const QVector3D& centre, float radiusMm)
+geometry::Mesh ball(const QVector3D& center, float radiusMm)
 {
     constexpr int kRings = 9;
     QList<Ring> rings;
     for (int i = 0; i < kRings; ++i) {
         const auto angle = static_cast<float>(std::numbers::pi * i / (kRings - 1));
-        rings.append({centre - QVector3D(0.0F, 0.0F, radiusMm * std::cos(angle)),
+        rings.append({center - QVector3D(0.0F, 0.0F, radiusMm * std::cos(angle)),
                       {0.0F, 0.0F, 1.0F},
                       radiusMm * std::sin(angle)});
     }

@@ -21,12 +21,12 @@ namespace planner {
 
 /// Returns a closed tube around a line, with flat ends; triangles are counter-clockwise seen from
 /// outside. Empty for fewer than two points. Consecutive points must differ.
-geometry::Mesh tubeMesh(const QList<QVector3D>& centreLine, float radiusMm);
+geometry::Mesh tubeMesh(const QList<QVector3D>& centerLine, float radiusMm);
 
 /// Returns a tube along a path, of rings with twelve corners, without lids.
 geometry::Mesh openTube(const QList<QVector3D>& path, float radiusMm);
 /// Returns a sphere of such rings.
-geometry::Mesh ball(const QVector3D& centre, float radiusMm);
+geometry::Mesh ball(const QVector3D& center, float radiusMm);
 /// Returns an implant of such rings, along the negative z axis from its platform at the origin.
 geometry::Mesh implantBody(const dataobject::ImplantDimensions& measures);
 

@@ -41,7 +41,7 @@ void addMarks(PlanOfEveryKind& plan, const phantom::Patient& patient)
     plan.add(7, QStringLiteral("angle between three apices"), angle);
     auto line = std::make_shared<PolyLine>();
     line->addPoint(std::make_shared<PointLinked>(tied));
-    for (const QVector3D& position : thinned(patient.rightCanal().centreLine, 10))
+    for (const QVector3D& position : thinned(patient.rightCanal().centerLine, 10))
         line->addPoint(std::make_shared<PointUnlinked>(position));
     plan.add(12, QStringLiteral("poly-line along the right canal, one point tied"), line, [line] {
         QList<QVector3D> positions;
@@ -66,7 +66,7 @@ void addAnnotations(PlanOfEveryKind& plan, const phantom::Patient& patient)
     addMarks(plan, patient);
     auto arrow = std::make_shared<ArrowAnnotation3D>();
     arrow->setArrow(tooth(30).occlusalPoint + tooth(30).axisToCrown * 12.0F,
-                   tooth(30).occlusalPoint);
+                    tooth(30).occlusalPoint);
     plan.add(8, QStringLiteral("arrow at tooth 30"), arrow, [arrow] {
         return QList<QVector3D>{arrow->getTail(), arrow->getTip()};
     });

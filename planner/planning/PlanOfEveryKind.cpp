@@ -119,9 +119,9 @@ private:
         for (const bool right : {true, false}) {
             const phantom::NerveCanal& canal = right ? patient.rightCanal() : patient.leftCanal();
             auto nerve = std::make_shared<dataobject::Nerve>();
-            nerve->setMesh(openTube(canal.centreLine, canal.radiusMm));
+            nerve->setMesh(openTube(canal.centerLine, canal.radiusMm));
             auto line = std::make_shared<GuidingSpline>();
-            for (const QVector3D& position : thinned(canal.centreLine, 10))
+            for (const QVector3D& position : thinned(canal.centerLine, 10))
                 line->appendControlPoint(position);
             nerve->setGuidingLine(line);
             plan.add(15, right ? QStringLiteral("nerve, right") : QStringLiteral("nerve, left"),

@@ -114,7 +114,7 @@ float axialHeight(const Case& planned, float slabMm)
             heights.push_back(landmark.position.z());
     }
     if (heights.empty())
-        return planned.volume.centre().z();
+        return planned.volume.center().z();
     std::ranges::sort(heights);
     auto bestFirst = heights.cbegin();
     auto bestLast = heights.cbegin();
@@ -143,7 +143,7 @@ std::vector<Eigen::Vector3d> foramina(const Case& planned)
 PlanarView axialView(const Case& planned)
 {
     Frame frame;
-    frame.point = planned.volume.centre();
+    frame.point = planned.volume.center();
     frame.point.setZ(axialHeight(planned, kAxialSlabMm));
     frame.direction0 = {1.0F, 0.0F, 0.0F};
     frame.direction1 = {0.0F, 1.0F, 0.0F};
@@ -173,7 +173,7 @@ PlanarView obliqueView(const Case& planned)
     constexpr float tilt = kDefaultTilt * std::numbers::pi_v<float> / 180.0F;
 
     Frame frame;
-    frame.point = planned.volume.centre();
+    frame.point = planned.volume.center();
     QVector3D normal(0.0F, std::sin(tilt), -std::cos(tilt));
     const bool usable = plane.hasValue() &&
                         std::abs(plane.value().normal.x()) < 0.9; // a sagittal one has no left edge
@@ -206,7 +206,7 @@ PlanarView obliqueView(const Case& planned)
 CephView lateralView(const Case& planned)
 {
     Frame frame;
-    frame.point = planned.volume.centre();
+    frame.point = planned.volume.center();
     Interval sides;
     for (const Eigen::Vector3d& foramen : foramina(planned))
         sides.include(static_cast<float>(foramen.x()));

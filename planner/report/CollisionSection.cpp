@@ -41,12 +41,12 @@ const Finding* closestNerve(const QList<Finding>& findings, const Counts& counts
     return closest;
 }
 
-QString legendItem(QRgb colour, double opacity, const QString& text)
+QString legendItem(QRgb color, double opacity, const QString& text)
 {
     return QStringLiteral(
                "<li><svg width=\"16\" height=\"16\"><circle cx=\"8\" cy=\"8\" r=\"6\" fill=\"%1\" "
                "fill-opacity=\"%2\" stroke=\"%1\" stroke-width=\"2\"/></svg>%3</li>")
-        .arg(QColor(colour).name())
+        .arg(QColor(color).name())
         .arg(opacity)
         .arg(text);
 }
@@ -55,12 +55,12 @@ QString legendHtml(const CollisionPlan& plan)
 {
     return QStringLiteral("<ul class=\"legend\">") +
            legendItem(0xff9fb0bf, 1.0, QStringLiteral("implant")) +
-           legendItem(collisionColours::kZone, 0.2, QStringLiteral("its zone of 3 mm")) +
-           legendItem(collisionColours::kNerve, 1.0, QStringLiteral("nerve")) +
+           legendItem(collisionColors::kZone, 0.2, QStringLiteral("its zone of 3 mm")) +
+           legendItem(collisionColors::kNerve, 1.0, QStringLiteral("nerve")) +
            (plan.pins.isEmpty()
                 ? QString()
-                : legendItem(collisionColours::kPin, 1.0, QStringLiteral("anchor pin"))) +
-           legendItem(collisionColours::kColliding, 1.0, QStringLiteral("colliding")) +
+                : legendItem(collisionColors::kPin, 1.0, QStringLiteral("anchor pin"))) +
+           legendItem(collisionColors::kColliding, 1.0, QStringLiteral("colliding")) +
            QStringLiteral("</ul>\n");
 }
 

@@ -56,17 +56,17 @@ QList<QList<QVector3D>> coordinatesOf(const PlanOfEveryKind& plan)
     return all;
 }
 
-QColor colourOf(SurfaceKind kind)
+QColor colorOf(SurfaceKind kind)
 {
-    const QColor colours[] = {kToothColour, 0x4fb06d, 0xe8b32a, 0x5fa8e8, 0x9aa4ae, 0xd04a4a};
-    return colours[static_cast<int>(kind)];
+    const QColor colors[] = {kToothColor, 0x4fb06d, 0xe8b32a, 0x5fa8e8, 0x9aa4ae, 0xd04a4a};
+    return colors[static_cast<int>(kind)];
 }
 
 QList<ShownMesh> surfacesOf(const PlanOfEveryKind& plan)
 {
     QList<ShownMesh> shown;
     for (const PlanSurface& surface : plan.surfaces())
-        shown.append({surface.mesh, colourOf(surface.kind)});
+        shown.append({surface.mesh, colorOf(surface.kind)});
     return shown;
 }
 
@@ -183,7 +183,7 @@ BiteStory applyUndoRedo(const PlanOfEveryKind& plan, const QVector3D& incisor,
              compared});
         geometry::Mesh lower = lowerCrowns;
         lower.applyTransformation(matrix.value() * opening); // the identity if there is none
-        story.tiles << paintSurfaces(camera, {{upperCrowns, kToothColour}, {lower, kScanColour}},
+        story.tiles << paintSurfaces(camera, {{upperCrowns, kToothColor}, {lower, kScanColor}},
                                      label);
     };
     const QStringList modesBefore = mandibular.getMovementModes();

@@ -27,7 +27,7 @@ Camera cameraAt(const QVector3D& place, double widthMm)
 QImage paintJaws(const Camera& camera, const geometry::Mesh& upper, const geometry::Mesh& lower,
                  const QString& label)
 {
-    return paintSurfaces(camera, {{upper, kToothColour}, {lower, kScanColour}}, label);
+    return paintSurfaces(camera, {{upper, kToothColor}, {lower, kScanColor}}, label);
 }
 
 // The lower scan on its way, with tiles of the first placements.

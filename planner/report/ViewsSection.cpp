@@ -142,11 +142,11 @@ QString segmentSentence(const std::optional<MappedSegment>& segment)
              number(segment->whole.length(), 1));
 }
 
-QString dot(const QColor& colour, bool filled, const QString& text)
+QString dot(const QColor& color, bool filled, const QString& text)
 {
     return QStringLiteral("<li><svg width=\"16\" height=\"16\"><circle cx=\"8\" cy=\"8\" r=\"5.5\" "
                           "fill=\"%1\" stroke=\"%2\" stroke-width=\"2\"/></svg>%3</li>")
-        .arg(filled ? colour.name() : QStringLiteral("none"), colour.name(), text);
+        .arg(filled ? color.name() : QStringLiteral("none"), color.name(), text);
 }
 
 QString legendHtml(const Case& planned)
@@ -159,7 +159,7 @@ QString legendHtml(const Case& planned)
     QString items;
     for (const auto& [kind, text] : kinds) {
         if (std::ranges::find(planned.landmarks, kind, &Landmark::kind) != planned.landmarks.cend())
-            items += dot(markColour(kind), true, text);
+            items += dot(markColor(kind), true, text);
     }
     if (items.isEmpty())
         return {};

@@ -54,7 +54,7 @@ float frontOfFace(float z)
 TEST(PhantomCanal, IsNerveAllAlongItsCenterLine)
 {
     for (const NerveCanal* canal : bothCanals()) {
-        const QList<QVector3D>& line = canal->centreLine;
+        const QList<QVector3D>& line = canal->centerLine;
         for (qsizetype i = 0; i + 1 < line.size(); ++i) {
             EXPECT_EQ(patient().tissueAt(line[i]), Tissue::NerveCanal) << i;
             EXPECT_EQ(patient().tissueAt(0.5F * (line[i] + line[i + 1])), Tissue::NerveCanal) << i;
@@ -66,7 +66,7 @@ TEST(PhantomCanal, IsNerveAllAlongItsCenterLine)
 TEST(PhantomCanal, IsSampledInStepsUpToAMillimeterWithoutTurningBack)
 {
     for (const NerveCanal* canal : bothCanals()) {
-        const QList<QVector3D>& line = canal->centreLine;
+        const QList<QVector3D>& line = canal->centerLine;
         for (qsizetype i = 1; i < line.size(); ++i) {
             EXPECT_GT((line[i] - line[i - 1]).length(), 0.0F) << i;
             EXPECT_LE((line[i] - line[i - 1]).length(), 1.0F) << i;
@@ -78,17 +78,17 @@ TEST(PhantomCanal, IsSampledInStepsUpToAMillimeterWithoutTurningBack)
 TEST(PhantomCanal, BeginsAtTheMandibularAndEndsAtTheMentalForamen)
 {
     for (const NerveCanal* canal : bothCanals()) {
-        EXPECT_EQ(canal->mandibularForamen, canal->centreLine.first());
-        EXPECT_EQ(canal->mentalForamen, canal->centreLine.last());
+        EXPECT_EQ(canal->mandibularForamen, canal->centerLine.first());
+        EXPECT_EQ(canal->mentalForamen, canal->centerLine.last());
         EXPECT_GT(canal->mandibularForamen.y(), canal->mentalForamen.y() + 35.0F);
     }
 }
 
 TEST(PhantomCanal, HasSmallXOnTheRight)
 {
-    for (const QVector3D& sample : patient().rightCanal().centreLine)
+    for (const QVector3D& sample : patient().rightCanal().centerLine)
         EXPECT_LT(sample.x(), kMidlineX);
-    for (const QVector3D& sample : patient().leftCanal().centreLine)
+    for (const QVector3D& sample : patient().leftCanal().centerLine)
         EXPECT_GT(sample.x(), kMidlineX);
 }
 
@@ -96,8 +96,8 @@ TEST(PhantomCanal, MeasuresSixtyToSeventyFiveMillimeters)
 {
     for (const NerveCanal* canal : bothCanals()) {
         float length = 0.0F;
-        for (qsizetype i = 1; i < canal->centreLine.size(); ++i)
-            length += (canal->centreLine[i] - canal->centreLine[i - 1]).length();
+        for (qsizetype i = 1; i < canal->centerLine.size(); ++i)
+            length += (canal->centerLine[i] - canal->centerLine[i - 1]).length();
         EXPECT_GT(length, 60.0F);
         EXPECT_LT(length, 75.0F);
     }
@@ -106,7 +106,7 @@ TEST(PhantomCanal, MeasuresSixtyToSeventyFiveMillimeters)
 TEST(PhantomCanal, KeepsThreeMillimetersFromEveryApexAndTouchesNoRoot)
 {
     for (const NerveCanal* canal : bothCanals()) {
-        for (const QVector3D& sample : canal->centreLine) {
+        for (const QVector3D& sample : canal->centerLine) {
             for (const Tooth& tooth : patient().teeth())
                 EXPECT_GE((sample - tooth.apex).length(), 3.0F) << tooth.number;
             for (const auto& [dx, dy, dz] :
@@ -122,7 +122,7 @@ TEST(PhantomCanal, HasItsRadiusAndACorticalRimInsideTheBone)
 {
     for (const NerveCanal* canal : bothCanals()) {
         EXPECT_FLOAT_EQ(canal->radiusMm, 1.2F);
-        const QList<QVector3D>& line = canal->centreLine;
+        const QList<QVector3D>& line = canal->centerLine;
         for (qsizetype i = 20; i < line.size() - 20; ++i) {
             const QVector3D along = line[i + 1] - line[i - 1];
             const QVector3D across =
@@ -179,7 +179,7 @@ TEST(PhantomSides, DifferInTheMandibularCanal)
     EXPECT_NEAR(left.mentalForamen.z() - right.mentalForamen.z(), 1.1F, 0.3F);
     const auto lowest = [](const NerveCanal& canal) {
         float z = 1000.0F;
-        for (const QVector3D& sample : canal.centreLine)
+        for (const QVector3D& sample : canal.centerLine)
             z = std::min(z, sample.z());
         return z;
     };

@@ -40,7 +40,7 @@ TEST(Findings, CoverEveryPairOnce)
     EXPECT_TRUE(collisions(plan).isEmpty());
 }
 
-TEST(Findings, OfANervePassTwoMillimetresBesideAnImplantButNotBelowIt)
+TEST(Findings, OfANervePassTwoMillimetersBesideAnImplantButNotBelowIt)
 {
     planner::CollisionPlan plan;
     plan.implants = {implantAt({0, 0, 0})};

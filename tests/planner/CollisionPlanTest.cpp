@@ -80,7 +80,7 @@ TEST(PlanOfTheBuiltInPatient, HasItsNervesInTheirCanals)
         const geometry::Mesh mesh = planner::placedMesh(*nerve.object);
         for (const QVector3D& vertex : mesh.getVertices()) {
             float nearest = std::numeric_limits<float>::max();
-            for (const QVector3D& sample : nerve.centreLine)
+            for (const QVector3D& sample : nerve.centerLine)
                 nearest = std::min(nearest, vertex.distanceToPoint(sample));
             EXPECT_LE(nearest, 1.2001F); // the canal's radius
         }

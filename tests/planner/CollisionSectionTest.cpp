@@ -56,8 +56,8 @@ TEST_F(CollisionSection, OfTheBuiltInPatientPaintsCollidingObjectsRed)
         int red = 0;
         for (int y = 0; y < picture.image.height(); ++y) {
             for (int x = 0; x < picture.image.width(); ++x) {
-                const QColor colour = picture.image.pixelColor(x, y);
-                red += colour.red() > 180 && colour.green() < 90 && colour.blue() < 90 ? 1 : 0;
+                const QColor color = picture.image.pixelColor(x, y);
+                red += color.red() > 180 && color.green() < 90 && color.blue() < 90 ? 1 : 0;
             }
         }
         EXPECT_GT(red, 1000) << picture.fileName.toStdString();

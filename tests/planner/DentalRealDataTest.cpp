@@ -101,7 +101,7 @@ TEST_F(ConeBeamCt, ToothLeftOutLiesBetweenItsNeighbours)
 }
 
 // The distances of the straight line between the foramina were worked out apart from this code.
-TEST_F(ConeBeamCt, ProposedNervesRunWithinTwoMillimetresOfTheCanalsSeenFromAbove)
+TEST_F(ConeBeamCt, ProposedNervesRunWithinTwoMillimetersOfTheCanalsSeenFromAbove)
 {
     ASSERT_EQ(planned.canals.size(), 2);
     for (const planner::CanalLine& canal : planned.canals) {

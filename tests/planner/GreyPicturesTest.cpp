@@ -112,7 +112,7 @@ TEST_F(GreyPictures, BoxesAreOutlinedWhereTheCutMeetsThem)
     const primitives::BoundingBox above(QVector3D(6.0F, 2.0F, 4.0F), QVector3D(8.0F, 5.0F, 5.0F));
     const QImage image = planner::drawBoxes(cut, black, {{{met, above}, red}});
     ASSERT_EQ(image.size(), black.size() * 2);
-    // The corner of the picture is (-0.5, -0.5), a millimetre 20 pixels.
+    // The corner of the picture is (-0.5, -0.5), a millimeter 20 pixels.
     EXPECT_GT(qRed(image.pixel(30, 80)), 200) << "left edge, x = 1";
     EXPECT_GT(qRed(image.pixel(60, 50)), 200) << "upper edge, y = 2";
     EXPECT_GT(qRed(image.pixel(60, 80)), 20) << "inside";

@@ -57,7 +57,7 @@ TEST(GreyScan, LendsTheVoxelsAndKnowsTheTeethByTheirNumbers)
     EXPECT_TRUE(scan.ct->getLandmarkAnnotations({}).empty());
 }
 
-TEST(GreyScan, GoesFromMillimetresOfTheVolumeToTheWorld)
+TEST(GreyScan, GoesFromMillimetersOfTheVolumeToTheWorld)
 {
     const GreyScan scan = planner::scanOf(turned());
     EXPECT_EQ(scan.worldFromVolume.map(QVector3D(10, 20, 30)), QVector3D(90, 180, 330));

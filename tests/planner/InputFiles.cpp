@@ -84,7 +84,7 @@ int main(int argc, char** argv)
     frames.voxels = counting.voxels.repeated(3);
     write("frames.nii", niftifiles::bytesOf(frames));
 
-    write("colour.nii",
+    write("color.nii",
           niftifiles::bytesOf(niftifiles::volumeOf(DT_RGB24, 24, QByteArray(24, '\1'))));
 
     // Two series in subfolders, and one of them as frames of a file.

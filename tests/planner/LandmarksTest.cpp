@@ -386,7 +386,7 @@ TEST(LandmarkExample, DescribesTheBuiltInPatient)
         EXPECT_EQ(canal.radiusMm, truth.radiusMm);
         for (const QVector3D& point : canal.points)
             EXPECT_TRUE(
-                std::any_of(truth.centreLine.cbegin(), truth.centreLine.cend(),
+                std::any_of(truth.centerLine.cbegin(), truth.centerLine.cend(),
                             [&point](const QVector3D& s) { return (s - point).length() < 0.1F; }));
     }
 }

@@ -38,7 +38,7 @@ TEST(Mapping, OntoAPlanarViewGivesViewPointPixelAndFoot)
     EXPECT_EQ(mapped.pixel, QPoint(10, 75));
     EXPECT_EQ(mapped.back, QVector3D(15.25F, 22.25F, 30));
     EXPECT_EQ(mapped.errorMm, 0.0);
-    EXPECT_EQ(mapped.clickErrorMm, 0.0); // it is the centre of its pixel
+    EXPECT_EQ(mapped.clickErrorMm, 0.0); // it is the center of its pixel
     EXPECT_EQ(mapped.inPlane, true);
     EXPECT_EQ(mapped.inSlice, true);
 }

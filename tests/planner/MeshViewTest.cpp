@@ -18,7 +18,7 @@ namespace {
 planner::Camera camera()
 {
     planner::Camera result;
-    result.centre = {10, 20, 30};
+    result.center = {10, 20, 30};
     result.direction = {0, 1, 0};
     result.up = {0, 0, 1};
     result.mmPerPixel = 0.5;
@@ -26,13 +26,13 @@ planner::Camera camera()
     return result;
 }
 
-// A square of 10 mm around the camera's centre, facing it, `y` mm behind.
-planner::ShownMesh square(float y, const QColor& colour, double opacity = 1.0)
+// A square of 10 mm around the camera's center, facing it, `y` mm behind.
+planner::ShownMesh square(float y, const QColor& color, double opacity = 1.0)
 {
     geometry::Mesh mesh({{5, 20 + y, 25}, {15, 20 + y, 25}, {15, 20 + y, 35}, {5, 20 + y, 35}}, {});
     mesh.addTriangle(0, 1, 2);
     mesh.addTriangle(0, 2, 3);
-    return {mesh, colour, opacity};
+    return {mesh, color, opacity};
 }
 
 QColor middle(const QImage& image)
@@ -40,7 +40,7 @@ QColor middle(const QImage& image)
     return image.pixelColor(30, 20);
 }
 
-TEST(Camera, ShowsItsCentreInTheMiddle)
+TEST(Camera, ShowsItsCenterInTheMiddle)
 {
     EXPECT_EQ(camera().project({10, 20, 30}), QPointF(30, 20));
     EXPECT_EQ(camera().project({10, -50, 30}), QPointF(30, 20));

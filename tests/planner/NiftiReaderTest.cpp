@@ -345,7 +345,7 @@ TEST_F(NiftiReader, RefusesWhatIsNoVolumeOfNumbers)
          },
          "more than one volume"},
         {"complex", [](nifti_1_header& h) { h.datatype = DT_COMPLEX64; }, "COMPLEX64"},
-        {"colour", [](nifti_1_header& h) { h.datatype = DT_RGBA32; }, "RGBA32"},
+        {"color", [](nifti_1_header& h) { h.datatype = DT_RGBA32; }, "RGBA32"},
         {"64-bit integers", [](nifti_1_header& h) { h.datatype = DT_INT64; }, "INT64"},
         {"no type at all", [](nifti_1_header& h) { h.datatype = 12345; }, "not supported"},
         {"singular matrix", [](nifti_1_header& h) { h.srow_z[2] = 0.0F; }, "orientation matrix"},

@@ -155,7 +155,7 @@ TEST(Panorama, WideColumnsLeavePositionsWhereTheyAre)
     const auto fine = planner::panorama(planned)->reslice;
     const auto wide = planner::withWideColumns(*fine);
     EXPECT_FLOAT_EQ(wide->getSampleSize().x(), 5.0F);
-    for (const QVector3D& point : planned.patient->rightCanal().centreLine) {
+    for (const QVector3D& point : planned.patient->rightCanal().centerLine) {
         const QPointF moved = CoordinateMapper::_3D_To_2D_PanoramicPoint(wide.get(), point, true) -
                               CoordinateMapper::_3D_To_2D_PanoramicPoint(fine.get(), point, true);
         EXPECT_LT(std::hypot(moved.x(), moved.y()), 1.0);

@@ -41,7 +41,7 @@ TEST_F(Picture, HasAFrameOf40PixelsAroundTheSamples)
 
 TEST_F(Picture, FillsMarksInTheSlab)
 {
-    EXPECT_EQ(QColor(paint(true).pixel(390, 100)), planner::markColour(LandmarkKind::Tooth));
+    EXPECT_EQ(QColor(paint(true).pixel(390, 100)), planner::markColor(LandmarkKind::Tooth));
 }
 
 TEST_F(Picture, LeavesMarksOutsideTheSlabHollow)
@@ -51,8 +51,7 @@ TEST_F(Picture, LeavesMarksOutsideTheSlabHollow)
 
 TEST_F(Picture, FillsMarksOfAProjection)
 {
-    EXPECT_EQ(QColor(paint(std::nullopt).pixel(390, 100)),
-              planner::markColour(LandmarkKind::Tooth));
+    EXPECT_EQ(QColor(paint(std::nullopt).pixel(390, 100)), planner::markColor(LandmarkKind::Tooth));
 }
 
 TEST_F(Picture, EnlargesFewSamplesByAWholeNumber)
@@ -91,10 +90,10 @@ TEST_F(Picture, PaintsDotsAndRingsOfNotes)
     const QImage image = planner::paintPicture(content);
     EXPECT_EQ(QColor(image.pixel(140, 90)), QColor(10, 200, 20));
     EXPECT_EQ(QColor(image.pixel(340, 90)), QColor(Qt::black)) << "hollow";
-    EXPECT_GT(QColor(image.pixel(348, 90)).blue(), 100) << "8 pixels from the centre";
+    EXPECT_GT(QColor(image.pixel(348, 90)).blue(), 100) << "8 pixels from the center";
 }
 
-TEST_F(Picture, CentresTheTextOfANote)
+TEST_F(Picture, CentersTheTextOfANote)
 {
     planner::PictureContent content = blank();
     content.notes.append(

@@ -25,7 +25,7 @@ inline planner::PlannedNerve nerveAlong(const QVector3D& from, const QVector3D& 
 {
     planner::PlannedNerve planned{
         QStringLiteral("nerve"), std::make_shared<dataobject::Nerve>(), {from, to}, radiusMm};
-    planned.object->setMesh(planner::tubeMesh(planned.centreLine, radiusMm));
+    planned.object->setMesh(planner::tubeMesh(planned.centerLine, radiusMm));
     return planned;
 }
 

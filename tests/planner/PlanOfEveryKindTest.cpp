@@ -64,14 +64,14 @@ TEST(PlanOfEveryKind, EveryObjectMovesAndAllButPlanesAndSurgeryAreReturned)
 TEST(PlanOfEveryKind, ShowsWhatStandsWhereItStands)
 {
     const PlanOfEveryKind plan = makePlan();
-    const auto centre = [&plan] { return plan.surfaces().first().mesh.getVertices().first(); };
-    const QVector3D before = centre();
+    const auto center = [&plan] { return plan.surfaces().first().mesh.getVertices().first(); };
+    const QVector3D before = center();
     QMatrix4x4 frame;
     frame.translate(100.0F, 0.0F, 0.0F);
     PlanningApplyTransform apply;
     apply.setDataObjects(plan.dataObjects());
     apply.applyTransform(frame);
-    EXPECT_LT((centre() - before).distanceToPoint({100.0F, 0.0F, 0.0F}), 0.01F);
+    EXPECT_LT((center() - before).distanceToPoint({100.0F, 0.0F, 0.0F}), 0.01F);
 }
 
 } // namespace

@@ -34,7 +34,7 @@ Volume countingVolume(const math::Ivec3& size, image::DataType type)
     return volume;
 }
 
-TEST(Sampler, HasTheVoxelsValueAtItsCentre)
+TEST(Sampler, HasTheVoxelsValueAtItsCenter)
 {
     const Volume volume = countingVolume<std::int16_t>({3, 4, 5}, image::Int16);
     const Sampler sampler(volume);
@@ -113,7 +113,7 @@ TEST(Sampler, SkipsNoVoxelAlongARayUnlessThereAreTooManySteps)
     EXPECT_DOUBLE_EQ(sampler.rayStepMm({0, 1, 0}, 30'000), 0.5);
 }
 
-// Four voxels of 1 mm in a row along x, seen as 4 x 1 samples of 1 mm whose centres are those of
+// Four voxels of 1 mm in a row along x, seen as 4 x 1 samples of 1 mm whose centers are those of
 // the voxels.
 struct RowOfVoxels
 {
@@ -134,7 +134,7 @@ struct RowOfVoxels
     PlanarReslice reslice;
 };
 
-TEST(CutOut, PutsVoxelsAtTheCentresOfPixels)
+TEST(CutOut, PutsVoxelsAtTheCentersOfPixels)
 {
     const RowOfVoxels row;
     const QImage picture =

@@ -42,19 +42,19 @@ TEST_F(SurfacePicture, NearerSurfacesHideFartherOnes)
         EXPECT_GT(middle.red(), middle.blue() + 100);
         const QColor beside = image.pixelColor(130, 100); // 15 mm to the right
         EXPECT_GT(beside.blue(), beside.red() + 100);
-        EXPECT_EQ(image.pixelColor(150, 100), planner::kGroundColour)
+        EXPECT_EQ(image.pixelColor(150, 100), planner::kGroundColor)
             << "25 mm to the right is nothing";
     }
 }
 
 // 20 mm are 80 pixels, from the tenth on, in rows 86 to 88 of 100.
-TEST_F(SurfacePicture, HasABarOfTwentyMillimetres)
+TEST_F(SurfacePicture, HasABarOfTwentyMillimeters)
 {
     const planner::Camera camera{{}, {0, 1, 0}, {0, 0, 1}, 0.25, {200, 100}};
     const QImage image = planner::paintSurfaces(camera, {}, {});
     for (int x = 0; x < image.width(); ++x) {
         const bool onBar = x >= 10 && x < 90;
-        ASSERT_EQ(image.pixelColor(x, 87), onBar ? planner::kTextColour : planner::kGroundColour)
+        ASSERT_EQ(image.pixelColor(x, 87), onBar ? planner::kTextColor : planner::kGroundColor)
             << x;
     }
 }

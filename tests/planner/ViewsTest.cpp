@@ -56,7 +56,7 @@ TEST(AxialView, ShowsAnteriorUpAndThePatientsRightOnTheLeft)
               middle.y());
 }
 
-TEST(AxialView, HasAMarginOf25MillimetresAroundTheLandmarks)
+TEST(AxialView, HasAMarginOf25MillimetersAroundTheLandmarks)
 {
     const auto view = planner::axialView(head());
     EXPECT_EQ(view.reslice->getOrigin(), QVector3D(35, 15, 80));
