@@ -10,7 +10,7 @@
 
 namespace planner {
 
-/// What the user asked for.
+/// Holds what the user requests.
 struct Options
 {
     CaseFiles files;

@@ -76,6 +76,17 @@ QPointF onCut(const GreyCut& cut, const QVector3D& world)
             QVector3D::dotProduct(fromCorner, cut.down)};
 }
 
+// Marks a peak with a dashed line and its name above the area of a plot.
+void paintPeak(QPainter& painter, const QRectF& area, double x, const Peak& peak)
+{
+    painter.setPen(QPen(kTextColor, 1.5, Qt::DashLine));
+    painter.drawLine(QPointF(x, area.top() - 6.0), QPointF(x, area.bottom()));
+    const QString text = QStringLiteral("%1 = %2").arg(peak.name).arg(peak.greyValue);
+    const double textWidth = QFontMetricsF(painter.font()).horizontalAdvance(text);
+    const double left = std::clamp(x - textWidth / 2.0, area.left(), area.right() - textWidth);
+    painter.drawText(QPointF(left, area.top() - 14.0), text);
+}
+
 } // namespace
 
 GreyCut cutAcross(const Volume& volume, const Sampler& sampler, int axis, float at, float spacingMm)
@@ -258,15 +269,8 @@ QImage plot(const TissueEstimationHistogram& histogram, const QList<Peak>& peaks
             QRectF(QPointF(xOf(from), yOf(bins[i])), QPointF(xOf(from + binWidth), area.bottom())),
             inside);
     }
-    for (const Peak& peak : peaks) {
-        const double x = xOf(peak.greyValue);
-        painter.setPen(QPen(kTextColor, 1.5, Qt::DashLine));
-        painter.drawLine(QPointF(x, area.top() - 6.0), QPointF(x, area.bottom()));
-        const QString text = QStringLiteral("%1 = %2").arg(peak.name).arg(peak.greyValue);
-        const double textWidth = QFontMetricsF(painter.font()).horizontalAdvance(text);
-        const double left = std::clamp(x - textWidth / 2.0, area.left(), area.right() - textWidth);
-        painter.drawText(QPointF(left, area.top() - 14.0), text);
-    }
+    for (const Peak& peak : peaks)
+        paintPeak(painter, area, xOf(peak.greyValue), peak);
     return image;
 }
 

@@ -141,7 +141,7 @@ std::shared_ptr<PlanarReslice> closeUpAt(const QVector3D& position)
     return reslice;
 }
 
-// A square round the implant's platform and an arrow along its local y axis.
+// A square around the implant's platform and an arrow along its local y axis.
 QList<PictureCurve> footprint(const QMatrix4x4& placement, float diameter,
                               const PlanarReslice& reslice, const QColor& color, bool dotted)
 {

@@ -19,8 +19,7 @@ namespace planner {
 
 class Progress;
 
-/// What is planned on: a CT with the landmarks that are known of it. Every section of the report
-/// starts from here.
+/// Holds a CT with the landmarks that are known of it. Every section of the report starts from it.
 struct Case
 {
     QString title;
@@ -34,7 +33,7 @@ struct Case
     std::shared_ptr<const phantom::Patient> patient;
 };
 
-/// What is opened.
+/// Names what to open: a CT with its landmarks, or the built-in patient.
 struct CaseFiles
 {
     QString ctPath;        ///< a file or a folder with a DICOM series; empty: the built-in patient

@@ -14,7 +14,7 @@
 
 namespace planner {
 
-/// A CT volume and where it lies.
+/// A CT volume with its place in the world.
 ///
 /// World positions, here and everywhere in the planner, are LPS millimeters: x to the patient's
 /// left, y to posterior, z to superior. That is DICOM's frame; NIfTI's is RAS, with x and y the

@@ -8,7 +8,10 @@
 
 #include <functional>
 
-// Readers of volumes, each in a source of its own.
+// Readers of volumes, each in a source of its own. NIfTI and DICOM are parsed by libraries.
+// MetaImage and NRRD are not: ITK 5.2.1, which reads both, accepts MetaImage files whose voxels are
+// cut off or do not decompress, opens data files in any folder, mirrors the wrong axis of NRRD's
+// space LAS, and shows a missing spacing as 1 mm.
 namespace planner {
 
 /// Reads a NIfTI-1 volume from one file, .nii or .nii.gz; Failure if it cannot be read as such or

@@ -21,8 +21,8 @@ struct PlanPart
     friend bool operator==(const PlanPart&, const PlanPart&) = default;
 };
 
-/// What is known of an implant and another object: the detector's verdict, and the clearance that
-/// the planner has measured by itself.
+/// Holds what is known of an implant and another object: the detector's verdict, and the clearance
+/// that the planner has measured by itself.
 struct Finding
 {
     qsizetype implant = 0;

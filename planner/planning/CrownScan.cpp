@@ -20,7 +20,7 @@ constexpr float kCrownMm = 6.0F; // kept of each tooth, from its occlusal point 
 constexpr float kRoundMm = 7.0F; // of every tooth's axis, wide enough for a molar
 constexpr float kAboveMm = 2.0F; // beyond the highest occlusal point, for cusps
 
-// How much of a place's neighborhood is tooth, 0 to 1, on a grid round one arch.
+// How much of a place's neighborhood is tooth, 0 to 1, on a grid around one arch.
 class ToothGrid
 {
 public:

@@ -18,7 +18,7 @@
 
 namespace planner {
 
-/// A panoramic view and why it lies where it does.
+/// A panoramic view, with the reason for its place.
 struct Panorama
 {
     QString place; ///< a sentence

@@ -72,7 +72,7 @@ void addAnnotations(PlanOfEveryKind& plan, const phantom::Patient& patient)
     });
     auto circle = std::make_shared<CircleAnnotation3D>();
     circle->setCircle(tooth(8).occlusalPoint, tooth(8).axisToCrown, 5.0F);
-    plan.add(9, QStringLiteral("circle round tooth 8"), circle, [circle] {
+    plan.add(9, QStringLiteral("circle around tooth 8"), circle, [circle] {
         return QList<QVector3D>{circle->getCenter(), circle->getCenter() + circle->getNormal()};
     });
     auto text = std::make_shared<TextAnnotation3D>();

@@ -244,7 +244,7 @@ private:
         bite->setTransformations(
             {{Maxilla::getClassTypeId(), QMatrix4x4()}, {Mandibula::getClassTypeId(), opening}});
         plan.otherObjects.append(bite);
-        plan.add(23, QStringLiteral("surgery: occlusion movements, computed anew"), plan.surgery,
+        plan.add(23, QStringLiteral("surgery: occlusion movements, recomputed"), plan.surgery,
                  [maxillary, mandibular, owner = plan.surgery] {
                      QList<QVector3D> corners;
                      for (const OcclusionMovement* movement : {maxillary, mandibular})

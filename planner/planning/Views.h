@@ -13,7 +13,7 @@
 
 namespace planner {
 
-/// A view and why it lies where it does.
+/// A view, with the reason for its place.
 template <typename Reslice>
 struct View
 {

@@ -32,7 +32,7 @@ namespace {
 const QColor kFormer(0x4a, 0x52, 0x5a);
 constexpr QSize kTile(560, 400);
 
-// Largest distance between coordinates of the same place in the lists, worked out in double
+// Largest distance between coordinates of the same place in the lists, computed in double
 // precision; infinite if one list has lost or gained some.
 double largestDistance(const QList<QVector3D>& a, const QList<QVector3D>& b)
 {
@@ -243,7 +243,7 @@ Section createScannerFrameSection(const Case& planned, Progress& progress)
     section.introductionHtml = QStringLiteral(
         "<p>The CT was made again with the head in another position. PlanningApplyTransform "
         "carries the plan along, one kind of object after the other. Cephalometric planes move but "
-        "are not returned as changed; the movements of the surgery are computed anew from the "
+        "are not returned as changed; the movements of the surgery are recomputed from the "
         "scans and the recorded bite.</p>\n");
     section.pictures = {
         {QStringLiteral("plan-frames.png"),

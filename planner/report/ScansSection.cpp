@@ -81,11 +81,11 @@ Bite showBite(JawScans& scans)
 QImage paintSynthesized(const SynthesizedBite& bite)
 {
     const Camera camera = cameraAt({0.0F, 0.0F, 12.0F}, 105.0);
-    return tile(
-        {paintJaws(camera, bite.upper, bite.lower,
-                   QStringLiteral("as scanned, each jaw with its crowns up")),
-         paintJaws(camera, bite.upperInBite, bite.lower, QStringLiteral("in the made-up bite"))},
-        2);
+    return tile({paintJaws(camera, bite.upper, bite.lower,
+                           QStringLiteral("as scanned, each jaw with its crowns up")),
+                 paintJaws(camera, bite.upperInBite, bite.lower,
+                           QStringLiteral("in the synthesized bite"))},
+                2);
 }
 
 Table tableOf(const QList<ScanStep>& steps)
@@ -154,7 +154,7 @@ Section createScansSection(const Case& planned, Progress& progress)
              "<p>The mouth is open by 14 degrees. The bite holds where either raw scan stands on "
              "an articulator; the lower scan is moved to the upper one, which stands.</p>"),
          bite.picture},
-        {QStringLiteral("scan-made-up-bite.png"), QStringLiteral("A bite that is made up"),
+        {QStringLiteral("scan-synthesized-bite.png"), QStringLiteral("A synthesized bite"),
          QStringLiteral("<p>Without a recorded bite, the upper jaw is turned over above the lower "
                         "one: here with %1 mm between the boxes of the jaws.</p>")
              .arg(number(synthesized.gapMm, 3)),
@@ -164,7 +164,7 @@ Section createScansSection(const Case& planned, Progress& progress)
     section.detailsHtml =
         QStringLiteral("<p>%1</p>\n<details><summary>All placements</summary>\n<p>\"Deviation\" is "
                        "the largest distance of a vertex from the place to which the placement's "
-                       "matrices take the raw one, worked out in double precision; \"from the "
+                       "matrices take the raw one, computed in double precision; \"from the "
                        "crowns\" the mean distance from the true crowns.</p>\n%2</details>\n")
             .arg(told, steps.html());
     section.plainText = steps.text() + told + u'\n';

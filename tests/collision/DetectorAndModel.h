@@ -34,7 +34,6 @@ private:
 };
 
 /// Applies the same random operations to the detector and to its model.
-/// Applies the same random operations to the detector and to its model.
 class SideBySide
 {
 public:

@@ -148,7 +148,6 @@ using Numbers = std::set<int>;
 using Pairs = std::set<std::pair<int, int>>;
 
 /// Holds the pairs that collide, by the numbers of their objects.
-/// Holds the pairs that collide, by the numbers of their objects.
 struct Verdicts
 {
     Pairs implants; // the number of the implant at the lower address first
@@ -162,7 +161,6 @@ struct Verdicts
 template <int count>
 using SeenAt = std::array<std::optional<int>, count>;
 
-/// Holds what the detector should know: where the objects are, where it saw them, and its verdicts.
 /// Holds what the detector should know: where the objects are, where it saw them, and its verdicts.
 struct Model
 {
@@ -188,8 +186,7 @@ struct Model
 };
 
 /// Returns where the object was when its mesh was cached, and caches it at `placeNow` if it was
-/// not. Returns where the object was when its mesh was cached, and caches it at `placeNow` if it
-/// was not.
+/// not.
 template <std::size_t count>
 int seen(std::array<std::optional<int>, count>& places, int number, int placeNow)
 {
