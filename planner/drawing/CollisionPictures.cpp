@@ -18,6 +18,7 @@
 #include <QPainterPath>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <memory>
 
@@ -68,19 +69,32 @@ Cut cutThrough(const PlannedImplant& implant, const QVector3D& beside, const QSi
     return cut;
 }
 
+QVector3D pointOf(const std::array<double, 3>& point)
+{
+    return {static_cast<float>(point[0]), static_cast<float>(point[1]),
+            static_cast<float>(point[2])};
+}
+
 // What the cut leads through: of another implant the platform, so that the implant is cut
 // lengthwise.
 QVector3D besideOf(const CollisionPlan& plan, const Finding& finding)
 {
     if (finding.other.kind != PartKind::Implant)
-        return finding.nearest;
+        return pointOf(finding.clearance.pointOnSecond);
     return plan.implants[finding.other.number].object->getObjectTransform().column(3).toVector3D();
 }
 
-QString apart(double clearanceMm)
+QString apart(const collision::Clearance& clearance)
 {
-    return clearanceMm > 0.0 ? QStringLiteral("bodies %1 mm apart").arg(clearanceMm, 0, 'f', 1)
-                             : QStringLiteral("bodies overlap");
+    switch (clearance.relation) {
+    case collision::Relation::Apart:
+        return QStringLiteral("bodies %1 mm apart").arg(clearance.distance, 0, 'f', 1);
+    case collision::Relation::Overlapping:
+        return QStringLiteral("bodies overlap");
+    case collision::Relation::Contained:
+        break;
+    }
+    return QStringLiteral("one inside the other");
 }
 
 class CutPainter
@@ -102,12 +116,10 @@ public:
         painter.setClipRect(area);
         QPainterPath path;
         for (const QPolygonF& polygon : cutMesh(mesh, *cut.reslice)) {
-            QPolygonF onPicture;
+            QPolygonF outline;
             for (const QPointF& point : polygon)
-                onPicture.append(corner +
-                                 QPointF(point.x() / double(cut.reslice->getSampleSize().x()),
-                                         point.y() / double(cut.reslice->getSampleSize().y())));
-            path.addPolygon(onPicture);
+                outline.append(onPicture(point));
+            path.addPolygon(outline);
         }
         path.setFillRule(Qt::WindingFill);
         QColor inside = color;
@@ -116,6 +128,22 @@ public:
         painter.setPen(QPen(color, width, style, Qt::RoundCap, Qt::RoundJoin));
         painter.setBrush(Qt::NoBrush);
         painter.drawPath(path);
+        painter.restore();
+    }
+
+    // A line between the nearest points of surfaces that are apart.
+    void clearance(const collision::Clearance& measured)
+    {
+        if (measured.relation != collision::Relation::Apart)
+            return;
+        const QPointF from = onPicture(measured.pointOnFirst);
+        const QPointF to = onPicture(measured.pointOnSecond);
+        painter.save();
+        painter.setClipRect(area);
+        painter.setPen(QPen(Qt::black, 5.0, Qt::SolidLine, Qt::RoundCap));
+        painter.drawLine(from, to);
+        painter.setPen(QPen(kTextColor, 2.5, Qt::SolidLine, Qt::RoundCap));
+        painter.drawLine(from, to);
         painter.restore();
     }
 
@@ -142,6 +170,19 @@ public:
     }
 
 private:
+    // Where a point of the view is in the picture.
+    QPointF onPicture(const QPointF& inView) const
+    {
+        return corner + QPointF(inView.x() / double(cut.reslice->getSampleSize().x()),
+                                inView.y() / double(cut.reslice->getSampleSize().y()));
+    }
+    // The same for a point of the world, seen square to the cut.
+    QPointF onPicture(const std::array<double, 3>& point) const
+    {
+        return onPicture(
+            CoordinateMapper::_3D_To_2D_PlanarPoint(cut.reslice.get(), pointOf(point)));
+    }
+
     QPainter& painter;
     const Cut& cut;
     QPoint corner;
@@ -228,12 +269,13 @@ QImage paintFindings(const Sampler& sampler, const GreyScale& scale, bool orient
                   .arg(plan.implants[finding.implant].name, nameOf(plan, finding.other)));
         write(painter, {title.x(), title.y() + 32, title.width(), 30},
               Qt::AlignLeft | Qt::AlignVCenter, fontOf(19, false), verdictColor(finding.collides),
-              QStringLiteral("%1, %2").arg(verdict(finding.collides), apart(finding.clearanceMm)));
+              QStringLiteral("%1, %2").arg(verdict(finding.collides), apart(finding.clearance)));
         const Cut cut = cutThrough(plan.implants[finding.implant], besideOf(plan, finding), pixels,
                                    orientationKnown);
         CutPainter cutPainter(painter, sampler, scale, cut, corner);
         outlinePlan(cutPainter, plan, {finding},
                     finding.other.kind == PartKind::Implant ? qsizetype(-1) : finding.implant);
+        cutPainter.clearance(finding.clearance);
         cutPainter.letters(18);
         cutPainter.bar(16);
     }
@@ -257,7 +299,7 @@ QImage paintDrag(const Sampler& sampler, const GreyScale& scale, bool orientatio
 
     const auto& object = plan.implants[implant].object;
     const QMatrix4x4 start = object->getObjectTransform();
-    const QVector3D nearest = nearestPoint(plan.implants[implant], plan.nerves[nerve]);
+    const QVector3D nearest = pointOf(steps.first().clearance.pointOnSecond);
     const Cut cut = cutThrough(plan.implants[implant], nearest, pixels, orientationKnown);
     for (int i = 0; i < frames; ++i) {
         const DragStep& step = steps[i];
@@ -268,8 +310,9 @@ QImage paintDrag(const Sampler& sampler, const GreyScale& scale, bool orientatio
                      : QStringLiteral("%1 deeper").arg(millimeters(step.wayMm)));
         object->setObjectTransform(step.placement);
         CutPainter cutPainter(painter, sampler, scale, cut, corner);
-        const Finding finding{implant, {PartKind::Nerve, nerve}, step.collides, 0.0, {}};
+        const Finding finding{implant, {PartKind::Nerve, nerve}, step.collides, step.clearance};
         outlinePlan(cutPainter, plan, {finding}, implant);
+        cutPainter.clearance(step.clearance);
         if (i == 0) {
             cutPainter.letters(18);
             cutPainter.bar(16);
@@ -279,7 +322,7 @@ QImage paintDrag(const Sampler& sampler, const GreyScale& scale, bool orientatio
               fontOf(26, true), verdictColor(step.collides), verdict(step.collides));
         write(painter, {corner.x(), below + 48, pixels.width(), 34}, Qt::AlignCenter,
               fontOf(21, false), kTextColor,
-              QStringLiteral("%1 to the nerve").arg(millimeters(step.clearanceMm)));
+              QStringLiteral("%1 to the nerve").arg(millimeters(step.clearance.distance)));
     }
     object->setObjectTransform(start);
     return image;

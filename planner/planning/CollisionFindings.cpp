@@ -5,6 +5,7 @@
 #include <CoreAlgorithms/collision/ImplantCollisionDetector.h>
 
 #include <algorithm>
+#include <memory>
 
 namespace planner {
 
@@ -36,6 +37,40 @@ void detectAll(ImplantCollisionDetector& detector, const Objects& objects)
                                       objects.pins, {}, objects.nerves, {});
 }
 
+// The clearances of implants to other objects, whose surfaces are placed again for each pair.
+class Measurer
+{
+public:
+    collision::Clearance between(const PlannedImplant& implant, const PlannedImplant& other) const
+    {
+        return of(body(implant), body(other));
+    }
+    collision::Clearance between(const PlannedImplant& implant, const PlannedNerve& nerve) const
+    {
+        return of(body(implant), collision::PlacedSurface(*nerve.object));
+    }
+    collision::Clearance between(const PlannedImplant& implant, const PlannedPin& pin) const
+    {
+        return of(body(implant), collision::PlacedSurface(*pin.object));
+    }
+
+private:
+    // What the planner plans has a valid surface.
+    static collision::Clearance of(const collision::PlacedSurface& first,
+                                   const collision::PlacedSurface& second)
+    {
+        return collision::clearance(first, second).value_or(collision::Clearance{});
+    }
+    collision::PlacedSurface body(const PlannedImplant& implant) const
+    {
+        return {factory, *implant.object, 0.0F};
+    }
+
+    geometry::ShapeLoader loader;
+    std::unique_ptr<geometry::ShapeFactory> factory =
+        std::make_unique<geometry::ShapeFactory>(loader);
+};
+
 class Listener : public patterns::Observer<ImplantCollisionDetector, std::nullptr_t>
 {
 public:
@@ -53,6 +88,7 @@ QList<Finding> findCollisions(const CollisionPlan& plan)
     detectAll(detector, Objects(plan));
     const collision::ImplantCollisions& found = detector.getImplantCollisions();
 
+    const Measurer measurer;
     QList<Finding> findings;
     for (qsizetype i = 0; i < plan.implants.size(); ++i) {
         const PlannedImplant& implant = plan.implants[i];
@@ -63,8 +99,7 @@ QList<Finding> findCollisions(const CollisionPlan& plan)
                     {i,
                      {kind, j},
                      collisions.contains(collision::makePair(implant.object, parts[j].object)),
-                     clearance(implant, parts[j]),
-                     nearestPoint(implant, parts[j])});
+                     measurer.between(implant, parts[j])});
         };
         addAll(PartKind::Implant, plan.implants, i + 1, found.implantImplantCollisions);
         addAll(PartKind::Nerve, plan.nerves, 0, found.implantNerveCollisions);
@@ -102,6 +137,20 @@ bool isZoneMet(const QList<Finding>& findings, qsizetype implant)
     });
 }
 
+QStringList reportedThoughApart(const CollisionPlan& plan, const QList<Finding>& findings)
+{
+    QStringList sentences;
+    for (const Finding& finding : findings) {
+        if (finding.other.kind == PartKind::Implant && finding.collides &&
+            finding.clearance.relation == collision::Relation::Apart)
+            sentences.append(
+                QStringLiteral("%1 and %2: reported as colliding; the surfaces are %3 mm apart.")
+                    .arg(plan.implants[finding.implant].name, nameOf(plan, finding.other))
+                    .arg(finding.clearance.distance, 0, 'f', 1));
+    }
+    return sentences;
+}
+
 QList<DragStep> dragDeeper(const CollisionPlan& plan, qsizetype implant, qsizetype nerve, int steps,
                            double stepMm)
 {
@@ -114,6 +163,7 @@ QList<DragStep> dragDeeper(const CollisionPlan& plan, qsizetype implant, qsizety
     detectAll(detector, objects);
     detector.attach(&listener);
 
+    const Measurer measurer;
     QList<DragStep> drag;
     for (int i = 0; i < steps; ++i) {
         const int before = listener.changes;
@@ -127,7 +177,7 @@ QList<DragStep> dragDeeper(const CollisionPlan& plan, qsizetype implant, qsizety
                                           objects.nerves, {});
         step.collides = detector.isCollidingWithNerve(*object);
         step.notified = listener.changes > before;
-        step.clearanceMm = clearance(plan.implants[implant], plan.nerves[nerve]);
+        step.clearance = measurer.between(plan.implants[implant], plan.nerves[nerve]);
         drag.append(step);
     }
     object->setObjectTransform(start);

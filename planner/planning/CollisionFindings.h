@@ -4,9 +4,11 @@
 
 #include <planner/planning/CollisionPlan.h>
 
+#include <CoreAlgorithms/collision/Clearance.h>
+
 #include <QList>
 #include <QMatrix4x4>
-#include <QVector3D>
+#include <QStringList>
 
 namespace planner {
 
@@ -22,14 +24,13 @@ struct PlanPart
 };
 
 /// Holds what is known of an implant and another object: the detector's verdict, and the clearance
-/// that the planner has measured by itself.
+/// from the implant's body, the first surface, to the other object.
 struct Finding
 {
     qsizetype implant = 0;
     PlanPart other;
     bool collides = false;
-    double clearanceMm = 0.0; ///< between the envelope and the other object
-    QVector3D nearest = {};   ///< on the axis or center line of the other object
+    collision::Clearance clearance = {};
 };
 
 /// Returns a finding for every pair that the detector tests: of each implant with each later
@@ -43,14 +44,18 @@ bool isColliding(const QList<Finding>& findings, const PlanPart& part);
 /// Returns whether the implant's zone of 3 mm meets a nerve or a pin.
 bool isZoneMet(const QList<Finding>& findings, qsizetype implant);
 
+/// Returns a sentence for each pair of implants that the detector reports as colliding although the
+/// surfaces of their bodies are apart.
+QStringList reportedThoughApart(const CollisionPlan& plan, const QList<Finding>& findings);
+
 /// One step of a drag.
 struct DragStep
 {
     double wayMm = 0.0; ///< from where the implant was planned
     QMatrix4x4 placement;
-    bool collides = false; ///< with the nerve
-    bool notified = false; ///< the detector notified its observer of a change
-    double clearanceMm = 0.0;
+    bool collides = false;               ///< with the nerve
+    bool notified = false;               ///< the detector notified its observer of a change
+    collision::Clearance clearance = {}; ///< from the body to the nerve
 };
 
 /// Pushes an implant along its axis, apex ahead, and has a detector judge each step; the first step

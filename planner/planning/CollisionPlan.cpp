@@ -55,8 +55,6 @@ constexpr float kPinLength = 16.0F;
 constexpr float kPinHeadLength = 2.0F; // the head is twice as thick as the shaft
 constexpr double kPinTipBehindArch = 3.0;
 
-constexpr double kSampling = 0.2; // mm between points on a surface
-
 double radians(double degrees)
 {
     return degrees * std::numbers::pi / 180.0;
@@ -167,105 +165,6 @@ PlannedPin planPin(const QString& name, const PinSite& site, const phantom::Pati
     return planned;
 }
 
-// An implant's envelope, or a pin's shaft.
-struct Cylinder
-{
-    Eigen::Vector3d start;
-    Eigen::Vector3d axis; // unit
-    double length;
-    double radius;
-
-    double distanceTo(const Eigen::Vector3d& point) const
-    {
-        const double along = (point - start).dot(axis);
-        const double across = (point - start - along * axis).norm();
-        const double beyond = std::max({0.0, -along, along - length});
-        return std::hypot(beyond, std::max(0.0, across - radius));
-    }
-
-    std::vector<Eigen::Vector3d> axisPoints() const
-    {
-        std::vector<Eigen::Vector3d> points;
-        const auto steps = static_cast<int>(std::ceil(length / kSampling));
-        for (int i = 0; i <= steps; ++i)
-            points.emplace_back(start + length * i / steps * axis);
-        return points;
-    }
-
-    std::vector<Eigen::Vector3d> surfacePoints() const
-    {
-        const Eigen::Vector3d x = axis.unitOrthogonal();
-        const Eigen::Vector3d y = axis.cross(x);
-        const auto around =
-            static_cast<int>(std::ceil(2.0 * std::numbers::pi * radius / kSampling));
-        const auto rings = static_cast<int>(std::ceil(radius / kSampling));
-        std::vector<Eigen::Vector3d> points;
-        const auto addRing = [&](const Eigen::Vector3d& center, double ringRadius) {
-            for (int k = 0; k < around; ++k) {
-                const double angle = 2.0 * std::numbers::pi * k / around;
-                points.emplace_back(center +
-                                    ringRadius * (std::cos(angle) * x + std::sin(angle) * y));
-            }
-        };
-        for (const Eigen::Vector3d& center : axisPoints())
-            addRing(center, radius);
-        for (int ring = 0; ring < rings; ++ring) {
-            addRing(start, radius * ring / rings);
-            addRing(start + length * axis, radius * ring / rings);
-        }
-        return points;
-    }
-};
-
-Cylinder cylinder(const QMatrix4x4& frame, double fromZ, double length, double radius)
-{
-    const Eigen::Vector3d axis = toEigen(frame.column(2).toVector3D());
-    return {toEigen(frame.column(3).toVector3D()) + fromZ * axis, axis, length, radius};
-}
-
-Cylinder cylinder(const PlannedImplant& implant)
-{
-    const double length = implant.object->getDimensions().length;
-    return cylinder(implant.object->getObjectTransform(), -length, length,
-                    implant.object->getDimensions().diameter / 2.0);
-}
-
-Cylinder cylinder(const PlannedPin& pin)
-{
-    return cylinder(pin.object->getObjectTransform(), 0.0, pin.lengthMm, pin.radiusMm);
-}
-
-double distance(const Cylinder& a, const Cylinder& b)
-{
-    double nearest = std::numeric_limits<double>::infinity();
-    for (const Eigen::Vector3d& point : b.surfacePoints())
-        nearest = std::min(nearest, a.distanceTo(point));
-    for (const Eigen::Vector3d& point : a.surfacePoints())
-        nearest = std::min(nearest, b.distanceTo(point));
-    return nearest;
-}
-
-// The points of the line at most as far apart as those on surfaces are.
-std::vector<Eigen::Vector3d> finely(const QList<QVector3D>& line)
-{
-    std::vector<Eigen::Vector3d> points = {toEigen(line.first())};
-    for (const QVector3D& sample : line) {
-        const Eigen::Vector3d from = points.back();
-        const Eigen::Vector3d way = toEigen(sample) - from;
-        const auto steps = static_cast<int>(std::ceil(way.norm() / kSampling));
-        for (int i = 1; i <= steps; ++i)
-            points.emplace_back(from + way * i / steps);
-    }
-    return points;
-}
-
-Eigen::Vector3d nearest(const Cylinder& implant, const std::vector<Eigen::Vector3d>& points)
-{
-    return *std::ranges::min_element(points, [&](const auto& a, const auto& b) {
-        return implant.distanceTo(a) < implant.distanceTo(b);
-    });
-}
-
 } // namespace
 
 CollisionPlan createCollisionPlan(const phantom::Patient& patient)
@@ -307,38 +206,6 @@ geometry::Mesh zoneMesh(const PlannedImplant& implant, float margin)
 geometry::Mesh pinMesh(const PlannedPin& pin)
 {
     return placedMesh(*pin.object->getShapeNode(), pin.object->getObjectTransform());
-}
-
-double clearance(const PlannedImplant& implant, const PlannedImplant& other)
-{
-    return distance(cylinder(implant), cylinder(other));
-}
-
-double clearance(const PlannedImplant& implant, const PlannedNerve& nerve)
-{
-    const Cylinder body = cylinder(implant);
-    const double toCenterLine = body.distanceTo(nearest(body, finely(nerve.centerLine)));
-    return std::max(0.0, toCenterLine - nerve.radiusMm);
-}
-
-double clearance(const PlannedImplant& implant, const PlannedPin& pin)
-{
-    return distance(cylinder(implant), cylinder(pin));
-}
-
-QVector3D nearestPoint(const PlannedImplant& implant, const PlannedImplant& other)
-{
-    return toQt(nearest(cylinder(implant), cylinder(other).axisPoints()));
-}
-
-QVector3D nearestPoint(const PlannedImplant& implant, const PlannedNerve& nerve)
-{
-    return toQt(nearest(cylinder(implant), finely(nerve.centerLine)));
-}
-
-QVector3D nearestPoint(const PlannedImplant& implant, const PlannedPin& pin)
-{
-    return toQt(nearest(cylinder(implant), cylinder(pin).axisPoints()));
 }
 
 } // namespace planner

@@ -68,17 +68,4 @@ geometry::Mesh zoneMesh(const PlannedImplant& implant, float margin);
 /// Returns the surface of a pin in the scene.
 geometry::Mesh pinMesh(const PlannedPin& pin);
 
-/// Returns the distance in mm between the envelope of an implant and another object; 0 where they
-/// overlap. It is measured between points on the surfaces that are 0.2 mm apart, so it is too long
-/// by 0.05 mm at most.
-double clearance(const PlannedImplant& implant, const PlannedImplant& other);
-double clearance(const PlannedImplant& implant, const PlannedNerve& nerve);
-double clearance(const PlannedImplant& implant, const PlannedPin& pin);
-
-/// Returns the point on the axis of the other implant or pin, or on the center line of the nerve,
-/// that is nearest to the implant's envelope.
-QVector3D nearestPoint(const PlannedImplant& implant, const PlannedImplant& other);
-QVector3D nearestPoint(const PlannedImplant& implant, const PlannedNerve& nerve);
-QVector3D nearestPoint(const PlannedImplant& implant, const PlannedPin& pin);
-
 } // namespace planner

@@ -35,7 +35,7 @@ const Finding* closestNerve(const QList<Finding>& findings, const Counts& counts
     const Finding* closest = nullptr;
     for (const Finding& finding : findings) {
         if (finding.other.kind == PartKind::Nerve && counts(finding) &&
-            (!closest || finding.clearanceMm < closest->clearanceMm))
+            (!closest || finding.clearance.distance < closest->clearance.distance))
             closest = &finding;
     }
     return closest;
@@ -66,7 +66,7 @@ QString legendHtml(const CollisionPlan& plan)
 
 TableCell verdictOf(const Finding& finding)
 {
-    const QString clearance = number(finding.clearanceMm, 1);
+    const QString clearance = number(finding.clearance.distance, 1);
     if (finding.collides)
         return {QStringLiteral("collision ") + clearance, TableCell::Alarming};
     return QStringLiteral("clear ") + clearance;
@@ -120,12 +120,14 @@ QString summary(const CollisionPlan& plan, const QList<Finding>& findings)
             ? QStringLiteral("%1 and %2").arg(implants, nerves)
             : QStringLiteral("%1, %2 and %3")
                   .arg(implants, nerves, counted(plan.pins.size(), QStringLiteral("anchor pin")));
-    return QStringLiteral("%1: %2 of %3 pairs collide%4.")
-        .arg(objects)
-        .arg(collisions.size())
-        .arg(findings.size())
-        .arg(names.isEmpty() ? QString()
-                             : QStringLiteral(" (%1)").arg(names.join(QStringLiteral("; "))));
+    const QString verdicts =
+        QStringLiteral("%1: %2 of %3 pairs collide%4.")
+            .arg(objects)
+            .arg(collisions.size())
+            .arg(findings.size())
+            .arg(names.isEmpty() ? QString()
+                                 : QStringLiteral(" (%1)").arg(names.join(QStringLiteral("; "))));
+    return (QStringList(verdicts) + reportedThoughApart(plan, findings)).join(u' ');
 }
 
 QString dragSentence(const CollisionPlan& plan, const PlannedNerve& nerve,
@@ -142,17 +144,17 @@ QString dragSentence(const CollisionPlan& plan, const PlannedNerve& nerve,
         return QStringLiteral("Implant %1, pushed deeper in steps of %2 mm, stays clear of the %3: "
                               "%4 mm are left between them at the end.")
                    .arg(name, number(kDragStepMm, 1), nerve.name,
-                        number(steps.last().clearanceMm, 1)) +
+                        number(steps.last().clearance.distance, 1)) +
                observer;
     if (first == steps.cbegin())
         return QStringLiteral("Implant %1 collides with the %2 already where it is planned, with "
                               "%3 mm left between them, and on its way deeper.")
-                   .arg(name, nerve.name, number(first->clearanceMm, 1)) +
+                   .arg(name, nerve.name, number(first->clearance.distance, 1)) +
                observer;
     return QStringLiteral("Implant %1, pushed deeper in steps of %2 mm, collides with the %3 from "
                           "%4 mm on, with %5 mm left between them.")
                .arg(name, number(kDragStepMm, 1), nerve.name, number(first->wayMm, 1),
-                    number(first->clearanceMm, 1)) +
+                    number(first->clearance.distance, 1)) +
            observer;
 }
 
@@ -259,8 +261,8 @@ Section createCollisionSection(const Case& planned, Progress& progress)
         QStringLiteral("<p>%1</p>\n").arg(introduction(planned).toHtmlEscaped()) + legendHtml(plan);
     section.detailsHtml =
         QStringLiteral("<p>%1</p>\n<details open><summary>All verdicts</summary>\n<p>Each cell "
-                       "holds the verdict of the detector and, measured apart from it, the "
-                       "clearance between the bodies in mm.</p>\n%2</details>\n")
+                       "holds the verdict of the detector and the clearance from the body to "
+                       "the other object in mm.</p>\n%2</details>\n")
             .arg(summary(plan, findings).toHtmlEscaped(), verdictTable(plan, findings).html());
     section.plainText = summary(plan, findings) + u'\n' + drag + u'\n';
     return section;

@@ -48,7 +48,37 @@ TEST(Findings, OfANervePassTwoMillimetersBesideAnImplantButNotBelowIt)
     EXPECT_FALSE(planner::findCollisions(plan).first().collides);
     plan.nerves = {nerveAlong({-20, 0, -13}, {20, 0, -13}, 1.0F)}; // 2 mm below
     EXPECT_TRUE(planner::findCollisions(plan).first().collides);
-    EXPECT_NEAR(planner::findCollisions(plan).first().clearanceMm, 2.0, 0.05);
+    EXPECT_NEAR(planner::findCollisions(plan).first().clearance.distance, 2.0, 1e-5);
+}
+
+TEST(Findings, HoldTheClearancesOfTheBodyToObjectsOfEveryKind)
+{
+    planner::CollisionPlan plan;
+    plan.implants = {implantAt({0, 0, 0}), implantAt({6.5F, 0, 0})};
+    plan.nerves = {nerveAlong({-20, 0, -15}, {20, 0, -15}, 1.0F)};
+    plan.pins = {pinAlongX({5, 0, -4})};
+    const QList<Finding> findings = planner::findCollisions(plan);
+    ASSERT_EQ(findings.size(), 5);
+    EXPECT_NEAR(findings[0].clearance.distance, 2.5, 1e-5);
+    EXPECT_NEAR(findings[1].clearance.distance, 4.0, 1e-5);
+    EXPECT_NEAR(findings[2].clearance.distance, 3.0, 1e-5);
+    EXPECT_NEAR(findings[2].clearance.pointOnFirst[0], 2.0, 1e-5);
+    EXPECT_NEAR(findings[2].clearance.pointOnSecond[0], 5.0, 1e-5);
+}
+
+TEST(Findings, NameImplantsThatAreReportedAsCollidingThoughApart)
+{
+    planner::CollisionPlan plan;
+    plan.implants = {implantAt({0, 0, 0}), implantAt({5.2F, 0, 0}), implantAt({3, 0, 1})};
+    plan.pins = {pinAlongX({50, 0, 0})};
+    QList<Finding> findings = planner::findCollisions(plan);
+    EXPECT_TRUE(reportedThoughApart(plan, findings).isEmpty()); // the first overlaps the third
+    for (Finding& finding : findings)
+        finding.collides = true;
+    const QString pair = plan.implants[0].name + QStringLiteral(" and ") + plan.implants[1].name;
+    EXPECT_EQ(reportedThoughApart(plan, findings),
+              QStringList(pair + QStringLiteral(
+                                     ": reported as colliding; the surfaces are 1.2 mm apart.")));
 }
 
 TEST(Findings, TellWhichObjectsCollide)
@@ -95,7 +125,7 @@ TEST_F(Drag, CollidesFromTheStepOnAtWhichTheZoneMeetsTheNerve)
     for (qsizetype i = 0; i < steps.size(); ++i) {
         EXPECT_EQ(steps[i].collides, i >= 3) << i;
         EXPECT_EQ(steps[i].wayMm, double(i));
-        EXPECT_NEAR(steps[i].clearanceMm, 5.5 - double(i), 0.05);
+        EXPECT_NEAR(steps[i].clearance.distance, 5.5 - double(i), 1e-5);
         EXPECT_EQ(steps[i].placement.column(3).toVector3D(), QVector3D(0, 0, -float(i)));
     }
 }

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <planner/planning/CollisionPlan.h>
 
-// Covered: createCollisionPlan() on the built-in patient and on a CT that was read, clearances and
-// nearest points.
+// Covered: createCollisionPlan() on the built-in patient and on a CT that was read.
 
 #include <planner/input/Case.h>
 #include <planner/planning/Meshes.h>
@@ -17,14 +16,7 @@
 #include <limits>
 #include <optional>
 
-using planner::clearance;
-using test::implantAt;
-using test::nerveAlong;
-using test::pinAlongX;
-
 namespace {
-
-constexpr double kMeasuring = 0.05; // how much too long a clearance may be
 
 const phantom::Patient& patient()
 {
@@ -104,49 +96,6 @@ TEST(PlanOfTheBuiltInPatient, HasImplantsThatPointUp)
         EXPECT_GT(implant.object->getObjectTransform()(2, 2), 0.8F);
 }
 
-TEST(Clearance, OfParallelImplantsLiesBetweenTheirSides)
-{
-    EXPECT_NEAR(clearance(implantAt({0, 0, 0}), implantAt({6.5F, 0, 0})), 2.5, kMeasuring);
-}
-
-TEST(Clearance, OfImplantsOneAboveTheOtherLiesBetweenTheirEnds)
-{
-    EXPECT_NEAR(clearance(implantAt({0, 0, 0}), implantAt({0, 0, 13})), 3.0, kMeasuring);
-}
-
-TEST(Clearance, OfOverlappingImplantsIsZero)
-{
-    EXPECT_EQ(clearance(implantAt({0, 0, 0}), implantAt({3, 0, 2})), 0.0);
-    EXPECT_EQ(clearance(implantAt({0, 0, 0}), implantAt({0, 0, 0})), 0.0);
-}
-
-TEST(Clearance, FromANerveIsMeasuredToItsSurface)
-{
-    EXPECT_NEAR(clearance(implantAt({0, 0, 0}), nerveAlong({-20, 0, -15}, {20, 0, -15}, 1.0F)), 4.0,
-                kMeasuring);
-    EXPECT_NEAR(clearance(implantAt({0, 0, 0}), nerveAlong({-20, 5, -4}, {20, 5, -4}, 1.0F)), 2.0,
-                kMeasuring);
-    EXPECT_EQ(clearance(implantAt({0, 0, 0}), nerveAlong({-20, 1, -4}, {20, 1, -4}, 1.0F)), 0.0);
-}
-
-TEST(Clearance, FromAPinIsMeasuredToItsShaft)
-{
-    EXPECT_NEAR(clearance(implantAt({0, 0, 0}), pinAlongX({5, 0, -4})), 3.0, kMeasuring);
-}
-
-TEST(NearestPoint, LiesOnTheLineOfTheOtherObject)
-{
-    const QVector3D onNerve =
-        nearestPoint(implantAt({0, 0, 0}), nerveAlong({-20, 0, -15}, {20, 7, -15}, 1.0F));
-    EXPECT_NEAR(onNerve.z(), -15.0F, 1e-5F);
-    EXPECT_NEAR((onNerve.x() + 20.0F) * 7.0F / 40.0F, onNerve.y(), 1e-4F);
-    EXPECT_LT(
-        (nearestPoint(implantAt({0, 0, 0}), pinAlongX({5, 0, -4})) - QVector3D(5, 0, -4)).length(),
-        1e-5F);
-    const QVector3D onAxis = nearestPoint(implantAt({0, 0, 0}), implantAt({9, 0, 13}));
-    EXPECT_LT((onAxis - QVector3D(9, 0, 3)).length(), 1e-5F);
-}
-
 TEST(PlanOfACt, HasImplantsAtFirstMolarsAndTubesOfTheCanalsRadius)
 {
     planner::Case planned;
@@ -170,7 +119,7 @@ TEST(ZoneMesh, StandsInTheScene)
 {
     // D = 4 and L = 10 with margin 3: radius 3.5, from the platform to 3 mm below the apex.
     const primitives::BoundingBox box =
-        planner::zoneMesh(implantAt({100, 0, 0}), 3.0F).getBoundingBox();
+        planner::zoneMesh(test::implantAt({100, 0, 0}), 3.0F).getBoundingBox();
     EXPECT_EQ(box.min(), QVector3D(96.5F, -3.5F, -13.0F));
     EXPECT_EQ(box.max(), QVector3D(103.5F, 3.5F, 0.0F));
 }
