@@ -15,7 +15,7 @@
 #include <new>
 
 #include <fcntl.h>
-#include <signal.h>
+#include <signal.h> // NOLINT(modernize-deprecated-headers): POSIX
 #include <unistd.h>
 
 namespace {

@@ -100,7 +100,7 @@ public:
         : first(treeOfFirst),
           second(treeOfSecond),
           // Rounding may move the nearest points by this much.
-          slack(kRoundingSteps * std::numeric_limits<double>::epsilon() *
+          slack(ROUNDING_STEPS * std::numeric_limits<double>::epsilon() *
                 std::max(first.largestCoordinate(), second.largestCoordinate()))
     {
         searchBelow(limit);
@@ -120,7 +120,7 @@ public:
     int nearestInSecond() const { return placeOfSecond; }
 
 private:
-    static constexpr double kRoundingSteps = 16.0;
+    static constexpr double ROUNDING_STEPS = 16.0;
 
     void searchBelow(double distance)
     {

@@ -148,9 +148,10 @@ void Sampler::valuesAlongRay(const Eigen::Vector3d& start, const Eigen::Vector3d
         return;
     const math::Ivec3 size = image->imageSize();
     const Eigen::Vector3d half = Eigen::Vector3d::Constant(0.5);
-    const auto [first, last] =
+    const auto span =
         spanWithin(-half, Eigen::Vector3d(size.x, size.y, size.z) - half, start, step);
-    const double count = std::max(0.0, std::round(last - first));
+    const double first = span.first;
+    const double count = std::max(0.0, std::round(span.second - first));
     values.resize(static_cast<std::size_t>(count));
     visitElementType(image->dataType(), [&](auto zero) {
         for (std::size_t i = 0; i < values.size(); ++i) {

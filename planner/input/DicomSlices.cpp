@@ -229,7 +229,7 @@ QList<DicomSlice> slicesOf(const DicomStructure& structure, const gdcm::DataSet&
     slice.damage = damageOf(structure, dataSet, slice, described);
     for (slice.frame = 0; slice.frame < slice.framesInFile; ++slice.frame) {
         const gdcm::Item& own =
-            perFrame->GetItem(static_cast<gdcm::SequenceOfItems::SizeType>(slice.frame + 1));
+            perFrame->GetItem(static_cast<gdcm::SequenceOfItems::SizeType>(slice.frame) + 1);
         place(slice, FrameTags(own.GetNestedDataSet(), allFrames, dataSet));
         slices.append(slice);
     }

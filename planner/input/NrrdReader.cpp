@@ -143,7 +143,7 @@ std::optional<QList<double>> vectors(const TextHeader& header, const QByteArray&
             good = good && isNumber && std::isfinite(numbers.last());
         }
     }
-    if (!good || numbers.size() != 3 * count || !rest.remove(vector).trimmed().isEmpty())
+    if (!good || numbers.size() != qsizetype{3} * count || !rest.remove(vector).trimmed().isEmpty())
         throw Failure(header.path(),
                       QStringLiteral("the header's field \"%1\" should be %2 vectors and is \"%3\"")
                           .arg(QString::fromLatin1(field))

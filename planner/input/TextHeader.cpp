@@ -138,7 +138,7 @@ QString TextHeader::dataFile(const QString& name) const
     if (name.contains(QChar::Null) || !named.isFile())
         throw Failure(headerPath,
                       QStringLiteral("the file %1 with its voxels is not there").arg(name));
-    const QString inFolder = named.canonicalFilePath();
+    QString inFolder = named.canonicalFilePath();
     if (!inFolder.startsWith(folder.canonicalPath() + u'/'))
         throw Failure(
             headerPath,

@@ -66,7 +66,7 @@ void visitVoxels(const VoxelFile& file, const Visitor& visitor)
         read(std::min(static_cast<qint64>(chunk.size()), file.skip - bytes));
     for (std::size_t done = 0; done < voxels;) {
         const std::size_t count = std::min(chunk.size() / size, voxels - done);
-        read(static_cast<qint64>(count * size));
+        read(static_cast<qint64>(count) * static_cast<qint64>(size));
         if (file.swapped)
             swapBytes(chunk, count, size);
         visitElementType(file.type, [&](auto zero) {

@@ -4,7 +4,7 @@
 
 #include <atomic>
 
-#include <signal.h>
+#include <signal.h> // NOLINT(modernize-deprecated-headers): POSIX
 
 namespace planner {
 

@@ -14,6 +14,7 @@ struct TableCell
 {
     enum Look { Plain, Bold, Alarming };
 
+    // NOLINTNEXTLINE(google-explicit-constructor): most cells are a text
     TableCell(QString shown, Look how = Plain) : text(std::move(shown)), look(how) {}
 
     QString text;

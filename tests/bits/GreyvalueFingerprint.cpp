@@ -55,6 +55,7 @@ void fingerprintGreyvalue()
 
     for (int i = 0; i < 200; ++i) {
         std::vector<int> values;
+        values.reserve(400);
         for (int n = 0; n < 400; ++n)
             values.push_back(
                 static_cast<int>(random.number(-1200.0F, n % 3 == 0 ? 200.0F : 3000.0F)));

@@ -90,8 +90,8 @@ TEST_F(ImplantCollisionsLookupTest, EqualRecordsLookUpEveryPairOnce)
 TEST_F(ImplantCollisionsLookupTest, RecordsThatShareTheirSetsLookUpNothing)
 {
     const ImplantCollisions one = record();
-    const ImplantCollisions copy =
-        one; // NOLINT(performance-unnecessary-copy-initialization): that is the point
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): that is the point
+    const ImplantCollisions copy = one;
     lookups = {};
     EXPECT_TRUE(one == copy);
     EXPECT_EQ(lookups, Lookups());

@@ -160,8 +160,8 @@ TEST_F(ImplantCollisionsTest, MovedFromRecordIsEmpty)
     ImplantCollisions source = fullRecord();
     const ImplantCollisions target = std::move(source);
     EXPECT_TRUE(target == fullRecord());
-    EXPECT_TRUE(source ==
-                ImplantCollisions()); // NOLINT(bugprone-use-after-move): that is the point
+    // NOLINTNEXTLINE(bugprone-use-after-move): that is the point
+    EXPECT_TRUE(source == ImplantCollisions());
 
     ImplantCollisions second = fullRecord();
     ImplantCollisions assigned;

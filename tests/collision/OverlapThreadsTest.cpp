@@ -55,6 +55,7 @@ void runInThreads(Work work)
 {
     std::atomic<int> numWaiting = kThreads;
     std::vector<std::thread> threads;
+    threads.reserve(kThreads);
     for (int thread = 0; thread < kThreads; ++thread) {
         threads.emplace_back([&numWaiting, &work] {
             --numWaiting;
@@ -75,6 +76,7 @@ TEST(OverlapFromSeveralThreads, EqualObjectsHaveOneVerdict)
         const BoundedObject away = pinAt(0);
         std::atomic<int> hits = 0;
         runInThreads([&] {
+            // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): that is the point
             const BoundedObject copy = canal;
             for (const BoundedObject& pin : pins) {
                 hits += overlaps(canal, pin) ? 1 : 0;

@@ -11,7 +11,7 @@
 #include <cstdlib>
 #include <thread>
 
-#include <signal.h>
+#include <signal.h> // NOLINT(modernize-deprecated-headers): POSIX
 
 using planner::InterruptionHold;
 

@@ -15,7 +15,7 @@
 #include <string>
 
 #include <fcntl.h>
-#include <signal.h>
+#include <signal.h> // NOLINT(modernize-deprecated-headers): POSIX
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -63,10 +63,13 @@ protected:
     bool waitFor(const std::string& beginning)
     {
         char next = 0;
-        for (std::string line; line != beginning;
-             line = next == '\n' ? std::string() : line + next) {
+        for (std::string line; line != beginning;) {
             if (read(lines, &next, 1) != 1)
                 return false;
+            if (next == '\n')
+                line.clear();
+            else
+                line += next;
         }
         return true;
     }

@@ -19,7 +19,7 @@
 #include <random>
 #include <string>
 
-#include <signal.h>
+#include <signal.h> // NOLINT(modernize-deprecated-headers): POSIX
 #include <sys/resource.h>
 #include <sys/stat.h>
 

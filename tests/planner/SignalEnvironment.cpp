@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <signal.h>
+#include <signal.h> // NOLINT(modernize-deprecated-headers): POSIX
 
 namespace {
 
@@ -20,6 +20,6 @@ class SignalEnvironment : public testing::Environment
     }
 };
 
-const testing::Environment* const added = testing::AddGlobalTestEnvironment(new SignalEnvironment);
+const testing::Environment* const kAdded = testing::AddGlobalTestEnvironment(new SignalEnvironment);
 
 } // namespace
