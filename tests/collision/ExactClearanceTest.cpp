@@ -394,7 +394,7 @@ TEST(ExactClearance, SurfacesHaveTheRelationDistanceAndPointsOfExactArithmetic)
         ASSERT_LT(distanceFromSurface(found->pointOnSecond, trianglesOfB), kTolerance);
     }
     for (const int number : numOf)
-        EXPECT_GT(number, rounds / 50);
+        EXPECT_GT(number, rounds / 200);
 }
 
 } // namespace
