@@ -41,9 +41,8 @@ qint64 addressSpaceBytes()
     const rlimit noCore{0, 0};
     setrlimit(RLIMIT_CORE, &noCore);
     const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    dup2(
-        nowhere,
-        STDOUT_FILENO); // libraries complain, and what is not yet written must not be written twice
+    // Libraries complain, and what is not yet written must not be written twice.
+    dup2(nowhere, STDOUT_FILENO);
     dup2(nowhere, STDERR_FILENO);
     try {
         work();
@@ -92,7 +91,8 @@ void rehearse(const std::function<void()>& work, const Failure& otherwise)
     }
     if (WIFEXITED(status) && WEXITSTATUS(status) == Succeeded)
         return;
-    if (WIFEXITED(status) && WEXITSTATUS(status) == Refused)
+    // Without a sentence, a library has ended the process by itself.
+    if (WIFEXITED(status) && WEXITSTATUS(status) == Refused && !why.isEmpty())
         throw Failure(QString::fromUtf8(why));
     throw otherwise;
 }

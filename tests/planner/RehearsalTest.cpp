@@ -49,6 +49,7 @@ TEST(Rehearsal, SurvivesWorkThatEndsTheProcessOrThrows)
 {
     EXPECT_EQ(outcome([] { std::abort(); }), "otherwise");
     EXPECT_EQ(outcome([] { throw std::runtime_error("map::at"); }), "otherwise");
+    EXPECT_EQ(outcome([] { std::_Exit(1); }), "otherwise");
     EXPECT_EQ(outcome([] { std::_Exit(0x20); }), "otherwise");
 }
 
