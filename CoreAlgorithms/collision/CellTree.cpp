@@ -45,8 +45,8 @@ std::vector<Corners> usableTriangles(const geometry::Mesh& mesh, const QList<int
     return usable;
 }
 
-// For each number below 16, its bits moved to every third place. Three such numbers interleave to a
-// key of Morton's curve.
+// Holds each number below 16 with its bits moved to every third place. Three of them interleave to
+// a key of Morton's curve.
 constexpr std::array<int, 16> kSpread = [] {
     std::array<int, 16> spread{};
     for (int i = 0; i < 16; ++i)

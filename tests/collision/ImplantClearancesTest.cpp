@@ -183,6 +183,32 @@ TEST_F(ImplantClearancesTest, ADragHasTheClearancesOfAFreshMeasurement)
     }
 }
 
+// The second tip is nearest first, then both are equally near, below the flat apex at z = -10.
+TEST_F(ImplantClearancesTest, WhatWasNearestBeforeDoesNotDecideBetweenEqualDistances)
+{
+    const auto tips = [](float first, float second) {
+        geometry::Mesh mesh({{-1, 0, first},
+                             {-1, 1, -20},
+                             {-1, -1, -20},
+                             {1, 0, second},
+                             {1, 1, -20},
+                             {1, -1, -20}},
+                            {});
+        mesh.addTriangle(0, 1, 2);
+        mesh.addTriangle(3, 4, 5);
+        return mesh;
+    };
+    for (const float first : {-13.0F, -12.0F}) {
+        nerve->setMesh(tips(first, -12));
+        clearances.shapeHasChanged(nerve);
+        measure({}, {nerve});
+        const auto nearest = clearances.getNearestNerve(*a);
+        ASSERT_TRUE(nearest);
+        EXPECT_EQ(nearest->clearance.distance, 2.0);
+        EXPECT_EQ(nearest->clearance.pointOnSecond[0], first < -12.5F ? 1.0 : -1.0);
+    }
+}
+
 TEST_F(ImplantClearancesTest, APairWithAnInvalidObjectHasNoClearance)
 {
     b->setDimensions({0.0F, 10.0F});
